@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// The program's text files: 8-bit bytes, lines that end in CR LF, replaced by delete and write.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace requite {
+
+/// The folder that all fixed file names are appended to. Holds no separator at its end.
+struct ProgramFolder {
+  std::string Path;
+
+  /// The full path of a file in the folder, such as "filetypes.txt" or "sounds/finished.wav".
+  [[nodiscard]] std::string File(std::string_view name) const;
+};
+
+/// Which bytes end a line. Page files and project files do not end a line at a lone LF;
+/// files that people edit by hand do.
+enum class LineEnds { CarriageReturn, Any };
+
+/// Takes a text apart into lines. The text must outlive the reader. A line end at the very end of
+/// the text is not followed by another line.
+class LineReader {
+ public:
+  LineReader(std::string_view text, LineEnds ends) : rest_(text), ends_(ends) {}
+
+  /// The next line without its end, or nothing behind the last one.
+  [[nodiscard]] std::optional<std::string_view> Next();
+  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+
+ private:
+  std::string_view rest_;
+  LineEnds ends_;
+};
+
+/// Throw RuntimeFailure with the classic number for what the file system refused.
+[[nodiscard]] std::string ReadFile(const std::string& path);
+void WriteFile(const std::string& path, std::string_view text);
+void AppendToFile(const std::string& path, std::string_view text);
+void DeleteFile(const std::string& path);
+
+/// True for a file of any kind that is no folder. Never fails.
+[[nodiscard]] bool FileExists(const std::string& path);
+
+/// True for a normal file of exactly that path: no folder, no hidden file, no pattern. Never fails.
+[[nodiscard]] bool xfileExists(const std::string& path);
+
+/// Copies a file over any existing target. A failure is passed over, and the caller cannot learn of it.
+void xcopyFile(const std::string& source, const std::string& target);
+
+/// The text after the last path separator; a text without one is its own result.
+[[nodiscard]] std::string FileNameOfPath(std::string_view path);
+
+}  // namespace requite

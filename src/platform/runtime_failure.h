@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// The one exception of the program, and the two ways in which the logic passes over it.
+#pragma once
+
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace requite {
+
+/// The classic failure numbers that the program's own operations raise.
+enum class Failure : int {
+  InvalidArgument = 5,
+  Overflow = 6,
+  OutOfMemory = 7,
+  Subscript = 9,
+  TypeMismatch = 13,
+  FileNotFound = 53,
+  BadFileMode = 54,
+  DiskFull = 61,
+  PermissionDenied = 70,
+  PathFileAccess = 75,
+  PathNotFound = 76,
+  InvalidProperty = 380,
+};
+
+/// A failed operation: a number and words for it, as the message boxes show them.
+class RuntimeFailure : public std::exception {
+ public:
+  /// A classic failure with its usual words.
+  explicit RuntimeFailure(Failure failure);
+  RuntimeFailure(int number, std::string description) : Number(number), Description(std::move(description)) {}
+
+  [[nodiscard]] const char* what() const noexcept override { return Description.c_str(); }
+
+  int Number;
+  std::string Description;
+};
+
+/// Runs one statement; a failure of it is passed over and the caller goes on with its next statement.
+/// Returns false when the statement failed.
+template <class Statement>
+bool PassOver(Statement&& statement) {
+  try {
+    std::forward<Statement>(statement)();
+    return true;
+  } catch (const RuntimeFailure&) {
+    return false;
+  }
+}
+
+/// Runs a block of statements; the first failure ends the block silently, with what was done so far.
+/// Returns false when the block was cut short.
+template <class Block>
+bool EndSilently(Block&& block) {
+  return PassOver(std::forward<Block>(block));
+}
+
+}  // namespace requite

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// What the logic needs of a desktop: small abstract services that only a main program makes.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace requite {
+
+/// The one thread's event loop.
+class EventLoop {
+ public:
+  virtual ~EventLoop() = default;
+
+  /// Delivers waiting user, timer and connection events. A call that comes a few milliseconds after
+  /// the last one may return at once, so loops call it freely. After it nothing may be trusted:
+  /// lists may have been emptied and the scan may have been stopped.
+  virtual void LetPendingEventsRun() = 0;
+};
+
+/// A repeating timer. Starting it again restarts the interval.
+class Timer {
+ public:
+  virtual ~Timer() = default;
+  virtual void Start(int intervalMilliseconds) = 0;
+  virtual void Stop() = 0;
+
+  std::function<void()> OnTick;
+};
+
+/// What a connection tells its owner. Errors tell nothing: a refused, unknown or reset host is silence.
+class ConnectionEvents {
+ public:
+  virtual ~ConnectionEvents() = default;
+  virtual void OnConnect() = 0;
+  virtual void OnDataArrival(std::size_t bytesTotal) = 0;
+  virtual void OnClose() = 0;
+};
+
+/// One TCP connection. While a handler of its events runs, its further events wait.
+class Connection {
+ public:
+  virtual ~Connection() = default;
+
+  /// Drops any connection and starts a new one; the host's name goes to the resolver as it stands.
+  virtual void Connect(const std::string& host, std::uint16_t port) = 0;
+  virtual void SendData(std::string_view bytes) = 0;
+  /// The bytes received since the last call.
+  [[nodiscard]] virtual std::string GetData() = 0;
+  /// Drops the connection. Safe when closed; raises no event.
+  virtual void Close() = 0;
+
+  /// Who hears the events; not owned, set once before the first Connect.
+  ConnectionEvents* Events = nullptr;
+};
+
+/// The platform's library for one blocking GET.
+class Internet {
+ public:
+  virtual ~Internet() = default;
+
+  /// The body behind a URL, from the network and never from a cache, redirects to http and https
+  /// followed; a body of an error status is a body like any other. Nothing when it could not be
+  /// opened. Lets events run while it waits. Bodies end at 64 MiB, silence ends after 60 s.
+  [[nodiscard]] virtual std::optional<std::string> OpenUrl(const std::string& url,
+                                                           std::string_view agent) = 0;
+  /// Ends every GET in progress; each of them returns nothing.
+  virtual void Abort() = 0;
+};
+
+/// The per-user store of settings. Key names are compared without regard to case.
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  [[nodiscard]] virtual std::optional<std::string> Read(std::string_view key) = 0;
+  /// The value is on disk when the call returns.
+  virtual void Write(std::string_view key, std::string_view value) = 0;
+};
+
+enum class Answer { Ok, Cancel, Yes, No };
+enum class Buttons { Ok, OkCancel, YesNo };
+enum class BoxIcon { None, Information, Question, Critical };
+
+/// A message box: its words as they are shown. An empty title stands for the program's own.
+struct MessageBox {
+  std::string Text;
+  std::string Title;
+  Buttons Choice = Buttons::Ok;
+  BoxIcon Icon = BoxIcon::None;
+};
+
+/// A file dialog. `Filter` has the form "Words (*.x)|*.x".
+struct FileDialog {
+  std::string Folder;
+  std::string Filter;
+  std::string DefaultName;
+};
+
+/// Message boxes and file dialogs.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual Answer Show(const MessageBox& box) = 0;
+  /// The chosen path, or an empty text when the dialog was cancelled.
+  [[nodiscard]] virtual std::string AskOpenName(const FileDialog& dialog) = 0;
+  [[nodiscard]] virtual std::string AskSaveName(const FileDialog& dialog) = 0;
+
+  /// A plain message box with one button and no title of its own.
+  void Say(std::string text) { Show({std::move(text), {}, Buttons::Ok, BoxIcon::None}); }
+};
+
+class Clipboard {
+ public:
+  virtual ~Clipboard() = default;
+  virtual void Clear() = 0;
+  virtual void SetText(const std::string& text) = 0;
+};
+
+/// Plays a wave file asynchronously; a second sound cuts off the first, a missing file is silence.
+class SoundPlayer {
+ public:
+  virtual ~SoundPlayer() = default;
+  virtual void PlaySoundFile(const std::string& path) = 0;
+};
+
+/// The desktop's shell.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+  virtual void OpenDocument(const std::string& path) = 0;
+  virtual void OpenUrlOutside(const std::string& url) = 0;
+  virtual void OpenFolder(const std::string& path) = 0;
+};
+
+/// The wall clock, as the user's locale writes it.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  [[nodiscard]] virtual std::string ShortDate() = 0;
+  [[nodiscard]] virtual std::string ShortTime() = 0;
+  /// A number with exactly two digits behind the decimal sign, halves away from zero, with the
+  /// locale's decimal and grouping signs.
+  [[nodiscard]] virtual std::string TwoDecimals(double value) = 0;
+};
+
+/// All services, handed down by reference. The timers and the connection are those of the one
+/// page fetch (`timTimeout`, `wsc`) and of the main window (`Timer1`).
+struct Services {
+  requite::EventLoop& EventLoop;
+  requite::Connection& Connection;
+  Timer& timTimeout;
+  Timer& Timer1;
+  requite::Internet& Internet;
+  SettingsStore& Store;
+  requite::Dialogs& Dialogs;
+  requite::Clipboard& Clipboard;
+  SoundPlayer& Sounds;
+  requite::Shell& Shell;
+  requite::Clock& Clock;
+};
+
+}  // namespace requite

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// The state that the steps of a scan share. One object, owned by the main window.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "scan/seen_pages.h"
+
+namespace requite {
+
+/// Connections are numbered; every call in the chain passes 0, so a table of one serves.
+inline constexpr std::size_t kConnections = 1;
+
+/// What is known of the page in hand on one connection.
+struct PageFetch {
+  std::string PageHost;
+  std::string PagePath;            ///< starts with "/"
+  std::string RecvBuffer;          ///< all bytes received for this page, headers included
+  std::int32_t BytesReceived = 0;  ///< body bytes only, once HeaderSeen
+  std::int32_t ContentLength = 0;  ///< 0 when the header has none
+  bool HeaderSeen = false;
+  std::int16_t TimeoutTicks = 0;  ///< seconds since the last data
+};
+
+struct ScanState {
+  bool Scanning = false;  ///< every step tests it first and does nothing when it is false
+  std::int16_t ScanType = 0;
+  std::int32_t SiteRow = 0;       ///< 1-based row of the current Linking Site; 0 when no scan runs
+  std::string CurrentLinkingUrl;  ///< as typed, and a bare host from the site's first result row on
+  std::string MainSiteKey;
+  std::int16_t LinksExpected = 0;
+  std::int16_t LinksCounted = 0;
+  std::int32_t LinksOnSite = 0;
+  std::int32_t LinkNumber = 0;
+  bool LinkFound = false;
+  std::int32_t PagesDone = 0;
+  std::int32_t PagesQueued = 0;  ///< also the last used index of SeenPages
+  std::int32_t SitesDone = 0;    ///< never raised: panel 1 shows the first Main Site for the whole scan
+  std::int32_t PageLimit = 0;
+  std::int16_t TimeoutSeconds = 0;
+  std::string ReasonNote;
+  std::string RedirectPage;
+  bool RedirectSuspected = false;
+  bool SkipRequested = false;
+  bool RedirectFollowed = false;
+  std::string PageUrl;
+  std::string PageFull;
+  std::string PageDir;
+  std::vector<std::string> FileTypes;
+  requite::SeenPages SeenPages;
+  std::int32_t AutoSaveTicks = 0;
+  std::array<PageFetch, kConnections> Pages;
+
+  /// Throws Subscript for a connection that does not exist.
+  [[nodiscard]] PageFetch& Page(std::int16_t connection);
+};
+
+}  // namespace requite
