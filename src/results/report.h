@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The Reciprocal Link Report: one HTML page on how many Linking Sites link back, and from where.
+#pragma once
+
+#include <string>
+
+#include "model/project.h"
+#include "model/settings.h"
+#include "platform/controls.h"
+#include "platform/files.h"
+#include "platform/services.h"
+#include "results/statistics.h"
+
+namespace requite {
+
+/// What the report reads, and the view that shows it.
+struct ReportParts {
+  requite::Project& Project;
+  const RecordList<ErrorEntry>& lstErr;
+  const requite::Statistics& Statistics;  ///< only PagesScanned is read
+  requite::Settings Settings;
+  requite::Clock& Clock;
+  requite::EventLoop& EventLoop;
+  const ProgramFolder& Folder;
+  BrowserView& WebBrowser2;
+};
+
+/// The report's file in the program's folder; Save Report As copies it.
+inline constexpr std::string_view kReportFile = "tempreport.html";
+
+class LinkReport {
+ public:
+  explicit LinkReport(ReportParts parts) : parts_(parts) {}
+
+  /// Builds the page from the lists as they stand, writes it to the report's file, shows it, and
+  /// writes a second copy into "Project Files" under the name of the last project. Lets events run
+  /// while it builds the page. File failures go to the caller; a missing "Project Files" folder is one.
+  void GenerateLinkReport();
+
+ private:
+  ReportParts parts_;
+};
+
+}  // namespace requite

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The two buttons of the Reports tab, which hand the results over as files.
+#pragma once
+
+#include <string>
+
+#include "model/record_list.h"
+#include "model/records.h"
+#include "platform/files.h"
+#include "platform/services.h"
+
+namespace requite {
+
+/// The whole text of a tab-delimited file: the captions, an empty line, one line a result in the order
+/// of the view, and one more line end. Nothing is quoted: a tab inside a field shifts its line.
+[[nodiscard]] std::string TabDelimitedText(const RecordList<LinkResult>& list3);
+
+class SavedFiles {
+ public:
+  SavedFiles(const RecordList<LinkResult>& list3, const ProgramFolder& folder, Dialogs& dialogs)
+      : list3_(list3), folder_(folder), dialogs_(dialogs) {}
+
+  /// "Save Report As": copies the last report. A copy that fails is not told to the user.
+  void Command8();
+  /// "Save Tab Delimited": writes TabDelimitedText. A failure is told in a message box.
+  void Command8a();
+
+ private:
+  void SaveReportAs();
+  void SaveTabDelimited();
+  [[nodiscard]] bool MayReplace(const std::string& name);
+
+  const RecordList<LinkResult>& list3_;
+  const ProgramFolder& folder_;
+  Dialogs& dialogs_;
+};
+
+}  // namespace requite

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The counters of a scan and of all time, and the labels that show them.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "model/settings.h"
+#include "platform/controls.h"
+
+namespace requite {
+
+/// Counts what a scan did. The history counters outlast the program in the settings store, which is
+/// written at every raise.
+class Statistics {
+ public:
+  static constexpr std::size_t kLabels = 7;
+
+  /// `lblStats` are the labels in their order on screen, `window` is what is locked against redrawing
+  /// while they change. Both must outlive this object.
+  Statistics(Settings settings, std::span<TextBox, kLabels> lblStats, Window& window)
+      : settings_(settings), lblStats_(lblStats), window_(window) {}
+
+  std::int32_t PagesScanned = 0;
+  std::int32_t PagesFound = 0;
+  std::int32_t LinksFound = 0;
+  std::int32_t HistoryPagesScanned = 0;
+  std::int32_t HistoryLinksFound = 0;
+  std::int32_t LinkingSitesScanned = 0;
+  std::int32_t MainSitesScanned = 0;
+
+  /// Reads the history counters from the settings; the labels are not touched.
+  /// Throws TypeMismatch or Overflow for a stored text that is no 32-bit number.
+  void ReadHistory();
+
+  /// Raises a counter by 1 (0 page scanned, 1 page found, 2 link found, 3 Main Site, 4 Linking Site;
+  /// any other kind raises nothing) and shows all figures. Throws Overflow for a counter that is full.
+  void UpdateStats(std::int16_t kind);
+  /// Writes the seven counters into the labels.
+  void RefreshStats();
+
+  /// At the start of a scan. The labels keep their old figures until the next UpdateStats.
+  void ResetPageCounters();  ///< PagesScanned, PagesFound, LinksFound
+  void ResetSiteCounters();  ///< MainSitesScanned, LinkingSitesScanned
+
+ private:
+  void Raise(std::int16_t kind);
+
+  Settings settings_;
+  std::span<TextBox, kLabels> lblStats_;
+  Window& window_;
+};
+
+}  // namespace requite
