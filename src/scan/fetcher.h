@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Gets one page at a time with a small HTTP/1.1 client of its own: one connection a page, closed by
+// the server at the page's end.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/services.h"
+#include "scan/scan_context.h"
+
+namespace requite {
+
+/// Hears the events of the one connection, number 0. The context must outlive the fetcher.
+class Fetcher : public ConnectionEvents {
+ public:
+  /// A page ends here at the latest: no more of it is kept.
+  static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
+
+  explicit Fetcher(ScanContext& context) : scan_(context) {}
+
+  /// Cuts State.PageUrl into host and path and starts the fetch; the page comes back through the
+  /// events. Changes PageUrl, PageFull and PageDir. A failure leaves the fetch to the time-out.
+  void FetchPage(std::int16_t connection);
+
+  void OnConnect() override;
+  void OnDataArrival(std::size_t bytesTotal) override;
+  void OnClose() override;
+
+ private:
+  void CutUrl(PageFetch& page);
+  void StartFetch(PageFetch& page);
+  void TakeData(PageFetch& page, std::size_t bytesTotal);
+  void ShowProgress(const PageFetch& page);
+  void LookForHeaderEnd(PageFetch& page);
+  [[nodiscard]] std::size_t HeaderEnd(const PageFetch& page);
+  template <class Statement>
+  [[nodiscard]] bool Attempt(Statement&& statement);
+
+  ScanContext& scan_;
+  std::size_t searchedTo_ = 0;  // no header end begins before this offset of RecvBuffer
+  std::uint64_t fetches_ = 0;   // tells after a yield whether the page is still the same
+};
+
+}  // namespace requite
