@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct PageFetch {
   std::int32_t ContentLength = 0;  ///< 0 when the header has none
   bool HeaderSeen = false;
   std::int16_t TimeoutTicks = 0;  ///< seconds since the last data
+  /// The text of the page's work file, for the analyser; nothing when the file could not be written.
+  std::optional<std::string> PreparedText;
 };
 
 struct ScanState {

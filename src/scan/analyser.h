@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Where a page turns into links: each href is cut, resolved, tested, queued or recorded.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "scan/link_filter.h"
+#include "scan/page_lines.h"
+#include "scan/resolve.h"
+#include "scan/rules.h"
+#include "scan/scan_context.h"
+#include "scan/seen_url.h"
+
+namespace requite {
+
+class Analyser {
+ public:
+  explicit Analyser(ScanContext& context)
+      : context_(context), sites_(context), rules_(context), recorded_(context), filter_(context) {}
+
+  /// Reads the page that triage has prepared on a connection, or the work file on disk when its text
+  /// could not be written, and hands back to the scan controller. A page that says that it has moved
+  /// is read again once. A failure ends the step, and the caller passes over it.
+  void AnalysePage(std::int16_t connection);
+
+ private:
+  enum class Road { NextLine, Record };
+
+  void ReadLines(PageLines& lines);
+  /// What to do with the link on a line; `link` is then the text to be recorded.
+  void AnalyseLine(std::string_view line, std::string& link);
+  [[nodiscard]] Road TakeLink(std::string& link);
+  void QueueIfNew(std::string& link);
+  void RecordIfOurs(std::string& link);
+
+  ScanContext& context_;
+  SiteTests sites_;
+  Rules rules_;
+  RecordedPages recorded_;
+  LinkFilter filter_;
+};
+
+}  // namespace requite

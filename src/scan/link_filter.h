@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// Which href values can be a page at all: schemes that are none, the list of file types, fragments.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/needle_set.h"
+#include "scan/scan_context.h"
+
+namespace requite {
+
+class LinkFilter {
+ public:
+  explicit LinkFilter(const ScanContext& context) : context_(context) {}
+
+  /// Whether the value names a script or a mail address.
+  [[nodiscard]] bool IsScriptOrMail(std::string_view value) const;
+  /// Whether the value passes the list of file types, or the list is not in use.
+  [[nodiscard]] bool IsAllowedType(std::string_view value);
+  /// Whether the value is a local file or has a fragment. Links with a fragment are dropped, even
+  /// those to the Main Site.
+  [[nodiscard]] bool IsLocalOrFragment(std::string_view value) const;
+
+ private:
+  [[nodiscard]] bool HoldsFileType(std::string_view value);
+
+  const ScanContext& context_;
+  std::vector<Needle> fileTypes_;  // of ScanState::FileTypes, each made when it is first asked for
+  Needle javascript_{"javascript"};
+  Needle mailto_{"mailto"};
+  Needle file_{"file://"};
+  Needle unsaved_{"unsaved:"};
+};
+
+}  // namespace requite

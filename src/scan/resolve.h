@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// From the value of an href to a URL without scheme, and the three questions whether it is ours.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/needle_set.h"
+#include "scan/scan_context.h"
+
+namespace requite {
+
+/// Turns the value of an href into a no-scheme URL, in place, seen from the page in hand
+/// (`PageDir` and the host on connection 0). Returns what `link` then holds.
+std::string ResolveLink(const ScanContext& context, std::string& link);
+
+/// Whether a URL belongs to the Main Site or to the Linking Site in scan. What follows from the
+/// scan state alone is kept from call to call and made anew when the text it came from has changed.
+class SiteTests {
+ public:
+  explicit SiteTests(const ScanContext& context) : context_(context) {}
+
+  /// Whether `url` holds `MainSiteKey` anywhere, in any letter case.
+  [[nodiscard]] bool IsLinkToMainSite(std::string_view url);
+  /// Whether `url` and the registered domain of the current Linking Site's row hold one another,
+  /// in either direction. Throws Subscript when that row or its list is gone.
+  [[nodiscard]] bool IsOnLinkingSite(std::string_view url);
+  /// Whether the registered domain of `url` is that of the Main Site. Takes scheme and path off `url`,
+  /// in place. A Main Site with a path matches no domain.
+  [[nodiscard]] bool IsSameDomain(std::string& url);
+
+ private:
+  void ReadMainSite();
+
+  const ScanContext& context_;
+  std::string mainSiteKey_;
+  Needle mainSite_{""};
+  std::string mainDomain_;
+  std::string websiteUrl_;
+  std::string linkingDomain_;
+  Needle linkingSite_{""};
+};
+
+/// The same questions asked once, on the scan as it stands.
+[[nodiscard]] bool IsLinkToMainSite(const ScanContext& context, std::string_view url);
+[[nodiscard]] bool IsOnLinkingSite(const ScanContext& context, std::string_view url);
+[[nodiscard]] bool IsSameDomain(const ScanContext& context, std::string& url);
+
+}  // namespace requite

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// Whether a URL was met before on this site, and whether a page stands in the results.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "scan/scan_context.h"
+
+namespace requite {
+
+/// Whether the URL is a Linking Site of the Main Site in scan, waits in the queue, or was queued
+/// before on this site. Takes scheme leftovers and outer blanks off `url`, in place. Failures are
+/// passed over.
+[[nodiscard]] bool IsSeenUrl(const ScanContext& context, std::string& url);
+
+/// Whether the "No." column of a result holds the page's text. That column has digits only, so no
+/// real page is ever recorded; the question is asked for its effect on its argument.
+class RecordedPages {
+ public:
+  explicit RecordedPages(const ScanContext& context) : context_(context) {}
+
+  /// Takes scheme leftovers and outer blanks off `page`, in place.
+  [[nodiscard]] bool IsPageRecorded(std::string& page);
+
+ private:
+  [[nodiscard]] bool NumbersAreDigits();
+
+  const ScanContext& context_;
+  std::uint64_t checkedVersion_ = 0;  // of List3, up to which every "No." is known to be digits only
+  std::size_t checkedRows_ = 0;
+};
+
+}  // namespace requite

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// What is learned from a finished response as a whole, and the preparation of its text for the analyser.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/text_search.h"
+#include "scan/scan_context.h"
+
+namespace requite {
+
+class Triage {
+ public:
+  explicit Triage(ScanContext& context) : context_(context) {}
+
+  /// Notes an error status of the header block as the site's reason word and as a row of `lstErr`.
+  /// `url` is host and path of the page.
+  void CheckHttpStatus(const std::string& header, const std::string& url);
+
+  /// Looks through a page's text, puts each href at the start of a line, writes both work files and
+  /// goes on with AnalysePage. Every failure on this road is passed over.
+  void ProcessPage(std::string body, std::int16_t connection);
+
+ private:
+  void NoteReasons(const std::string& body);
+  void WriteWorkFiles(std::string text, std::int16_t connection);
+
+  ScanContext& context_;
+  TextFinder mainSite_{""};
+};
+
+/// The text with each "href=", in any letter case, made lower-case and put behind a line end of its
+/// own, and with the blanks behind it taken off. Of a run of more than 36 blanks the rest stays.
+[[nodiscard]] std::string PutHrefsOnLines(std::string_view body);
+
+}  // namespace requite
