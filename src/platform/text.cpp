@@ -1,34 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Text compare and binary compare forms of the text operations.
+// Comparing, cutting and joining; finding and replacing stand in text_search.cpp.
 #include "platform/text.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
+
+#include "platform/fold_table.h"
 
 namespace requite {
 namespace {
 
-constexpr std::array<unsigned char, 256> MakeFoldTable() {
-  std::array<unsigned char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) {
-    unsigned char folded = static_cast<unsigned char>(i);
-    if (i >= 'A' && i <= 'Z') folded = static_cast<unsigned char>(i + 32);
-    if (i >= 0xC0 && i <= 0xDE && i != 0xD7) folded = static_cast<unsigned char>(i + 32);
-    table[i] = folded;
-  }
-  table[0x8A] = 0x9A;
-  table[0x8C] = 0x9C;
-  table[0x8E] = 0x9E;
-  table[0x9F] = 0xFF;
-  return table;
-}
-
-constexpr std::array<unsigned char, 256> kFold = MakeFoldTable();
-
 bool EqualFolded(const char* a, const char* b, std::size_t length) {
   for (std::size_t i = 0; i < length; ++i) {
-    if (kFold[static_cast<unsigned char>(a[i])] != kFold[static_cast<unsigned char>(b[i])]) {
+    if (kFoldTable[static_cast<unsigned char>(a[i])] != kFoldTable[static_cast<unsigned char>(b[i])]) {
       return false;
     }
   }
@@ -37,26 +20,12 @@ bool EqualFolded(const char* a, const char* b, std::size_t length) {
 
 }  // namespace
 
-unsigned char FoldByte(unsigned char byte) { return kFold[byte]; }
+unsigned char FoldByte(unsigned char byte) { return kFoldTable[byte]; }
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
-  for (char& c : lower) c = static_cast<char>(kFold[static_cast<unsigned char>(c)]);
+  for (char& c : lower) c = static_cast<char>(kFoldTable[static_cast<unsigned char>(c)]);
   return lower;
-}
-
-std::size_t Find(std::string_view text, std::string_view what, Compare compare, std::size_t from) {
-  if (text.empty() || from > text.size()) return std::string_view::npos;
-  if (compare == Compare::Binary) return text.find(what, from);
-  if (what.size() > text.size()) return std::string_view::npos;
-  for (std::size_t i = from; i + what.size() <= text.size(); ++i) {
-    if (EqualFolded(text.data() + i, what.data(), what.size())) return i;
-  }
-  return std::string_view::npos;
-}
-
-bool Contains(std::string_view text, std::string_view what, Compare compare) {
-  return Find(text, what, compare) != std::string_view::npos;
 }
 
 bool Equals(std::string_view a, std::string_view b, Compare compare) {
@@ -76,30 +45,10 @@ int CompareText(std::string_view a, std::string_view b) {
   const std::size_t shared = std::min(a.size(), b.size());
   for (std::size_t i = 0; i < shared; ++i) {
     const int difference =
-        int{kFold[static_cast<unsigned char>(a[i])]} - int{kFold[static_cast<unsigned char>(b[i])]};
+        int{kFoldTable[static_cast<unsigned char>(a[i])]} - int{kFoldTable[static_cast<unsigned char>(b[i])]};
     if (difference != 0) return difference;
   }
   return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
-}
-
-std::string Replace(std::string_view text, std::string_view what, std::string_view with, Compare compare) {
-  std::string result;
-  std::size_t start = 0;
-  if (!what.empty()) {
-    for (std::size_t at = Find(text, what, compare); at != std::string_view::npos;
-         at = Find(text, what, compare, start)) {
-      result.append(text, start, at - start).append(with);
-      start = at + what.size();
-    }
-  }
-  result.append(text, start);
-  return result;
-}
-
-bool ReplaceIn(std::string& text, std::string_view what, std::string_view with, Compare compare) {
-  if (what.empty() || !Contains(text, what, compare)) return false;
-  text = Replace(text, what, with, compare);
-  return true;
 }
 
 std::vector<std::string> Split(std::string_view text, std::string_view separator) {

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// The fast search against a plain one, over every byte, case and position.
+#include "platform/text_search.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+
+#include "platform/fold_table.h"
+#include "platform/needle_set.h"
+#include "platform/search_block.h"
+#include "platform/text.h"
+
+namespace requite::test {
+namespace {
+
+constexpr std::size_t kNowhere = std::string_view::npos;
+
+/// A copy in a buffer of exactly its size, so that a read behind its end is noticed.
+class ExactCopy {
+ public:
+  explicit ExactCopy(std::string_view text) : bytes_(new char[text.size()]), size_(text.size()) {
+    std::memcpy(bytes_.get(), text.data(), size_);
+  }
+  [[nodiscard]] std::string_view View() const { return {bytes_.get(), size_}; }
+
+ private:
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_;
+};
+
+std::size_t PlainFind(std::string_view text, std::string_view what, Compare compare, std::size_t from = 0) {
+  if (text.empty()) return kNowhere;
+  for (std::size_t at = from; at + what.size() <= text.size(); ++at) {
+    if (Equals(text.substr(at, what.size()), what, compare)) return at;
+  }
+  return kNowhere;
+}
+
+/// Small repeatable noise.
+class Noise {
+ public:
+  std::uint32_t Below(std::uint32_t limit) {
+    state_ = state_ * 1664525U + 1013904223U;
+    return (state_ >> 8U) % limit;
+  }
+
+ private:
+  std::uint32_t state_ = 1;
+};
+
+std::string RandomText(Noise& noise, std::string_view alphabet, std::size_t length) {
+  std::string text;
+  while (text.size() < length) {
+    text += alphabet[noise.Below(static_cast<std::uint32_t>(alphabet.size()))];
+  }
+  return text;
+}
+
+TEST(FoldTable, HoldsTheWholeCodePage) {
+  for (unsigned byte = 0; byte < 256; ++byte) {
+    unsigned expected = byte;
+    if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7))
+      expected = byte + 0x20;
+    if (byte == 0x8A || byte == 0x8C || byte == 0x8E) expected = byte + 0x10;
+    if (byte == 0x9F) expected = 0xFF;
+    EXPECT_EQ(FoldByte(static_cast<unsigned char>(byte)), expected) << byte;
+  }
+}
+
+TEST(TextSearch, AgreesWithFoldingOnEveryPairOfBytes) {
+  for (unsigned a = 0; a < 256; ++a) {
+    for (unsigned b = 0; b < 256; ++b) {
+      const std::string what(1, static_cast<char>(a));
+      const std::string text = std::string(70, '\x01') + static_cast<char>(b);
+      const std::size_t from = 20;  // the byte stands behind a block of 16 places
+      const auto place = [&](bool equal) { return a == 1 ? from : equal ? 70 : kNowhere; };
+      const bool equalFolded = kFoldTable[a] == kFoldTable[b];
+      ASSERT_EQ(Find(text, what, Compare::Text, from), place(equalFolded)) << a << " in " << b;
+      ASSERT_EQ(Find(text, what, Compare::Binary, from), place(a == b)) << a << " in " << b;
+    }
+  }
+}
+
+TEST(TextSearch, FindsAtEveryPlaceOfEveryLength) {
+  for (const std::string_view what : {"x", "Qu", "\x8A\x9F\xC0z", "href=\"http://www.example.com/\""}) {
+    for (std::size_t length = what.size(); length < 160; ++length) {
+      for (std::size_t place = 0; place + what.size() <= length; ++place) {
+        std::string text(length, 'e');
+        text.replace(place, what.size(), Lower(what));
+        const ExactCopy copy(text);
+        ASSERT_EQ(Find(copy.View(), what, Compare::Text), place) << what << length;
+        ASSERT_EQ(TextFinder(what).Find(copy.View()), place) << what << length;
+        ASSERT_EQ(Find(copy.View(), what, Compare::Text, place + 1), kNowhere) << what << length;
+        ASSERT_EQ(Contains(copy.View(), what, Compare::Binary), Lower(what) == what) << what << length;
+      }
+    }
+  }
+}
+
+TEST(TextSearch, AgreesWithThePlainSearchOnNoise) {
+  Noise noise;
+  // Few different bytes give many near misses; the third one holds every byte that folds oddly.
+  std::string allBytes;
+  for (int i = 0; i < 256; ++i) allBytes += static_cast<char>(i);
+  const std::string alphabets[] = {"aA", "abAB=", "\x8A\x9A\x8C\x9C\x8E\x9E\x9F\xFF\xBF\xDF\xD7\xF7\xC0\xE0",
+                                   allBytes};
+  for (const std::string& alphabet : alphabets) {
+    for (int round = 0; round < 4000; ++round) {
+      const ExactCopy text(RandomText(noise, alphabet, noise.Below(round % 8 == 0 ? 700 : 90)));
+      const ExactCopy what(RandomText(noise, alphabet, noise.Below(round % 2 == 0 ? 4 : 20)));
+      const std::size_t from = noise.Below(8);
+      for (const Compare compare : {Compare::Text, Compare::Binary}) {
+        const std::size_t expected = PlainFind(text.View(), what.View(), compare, from);
+        ASSERT_EQ(Find(text.View(), what.View(), compare, from), expected)
+            << text.View() << " / " << what.View();
+        ASSERT_EQ(TextFinder(what.View(), compare).Find(text.View(), from), expected);
+      }
+    }
+  }
+}
+
+TEST(TextSearch, StaysLinearWhereTextAndPatternRepeatThemselves) {
+  // At each second place 40,000 bytes agree: a quadratic search would compare some 10^11 of them.
+  std::string repeated;
+  for (int i = 0; i < 20000; ++i) repeated += "aB";
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += repeated;
+  EXPECT_EQ(Find(text, repeated + "B", Compare::Text), kNowhere);
+  EXPECT_EQ(Find(text, repeated + "B", Compare::Binary), kNowhere);
+  EXPECT_EQ(Find(text + "bAb", repeated + "bA", Compare::Text), text.size() - repeated.size());
+  EXPECT_EQ(Find(text + "Bc" + text, "c" + repeated, Compare::Binary, 5), text.size() + 1);
+  EXPECT_EQ(Find(text + "ab" + text, "ab" + repeated, Compare::Binary), text.size());
+}
+
+TEST(TextSearch, EmptyTextsAndPatterns) {
+  EXPECT_EQ(Find("", "", Compare::Text), kNowhere);
+  EXPECT_EQ(Find("", "a", Compare::Text), kNowhere);
+  EXPECT_EQ(Find("abc", "", Compare::Text, 2), 2u);
+  EXPECT_EQ(Find("abc", "", Compare::Binary, 3), 3u);
+  EXPECT_EQ(Find("abc", "", Compare::Text, 4), kNowhere);
+  EXPECT_EQ(Find("abc", "c", Compare::Text, 3), kNowhere);
+  EXPECT_EQ(Find("abc", "c", Compare::Text, kNowhere), kNowhere);
+  EXPECT_EQ(Find("abc", "abcd", Compare::Binary), kNowhere);
+}
+
+struct ReplaceRow {
+  const char* name;
+  std::string_view text, what, with, ignoringCase, exactly;
+};
+
+TEST(Replace, PutsInEveryOccurrenceOnce) {
+  constexpr ReplaceRow kRows[] = {
+      {"every one", "a HREF= b href= c", "href=", "X", "a X b X c", "a HREF= b X c"},
+      {"at both ends", "wwW.a.www", "www", "", ".a.", "wwW.a."},
+      {"does not look at what was put in", "aaa", "a", "aa", "aaaaaa", "aaaaaa"},
+      {"goes on behind an overlap", "aaaaa", "AA", "b", "bba", "aaaaa"},
+      {"does not join what is left", "hthttptp", "http", "", "http", "http"},
+      {"empty pattern", "abc", "", "x", "abc", "abc"},
+      {"empty text", "", "a", "x", "", ""},
+      {"the whole text", "\xC0", "\xE0", "\x8A", "\x8A", "\xC0"},
+      {"pattern longer than the text", "ab", "abc", "x", "ab", "ab"},
+  };
+  for (const ReplaceRow& row : kRows) {
+    EXPECT_EQ(Replace(row.text, row.what, row.with, Compare::Text), row.ignoringCase) << row.name;
+    EXPECT_EQ(Replace(row.text, row.what, row.with, Compare::Binary), row.exactly) << row.name;
+    std::string inPlace(row.text);
+    EXPECT_EQ(ReplaceIn(inPlace, row.what, row.with, Compare::Text),
+              !row.what.empty() && Contains(row.text, row.what, Compare::Text))
+        << row.name;
+    EXPECT_EQ(inPlace, row.ignoringCase) << row.name;
+  }
+}
+
+TEST(Replace, TakesPiecesOfTheTextItself) {
+  std::string text = "abcabc";
+  EXPECT_TRUE(ReplaceIn(text, std::string_view(text).substr(0, 1), std::string_view(text).substr(1, 2),
+                        Compare::Text));
+  EXPECT_EQ(text, "bcbcbcbc");
+}
+
+TEST(SearchBlock, PlainAndFastFormsAgree) {
+  Noise noise;
+  for (int round = 0; round < 20000; ++round) {
+    const auto anchor = [&] {
+      const unsigned char bits[] = {0, 0x20, 0x10, 0x60};
+      const unsigned char bit = bits[noise.Below(4)];
+      return SearchAnchors::Anchor{noise.Below(3), bit, static_cast<unsigned char>(noise.Below(256) | bit)};
+    };
+    const SearchAnchors anchors{anchor(), anchor()};
+    // Bytes near the wanted ones, so that many of them fit.
+    std::string text;
+    for (int i = 0; i < 66; ++i) {
+      const unsigned value = (i % 2 == 0 ? anchors.First : anchors.Second).Value;
+      text += static_cast<char>(value ^ (noise.Below(2) * (1U << noise.Below(8))));
+    }
+    const ExactCopy copy(text);
+    std::uint64_t expected = 0;
+    for (std::size_t i = 0; i < 64; ++i) {
+      expected |= std::uint64_t{anchors.Fit(copy.View().data() + i)} << i;
+    }
+    ASSERT_EQ(FitsOf64(WordBlock(anchors), copy.View().data()), expected);
+    ASSERT_EQ(FitsOf64(FastBlock(anchors), copy.View().data()), expected);
+  }
+}
+
+TEST(Needle, IsInWhereTheSearchFindsIt) {
+  Noise noise;
+  const std::string alphabet = "abcXYZ./:?=&\x8A\x9A\x9F\xFF\x01\t|^{";
+  for (int round = 0; round < 20000; ++round) {
+    const std::string text = RandomText(noise, alphabet, noise.Below(60));
+    const std::string what = RandomText(noise, alphabet, noise.Below(4));
+    ASSERT_EQ(Needle(what).IsIn(text, LettersOf(text)), Contains(text, what, Compare::Text)) << text << what;
+  }
+}
+
+TEST(Needle, LettersRuleOutATextBeforeItIsSearched) {
+  EXPECT_FALSE(LettersOf("http://www.example.com/").Covers(LettersOf("MAILTO:")));
+  EXPECT_TRUE(LettersOf("MailTo:").Covers(LettersOf("oltima:")));
+}
+
+}  // namespace
+}  // namespace requite::test
