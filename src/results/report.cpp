@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// The page of the Reciprocal Link Report and its files.
+#include "results/report.h"
+
+#include "platform/text.h"
+#include "results/report_figures.h"
+#include "results/report_sections.h"
+
+namespace requite {
+namespace {
+
+void Line(std::string& page, std::string_view text) { page.append(text).append(kLineEnd); }
+
+void Line(std::string& page, std::string_view before, std::string_view value, std::string_view behind) {
+  page.append(before).append(value).append(behind).append(kLineEnd);
+}
+
+/// There is no closing head tag, nor one of the body or the page at the end.
+void WriteHead(std::string& page, Clock& clock) {
+  Line(page, "<html>");
+  Line(page, "<head>");
+  Line(page, "<title>Reciprocal Link Report</title>");
+  Line(page, "<body>");
+  Line(page, "<H1>Reciprocal Link Report</H1>");
+  Line(page, "Date: ", clock.ShortDate(), "<BR>");
+  Line(page, "Time: ", clock.ShortTime(), "<BR><BR>");
+  Line(page, "<hr>");
+  Line(page, "<table cellpadding=5 border=0>");
+}
+
+void WriteOverview(std::string& page, const ReportFigures& figures, std::int32_t pagesScanned) {
+  const auto row = [&page](std::string_view literal, std::int32_t value) {
+    Line(page, literal, std::to_string(value), "</td></tr>");
+  };
+  page += "<tr><td colspan=2><b>Overview</b></td></tr>";
+  row("<tr><td>Total Main Sites:</td><td> ", figures.TotalMain);
+  row("<tr><td>Total Linking Sites:</td><td> ", figures.TotalLinking);
+  row("<tr><td>Total Pages Scanned:</td><td> ", pagesScanned);
+  row("<tr><td>Total Reciprocal Links:</td><td> ", figures.TotalReciprocal);
+  row("<tr><td><li>Direct Links</li></td><td> ", figures.TotalDirect);
+  row("<tr><td><li>Indirect Links</li></td><td> ", figures.TotalIndirect);
+  row("<tr><td><li>Redirect Links</li></td><td> ", figures.TotalRedirect);
+  row("<tr><td>Total Non-Linking Sites:</td><td> ", figures.TotalNonLinking);
+  row("<tr><td>Total Errors:</td><td> ", figures.TotalErrors);
+}
+
+void WriteAverages(std::string& page, const ReportFigures& figures, std::int32_t pagesScanned, Clock& clock) {
+  page += "<tr><td colspan=2>&nbsp</td></tr>";
+  page += "<tr><td colspan=2><b>Percentages/Averages</b></td></tr>";
+  const std::int32_t base = figures.TotalReciprocal + figures.TotalNonLinking;
+  if (base <= 0) {
+    Line(page, "<tr><td>Sites with Reciprocal Links:</td><td>0%</td></tr>");
+    Line(page, "<tr><td>Sites with No Links:</td><td>100%</td></tr>");
+    Line(page, "<tr><td>Average Pages Scanned Per Site:</td><td>0</td></tr></table><BR><BR>");
+    return;
+  }
+  // The base is the counted result rows, not the sites: a site with many links weighs many times.
+  const double rows = base;
+  Line(page, "<tr><td>Sites with Reciprocal Links:</td><td>",
+       clock.TwoDecimals(figures.TotalReciprocal / rows * 100), "%</td></tr>");
+  Line(page, "<tr><td>Sites with No Links:</td><td>", clock.TwoDecimals(figures.TotalNonLinking / rows * 100),
+       "%</td></tr>");
+  Line(page, "<tr><td>Average Pages Scanned Per Site:</td><td>", clock.TwoDecimals(pagesScanned / rows),
+       "</td></tr></table><BR><BR>");
+}
+
+/// The old file goes first; a failure from here on leaves none.
+void WriteReport(const std::string& path, const std::string& page) {
+  if (xfileExists(path)) DeleteFile(path);
+  AppendToFile(path, page + std::string(kLineEnd));
+}
+
+}  // namespace
+
+void LinkReport::GenerateLinkReport() {
+  const ReportFigures figures = CountFigures(parts_.Project, parts_.lstErr);
+  const std::int32_t pagesScanned = parts_.Statistics.PagesScanned;
+  std::string page;
+  WriteHead(page, parts_.Clock);
+  WriteOverview(page, figures, pagesScanned);
+  WriteAverages(page, figures, pagesScanned, parts_.Clock);
+  Line(page, "<h1>Main Site Specific Overviews</h1>");
+  ReportSections(parts_.Project, parts_.EventLoop).WriteTo(page);
+
+  const std::string path = parts_.Folder.File(kReportFile);
+  WriteReport(path, page);
+  parts_.WebBrowser2.Navigate(path);
+
+  std::string project = parts_.Settings.GetSetting(setting::LastProject);
+  if (project.empty()) return;
+  // The copy lies in the program's folder, wherever the project itself lies.
+  ReplaceIn(project, ".prj", ".html", Compare::Text);
+  WriteReport(parts_.Folder.File("Project Files/" + FileNameOfPath(project)), page);
+}
+
+}  // namespace requite

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// The actions of the results list's popup.
+#include "results/results_popup.h"
+
+#include "platform/runtime_failure.h"
+
+namespace requite {
+namespace {
+
+/// Where a mark is written: the column of the Linking field, not the Status. Kept as it is: the status
+/// of a marked row goes on counting as before, and the row no longer belongs to its Linking Site.
+constexpr std::size_t kMarkColumn = 1;
+
+}  // namespace
+
+std::vector<std::string> ResultsPopup::Captions() {
+  return {"Browse Main Site",
+          "Browse Linking Site",
+          "Browse Found On",
+          "Copy Main Site",
+          "Copy Linking Site",
+          "Copy Found On",
+          "-",
+          "Mark as Found",
+          "Mark as None Found"};
+}
+
+void ResultsPopup::Click(int index) {
+  switch (index) {
+    case 0: return Browse(&LinkResult::Main);
+    case 1: return Browse(&LinkResult::Linking);
+    case 2: return Browse(&LinkResult::LinkUrl);
+    case 3: return Copy(&LinkResult::Main);
+    case 4: return Copy(&LinkResult::Linking);
+    case 5: return Copy(&LinkResult::LinkUrl);
+    case 7: return Mark(status::kDirect, kBlue, kIconGood);
+    case 8: return Mark(status::kNoneFound, kRed, kIconBad);
+    default: return;
+  }
+}
+
+void ResultsPopup::Browse(std::string LinkResult::*field) {
+  // A copy: the page that opens may lead to an event that changes the list.
+  PassOver([&] { browseInWebTab_(std::string(list3_.At(Selected()).*field)); });
+}
+
+void ResultsPopup::Copy(std::string LinkResult::*field) {
+  PassOver([&] { clipboard_.Clear(); });
+  PassOver([&] { clipboard_.SetText(list3_.At(Selected()).*field); });
+}
+
+void ResultsPopup::Mark(std::string_view word, std::uint32_t colour, int icon) {
+  PassOver([&] { list3_.SetFieldAt(Selected(), kMarkColumn, std::string(word)); });
+  PassOver([&] { list3_.SetColour(Selected(), colour); });
+  PassOver([&] { list3_.SetIcon(Selected(), icon); });
+}
+
+std::size_t ResultsPopup::Selected() const {
+  const int row = list3_.SelectedRow();
+  if (row < 0) throw RuntimeFailure(Failure::Subscript);
+  return static_cast<std::size_t>(row);
+}
+
+}  // namespace requite

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// Saving the report and the result list under a name of the user's.
+#include "results/saved_files.h"
+
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+#include "results/report.h"
+
+namespace requite {
+namespace {
+
+/// Runs a button's action; a failure ends it in a message.
+template <class Action>
+void TellFailure(Dialogs& dialogs, Action&& action) {
+  try {
+    action();
+  } catch (const RuntimeFailure& failure) {
+    dialogs.Say("Error: " + std::to_string(failure.Number) + " - " + failure.Description);
+  }
+}
+
+/// Anywhere in the name is enough, so "a.htm.old" gets nothing added.
+void AddExtension(std::string& name, std::string_view extension) {
+  if (!Contains(name, extension, Compare::Text)) name += extension;
+}
+
+}  // namespace
+
+std::string TabDelimitedText(const RecordList<LinkResult>& list3) {
+  std::string text;
+  for (std::size_t column = 0; column < list3.ColumnCount(); ++column) {
+    if (column > 0) text += '\t';
+    text += list3.Caption(column);
+  }
+  text += kLineEnd;
+  text += kLineEnd;
+  for (std::size_t row = 0; row < list3.RowCount(); ++row) {
+    const LinkResult& result = list3.At(row);
+    for (const std::string* field : {&result.Main, &result.Linking, &result.Status, &result.No}) {
+      text += *field;
+      text += '\t';
+    }
+    text += result.LinkUrl;
+    text += kLineEnd;
+  }
+  text += kLineEnd;
+  return text;
+}
+
+void SavedFiles::Command8() {
+  TellFailure(dialogs_, [this] { SaveReportAs(); });
+}
+
+void SavedFiles::Command8a() {
+  TellFailure(dialogs_, [this] { SaveTabDelimited(); });
+}
+
+// In both, the question about an existing file comes before the extension is added. Kept as it is: a
+// name typed without its extension overwrites an old report, and adds to an old list, without asking.
+
+void SavedFiles::SaveReportAs() {
+  std::string name = dialogs_.AskSaveName({"", "HTML Files (*.htm, *.html)|*.htm,*.html", ""});
+  if (IsEmptyOrBlank(name) || !MayReplace(name)) return;
+  AddExtension(name, ".htm");
+  xcopyFile(folder_.File(kReportFile), name);
+}
+
+void SavedFiles::SaveTabDelimited() {
+  std::string name = dialogs_.AskSaveName({"", "TAB Files (*.tab)|*.tab", ""});
+  if (IsEmptyOrBlank(name) || !MayReplace(name)) return;
+  AddExtension(name, ".tab");
+  AppendToFile(name, TabDelimitedText(list3_));
+}
+
+/// Deletes an existing file when the user agrees. False when the operation has to stop.
+bool SavedFiles::MayReplace(const std::string& name) {
+  if (!xfileExists(name)) return true;
+  const Answer answer = dialogs_.Show({"File already exists.  Are you sure you want to overwrite it?", "",
+                                       Buttons::OkCancel, BoxIcon::Question});
+  if (answer != Answer::Ok) return false;
+  DeleteFile(name);
+  return true;
+}
+
+}  // namespace requite

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// The toggle of a view's sort.
+#include "results/sorting.h"
+
+#include "platform/runtime_failure.h"
+
+namespace requite {
+
+bool EnhListView_SortColumns(ListView& view, int columnIndex, Dialogs& dialogs) {
+  try {
+    if (view.RowCount() == 0) return true;
+    SortState sort = view.Sort();
+    sort.Sorted = true;
+    sort.SortKey = columnIndex - 1;
+    sort.SortOrder = sort.SortOrder == 0 ? 1 : 0;
+    view.SetSort(sort);
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    dialogs.Show({"Error" + std::to_string(failure.Number) + "\t" + failure.Description,
+                  "Error in Function : EnhListView_SortColumns", Buttons::Ok, BoxIcon::Information});
+    return false;
+  }
+}
+
+void SortLinkingSites(ListView& view, int columnIndex, bool scanning, Dialogs& dialogs) {
+  if (scanning) {
+    dialogs.Say("You cannot sort this column while a search is running.");
+    return;
+  }
+  EnhListView_SortColumns(view, columnIndex, dialogs);
+}
+
+}  // namespace requite

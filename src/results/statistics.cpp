@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Counting, and showing what was counted.
+#include "results/statistics.h"
+
+#include <limits>
+#include <string>
+
+#include "platform/runtime_failure.h"
+
+namespace requite {
+namespace {
+
+void Increment(std::int32_t& counter) {
+  if (counter == std::numeric_limits<std::int32_t>::max()) throw RuntimeFailure(Failure::Overflow);
+  ++counter;
+}
+
+/// Holds the drawing lock unless the window is minimised; a failure in between must not leave the
+/// window frozen behind its message.
+class DrawingPause {
+ public:
+  explicit DrawingPause(Window& window) : window_(window) { Lock(true); }
+  ~DrawingPause() { Lock(false); }
+  DrawingPause(const DrawingPause&) = delete;
+  DrawingPause& operator=(const DrawingPause&) = delete;
+
+ private:
+  void Lock(bool locked) {
+    if (!window_.Minimised) window_.LockDrawing(locked);
+  }
+
+  Window& window_;
+};
+
+}  // namespace
+
+void Statistics::ReadHistory() {
+  HistoryLinksFound = settings_.LongNumber(setting::lHistEmailFound);
+  HistoryPagesScanned = settings_.LongNumber(setting::lHistWebScanned);
+}
+
+void Statistics::UpdateStats(std::int16_t kind) {
+  const DrawingPause pause(window_);
+  Raise(kind);
+  RefreshStats();
+}
+
+void Statistics::Raise(std::int16_t kind) {
+  switch (kind) {
+    case 0:
+      Increment(PagesScanned);
+      Increment(HistoryPagesScanned);
+      settings_.SaveSetting(setting::lHistWebScanned, HistoryPagesScanned);
+      break;
+    case 1: Increment(PagesFound); break;
+    case 2:
+      Increment(LinksFound);
+      Increment(HistoryLinksFound);
+      settings_.SaveSetting(setting::lHistEmailFound, HistoryLinksFound);
+      break;
+    case 3: Increment(MainSitesScanned); break;
+    case 4: Increment(LinkingSitesScanned); break;
+    default: break;
+  }
+}
+
+void Statistics::RefreshStats() {
+  const std::int32_t figures[kLabels] = {PagesScanned,        PagesFound,        LinksFound,
+                                         HistoryPagesScanned, HistoryLinksFound, LinkingSitesScanned,
+                                         MainSitesScanned};
+  for (std::size_t i = 0; i < kLabels; ++i) lblStats_[i].SetText(std::to_string(figures[i]));
+}
+
+void Statistics::ResetPageCounters() { PagesScanned = PagesFound = LinksFound = 0; }
+
+void Statistics::ResetSiteCounters() { MainSitesScanned = LinkingSitesScanned = 0; }
+
+}  // namespace requite

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The roads from a list row to a browser.
+#include "results/web_tab.h"
+
+#include <optional>
+
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+constexpr int kWebTab = 2;
+
+/// The letters count wherever they stand, so a host that has them in its name gets no scheme.
+std::string WithScheme(const std::string& url) {
+  return Contains(url, "http", Compare::Text) ? url : "http://" + url;
+}
+
+std::optional<std::string> SelectedUrl(const RecordList<ErrorEntry>& lstErr) {
+  const int row = lstErr.SelectedRow();
+  if (row < 0) return std::nullopt;
+  return WithScheme(lstErr.At(static_cast<std::size_t>(row)).Url);
+}
+
+}  // namespace
+
+void WebTab::BrowseInWebTab(const std::string& url) {
+  const std::string address = WithScheme(url);
+  ShowBrowser();
+  controls_.txtURL.SetText(address);
+  controls_.WebBrowser1.Silent = true;
+  controls_.WebBrowser1.Navigate(address);
+}
+
+void WebTab::OpenErrorInside() {
+  const std::optional<std::string> address = SelectedUrl(controls_.lstErr);
+  if (!address) return;
+  ShowBrowser();
+  controls_.WebBrowser1.Navigate(*address);
+}
+
+void WebTab::OpenErrorOutside() {
+  if (const auto address = SelectedUrl(controls_.lstErr)) shell_.OpenUrlOutside(*address);
+}
+
+void WebTab::ShowBrowser() {
+  controls_.TabStrip1.Select(kWebTab);
+  controls_.WebBrowser1.SetVisible(true);
+  controls_.List3.SetVisible(false);
+  controls_.lstErr.SetVisible(false);
+  controls_.lblErr.SetVisible(false);
+}
+
+}  // namespace requite
