@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The blocking GET: a whole body in one call, while events go on.
+#pragma once
+
+#include <QNetworkAccessManager>
+#include <chrono>
+#include <memory>
+#include <vector>
+
+#include "platform/services.h"
+#include "shell/qt/connect_map.h"
+
+class QUrl;
+
+namespace requite {
+
+struct GetLimits {
+  std::size_t MostBytes = std::size_t{64} * 1024 * 1024;  ///< a longer body is cut there
+  std::chrono::milliseconds Silence{60'000};              ///< without a byte from the server
+  int MostRedirects = 20;
+};
+
+/// Nothing of the network library is loaded or started before the first GET. A GET whose body stops
+/// midway (silence, a reset) returns what came; one without a response returns nothing.
+class BlockingGet : public Internet {
+ public:
+  /// The map must outlive this object.
+  explicit BlockingGet(const ConnectMap& map, GetLimits limits = {});
+  ~BlockingGet() override;
+
+  [[nodiscard]] std::optional<std::string> OpenUrl(const std::string& url, std::string_view agent) override;
+  void Abort() override;
+
+ private:
+  class Transfer;
+
+  [[nodiscard]] QNetworkAccessManager& Manager();
+
+  const ConnectMap& map_;
+  GetLimits limits_;
+  std::unique_ptr<QNetworkAccessManager> manager_;
+  std::vector<Transfer*> inProgress_;
+};
+
+}  // namespace requite

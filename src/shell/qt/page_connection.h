@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The connection that pages come over: one non-blocking socket at a time.
+#pragma once
+
+#include "platform/services.h"
+#include "shell/qt/connect_map.h"
+#include "shell/qt/name_resolver.h"
+#include "shell/qt/socket_poller.h"
+
+namespace requite {
+
+/// Events come from the loop, one at a time; while a handler runs, the next one waits, also the first
+/// one of a Connect that was made meanwhile. An empty or unknown host, a refused or reset connection
+/// raise nothing. All addresses of a host are tried in turn.
+class PageConnection : public Connection {
+ public:
+  /// Bytes held for GetData before the server has to wait.
+  static constexpr std::size_t kMostHeld = 1024 * 1024;
+
+  /// All three must outlive the connection.
+  PageConnection(SocketPoller& poller, NameResolver& resolver, const ConnectMap& map);
+  ~PageConnection() override;
+
+  void Connect(const std::string& host, std::uint16_t port) override;
+  /// Without an established connection the bytes go nowhere.
+  void SendData(std::string_view bytes) override;
+  [[nodiscard]] std::string GetData() override;
+  void Close() override;
+
+ private:
+  enum class State { Closed, Resolving, Connecting, Established };
+
+  void UseAddresses(const SocketAddresses& addresses);
+  void TryNextAddress();
+  void OnReady(short readiness);
+  void OnConnecting(short readiness);
+  void Receive(short readiness);
+  void SendRest();
+  void WaitForServer();
+
+  NameResolver& resolver_;
+  const ConnectMap& map_;
+  PolledSocket socket_;
+  State state_ = State::Closed;
+  std::uint64_t serial_ = 0;
+  std::uint16_t port_ = 0;
+  SocketAddresses addresses_;
+  std::size_t nextAddress_ = 0;
+  std::string outgoing_;
+  std::string received_;
+};
+
+}  // namespace requite

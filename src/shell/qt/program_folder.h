@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Where the program's folder and the user's settings lie.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+
+namespace requite {
+
+/// The places that the choice is made from, without a separator at their ends.
+struct ProgramPlaces {
+  std::string Executable;  ///< the folder of the executable
+  std::string Installed;   ///< where the installation put the files that belong into the program's folder
+  std::string UserData;    ///< the program's folder for a user who may not write to the executable's
+
+  /// The places of the running program: `$XDG_DATA_HOME/requite`, by default `~/.local/share/requite`.
+  [[nodiscard]] static ProgramPlaces OfThisProgram();
+};
+
+/// The executable's folder where it can be written, else the user's data folder, which is made. A
+/// chosen folder that holds none of the installed files gets them all; later nothing is brought back.
+[[nodiscard]] ProgramFolder ChooseProgramFolder(const ProgramPlaces& places);
+
+/// Copies the installed files into a folder that holds none of them yet, and makes it when missing.
+void FillProgramFolder(const std::string& installed, const std::string& folder);
+
+/// `$XDG_CONFIG_HOME/requite/settings`, by default `~/.config/requite/settings`.
+[[nodiscard]] std::string DefaultSettingsPath();
+
+}  // namespace requite

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// The one thread's event loop over Qt's.
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include "platform/services.h"
+
+namespace requite {
+
+/// Needs a QCoreApplication (or one of its heirs) for its whole life.
+class QtEventLoop : public EventLoop {
+ public:
+  /// A yield that comes within this time of the last delivery returns at once, at the price of one
+  /// clock read. Events therefore never wait longer than this for the next yield.
+  static constexpr std::chrono::milliseconds kSlice{4};
+
+  void LetPendingEventsRun() override;
+
+  /// Lets events run for that long; with 0, once what is waiting now.
+  void RunFor(std::chrono::milliseconds duration);
+
+  /// Lets events run until the predicate holds (it is tested first, and after each delivery) or until
+  /// `limit` has passed. Returns what the predicate said last.
+  bool RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit);
+
+ private:
+  std::chrono::steady_clock::time_point lastDelivery_{};
+};
+
+}  // namespace requite

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// A repeating timer whose ticks are events of Qt's loop.
+#pragma once
+
+#include <QTimer>
+
+#include "platform/services.h"
+#include "shell/qt/event_guard.h"
+
+namespace requite {
+
+class QtTimer : public Timer {
+ public:
+  /// The guard must outlive the timer.
+  explicit QtTimer(const EventGuard& guard);
+
+  void Start(int intervalMilliseconds) override;
+  void Stop() override;
+
+ private:
+  QTimer timer_;
+};
+
+}  // namespace requite

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// The settings store: a journal of records, one write to the system for each value.
+#pragma once
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/services.h"
+
+namespace requite {
+
+/// Keeps every value durable the moment Write returns (it survives the end of the process by any
+/// signal). The file is made with its folder, readable by its user alone.
+///
+/// Several processes may use one file at once: each record is appended in one piece and none is
+/// lost. A process sees the others' values at its start and from each of its own writes on.
+///
+/// A file that is no settings file, or that holds what no record can hold, is set aside as
+/// "<name>.damaged-1" (or the next free number), and the store starts empty. A last record that was
+/// cut off is dropped. A value that cannot be written (a full disk) is kept for the run and written
+/// together with the next one that can.
+class SettingsFile : public SettingsStore {
+ public:
+  /// A journal of at least this size in bytes is written anew when most of it is stale.
+  static constexpr off_t kCompactionSize = 256 * 1024;
+
+  explicit SettingsFile(std::string path);
+  ~SettingsFile() override;
+  SettingsFile(const SettingsFile&) = delete;
+  SettingsFile& operator=(const SettingsFile&) = delete;
+
+  [[nodiscard]] std::optional<std::string> Read(std::string_view key) override;
+  void Write(std::string_view key, std::string_view value) override;
+
+ private:
+  struct FoldedHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view key) const;
+  };
+  struct FoldedEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+  };
+  struct Value {
+    std::string Text;
+    bool Saved = true;
+  };
+  enum class LoadResult { Loaded, Damaged };
+
+  bool Open();
+  bool OpenAndLock();
+  LoadResult CatchUp();
+  bool Apply(std::string_view record);
+  bool SetAside();
+  void Append();
+  void Put(std::string_view key, std::string_view text, bool saved);
+  void CompactIfWorthIt();
+  bool Compact();
+  void Release();
+
+  std::string path_;
+  int file_ = -1;
+  off_t applied_ = 0;      ///< the journal up to here is in values_
+  bool tornTail_ = false;  ///< the journal ends in a piece of a record
+  bool unsaved_ = false;   ///< some values are not in the journal
+  off_t liveSize_ = 0;     ///< what the journal would take with each value once
+  off_t compactAt_ = kCompactionSize;
+  std::string record_;  ///< reused by Write, so that a write allocates nothing
+  std::unordered_map<std::string, Value, FoldedHash, FoldedEqual> values_;
+};
+
+}  // namespace requite

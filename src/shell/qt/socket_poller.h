@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Readiness of the program's own sockets, delivered as events one at a time and never nested.
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "shell/qt/event_guard.h"
+
+namespace requite {
+
+class PolledSocket;
+
+/// Watches sockets for Qt's loop through one epoll descriptor and one permanent notifier.
+///
+/// While sockets become ready in quick succession it waits for them itself, for a slice of a few
+/// milliseconds at most: a page from a fast server then costs no turn of Qt's loop. While a handler
+/// runs (it may yield, and the yield may open a message box), no other readiness is delivered: it
+/// waits until the handler has returned, so handlers never nest, however fast the network is.
+class SocketPoller {
+ public:
+  /// The guard must outlive the poller, and the poller its sockets.
+  explicit SocketPoller(const EventGuard& guard);
+  ~SocketPoller();
+  SocketPoller(const SocketPoller&) = delete;
+  SocketPoller& operator=(const SocketPoller&) = delete;
+
+ private:
+  friend class PolledSocket;
+
+  void Add(PolledSocket& socket);
+  void Remove(PolledSocket& socket);
+  void Changed(PolledSocket& socket);
+  void OnNotified();
+  bool DeliverOne();
+  void Arm(PolledSocket& socket) const;
+
+  const EventGuard& guard_;
+  int epoll_;
+  std::unique_ptr<QSocketNotifier> notifier_;
+  std::vector<PolledSocket*> sockets_;
+  std::size_t next_ = 0;
+  bool delivering_ = false;
+};
+
+/// One descriptor under a poller's eyes.
+class PolledSocket {
+ public:
+  /// `onReady` gets the poll() bits that hold. It must not destroy this object.
+  PolledSocket(SocketPoller& poller, std::function<void(short readiness)> onReady);
+  ~PolledSocket();
+  PolledSocket(const PolledSocket&) = delete;
+  PolledSocket& operator=(const PolledSocket&) = delete;
+
+  /// Takes a descriptor over (closing the one before) and waits for the wanted poll() bits.
+  void Open(int descriptor, short wanted);
+  /// Changes what is waited for; 0 waits for nothing.
+  void Want(short wanted);
+  /// Closes the descriptor, if there is one.
+  void Close();
+
+  /// -1 without a descriptor.
+  [[nodiscard]] int Descriptor() const { return descriptor_; }
+
+ private:
+  friend class SocketPoller;
+
+  SocketPoller& poller_;
+  std::function<void(short)> onReady_;
+  int descriptor_ = -1;
+  short wanted_ = 0;
+  short armed_ = 0;
+  bool registered_ = false;
+};
+
+}  // namespace requite

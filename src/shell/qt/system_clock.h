@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The wall clock and numbers, as the user's locale writes them.
+#pragma once
+
+#include <QLocale>
+
+#include "platform/services.h"
+
+namespace requite {
+
+class SystemClock : public Clock {
+ public:
+  explicit SystemClock(QLocale locale = QLocale::system()) : locale_(std::move(locale)) {}
+
+  [[nodiscard]] std::string ShortDate() override;
+  [[nodiscard]] std::string ShortTime() override;
+  [[nodiscard]] std::string TwoDecimals(double value) override;
+
+ private:
+  QLocale locale_;
+};
+
+}  // namespace requite
