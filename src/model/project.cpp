@@ -2,6 +2,8 @@
 // The numbered Linking Site lists of a project.
 #include "model/project.h"
 
+#include <limits>
+
 namespace requite {
 
 std::string WebsiteKey::Of(std::string_view url) { return Lower(Replace(url, "www.", "", Compare::Binary)); }
@@ -24,6 +26,7 @@ const LinkingSiteList& Project::List1(int k) const {
 
 LinkingSiteList& Project::CreateLinkingSiteList() {
   const int k = static_cast<int>(lists_.size());
+  if (k > std::numeric_limits<std::int16_t>::max()) throw RuntimeFailure(Failure::Overflow);
   lists_.push_back(std::make_unique<LinkingSiteList>("List1(" + std::to_string(k) + ")"));
   LinkingSiteList& list = *lists_.back();
   list.SetVisible(false);
@@ -37,6 +40,11 @@ void Project::DropLinkingSiteLists() {
     if (OnListDropped) OnListDropped(*lists_.back(), ListCount());
     lists_.pop_back();
   }
+}
+
+void Project::AddMainSite(std::string text) {
+  CreateLinkingSiteList();
+  List4.Add({std::move(text)});
 }
 
 }  // namespace requite

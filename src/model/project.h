@@ -51,10 +51,13 @@ class Project {
   /// The number of lists beside the template.
   [[nodiscard]] int ListCount() const { return static_cast<int>(lists_.size()) - 1; }
 
-  /// Appends an empty list with the next free number, hidden like the template.
+  /// Appends an empty list with the next free number, hidden like the template. Throws Overflow
+  /// when there are 32767 lists already, since CurrentMainSite could not name the next one.
   LinkingSiteList& CreateLinkingSiteList();
   /// Drops every list but the template, highest number first.
   void DropLinkingSiteLists();
+  /// Appends a Main Site together with its empty list; both or, with CreateLinkingSiteList's failure, none.
+  void AddMainSite(std::string text);
 
   /// Hears of each list that is made or about to go, so that its view can follow.
   std::function<void(LinkingSiteList& list, int k)> OnListCreated;

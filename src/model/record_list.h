@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <utility>
 
@@ -39,7 +40,7 @@ class RecordList : public ListView {
     const std::size_t row = PlaceFor(record);
     RowEnters(record);
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row),
-                 Row{std::move(record), colour, icon, false});
+                 Row{std::move(record), colour, icon, Mark::None});
     if (selected_ >= static_cast<int>(row)) ++selected_;
     ++version_;
     Tell([&](ListObserver& o) { o.RowAdded(row); });
@@ -80,34 +81,54 @@ class RecordList : public ListView {
   }
 
   void Remove(std::size_t row) override {
-    RowLeaves(RowAt(row).Value);
+    const Row& leaving = RowAt(row);
+    RowLeaves(leaving.Value);
+    if (leaving.Selected != Mark::None) --selectedCount_;
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
-    if (selected_ == static_cast<int>(row)) selected_ = -1;
-    if (selected_ > static_cast<int>(row)) --selected_;
+    if (selected_ == static_cast<int>(row)) {
+      ChooseFirstSelected();
+    } else if (selected_ > static_cast<int>(row)) {
+      --selected_;
+    }
     ++version_;
     Tell([&](ListObserver& o) { o.RowRemoved(row); });
+  }
+
+  /// Removes every row whose record the test picks, in one pass. Returns how many went.
+  template <class Test>
+  std::size_t RemoveWhere(Test&& test) {
+    const auto picked = [&](Row& row) {
+      if (!test(std::as_const(row.Value))) return false;
+      RowLeaves(row.Value);
+      return true;
+    };
+    const std::size_t removed = std::erase_if(rows_, picked);
+    if (removed == 0) return 0;
+    RecountSelection();
+    ++version_;
+    Tell([](ListObserver& o) { o.ListReset(); });
+    return removed;
   }
 
   void Clear() override {
     rows_.clear();
     selected_ = -1;
+    selectedCount_ = 0;
     ++version_;
     AllRowsLeave();
     Tell([](ListObserver& o) { o.ListReset(); });
   }
 
   [[nodiscard]] int SelectedRow() const override { return selected_; }
-  [[nodiscard]] bool IsSelected(std::size_t row) const override { return RowAt(row).Selected; }
+  [[nodiscard]] bool IsSelected(std::size_t row) const override { return RowAt(row).Selected != Mark::None; }
   void SelectOnly(int row) override {
     if (row >= static_cast<int>(rows_.size())) throw RuntimeFailure(Failure::Subscript);
-    for (Row& each : rows_) each.Selected = false;
-    selected_ = row < 0 ? -1 : row;
-    if (row >= 0) RowAt(static_cast<std::size_t>(row)).Selected = true;
+    SelectNone();
+    if (row >= 0) Choose(static_cast<std::size_t>(row));
     Tell([](ListObserver& o) { o.SelectionChanged(); });
   }
   void AlsoSelect(std::size_t row) override {
-    RowAt(row).Selected = true;
-    selected_ = static_cast<int>(row);
+    Choose(row);
     Tell([](ListObserver& o) { o.SelectionChanged(); });
   }
 
@@ -120,10 +141,7 @@ class RecordList : public ListView {
     if (!sort_.Sorted) return;
     std::stable_sort(rows_.begin(), rows_.end(),
                      [this](const Row& a, const Row& b) { return Before(a.Value, b.Value); });
-    selected_ = -1;
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-      if (rows_[row].Selected) selected_ = static_cast<int>(row);
-    }
+    RecountSelection();
     ++version_;
     Tell([](ListObserver& o) { o.ListReset(); });
   }
@@ -138,11 +156,13 @@ class RecordList : public ListView {
   virtual void AllRowsLeave() {}
 
  private:
+  enum class Mark : std::uint8_t { None, Selected, SelectedLast };
+
   struct Row {
     Record Value;
     std::uint32_t Colour;
     int Icon;
-    bool Selected;
+    Mark Selected;
   };
 
   [[nodiscard]] const Row& RowAt(std::size_t row) const {
@@ -164,11 +184,66 @@ class RecordList : public ListView {
     return sort_.SortOrder == 0 ? order < 0 : order > 0;
   }
 
+  /// Behind the rows that do not sort after the record. Rows edited since the sort may stand out of
+  /// order, so this asks for nothing but an end of the search.
   [[nodiscard]] std::size_t PlaceFor(const Record& record) const {
     if (!sort_.Sorted) return rows_.size();
-    const auto place = std::upper_bound(rows_.begin(), rows_.end(), record,
-                                        [this](const Record& a, const Row& b) { return Before(a, b.Value); });
-    return static_cast<std::size_t>(place - rows_.begin());
+    std::size_t low = 0;
+    std::size_t high = rows_.size();
+    while (low < high) {
+      const std::size_t middle = low + (high - low) / 2;
+      if (Before(record, rows_[middle].Value)) {
+        high = middle;
+      } else {
+        low = middle + 1;
+      }
+    }
+    return low;
+  }
+
+  /// Makes a row the one selected last, beside those selected already.
+  void Choose(std::size_t row) {
+    Row& chosen = RowAt(row);
+    if (selected_ >= 0) RowAt(static_cast<std::size_t>(selected_)).Selected = Mark::Selected;
+    if (chosen.Selected == Mark::None) ++selectedCount_;
+    chosen.Selected = Mark::SelectedLast;
+    selected_ = static_cast<int>(row);
+  }
+
+  /// Long lists are selected row by row during a scan: only several selected rows cost a walk.
+  void SelectNone() {
+    if (selected_ >= 0) {
+      RowAt(static_cast<std::size_t>(selected_)).Selected = Mark::None;
+      --selectedCount_;
+    }
+    for (std::size_t row = 0; selectedCount_ > 0; ++row) {
+      if (rows_[row].Selected == Mark::None) continue;
+      rows_[row].Selected = Mark::None;
+      --selectedCount_;
+    }
+    selected_ = -1;
+  }
+
+  /// While any row is selected, one of them counts as selected last.
+  void ChooseFirstSelected() {
+    selected_ = -1;
+    if (selectedCount_ == 0) return;
+    const auto first =
+        std::find_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.Selected != Mark::None; });
+    first->Selected = Mark::SelectedLast;
+    selected_ = static_cast<int>(first - rows_.begin());
+  }
+
+  /// Finds the selection again after rows have moved.
+  void RecountSelection() {
+    if (selectedCount_ == 0) return;
+    selected_ = -1;
+    selectedCount_ = 0;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+      if (rows_[row].Selected != Mark::None) ++selectedCount_;
+      if (rows_[row].Selected == Mark::SelectedLast) selected_ = static_cast<int>(row);
+    }
+    if (selected_ < 0) ChooseFirstSelected();
   }
 
   template <class Message>
@@ -178,7 +253,8 @@ class RecordList : public ListView {
 
   std::deque<Row> rows_;
   SortState sort_;
-  int selected_ = -1;
+  int selected_ = -1;  // the row marked SelectedLast
+  std::size_t selectedCount_ = 0;
   std::uint64_t version_ = 0;
   ListObserver* observer_ = nullptr;
 };

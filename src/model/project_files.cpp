@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// The steps of saving and loading a project, in the order that the flags and settings depend on.
+#include "model/project_files.h"
+
+#include "model/project_reader.h"
+#include "model/project_text.h"
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+
+namespace requite {
+
+void ProjectFiles::SaveProject(const std::string& path) {
+  // The old file goes first, whatever becomes of the new one.
+  if (FileExists(path)) DeleteFile(path);
+  std::string text = ProjectText(project_);
+  text += kLineEnd;
+  AppendToFile(path, text);
+  project_.ProjectSaved = true;
+  settings_.SaveSetting(setting::LastProject, path);
+}
+
+void ProjectFiles::LoadProject(const std::string& path, ClearFirst clearFirst) {
+  if (clearFirst == ClearFirst::Yes) sites_.NewProject();
+  EndSilently([&] {
+    // Before the file is even opened: a path that has gone stays the last project.
+    settings_.SaveSetting(setting::LastProject, path);
+    const std::string text = ReadFile(path);
+    if (text.empty()) return;
+    project_.ProjectSaved = clearFirst == ClearFirst::Yes;
+    project_.JustLoaded = true;
+    if (!ReadProjectText(text, project_)) return;
+    if (!project_.List4.Empty()) sites_.SelectMainSite(0);
+    ShowProjectReport(path);
+  });
+}
+
+void ProjectFiles::ShowProjectReport(const std::string& path) {
+  const std::string name = Replace(path, ".prj", ".html", Compare::Text);
+  const std::string report = folder_.File(std::string(kProjectFilesFolder) + '/' + name);
+  WebBrowser2_.Navigate(FileExists(report) ? report : "about:blank");
+}
+
+void ProjectFiles::cmdNew() { sites_.NewProject(); }
+
+void ProjectFiles::cmdOpen() {
+  const std::string name = dialogs_.AskOpenName(ProjectDialog({}));
+  if (!name.empty()) LoadProject(name);
+}
+
+void ProjectFiles::cmdSave() {
+  if (!PassOver([&] { AskAndSave(DefaultSaveName()); })) AskAndSave("unnamed.prj");
+}
+
+void ProjectFiles::AskAndSave(const std::string& defaultName) {
+  const std::string name = dialogs_.AskSaveName(ProjectDialog(defaultName));
+  if (!name.empty()) SaveProject(name);
+}
+
+std::string ProjectFiles::DefaultSaveName() const {
+  if (project_.List4.Empty() || project_.List4.At(0).Text.empty()) return "Unnamed.prj";
+  std::string name = project_.List4.At(0).Text;
+  ReplaceIn(name, ".", "", Compare::Text);
+  ReplaceIn(name, "http://", "", Compare::Text);
+  ReplaceIn(name, "https://", "", Compare::Text);
+  return std::string(Before(name, '/')) + ".prj";
+}
+
+FileDialog ProjectFiles::ProjectDialog(std::string defaultName) const {
+  return {folder_.File(kProjectFilesFolder), "Project Files (*.prj)|*.prj", std::move(defaultName)};
+}
+
+}  // namespace requite

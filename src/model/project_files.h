@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// Saving and loading project files, and the New, Open and Save commands around them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/project.h"
+#include "model/settings.h"
+#include "model/site_editing.h"
+#include "platform/controls.h"
+#include "platform/files.h"
+#include "platform/services.h"
+
+namespace requite {
+
+/// The folder for project files, under the program's folder.
+inline constexpr std::string_view kProjectFilesFolder = "Project Files";
+
+class ProjectFiles {
+ public:
+  ProjectFiles(Project& project, SiteEditing& sites, const Settings& settings, Dialogs& dialogs,
+               const ProgramFolder& folder, BrowserView& webBrowser2)
+      : project_(project),
+        sites_(sites),
+        settings_(settings),
+        dialogs_(dialogs),
+        folder_(folder),
+        WebBrowser2_(webBrowser2) {}
+
+  /// Replaces the file at `path`; the old one is gone before the new text is written. On success
+  /// ProjectSaved is set and the path becomes the setting LastProject.
+  /// Throws RuntimeFailure for what the file system refused.
+  void SaveProject(const std::string& path);
+
+  /// Whether a load empties the project before it reads. Every command does.
+  enum class ClearFirst { No, Yes };
+
+  /// Reads a project file, makes its path the setting LastProject, selects the first Main Site and
+  /// shows the project's report. Any failure ends the load silently with what was read so far; the
+  /// last two steps are left out then.
+  void LoadProject(const std::string& path, ClearFirst clearFirst = ClearFirst::Yes);
+
+  /// Sends the report view to the report that lies under the whole of `path` in the folder for
+  /// project files, else to "about:blank". A full path is never found there: that stays so.
+  void ShowProjectReport(const std::string& path);
+
+  /// The commands. None of them asks whether unsaved work may go.
+  void cmdNew();
+  void cmdOpen();
+  /// A second failure to save goes to the caller.
+  void cmdSave();
+
+  /// Set by Open Project, cleared by Import Project; otherwise these two commands are the same.
+  bool LastOpenWasProject = false;
+
+ private:
+  [[nodiscard]] std::string DefaultSaveName() const;
+  void AskAndSave(const std::string& defaultName);
+  [[nodiscard]] FileDialog ProjectDialog(std::string defaultName) const;
+
+  Project& project_;
+  SiteEditing& sites_;
+  Settings settings_;
+  Dialogs& dialogs_;
+  const ProgramFolder& folder_;
+  BrowserView& WebBrowser2_;
+};
+
+}  // namespace requite
