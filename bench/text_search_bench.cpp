@@ -53,7 +53,7 @@ constexpr std::string_view kMissing[] = {"requite.example",
                                          "301 Moved",
                                          "href=\"xq",
                                          "nosuchsite",
-                                         "tea",
+                                         "teapot",
                                          "\x8C"
                                          "uvre"};
 
@@ -105,6 +105,11 @@ void FindInUrl(benchmark::State& state) {
   }
 }
 BENCHMARK(FindInUrl);
+
+void LettersOfUrl(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(requite::LettersOf(kUrl));
+}
+BENCHMARK(LettersOfUrl);
 
 /// What one href costs when some twenty words are ruled out.
 void NeedlesInUrl(benchmark::State& state) {

@@ -9,12 +9,16 @@
 
 namespace requite {
 
-/// Which letters occur in a text, in any case; several rare bytes share a bit.
+/// Which letters, and which pairs of neighbouring letters, occur in a text, in any case. Several rare
+/// letters share a bit, and many pairs do.
 struct LetterSet {
   std::uint64_t Bits = 0;
+  std::uint64_t Pairs = 0;
 
   /// False when the text of this set cannot hold a pattern with the other set.
-  [[nodiscard]] bool Covers(LetterSet pattern) const { return (pattern.Bits & ~Bits) == 0; }
+  [[nodiscard]] bool Covers(LetterSet pattern) const {
+    return ((pattern.Bits & ~Bits) | (pattern.Pairs & ~Pairs)) == 0;
+  }
 };
 
 /// The letters of a text. Take it once a text, then ask every needle.

@@ -85,6 +85,11 @@ class Search {
     for (; end_ - at >= FastBlock::kPlaces; at += FastBlock::kPlaces) {
       if (const std::size_t found = FirstOf(at, block.Fits(text_ + at)); found != kNowhere) return found;
     }
+    if (at < end_ && end_ - from >= FastBlock::kPlaces) {
+      // The last few places together with some that were found empty already.
+      at = end_ - FastBlock::kPlaces;
+      return FirstOf(at, block.Fits(text_ + at));
+    }
     for (; at < end_; ++at) {
       if (anchors_.Fit(text_ + at) && StandsAt(at)) return at;
     }
