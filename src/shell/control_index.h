@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Finding a window's controls by the names that they carry on screen and in the settings.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+
+namespace requite {
+
+/// A control, or one member of a control array that is held as a whole.
+struct NamedControl {
+  Control* Which = nullptr;  ///< null: no control has the name
+  int Index = -1;            ///< option or menu entry, counted from 0; -1: the control itself
+
+  explicit operator bool() const { return Which != nullptr; }
+};
+
+/// The controls of one window by name. Names are exact; members of an array are written "optAll(1)".
+/// Holds references: the controls must outlive it.
+class ControlIndex {
+ public:
+  /// Under the control's own name. A group of options or a menu brings its members in as well.
+  void Add(Control& control);
+  void Add(OptionGroup& group);
+  /// A menu's entries have a name of their own, such as "mnuScanItem" for "mnuScan".
+  void Add(Menu& menu, std::string_view itemName);
+  /// Names that change while the window lives are asked for at each look-up that finds nothing else.
+  void SetDynamic(std::function<Control*(std::string_view name)> find) { findDynamic_ = std::move(find); }
+
+  [[nodiscard]] NamedControl Find(std::string_view name) const;
+
+ private:
+  void AddMembers(Control& control, std::string_view name, std::size_t count);
+
+  std::map<std::string, NamedControl, std::less<>> byName_;
+  std::function<Control*(std::string_view name)> findDynamic_;
+};
+
+}  // namespace requite

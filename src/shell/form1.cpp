@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// The making of the main window: what is built over what, and the handlers of its plain buttons.
+#include "shell/form1.h"
+
+namespace requite {
+
+Form1::Form1(Services& services, const ProgramFolder& folder)
+    : Form1Controls(Sites, Lists),
+      Platform(services),
+      Folder(folder),
+      Settings(services.Store),
+      Figures(Settings, lblStats, Main),
+      Editing(Sites, Lists,
+              {txtDomain, cmdAdd2, cmdDelete, cmdEditMain, innerFrame2, Text1, cmdAdd, cmbDel, cmdEdit,
+               Label2, lblblah, cmdNextSearch, cmbSites, txtPost2, StatusBar1},
+              services.Dialogs, [this] { return State.Scanning; }),
+      Files(Sites, Editing, Settings, services.Dialogs, folder, WebBrowser2),
+      Report(
+          {Sites, Lists.lstErr, Figures, Settings, services.Clock, services.EventLoop, folder, WebBrowser2}),
+      Web({TabStrip1, WebBrowser1, Sites.List3, Lists.lstErr, lblErr, txtURL}, services.Shell),
+      Popup(Sites.List3, services.Clipboard, [this](const std::string& url) { Web.BrowseInWebTab(url); }),
+      Saved(Sites.List3, folder, services.Dialogs),
+      Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder) {
+  BuildIndex();
+  WireScan();
+  WireFiles();
+  WireLists();
+  WireMenus();
+  WireWebTab();
+  WirePages();
+  WireReports();
+}
+
+Form1::~Form1() {
+  Platform.Timer1.Stop();
+  Platform.Timer1.OnTick = nullptr;
+}
+
+ScanWindow Form1::WindowOfScan() {
+  return {Command1,   cmdStop,   cmdSkip,         cmdNextSearch, Command10, Command11, cmdNew,  cmdOpen,
+          cmdSave,    cmdResume, cmdViewDatabase, Command2,      Command3,  Frame1,    mnuScan, mnuSkipPopup,
+          StatusBar1, pb1,       txtDomain,       Text1};
+}
+
+void Form1::WireScan() {
+  Command1.OnClick = [this] { Scan.StartScan(); };
+  cmdSkip.OnClick = [this] { Scan.cmdSkip(); };
+  cmdStop.OnClick = [this] { Scan.cmdStop(); };
+  cmdNextSearch.OnClick = [this] { Scan.cmdNextSearch(); };
+  cmdDoSearch.OnClick = [this] { Scan.cmdDoSearch_Click(); };
+  Command10.OnClick = [this] { mnuScan.PopUp(); };
+  Command11.OnClick = [this] { mnuSkipPopup.PopUp(); };
+}
+
+void Form1::WireFiles() {
+  cmdNew.OnClick = [this] { Files.cmdNew(); };
+  cmdOpen.OnClick = [this] { Files.cmdOpen(); };
+  cmdSave.OnClick = [this] { Files.cmdSave(); };
+}
+
+void Form1::WireReports() {
+  Command8.OnClick = [this] { Saved.Command8(); };
+  Command8a.OnClick = [this] { Saved.Command8a(); };
+  Command12.OnClick = [this] { GenerateLinkReport(); };
+}
+
+}  // namespace requite

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The main window without a toolkit: its controls, what lives as long as it does, and who calls whom.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "model/project.h"
+#include "model/project_files.h"
+#include "model/settings.h"
+#include "model/site_editing.h"
+#include "platform/files.h"
+#include "platform/services.h"
+#include "results/report.h"
+#include "results/results_popup.h"
+#include "results/saved_files.h"
+#include "results/statistics.h"
+#include "results/web_tab.h"
+#include "scan/scan.h"
+#include "scan/scan_state.h"
+#include "shell/control_index.h"
+#include "shell/form1_controls.h"
+
+namespace requite {
+
+/// What the main window's controls are built over; it comes first so that it outlives them.
+struct Form1Records {
+  Project Sites;
+  ScanLists Lists;
+  ScanState State;
+};
+
+/// Handlers of controls bear the control's name. The window is made, then started once; it must not
+/// be used after Close.
+struct Form1 : Form1Records, Form1Controls, ScanHost {
+  Form1(Services& services, const ProgramFolder& folder);
+  ~Form1() override;
+  Form1(const Form1&) = delete;
+  Form1& operator=(const Form1&) = delete;
+
+  /// The whole start of the window, in its order: settings, figures, title, last project, help at the
+  /// first start, home page. Throws RuntimeFailure for a stored setting that is no number.
+  void Start();
+  /// The part of Start that a scan from a command line needs: settings and figures, no last project.
+  void StartWithoutProject();
+  void RestoreSettings();
+  /// The user closes the window: asks whether unsaved edits are to be saved, then ends everything.
+  /// There is no way to cancel it. Runs once; a second call does nothing.
+  void Close();
+  [[nodiscard]] bool Closed() const { return closed_; }
+  /// Runs at the very end of Close: the program is to end.
+  std::function<void()> OnEnd;
+
+  /// The click of the tab strip; a number outside 1 to 5 does nothing.
+  void ShowTab(int number);
+  /// Opens the help file, if there is one, by the shell. Lets events run.
+  void OpenHelp();
+
+  void SelectMainSite(int row) override { Editing.SelectMainSite(row); }
+  void UpdateStats(std::int16_t kind) override { Figures.UpdateStats(kind); }
+  void ResetPageCounters() override { Figures.ResetPageCounters(); }
+  void ResetSiteCounters() override { Figures.ResetSiteCounters(); }
+  void GenerateLinkReport() override { Report.GenerateLinkReport(); }
+
+  requite::Services& Platform;
+  const ProgramFolder& Folder;
+  requite::Settings Settings;
+  Statistics Figures;
+  SiteEditing Editing;
+  ProjectFiles Files;
+  LinkReport Report;
+  WebTab Web;
+  ResultsPopup Popup;
+  SavedFiles Saved;
+  requite::Scan Scan;
+  bool SimpleViewFlag = false;  ///< read at the start, used nowhere
+  ControlIndex Controls;
+
+ private:
+  [[nodiscard]] ScanWindow WindowOfScan();
+  void BuildIndex();
+
+  void WireScan();
+  void WireFiles();
+  void WireLists();
+  void WireLinkingSites(LinkingSiteList& list, int k);
+  void WireMenus();
+  void WireWebTab();
+  void WirePages();
+  void WireReports();
+
+  void mnuFile_Click(int index);
+  void mnuScanItem_Click(int index);
+  void mnuSkipItem_Click(int index);
+  void optAll_Click(int index);
+  void optScript_Click(int index);
+  void FillFromMainSites(ComboBox& box);
+  void Timer1_Tick();
+
+  bool closed_ = false;
+};
+
+}  // namespace requite

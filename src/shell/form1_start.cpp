@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// How the main window comes up and goes down.
+#include "scan/page_limit.h"
+#include "shell/form1.h"
+#include "shell/product.h"
+
+namespace requite {
+namespace {
+
+constexpr int kTimer1Milliseconds = 1000;
+
+}  // namespace
+
+void Form1::StartWithoutProject() {
+  Sites.ProjectSaved = true;
+  Sites.JustLoaded = false;
+  SimpleViewFlag = Equals(Settings.GetSetting(setting::SimpleView), "True", Compare::Text);
+  RestoreSettings();
+  Figures.RefreshStats();
+  Main.SetTitle(std::string(product::kName) + " by " + std::string(product::kCompany));
+  State.Scanning = false;
+  Platform.Timer1.OnTick = [this] { Timer1_Tick(); };
+  Platform.Timer1.Start(kTimer1Milliseconds);
+}
+
+void Form1::Start() {
+  StartWithoutProject();
+  const std::string lastProject = Settings.GetSetting(setting::LastProject);
+  if (!lastProject.empty()) Files.LoadProject(lastProject);
+  if (Settings.GetSetting(setting::showHelp) == "1") {
+    OpenHelp();
+    Platform.EventLoop.LetPendingEventsRun();
+    Settings.SaveSetting(setting::showHelp, "0");
+  }
+  State.LinksOnSite = 0;
+  State.PagesDone = 0;
+  State.PagesQueued = 0;
+  WebBrowser1.Navigate(Folder.File(product::kHomePage));
+  Platform.EventLoop.LetPendingEventsRun();
+}
+
+void Form1::RestoreSettings() {
+  // The two keys cross: the stored choice of "Generate links for" comes back as the posting mode, and
+  // the links option always starts at its first choice.
+  static_cast<void>(Settings.GetSetting(setting::optScript));
+  optScript.Choose(Settings.Number(setting::optAll));
+  optAll.Choose(0);
+
+  Combo1.SetListIndex(Settings.Number(setting::Combo1));
+  chkNewWin.SetValue(Settings.Number(setting::chkNewWin));
+  chkBullet.SetValue(Settings.Number(setting::chkBullet));
+  Sites.txtHTML1.SetText(Settings.GetSetting(setting::txtHTML1));
+  Sites.txtHTML2.SetText(Settings.GetSetting(setting::txtHTML2));
+  Sites.txtHTML3.SetText(Settings.GetSetting(setting::txtHTML3));
+  const std::int16_t advance = Settings.Number(setting::cmbAdvance);
+  cmbLastSearch.SetListIndex(Settings.Number(setting::cmbLastSearch));
+
+  const std::int16_t searchType = Settings.Number(setting::Combo1);
+  const std::int16_t searchResults = Settings.Number(setting::Combo2);
+  if (searchType >= 0) Combo1.SetListIndex(searchType);
+  if (searchResults >= 0) Combo2.SetListIndex(searchResults);
+  State.PageLimit = PageLimitAt(advance, State.PageLimit);
+  Figures.ReadHistory();
+
+  mnuScan.Click(Settings.Number(setting::ScanType));
+  mnuSkipPopup.Click(Settings.Number(setting::SkipType));
+}
+
+void Form1::OpenHelp() {
+  const std::string helpFile = Folder.File("Help.chm");
+  if (FileExists(helpFile)) {
+    Platform.Shell.OpenDocument(helpFile);
+    Settings.SaveSetting(setting::showHelp, "0");
+  }
+  Platform.EventLoop.LetPendingEventsRun();
+}
+
+/// The seconds towards the next auto-save would count here.
+void Form1::Timer1_Tick() {}
+
+void Form1::Close() {
+  if (closed_) return;
+  closed_ = true;
+  if (!Sites.ProjectSaved) {
+    const MessageBox ask{
+        "The current project has been edited but has not been saved.\r\n"
+        "Would you like to save now?",
+        "Save Project?", Buttons::YesNo, BoxIcon::Question};
+    if (Platform.Dialogs.Show(ask) == Answer::Yes) Files.cmdSave();
+  }
+  State.Scanning = false;
+  Platform.Timer1.Stop();
+  Platform.timTimeout.Stop();
+  Platform.Connection.Close();
+  Platform.Internet.Abort();
+  if (OnEnd) OnEnd();
+}
+
+}  // namespace requite

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The product's own names, as the title bar, the About window and the message boxes show them.
+#pragma once
+
+#include <string_view>
+
+namespace requite::product {
+
+inline constexpr std::string_view kName = "Requite";
+inline constexpr std::string_view kCompany = "The Requite Project";
+inline constexpr std::string_view kSite = "Requite";
+/// The home address: a page that lies in the program's folder.
+inline constexpr std::string_view kHomePage = "welcome.html";
+inline constexpr std::string_view kVersion = "1.0.0";
+
+}  // namespace requite::product
