@@ -39,7 +39,7 @@ class Controller {
   enum class Advance { Stop, NextMainSite, NextLinkingSite };
 
   // start_scan.cpp
-  [[nodiscard]] bool ReadFileTypes();
+  [[nodiscard]] bool TakeFileTypes();
   void ResetForStart();
   [[nodiscard]] bool ChooseMainSite();
   [[nodiscard]] bool HasSomethingToScan();
@@ -50,8 +50,6 @@ class Controller {
   [[nodiscard]] PageDecision DecidePage();
   void TakePage(std::int16_t connection);
   void BeginSearch();
-  template <class Block>
-  void ShowingFailure(Block&& block);
 
   // next_site.cpp
   [[nodiscard]] SkipKind CloseSite();
@@ -63,7 +61,9 @@ class Controller {
   void ResetForNextSite();
   [[nodiscard]] Advance DecideAdvance(SkipKind skip);
   [[nodiscard]] bool AdvanceSite(SkipKind skip);
-  void TakeSite();
+  void TakeLinkingSite();
+  void TakeMainSiteKey();
+  void PlayNextSiteSound();
 
   ScanContext& scan_;
 };

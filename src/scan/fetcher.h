@@ -29,12 +29,10 @@ class Fetcher : public ConnectionEvents {
   void OnClose() override;
 
  private:
-  void CutUrl(PageFetch& page);
-  void StartFetch(PageFetch& page);
-  void TakeData(PageFetch& page, std::size_t bytesTotal);
+  void TakeData(PageFetch& page);
   void ShowProgress(const PageFetch& page);
   void LookForHeaderEnd(PageFetch& page);
-  [[nodiscard]] std::size_t HeaderEnd(const PageFetch& page);
+  [[nodiscard]] std::size_t FindHeaderEnd(const PageFetch& page);
   template <class Statement>
   [[nodiscard]] bool Attempt(Statement&& statement);
 

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// The start of a page and the three events of its connection.
+#include "scan/fetcher.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+#include "scan/page_address.h"
+
+namespace requite {
+namespace {
+
+constexpr std::uint16_t kPort = 80;
+constexpr int kTickMilliseconds = 1000;
+constexpr std::string_view kHeaderEnd = "\r\n\r\n";
+constexpr std::size_t kHeaderOfHeaderless = 3;
+
+std::string Joined(std::string_view words, const PageFetch& page, std::string_view more = {}) {
+  std::string text;
+  text.reserve(words.size() + page.PageHost.size() + page.PagePath.size() + more.size());
+  return text.append(words).append(page.PageHost).append(page.PagePath).append(more);
+}
+
+/// These lines, in this order, are the whole of a request.
+std::string RequestFor(const PageFetch& page) {
+  std::string request;
+  request.reserve(page.PagePath.size() + page.PageHost.size() + 80);
+  request.append("GET ").append(page.PagePath).append(" HTTP/1.1\r\n");
+  request.append("Host: ").append(page.PageHost).append("\r\n");
+  return request.append("Connection: close\r\nAccept: */*\r\n\r\n");
+}
+
+/// What follows the first blank of the first header line with "Content-Length", in exactly this case.
+std::string_view ContentLengthText(std::string_view header) {
+  const std::size_t at = header.find("Content-Length");
+  if (at == std::string_view::npos) return {};
+  const std::size_t before = header.rfind(kLineEnd, at);
+  std::string_view line = header.substr(before == std::string_view::npos ? 0 : before + kLineEnd.size());
+  line = line.substr(0, line.find(kLineEnd));
+  const std::size_t blank = line.find(' ');
+  return blank == std::string_view::npos ? std::string_view() : line.substr(blank + 1);
+}
+
+/// Takes every occurrence of the header block out of a response: a page that repeats its own header
+/// loses it there too. The block stands at the front, and usually nowhere else.
+std::string BodyBehind(std::string response, std::string_view header) {
+  response.erase(0, header.size());
+  ReplaceIn(response, header, {}, Compare::Text);
+  return response;
+}
+
+}  // namespace
+
+/// Runs a statement of FetchPage. An argument that the platform refuses lengthens PageUrl, and the
+/// fetch carries on; any other failure ends it: then the result is false.
+template <class Statement>
+bool Fetcher::Attempt(Statement&& statement) {
+  try {
+    std::forward<Statement>(statement)();
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    if (failure.Number != static_cast<int>(Failure::InvalidArgument)) return false;
+    scan_.State.PageUrl += '/';
+    return true;
+  }
+}
+
+void Fetcher::FetchPage(std::int16_t connection) {
+  if (!scan_.State.Scanning) return;
+  ++fetches_;
+  PageFetch& page = scan_.State.Page(connection);
+  CutUrl(scan_.State, page);
+  page.RecvBuffer.clear();
+  page.HeaderSeen = false;
+  page.ContentLength = 0;
+  page.BytesReceived = 0;
+  searchedTo_ = 0;
+  scan_.Window.StatusBar1.SetPanel(1, Joined("Downloading: ", page));
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  page.TimeoutTicks = 0;
+  if (!Attempt([this] { scan_.Platform.timTimeout.Start(kTickMilliseconds); })) return;
+  if (!Attempt([this] { scan_.Platform.Connection.Close(); })) return;
+  static_cast<void>(Attempt([&] { scan_.Platform.Connection.Connect(page.PageHost, kPort); }));
+}
+
+void Fetcher::OnConnect() {
+  if (!scan_.State.Scanning) return;
+  const std::uint64_t fetch = fetches_;
+  scan_.Host.UpdateStats(0);
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  scan_.Window.pb1.SetValue(0);
+  // After a skip the connection is already another one, which sends its own request when it stands.
+  if (fetch != fetches_ || !scan_.State.Scanning) return;
+  scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page(0)));
+}
+
+void Fetcher::OnDataArrival(std::size_t bytesTotal) {
+  if (!scan_.State.Scanning) return;
+  PageFetch& page = scan_.State.Page(0);
+  page.TimeoutTicks = 0;
+  TakeData(page);
+  page.BytesReceived += static_cast<std::int32_t>(bytesTotal);
+  ShowProgress(page);
+  LookForHeaderEnd(page);
+  // No server can fill the memory: a page that is full ends here. A skip in between has emptied it.
+  if (page.RecvBuffer.size() < kMostBytes) return;
+  scan_.Platform.Connection.Close();
+  OnClose();
+}
+
+void Fetcher::TakeData(PageFetch& page) {
+  std::string data = scan_.Platform.Connection.GetData();
+  if (page.RecvBuffer.empty() && data.size() <= kMostBytes) {
+    page.RecvBuffer = std::move(data);
+  } else {
+    page.RecvBuffer.append(data, 0, kMostBytes - page.RecvBuffer.size());
+  }
+}
+
+void Fetcher::ShowProgress(const PageFetch& page) {
+  scan_.Window.StatusBar1.SetPanel(
+      1, Joined("Downloading: ", page, " (" + std::to_string(page.BytesReceived) + ")"));
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  if (page.ContentLength < 1) return;
+  // A page that is longer than it said has no place on the bar.
+  const double share = 1.0 * page.BytesReceived / page.ContentLength;
+  PassOver([&] { scan_.Window.pb1.SetValue(std::abs(share * 100)); });
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+}
+
+void Fetcher::LookForHeaderEnd(PageFetch& page) {
+  if (page.HeaderSeen) return;
+  const std::size_t at = FindHeaderEnd(page);
+  if (at == std::string::npos) return;
+  page.HeaderSeen = true;
+  page.BytesReceived -= static_cast<std::int32_t>(at + kHeaderEnd.size());
+  // Only the progress bar uses the length; one that is no number is as good as none.
+  PassOver([&] {
+    page.ContentLength = ReadInt32(ContentLengthText(std::string_view(page.RecvBuffer).substr(0, at)));
+  });
+}
+
+/// Offset of the blank line behind the headers, or npos. Looks at each byte once, so that headers
+/// without an end cost no more than a page of that size.
+std::size_t Fetcher::FindHeaderEnd(const PageFetch& page) {
+  const std::size_t at = page.RecvBuffer.find(kHeaderEnd, searchedTo_);
+  const std::size_t kept = kHeaderEnd.size() - 1;
+  const std::size_t size = page.RecvBuffer.size();
+  searchedTo_ = at != std::string::npos ? at : std::max(searchedTo_, size < kept ? 0 : size - kept);
+  return at;
+}
+
+void Fetcher::OnClose() {
+  if (!scan_.State.Scanning) return;
+  scan_.Platform.timTimeout.Stop();
+  PageFetch& page = scan_.State.Page(0);
+  const std::size_t end = FindHeaderEnd(page);
+  const std::string header(
+      Left(page.RecvBuffer, end == std::string::npos ? kHeaderOfHeaderless : end + kHeaderEnd.size()));
+  scan_.Steps.CheckHttpStatus(header, page.PageHost + page.PagePath);
+  std::string body = BodyBehind(std::exchange(page.RecvBuffer, {}), header);
+  scan_.Window.StatusBar1.SetPanel(1, Joined("Finished: ", page));
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  scan_.Steps.ProcessPage(std::move(body), 0);
+}
+
+}  // namespace requite

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// The block rule over the platform's library.
+#include "scan/http_get_text.h"
+
+#include <optional>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+constexpr std::string_view kAgent = "Mozilla";
+constexpr std::size_t kBlock = 256;
+
+}  // namespace
+
+std::string HttpGetText(std::string& url, Internet& internet, EventLoop& events) {
+  if (!Contains(url, "http://", Compare::Text)) url.insert(0, "http://");
+  std::optional<std::string> body = internet.OpenUrl(url, kAgent);
+  if (!body || body->empty()) return {};
+  for (std::size_t read = kBlock; read < body->size(); read += kBlock) events.LetPendingEventsRun();
+  // Readers of short replies know the padding: the first block comes whole.
+  if (body->size() < kBlock) body->resize(kBlock, '\0');
+  return std::move(*body);
+}
+
+}  // namespace requite

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// The end of a site: its closing row, and the way to the next site.
+#include <string>
+#include <utility>
+
+#include "model/url_forms.h"
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+#include "scan/controller.h"
+
+namespace requite {
+namespace {
+
+std::string InParentheses(const std::string& reason) {
+  return IsEmptyOrBlank(reason) ? std::string() : " (" + reason + ")";
+}
+
+}  // namespace
+
+/// Everything of the end of a site that comes before the advance. Returns what kind of skip asked for it.
+Controller::SkipKind Controller::CloseSite() {
+  ScanState& state = scan_.State;
+  scan_.Host.UpdateStats(4);
+  const bool skipsMainSite = state.SkipRequested && scan_.Window.mnuSkip.FirstChecked() == 1;
+  state.TimeoutSeconds = scan_.Settings.Number(setting::txtTimeout);
+  state.ReasonNote = InParentheses(state.ReasonNote);
+  state.Scanning = true;  // lets a timer or a skip carry on
+  scan_.Platform.Connection.Close();
+  scan_.Platform.Internet.Abort();  // else a moved page would hold up the next site
+  WriteSiteResult();
+  ResetForNextSite();
+  return skipsMainSite ? SkipKind::MainSite : SkipKind::LinkingSite;
+}
+
+/// One row at most. A site with all its links has none: the rows of its links stand alone.
+void Controller::WriteSiteResult() {
+  if (scan_.State.LinkFound) {
+    if (scan_.State.LinksCounted < scan_.State.LinksExpected) WriteMissing();
+  } else if (scan_.Settings.IsOne(setting::chkRedirect) && scan_.State.RedirectSuspected) {
+    WriteRedirect();
+  } else {
+    WriteNoneFound();
+  }
+}
+
+void Controller::WriteMissing() {
+  ScanState& state = scan_.State;
+  std::string linking = BareHost(state.CurrentLinkingUrl);
+  const std::string shortfall = ZeroPadded(state.LinksExpected - state.LinksCounted, 3);
+  scan_.Project.List3.Add({state.MainSiteKey, std::move(linking), std::string(status::kMissing) + shortfall,
+                           "000", state.PageFull},
+                          kIconBad, kRed);
+}
+
+void Controller::WriteRedirect() {
+  ScanState& state = scan_.State;
+  std::string linking = BareHost(state.CurrentLinkingUrl);
+  scan_.Project.List3.Add(
+      {state.MainSiteKey, std::move(linking), std::string(status::kRedirect), "001", state.RedirectPage},
+      kIconGood, kBlue);
+  ColourSiteRow(kGreen);
+  scan_.Host.UpdateStats(2);
+  if (!scan_.Settings.IsOne(setting::chkUpdate)) return;
+  PassOver([&] {
+    scan_.Project.List1(scan_.Project.CurrentMainSite)
+        .Set(static_cast<std::size_t>(state.SiteRow - 1), &LinkingSite::WebsiteUrl, state.RedirectPage);
+  });
+}
+
+/// The Link URL of such a row is the bare host too, because the host was taken from the site's own text.
+void Controller::WriteNoneFound() {
+  ScanState& state = scan_.State;
+  std::string linking = BareHost(state.CurrentLinkingUrl);
+  scan_.Project.List3.Add(
+      {state.MainSiteKey, std::move(linking), std::string(status::kNoneFound) + state.ReasonNote, "000",
+       state.CurrentLinkingUrl},
+      kIconBad, kRed);
+  ColourSiteRow(kRed);
+}
+
+/// The row may be gone by now: the user can delete sites during a scan.
+void Controller::ColourSiteRow(std::uint32_t colour) {
+  PassOver([&] {
+    scan_.Project.List1(scan_.Project.CurrentMainSite)
+        .SetColour(static_cast<std::size_t>(scan_.State.SiteRow - 1), colour);
+  });
+}
+
+/// SeenPages keeps what it holds: only the count of its used slots goes back.
+void Controller::ResetForNextSite() {
+  ScanState& state = scan_.State;
+  state.LinksCounted = 0;
+  state.LinksExpected = 0;
+  state.LinkFound = false;
+  state.LinkNumber = 0;
+  state.PagesQueued = 0;
+  state.LinksOnSite = 0;
+  ++state.SiteRow;
+  scan_.Lists.List2.Clear();
+  state.ReasonNote.clear();
+  state.RedirectPage.clear();
+  state.RedirectSuspected = false;
+}
+
+/// A skip of one Linking Site looks at no scan type: in a scan of one site it moves on as if all were
+/// to be scanned. A skip of a Main Site leaves SkipRequested set until a later site ends another way.
+Controller::Advance Controller::DecideAdvance(SkipKind skip) {
+  ScanState& state = scan_.State;
+  const auto mainSites = static_cast<std::int64_t>(scan_.Project.List4.RowCount());
+  const int current = scan_.Project.CurrentMainSite;
+  const bool listDone = state.SiteRow > static_cast<std::int64_t>(scan_.Project.List1(current).RowCount());
+  const bool lastMainSite = current >= mainSites;
+  const auto amongAll = [&] {
+    if (!listDone) return Advance::NextLinkingSite;
+    return lastMainSite ? Advance::Stop : Advance::NextMainSite;
+  };
+  if (skip == SkipKind::MainSite) return Advance::NextMainSite;
+  if (std::exchange(state.SkipRequested, false)) return amongAll();
+  switch (state.ScanType) {
+    case 1: return listDone ? Advance::Stop : Advance::NextLinkingSite;
+    case 2: return Advance::Stop;
+    default: return amongAll();
+  }
+}
+
+/// Goes to the next site and puts it in the queue. Returns false when the scan ended instead.
+bool Controller::AdvanceSite(SkipKind skip) {
+  const Advance advance = DecideAdvance(skip);
+  if (advance == Advance::Stop) {
+    cmdStop();
+    return false;
+  }
+  if (advance == Advance::NextMainSite) {
+    const auto mainSites = static_cast<int>(scan_.Project.List4.RowCount());
+    ++scan_.Project.CurrentMainSite;
+    scan_.State.SiteRow = 1;
+    if (scan_.Project.CurrentMainSite > mainSites) {
+      cmdStop();
+      return false;
+    }
+    scan_.Host.SelectMainSite(scan_.Project.CurrentMainSite - 1);
+    scan_.Host.UpdateStats(3);
+  }
+  TakeLinkingSite();
+  TakeMainSiteKey();
+  scan_.Lists.List2.Add({scan_.State.CurrentLinkingUrl});
+  PlayNextSiteSound();
+  return true;
+}
+
+/// Takes the site of row SiteRow. Fails when the row does not exist or its count of links is no number.
+void Controller::TakeLinkingSite() {
+  const LinkingSite& site = scan_.Project.List1(scan_.Project.CurrentMainSite)
+                                .At(static_cast<std::size_t>(scan_.State.SiteRow - 1));
+  scan_.State.CurrentLinkingUrl = site.WebsiteUrl;
+  scan_.State.LinksExpected = ReadInt16(site.LinksExpected);
+}
+
+/// A Main Site that does not exist reads as an empty text, like a row of any single-column list.
+void Controller::TakeMainSiteKey() {
+  const int row = scan_.Project.CurrentMainSite - 1;
+  const bool exists = row >= 0 && row < static_cast<int>(scan_.Project.List4.RowCount());
+  scan_.State.MainSiteKey =
+      exists ? scan_.Project.List4.At(static_cast<std::size_t>(row)).Text : std::string();
+  NormaliseMainSite(scan_.State.MainSiteKey);
+}
+
+void Controller::PlayNextSiteSound() {
+  if (!scan_.Settings.IsOne(setting::chkAudioNext)) return;
+  scan_.Platform.Sounds.PlaySoundFile(scan_.Folder.File(sound::kNextSite));
+}
+
+}  // namespace requite

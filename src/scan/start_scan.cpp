@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// The start of a scan: what it resets, what it asks for, and the first site.
+#include <string>
+
+#include "model/file_types.h"
+#include "platform/text.h"
+#include "scan/controller.h"
+#include "scan/failure_box.h"
+
+namespace requite {
+
+void Controller::StartScan() {
+  scan_.State.AutoSaveTicks = 0;
+  if (!TakeFileTypes()) return;
+  scan_.State.ScanType = static_cast<std::int16_t>(scan_.Window.mnuScan.FirstChecked());
+  ResetForStart();
+  if (!ChooseMainSite()) return;
+  if (!HasSomethingToScan()) return;
+  PlayNextSiteSound();
+  SwitchCommandsForStart();
+  scan_.Host.SelectMainSite(scan_.Project.CurrentMainSite - 1);
+  // Always the first row: a scan of the selected Linking Site only asks that some row is selected.
+  scan_.State.SiteRow = 1;
+  if (!TakeFirstSite()) return;
+  scan_.State.Scanning = true;
+  ScanNextPage(0);
+}
+
+bool Controller::TakeFileTypes() {
+  return EndWithMessage(scan_.Platform.Dialogs,
+                        [this] { scan_.State.FileTypes = ReadFileTypes(scan_.Folder); });
+}
+
+/// Comes before every check, so a refused start has already lost the results of the last scan.
+void Controller::ResetForStart() {
+  ScanState& state = scan_.State;
+  state.LinkFound = false;
+  state.RedirectFollowed = false;
+  state.LinksOnSite = 0;
+  state.PagesDone = 0;
+  state.PagesQueued = 0;
+  state.SitesDone = 0;
+  scan_.Host.ResetSiteCounters();
+  state.LinksCounted = 0;
+  state.LinksExpected = 0;
+  state.PageFull.clear();
+  state.PageDir.clear();
+  scan_.Lists.List2.Clear();
+  scan_.Project.List3.Clear();
+  scan_.Lists.lstErr.Clear();
+}
+
+/// Sets CurrentMainSite by the scan type. With no Main Site selected it is 0, and the questions go to
+/// the template list, which is always empty.
+bool Controller::ChooseMainSite() {
+  Project& project = scan_.Project;
+  Dialogs& dialogs = scan_.Platform.Dialogs;
+  if (scan_.State.ScanType == 0) {
+    project.CurrentMainSite = 1;
+    return true;
+  }
+  project.CurrentMainSite = static_cast<std::int16_t>(project.List4.SelectedRow() + 1);
+  if (project.CurrentMainSite < 0) {
+    dialogs.Say("You must select a Main Site to scan before using this scan type.");
+    return false;
+  }
+  if (scan_.State.ScanType == 1 && project.List1(project.CurrentMainSite).Empty()) {
+    dialogs.Say("You must enter a Linking Site to scan before using this scan type.");
+    return false;
+  }
+  if (scan_.State.ScanType == 2 && project.List1(project.CurrentMainSite).SelectedRow() < 0) {
+    dialogs.Say("You must select a Linking Site to scan before using this scan type.");
+    return false;
+  }
+  return true;
+}
+
+bool Controller::HasSomethingToScan() {
+  TakeMainSiteKey();
+  scan_.State.TimeoutSeconds = scan_.Settings.Number(setting::txtTimeout);
+  scan_.Host.ResetPageCounters();
+  if (IsEmptyOrBlank(scan_.State.MainSiteKey)) {
+    scan_.Platform.Dialogs.Say("Please enter the Domain you want to find links to.");
+    scan_.Window.txtDomain.SetFocus();
+    return false;
+  }
+  if (scan_.Project.List1(scan_.Project.CurrentMainSite).Empty()) {
+    scan_.Platform.Dialogs.Say("Please enter at least one website to search for links.");
+    scan_.Window.Text1.SetFocus();
+    return false;
+  }
+  return true;
+}
+
+/// Command1 stays enabled until the first search begins: a second start in between is possible.
+void Controller::SwitchCommandsForStart() {
+  ScanWindow& window = scan_.Window;
+  for (Button* button : {&window.cmdResume, &window.cmdViewDatabase, &window.Command2, &window.Command3,
+                         &window.cmdNew, &window.cmdOpen, &window.cmdSave, &window.Command10}) {
+    button->SetEnabled(false);
+  }
+  window.Frame1.SetEnabled(false);
+  for (Button* button : {&window.cmdNextSearch, &window.cmdStop, &window.Command11, &window.cmdSkip}) {
+    button->SetEnabled(true);
+  }
+}
+
+bool Controller::TakeFirstSite() {
+  return EndWithMessage(scan_.Platform.Dialogs, [this] {
+    TakeLinkingSite();
+    scan_.Lists.List2.Add({scan_.State.CurrentLinkingUrl});
+  });
+}
+
+}  // namespace requite
