@@ -26,14 +26,18 @@ class Analyser {
   void AnalysePage(std::int16_t connection);
 
  private:
+  enum class PageEnd { Read, Moved };
   enum class Road { NextLine, Record };
 
-  void ReadLines(PageLines& lines);
-  /// What to do with the link on a line; `link` is then the text to be recorded.
-  void AnalyseLine(std::string_view line, std::string& link);
+  [[nodiscard]] PageEnd ReadLines(PageLines& lines);
+  void AnalyseLink(std::string_view line);
+  /// Resolves, tests and queues a link. It then holds what a record is judged by.
   [[nodiscard]] Road TakeLink(std::string& link);
-  void QueueIfNew(std::string& link);
+  [[nodiscard]] Road RoadOfRefused(std::string_view link);
+  void QueuePage(const std::string& url);
   void RecordIfOurs(std::string& link);
+  void FollowMove(PageLines& lines, std::int16_t connection);
+  void HandBack(std::int16_t connection);
 
   ScanContext& context_;
   SiteTests sites_;

@@ -11,8 +11,8 @@
 namespace requite {
 
 /// Turns the value of an href into a no-scheme URL, in place, seen from the page in hand
-/// (`PageDir` and the host on connection 0). Returns what `link` then holds.
-std::string ResolveLink(const ScanContext& context, std::string& link);
+/// (`PageDir` and the host on connection 0). Returns `link` itself.
+const std::string& ResolveLink(const ScanContext& context, std::string& link);
 
 /// Whether a URL belongs to the Main Site or to the Linking Site in scan. What follows from the
 /// scan state alone is kept from call to call and made anew when the text it came from has changed.

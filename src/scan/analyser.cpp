@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The road of a page through the analyser. Events may run between any two lines and change everything
+// but the page's text, so all else is read from the scan state where it is used.
+#include "scan/analyser.h"
+
+#include <optional>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/text.h"
+#include "scan/href_value.h"
+#include "scan/http_get_text.h"
+#include "scan/moved_page.h"
+#include "scan/record_link.h"
+#include "scan/work_files.h"
+
+namespace requite {
+
+void Analyser::AnalysePage(std::int16_t connection) {
+  std::optional<std::string> prepared = std::exchange(context_.State.Page(connection).PreparedText, {});
+  if (!context_.State.Scanning) return;
+  context_.Window.StatusBar1.SetPanel(2, "Getting Links");
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  const std::string text = prepared ? *std::move(prepared) : ReadFile(PageFile(context_.Folder, connection));
+  PageLines lines(text);
+  switch (ReadLines(lines)) {
+    case PageEnd::Moved: FollowMove(lines, connection); break;
+    case PageEnd::Read: HandBack(connection); break;
+  }
+}
+
+Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
+  const ScanState& state = context_.State;
+  while (!lines.AtEnd()) {
+    context_.Platform.EventLoop.LetPendingEventsRun();
+    lines.Advance();
+    if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
+    if (lines.HasHref()) AnalyseLink(lines.FromHref());
+    // Whatever the options: of a site that has its links, only the first line of a page is read.
+    if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
+  }
+  return PageEnd::Read;
+}
+
+void Analyser::AnalyseLink(std::string_view line) {
+  std::string link;
+  if (CutHrefValue(line, context_, link) != Cut::Done) return;
+  if (filter_.IsScriptOrMail(link)) return;
+  if (TakeLink(link) == Road::Record) RecordIfOurs(link);
+}
+
+Analyser::Road Analyser::TakeLink(std::string& link) {
+  // A file of a type that is not followed can be a link to the Main Site all the same, as it stands.
+  if (!filter_.IsAllowedType(link)) return RoadOfRefused(link);
+  if (filter_.IsLocalOrFragment(link)) return Road::NextLine;
+  ResolveLink(context_, link);
+  if (!rules_.PassesRules(link)) {
+    context_.State.ReasonNote = "Possible Rule Problem";
+    return RoadOfRefused(link);
+  }
+  if (!IsSeenUrl(context_, link) && sites_.IsOnLinkingSite(link)) QueuePage(link);
+  return Road::Record;
+}
+
+Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
+  return sites_.IsLinkToMainSite(link) ? Road::Record : Road::NextLine;
+}
+
+void Analyser::QueuePage(const std::string& url) {
+  ScanState& state = context_.State;
+  ++state.PagesQueued;
+  context_.Host.UpdateStats(1);
+  context_.Lists.List2.Add({url});
+  // The full table fails here, with the page already queued, and ends the reading of the site.
+  state.SeenPages.Store(state.PagesQueued, url);
+}
+
+void Analyser::RecordIfOurs(std::string& link) {
+  if (recorded_.IsPageRecorded(context_.State.PageFull)) return;
+  if (sites_.IsLinkToMainSite(link)) {
+    RecordLink(context_, status::kDirect);
+  } else if (sites_.IsSameDomain(link)) {
+    RecordLink(context_, status::kDomain);
+  }
+}
+
+void Analyser::FollowMove(PageLines& lines, std::int16_t connection) {
+  std::string address = MovedAddress(lines, context_.State.PageFull);
+  std::string text = HttpGetText(address, context_.Platform.Internet, context_.Platform.EventLoop);
+  context_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
+  context_.Steps.ProcessPage(std::move(text), connection);
+}
+
+void Analyser::HandBack(std::int16_t connection) {
+  ScanState& state = context_.State;
+  context_.Window.StatusBar1.SetPanel(2, "");
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  state.RedirectFollowed = false;
+  if (!state.Scanning) return;
+  // The Main Site's text was seen, but no link with it: nothing more is to be had of this site.
+  const bool redirect =
+      context_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound;
+  if (redirect) {
+    context_.Steps.NextSite();
+  } else {
+    context_.Steps.ScanNextPage(connection);
+  }
+}
+
+}  // namespace requite

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// The end of a value is found in one pass, with a look at the events every few kilobytes.
+#include "scan/href_value.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+constexpr std::string_view kHref = "href=";
+constexpr std::size_t kSlice = 4096;  // bytes between two looks at the events
+
+bool HoldsHref(std::string_view text) {
+  return text.find('=') != std::string_view::npos && Contains(text, kHref, Compare::Text);
+}
+
+bool EndsValue(char c) { return c == '\'' || c == '"' || c == '>'; }
+
+/// The place of the first quote or ">", or the end of the text. Nothing when the scan was stopped.
+std::optional<std::size_t> FindTerminator(std::string_view text, const ScanContext& context) {
+  for (std::size_t from = 0; context.State.Scanning; from += kSlice) {
+    if (from > 0) context.Platform.EventLoop.LetPendingEventsRun();
+    const std::string_view slice = text.substr(from, kSlice);
+    const auto end = std::find_if(slice.begin(), slice.end(), EndsValue);
+    if (end != slice.end() || text.size() - from <= kSlice) {
+      return from + static_cast<std::size_t>(end - slice.begin());
+    }
+  }
+  return std::nullopt;
+}
+
+/// The text behind "href=" without the quote there: a double one goes first, then a single one.
+std::string_view WithoutOpeningQuote(std::string_view text) {
+  if (text.starts_with('"')) text.remove_prefix(1);
+  if (text.starts_with('\'')) text.remove_prefix(1);
+  return text;
+}
+
+/// A line of several hrefs, with the quote behind each of them taken off.
+std::string WithoutOpeningQuotes(std::string_view line) {
+  std::string text = Replace(line, "href=\"", kHref, Compare::Text);
+  ReplaceIn(text, "href='", kHref, Compare::Text);
+  return text;
+}
+
+/// How much is kept of a text whose value ends at `end`.
+std::size_t KeptLength(std::size_t length, std::size_t end) {
+  if (end + 1 < length) return end;
+  return length - std::min<std::size_t>(length, 2);
+}
+
+}  // namespace
+
+Cut CutHrefValue(std::string_view line, const ScanContext& context, std::string& value) {
+  std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
+  std::optional<std::size_t> end = FindTerminator(rest, context);
+  if (!end) return Cut::Stopped;
+  // Prepared pages have one href on a line; an old work file may have more of them in one value.
+  const bool isNested = HoldsHref(rest.substr(0, *end));
+  std::string unquoted;
+  if (isNested) {
+    unquoted = WithoutOpeningQuotes(line);
+    rest = std::string_view(unquoted).substr(kHref.size());
+    end = FindTerminator(rest, context);
+    if (!end) return Cut::Stopped;
+  }
+  // A value that is shorter than its own "href=" and one letter is none.
+  const std::size_t kept = KeptLength(rest.size() + kHref.size(), *end + kHref.size());
+  if (kept <= kHref.size()) return Cut::TooShort;
+  std::string_view text = rest.substr(0, kept - kHref.size());
+  std::string joined;
+  if (isNested) {
+    joined = Replace(text, kHref, "", Compare::Text);
+    text = joined;
+  }
+  value = Before(Trim(text), ' ');
+  return Cut::Done;
+}
+
+}  // namespace requite

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// The tests of an href value before it is resolved.
+#include "scan/link_filter.h"
+
+#include "platform/text.h"
+
+namespace requite {
+
+bool LinkFilter::IsScriptOrMail(std::string_view value) const {
+  const LetterSet letters = LettersOf(value);
+  return javascript_.IsIn(value, letters) || mailto_.IsIn(value, letters);
+}
+
+bool LinkFilter::IsAllowedType(std::string_view value) {
+  // Compared as a text, unlike the other flags: any other text switches the list off.
+  if (context_.Settings.GetSetting(setting::chkFileTypes) != "1") return true;
+  if (value.ends_with('/')) return true;
+  const bool isQuery = value.find('.') == std::string_view::npos && value.find('?') != std::string_view::npos;
+  return isQuery || HoldsFileType(value);
+}
+
+bool LinkFilter::HoldsFileType(std::string_view value) {
+  const LetterSet letters = LettersOf(value);
+  const std::vector<std::string>& types = context_.State.FileTypes;
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    if (i == fileTypes_.size()) fileTypes_.emplace_back(types[i]);
+    // A new scan may have read another list.
+    if (fileTypes_[i].Pattern() != types[i]) fileTypes_[i] = Needle(types[i]);
+    if (fileTypes_[i].IsIn(value, letters)) return true;
+  }
+  return false;
+}
+
+bool LinkFilter::IsLocalOrFragment(std::string_view value) const {
+  if (value.find('#') != std::string_view::npos) return true;
+  if (value.find(':') == std::string_view::npos) return false;
+  const LetterSet letters = LettersOf(value);
+  return file_.IsIn(value, letters) || unsaved_.IsIn(value, letters);
+}
+
+}  // namespace requite

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// Links are taken apart and mended by plain string work. The order of the steps and what they overlook
+// decide which links count and which pages are fetched, so neither may change.
+#include "scan/resolve.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "model/url_forms.h"
+#include "platform/text.h"
+#include "scan/climb.h"
+
+namespace requite {
+namespace {
+
+constexpr std::string_view kHttp = "http://";
+constexpr std::string_view kHttps = "https://";
+constexpr std::size_t kNowhere = std::string_view::npos;
+
+/// Whether a text could hold a scheme at all; most links hold none.
+bool MayHoldScheme(std::string_view text) { return text.find("://") != kNowhere; }
+
+/// Takes both schemes out of a text. Returns whether "http://" was there; "https://" is not noted,
+/// which sends secure links to unknown hosts down the road of relative names.
+bool TakeSchemesOff(std::string& text) {
+  if (!MayHoldScheme(text)) return false;
+  const bool noted = ReplaceIn(text, kHttp, "", Compare::Text);
+  ReplaceIn(text, kHttps, "", Compare::Text);
+  return noted;
+}
+
+/// How a host is told from a relative file name: by these fragments, wherever they stand.
+bool LooksLikeHost(std::string_view link) {
+  constexpr std::array<std::string_view, 4> kBehindDot = {"com", "net", "edu", "gov"};
+  constexpr std::array<std::string_view, 2> kBeforeDot = {"www", "ww2"};
+  for (std::size_t dot = link.find('.'); dot != kNowhere; dot = link.find('.', dot + 1)) {
+    const std::string_view behind = link.substr(dot + 1, 3);
+    const std::string_view before = dot < 3 ? std::string_view() : link.substr(dot - 3, 3);
+    const auto isBehind = [&](std::string_view end) { return Equals(behind, end, Compare::Text); };
+    const auto isBefore = [&](std::string_view head) { return Equals(before, head, Compare::Text); };
+    if (std::any_of(kBehindDot.begin(), kBehindDot.end(), isBehind)) return true;
+    if (std::any_of(kBeforeDot.begin(), kBeforeDot.end(), isBefore)) return true;
+  }
+  return false;
+}
+
+/// Puts the host or the directory of the page in front of a link that is relative to it.
+void MakeAbsolute(std::string& link, const std::string& pageHost, const std::string& pageDir,
+                  bool schemeNoted) {
+  if (link.starts_with('/')) {
+    link.insert(0, pageHost);
+    ReplaceIn(link, "//", "/", Compare::Binary);
+    return;
+  }
+  if (link.starts_with("..")) {
+    link = Climb(pageDir, std::move(link));
+    return;
+  }
+  if (link.starts_with("./")) {
+    // From the root of the host, not from the directory of the page; and the link goes on below.
+    link = pageHost + "/" + Replace(link, "./", "", Compare::Binary);
+  }
+  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, "/").insert(0, pageDir);
+}
+
+/// Undoes what the cutting of href values leaves at their ends. The first three act on all their
+/// occurrences, once the link ends in one.
+void MendEnding(std::string& link) {
+  struct Cut {
+    std::string_view Ending;
+    std::string_view Whole;
+  };
+  for (const Cut& cut : {Cut{".as", ".asp"}, Cut{".ht", ".htm"}, Cut{".ph", ".php"}}) {
+    if (EndsWith(link, cut.Ending, Compare::Text)) ReplaceIn(link, cut.Ending, cut.Whole, Compare::Text);
+  }
+  for (const std::string_view ending : {"/hre", "/href", "/http:", "/http"}) {
+    if (EndsWith(link, ending, Compare::Text)) link.resize(link.size() - ending.size());
+  }
+}
+
+/// The last two labels of a host with more than two; else the host as it stands.
+std::string_view RegisteredDomain(std::string_view host) {
+  const std::size_t last = host.rfind('.');
+  if (last == kNowhere || last == 0) return host;
+  const std::size_t before = host.rfind('.', last - 1);
+  return before == kNowhere ? host : host.substr(before + 1);
+}
+
+}  // namespace
+
+const std::string& ResolveLink(const ScanContext& context, std::string& link) {
+  const bool schemeNoted = TakeSchemesOff(link);
+  MakeAbsolute(link, context.State.Pages[0].PageHost, context.State.PageDir, schemeNoted);
+  if (link.find('/') == kNowhere) link += '/';
+  for (int pass = 0; pass < 4; ++pass) {
+    if (!ReplaceIn(link, "//", "/", Compare::Binary)) break;
+  }
+  constexpr std::size_t kShortestMended = 7;
+  if (link.size() >= kShortestMended) MendEnding(link);
+  return link;
+}
+
+void SiteTests::ReadMainSite() {
+  const std::string& key = context_.State.MainSiteKey;
+  if (key == mainSiteKey_) return;
+  mainSite_ = Needle(key);
+  mainDomain_ = key;
+  TakeSchemesOff(mainDomain_);
+  // The slash stays with the host here and goes in IsSameDomain: a Main Site with a path is never the
+  // same domain as any link.
+  if (key.find('/') != kNowhere) mainDomain_.resize(mainDomain_.find('/') + 1);
+  mainDomain_ = std::string(RegisteredDomain(mainDomain_));
+  mainSiteKey_ = key;
+}
+
+bool SiteTests::IsLinkToMainSite(std::string_view url) {
+  ReadMainSite();
+  return mainSite_.IsIn(url, LettersOf(url));
+}
+
+bool SiteTests::IsOnLinkingSite(std::string_view url) {
+  const LinkingSiteList& sites = context_.Project.List1(context_.Project.CurrentMainSite);
+  const std::string& website = sites.At(static_cast<std::size_t>(context_.State.SiteRow) - 1).WebsiteUrl;
+  if (website != websiteUrl_) {
+    linkingDomain_ = website;
+    TakeSchemesOff(linkingDomain_);
+    linkingDomain_ = std::string(RegisteredDomain(Before(linkingDomain_, '/')));
+    linkingSite_ = Needle(linkingDomain_);
+    websiteUrl_ = website;
+  }
+  return linkingSite_.IsIn(url, LettersOf(url)) || Contains(linkingDomain_, url, Compare::Text);
+}
+
+bool SiteTests::IsSameDomain(std::string& url) {
+  ReadMainSite();
+  TakeSchemesOff(url);
+  url.resize(Before(url, '/').size());
+  return RegisteredDomain(url) == mainDomain_;
+}
+
+bool IsLinkToMainSite(const ScanContext& context, std::string_view url) {
+  return SiteTests(context).IsLinkToMainSite(url);
+}
+
+bool IsOnLinkingSite(const ScanContext& context, std::string_view url) {
+  return SiteTests(context).IsOnLinkingSite(url);
+}
+
+bool IsSameDomain(const ScanContext& context, std::string& url) {
+  return SiteTests(context).IsSameDomain(url);
+}
+
+}  // namespace requite

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// All rules that apply count alike, whatever their scope; their order decides only what is logged.
+#include "scan/rules.h"
+
+#include <array>
+#include <optional>
+
+#include "platform/files.h"
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+struct RuleKind {
+  std::string_view Word;
+  bool MustHold;
+  bool IsDirectory;
+};
+
+/// String and Root rules test alike, anywhere in the URL: the words are kept apart in the records only.
+constexpr std::array<RuleKind, 6> kKinds = {{{"LimitDirectory", true, true},
+                                             {"ExcludeDirectory", false, true},
+                                             {"LimitString", true, false},
+                                             {"ExcludeString", false, false},
+                                             {"LimitRoot", true, false},
+                                             {"ExcludeRoot", false, false}}};
+
+/// The kind of a rule; nothing for another word, which never fails.
+std::optional<RuleKind> KindOf(std::string_view word) {
+  for (const RuleKind& kind : kKinds) {
+    if (kind.Word == word) return kind;
+  }
+  return std::nullopt;
+}
+
+std::string TextToFind(const RuleKind& kind, const std::string& value) {
+  return kind.IsDirectory ? Replace("/" + value + "/", "//", "/", Compare::Binary) : value;
+}
+
+}  // namespace
+
+void LogExclusion(const ProgramFolder& folder, std::string_view ruleType, std::string_view ruleValue,
+                  std::string_view url) {
+  std::string entry = "Excluded Site: ";
+  entry.append(url).append(kLineEnd);
+  entry.append("Rule Type: ").append(ruleType).append(kLineEnd);
+  entry.append("Rule Value: ").append(ruleValue).append(kLineEnd);
+  entry.append(kLineEnd).append(kLineEnd);
+  AppendToFile(folder.File("rules.log"), entry);
+}
+
+bool Rules::PassesRules(std::string_view url) {
+  const bool log = context_.Settings.IsOne(setting::chkLog);
+  const RecordList<Rule>& rules = context_.Project.lstRules;
+  if (rules.Empty()) return true;
+  PickApplicable();
+  const LetterSet letters = LettersOf(url);
+  for (const Applicable& each : applicable_) {
+    if (each.Value.IsIn(url, letters) == each.MustHold) continue;
+    const Rule& failed = rules.At(each.Row);
+    // A log that cannot be written must not stop the scan.
+    if (log) PassOver([&] { LogExclusion(context_.Folder, failed.RuleType, failed.RuleValue, url); });
+    return false;
+  }
+  return true;
+}
+
+void Rules::PickApplicable() {
+  const Project& project = context_.Project;
+  // Rows are read at each URL: a recorded link may change the Website URL, and from then on a rule for
+  // the site as it was no longer applies.
+  const std::string& mainSite = project.List4.At(static_cast<std::size_t>(project.CurrentMainSite) - 1).Text;
+  const std::string& websiteUrl = project.List1(project.CurrentMainSite)
+                                      .At(static_cast<std::size_t>(context_.State.SiteRow) - 1)
+                                      .WebsiteUrl;
+  const RecordList<Rule>& rules = project.lstRules;
+  if (picked_ && version_ == rules.Version() && mainSite_ == mainSite && websiteUrl_ == websiteUrl) return;
+  applicable_.clear();
+  for (std::size_t row = 0; row < rules.RowCount(); ++row) {
+    const Rule& rule = rules.At(row);
+    const std::optional<RuleKind> kind = KindOf(rule.RuleType);
+    const bool forMainSite = rule.MainSite == mainSite || rule.MainSite == kGlobal;
+    const bool forLinkingSite = rule.RemoteSite == websiteUrl || rule.RemoteSite == kGlobal;
+    if (!kind || !forMainSite || !forLinkingSite) continue;
+    applicable_.push_back({row, kind->MustHold, Needle(TextToFind(*kind, rule.RuleValue))});
+  }
+  version_ = rules.Version();
+  mainSite_ = mainSite;
+  websiteUrl_ = websiteUrl;
+  picked_ = true;
+}
+
+bool PassesRules(const ScanContext& context, std::string_view url) { return Rules(context).PassesRules(url); }
+
+}  // namespace requite

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// The seen tests, each a look-up by key. What counts as equal is kept exactly: Linking Sites are
+// compared without any "www.", queued pages by equal length and text compare.
+#include "scan/seen_url.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+/// Takes each piece out of a text, in order, and then the blanks around it. The pieces are what is
+/// left of schemes cut at the front; all end in "://", which few texts hold.
+void TakeLeftoversOff(std::string& text, std::initializer_list<std::string_view> pieces) {
+  if (text.find("://") != std::string::npos) {
+    for (const std::string_view piece : pieces) ReplaceIn(text, piece, "", Compare::Text);
+  }
+  if (text.starts_with(' ') || text.ends_with(' ')) text = std::string(Trim(text));
+}
+
+bool IsLinkingSite(const ScanContext& context, const std::string& url, const std::string& lowerUrl) {
+  LinkingSiteList& sites = context.Project.List1(context.Project.CurrentMainSite);
+  const bool hasWww = url.find("www.") != std::string::npos;
+  return sites.HasKey(hasWww ? WebsiteKey::Of(url) : lowerUrl);
+}
+
+bool IsDigits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+bool IsSeenUrl(const ScanContext& context, std::string& url) {
+  // The order matters: a piece that is part of a later one must not be taken first.
+  TakeLeftoversOff(
+      url, {"http://www.", "http://", "ttp://www", "ttp://ww", "ttp://w", "ttp://", "tp://", "p://", "://"});
+  const std::string lowerUrl = Lower(url);
+  bool seen = false;
+  PassOver([&] { seen = IsLinkingSite(context, url, lowerUrl); });
+  if (seen || url.empty()) return seen;  // no page holds an empty text
+  return context.Lists.List2.HasKey(lowerUrl) ||
+         context.State.SeenPages.HasUpTo(context.State.PagesQueued, lowerUrl);
+}
+
+bool RecordedPages::IsPageRecorded(std::string& page) {
+  TakeLeftoversOff(page, {"http://", "ttp://", "tp://", "p://", "://"});
+  if (!IsDigits(page) && NumbersAreDigits()) return false;
+  const RecordList<LinkResult>& results = context_.Project.List3;
+  for (std::size_t row = 0; row < results.RowCount(); ++row) {
+    if (Contains(results.At(row).No, page, Compare::Text)) return true;
+  }
+  return false;
+}
+
+bool RecordedPages::NumbersAreDigits() {
+  const RecordList<LinkResult>& results = context_.Project.List3;
+  const std::size_t rows = results.RowCount();
+  // Every change counts the version up by one, so a version that grew by as much as the rows tells that
+  // rows were added and nothing else; unsorted, they stand at the end.
+  const bool onlyGrew = !results.Sort().Sorted && rows >= checkedRows_ &&
+                        results.Version() - checkedVersion_ == rows - checkedRows_;
+  for (std::size_t row = onlyGrew ? checkedRows_ : 0; row < rows; ++row) {
+    if (!IsDigits(results.At(row).No)) return false;
+  }
+  checkedVersion_ = results.Version();
+  checkedRows_ = rows;
+  return true;
+}
+
+}  // namespace requite
