@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// What the user does with the result lists: sort, browse, copy, mark.
+#include <gtest/gtest.h>
+
+#include "model/project.h"
+#include "results/results_popup.h"
+#include "results/sorting.h"
+#include "results/web_tab.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+namespace {
+
+LinkResult Row(const std::string& linking, const std::string& status, const std::string& no) {
+  return {"main.example", linking, status, no, linking + "/links.html"};
+}
+
+std::string Column(const ListView& view, std::size_t column) {
+  std::string all;
+  for (std::size_t row = 0; row < view.RowCount(); ++row) all += view.FieldAt(row, column) + " ";
+  return all;
+}
+
+TEST(Sorting, TheDirectionFlipsWhateverColumnIsClicked) {
+  RecordList<LinkResult> list("List3");
+  ScriptedDialogs dialogs;
+  list.Add(Row("b", "x", "009"));
+  list.Add(Row("C", "y", "010"));
+  list.Add(Row("a", "z", "001"));
+  EXPECT_TRUE(EnhListView_SortColumns(list, 2, dialogs));
+  EXPECT_EQ(Column(list, 1), "C b a ");
+  EXPECT_TRUE(EnhListView_SortColumns(list, 4, dialogs));
+  EXPECT_EQ(Column(list, 3), "001 009 010 ");
+  EXPECT_TRUE(EnhListView_SortColumns(list, 2, dialogs));
+  EXPECT_EQ(Column(list, 1), "C b a ");
+  list.Add(Row("bb", "w", "002"));
+  EXPECT_EQ(Column(list, 1), "C bb b a ");
+}
+
+TEST(Sorting, NumbersCompareAsText) {
+  RecordList<LinkingSite> list("List1(1)");
+  ScriptedDialogs dialogs;
+  for (const char* expected : {"9", "10", "1"}) list.Add({"s", expected, "", "", ""});
+  EnhListView_SortColumns(list, 2, dialogs);
+  EXPECT_EQ(Column(list, 1), "9 10 1 ");
+}
+
+TEST(Sorting, AnEmptyViewKeepsItsOrder) {
+  RecordList<ErrorEntry> list("lstErr");
+  ScriptedDialogs dialogs;
+  EXPECT_TRUE(EnhListView_SortColumns(list, 1, dialogs));
+  EXPECT_FALSE(list.Sort().Sorted);
+  EXPECT_EQ(list.Sort().SortOrder, 0);
+}
+
+TEST(Sorting, AFailureIsToldInItsOwnBox) {
+  RecordList<ErrorEntry> list("lstErr");
+  ScriptedDialogs dialogs;
+  list.Add({"404 Not found", "a.example/"});
+  EXPECT_FALSE(EnhListView_SortColumns(list, 9, dialogs));
+  ASSERT_EQ(dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(dialogs.Boxes[0].Title, "Error in Function : EnhListView_SortColumns");
+  EXPECT_EQ(dialogs.Boxes[0].Text, "Error380\tInvalid property value");
+  EXPECT_EQ(dialogs.Boxes[0].Icon, BoxIcon::Information);
+}
+
+TEST(Sorting, LinkingSitesAreNotSortedDuringAScan) {
+  RecordList<LinkingSite> list("List1(1)");
+  ScriptedDialogs dialogs;
+  list.Add({"a", "1", "", "", ""});
+  list.Add({"b", "1", "", "", ""});
+  SortLinkingSites(list, 1, true, dialogs);
+  ASSERT_EQ(dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(dialogs.Boxes[0].Text, "You cannot sort this column while a search is running.");
+  EXPECT_EQ(Column(list, 0), "a b ");
+  SortLinkingSites(list, 1, false, dialogs);
+  EXPECT_EQ(Column(list, 0), "b a ");
+}
+
+struct LinksTab {
+  RecordList<LinkResult> List3{"List3"};
+  RecordList<ErrorEntry> lstErr{"lstErr"};
+  TabStrip TabStrip1{"TabStrip1", {{"Links", ""}, {"Web", ""}}};
+  BrowserView WebBrowser1{"WebBrowser1"};
+  TextBox lblErr{"lblErr", "Errors/Warnings:"};
+  TextBox txtURL{"txtURL"};
+  FakeShell Shell;
+  FakeClipboard Clipboard;
+  WebTab Tab{{TabStrip1, WebBrowser1, List3, lstErr, lblErr, txtURL}, Shell};
+  ResultsPopup Popup{List3, Clipboard, [this](const std::string& url) { Tab.BrowseInWebTab(url); }};
+
+  LinksTab() {
+    WebBrowser1.SetVisible(false);
+    List3.Add({"main.example", "partner.example", "None Found (Timeout)", "000", "partner.example/p"}, 1,
+              kRed);
+  }
+};
+
+TEST(ResultsPopup, HasItsEntriesInOrder) {
+  const std::vector<std::string> captions = ResultsPopup::Captions();
+  ASSERT_EQ(captions.size(), 9U);
+  EXPECT_EQ(captions[2], "Browse Found On");
+  EXPECT_EQ(captions[6], "-");
+  EXPECT_EQ(captions[8], "Mark as None Found");
+}
+
+TEST(ResultsPopup, BrowsesAndCopiesTheFieldsOfTheSelectedRow) {
+  LinksTab tab;
+  tab.List3.SelectOnly(0);
+  const std::array<std::string, 3> fields{"main.example", "partner.example", "partner.example/p"};
+  for (int i = 0; i < 3; ++i) {
+    const std::string& field = fields[static_cast<std::size_t>(i)];
+    tab.Popup.Click(i);
+    EXPECT_EQ(tab.WebBrowser1.AskedFor(), "http://" + field);
+    tab.Popup.Click(i + 3);
+    EXPECT_EQ(tab.Clipboard.Text, field);
+  }
+}
+
+TEST(ResultsPopup, MarksOverwriteTheLinkingFieldAndLeaveTheStatus) {
+  LinksTab tab;
+  tab.List3.SelectOnly(0);
+  tab.Popup.Click(7);
+  EXPECT_EQ(tab.List3.At(0).Linking, "Direct Link");
+  EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
+  EXPECT_EQ(tab.List3.Colour(0), kBlue);
+  EXPECT_EQ(tab.List3.Icon(0), 2);
+  tab.Popup.Click(8);
+  EXPECT_EQ(tab.List3.At(0).Linking, "None Found");
+  EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
+  EXPECT_EQ(tab.List3.Colour(0), kRed);
+  EXPECT_EQ(tab.List3.Icon(0), 1);
+}
+
+TEST(ResultsPopup, WithNoSelectedRowOnlyTheClipboardIsEmptied) {
+  LinksTab tab;
+  tab.Clipboard.Text = "old";
+  for (const int index : {0, 1, 2, 6, 7, 8, 9, -1}) tab.Popup.Click(index);
+  EXPECT_EQ(tab.Clipboard.Text, "old");
+  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "");
+  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
+  EXPECT_EQ(tab.List3.At(0).Linking, "partner.example");
+  EXPECT_EQ(tab.List3.Icon(0), 1);
+  tab.Popup.Click(3);
+  EXPECT_EQ(tab.Clipboard.Text, "");
+}
+
+TEST(WebTab, BrowsingShowsTheTabAndAddsASchemeOnlyWithoutTheLetters) {
+  LinksTab tab;
+  tab.Tab.BrowseInWebTab("partner.example/x");
+  EXPECT_EQ(tab.TabStrip1.Selected(), 2);
+  EXPECT_TRUE(tab.WebBrowser1.Visible());
+  EXPECT_FALSE(tab.List3.Visible() || tab.lstErr.Visible() || tab.lblErr.Visible());
+  EXPECT_EQ(tab.txtURL.Text(), "http://partner.example/x");
+  EXPECT_TRUE(tab.WebBrowser1.Silent);
+  for (const char* url : {"myHTTPserver.example", "HTTPS://a.example/"}) {
+    tab.Tab.BrowseInWebTab(url);
+    EXPECT_EQ(tab.WebBrowser1.AskedFor(), url);
+  }
+}
+
+TEST(WebTab, AnErrorRowOpensInsideWithoutTouchingTheAddressBox) {
+  LinksTab tab;
+  tab.lstErr.Add({"404 Not found", "a.example/gone.html"});
+  tab.Tab.OpenErrorInside();
+  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
+  tab.lstErr.SelectOnly(0);
+  tab.Tab.OpenErrorInside();
+  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "http://a.example/gone.html");
+  EXPECT_EQ(tab.TabStrip1.Selected(), 2);
+  EXPECT_FALSE(tab.lstErr.Visible());
+  EXPECT_EQ(tab.txtURL.Text(), "");
+  EXPECT_FALSE(tab.WebBrowser1.Silent);
+}
+
+TEST(WebTab, AnErrorRowOpensOutsideAndTheTabStays) {
+  LinksTab tab;
+  tab.lstErr.Add({"Timeout", "https.example"});
+  tab.lstErr.Add({"Timeout", "b.example"});
+  tab.Tab.OpenErrorOutside();
+  EXPECT_TRUE(tab.Shell.Opened.empty());
+  tab.lstErr.SelectOnly(0);
+  tab.Tab.OpenErrorOutside();
+  tab.lstErr.SelectOnly(1);
+  tab.Tab.OpenErrorOutside();
+  EXPECT_EQ(tab.Shell.Opened, (std::vector<std::string>{"https.example", "http://b.example"}));
+  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
+}
+
+}  // namespace
+}  // namespace requite::test

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The counters of a scan, their labels and their history in the settings store.
+#include "results/statistics.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "platform/runtime_failure.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+namespace {
+
+struct StatisticsRig {
+  MemorySettings Store;
+  std::array<TextBox, 7> lblStats{TextBox("lblStats(0)"), TextBox("lblStats(1)"), TextBox("lblStats(2)"),
+                                  TextBox("lblStats(3)"), TextBox("lblStats(4)"), TextBox("lblStats(5)"),
+                                  TextBox("lblStats(6)")};
+  Window Form1{"Form1"};
+  Statistics Counters{Settings(Store), lblStats, Form1};
+
+  std::string Labels() {
+    std::string all;
+    for (const TextBox& label : lblStats) all += label.Text() + " ";
+    return all;
+  }
+};
+
+/// Notes at each redraw of a label whether the window was locked.
+class LockWatcher : public ControlView {
+ public:
+  explicit LockWatcher(const Window& window) : window_(window) {}
+  void Refresh(const Control&) override { (window_.DrawingLocked() ? Locked : Unlocked)++; }
+
+  int Locked = 0;
+  int Unlocked = 0;
+
+ private:
+  const Window& window_;
+};
+
+TEST(Statistics, EachKindRaisesItsCounterAndShowsAllFigures) {
+  StatisticsRig rig;
+  for (const int kind : {0, 0, 1, 2, 2, 2, 3, 4, 4, 5, -1}) {
+    rig.Counters.UpdateStats(static_cast<std::int16_t>(kind));
+  }
+  EXPECT_EQ(rig.Labels(), "2 1 3 2 3 2 1 ");
+}
+
+TEST(Statistics, HistoryIsInTheStoreAtOnceAndOutlastsTheProgram) {
+  StatisticsRig rig;
+  rig.Store.Set("lHistWebScanned", "41");
+  rig.Store.Set("lHistEmailFound", "7");
+  rig.Counters.ReadHistory();
+  rig.Counters.UpdateStats(0);
+  EXPECT_EQ(rig.Store.Read("lHistWebScanned"), "42");
+  rig.Counters.UpdateStats(2);
+  EXPECT_EQ(rig.Store.Read("lHistEmailFound"), "8");
+
+  const int writes = rig.Store.Writes;
+  for (const std::int16_t kind : std::array<std::int16_t, 3>{1, 3, 4}) rig.Counters.UpdateStats(kind);
+  EXPECT_EQ(rig.Store.Writes, writes);
+
+  Statistics next(Settings(rig.Store), rig.lblStats, rig.Form1);
+  next.ReadHistory();
+  EXPECT_EQ(next.HistoryPagesScanned, 42);
+  EXPECT_EQ(next.HistoryLinksFound, 8);
+}
+
+TEST(Statistics, ResetKeepsHistoryAndTheOldFiguresOnScreen) {
+  StatisticsRig rig;
+  for (std::int16_t kind = 0; kind <= 4; ++kind) rig.Counters.UpdateStats(kind);
+  rig.Counters.ResetPageCounters();
+  rig.Counters.ResetSiteCounters();
+  EXPECT_EQ(rig.Labels(), "1 1 1 1 1 1 1 ");
+  rig.Counters.RefreshStats();
+  EXPECT_EQ(rig.Labels(), "0 0 0 1 1 0 0 ");
+}
+
+TEST(Statistics, DrawingIsLockedWhileLabelsChangeUnlessMinimised) {
+  StatisticsRig rig;
+  LockWatcher watcher(rig.Form1);
+  rig.lblStats[1].SetView(&watcher);
+  rig.Counters.UpdateStats(1);
+  EXPECT_EQ(watcher.Locked, 1);
+  EXPECT_FALSE(rig.Form1.DrawingLocked());
+
+  rig.Form1.Minimised = true;
+  rig.Counters.UpdateStats(1);
+  EXPECT_EQ(watcher.Unlocked, 1);
+  EXPECT_EQ(rig.lblStats[1].Text(), "2");
+}
+
+TEST(Statistics, AFullCounterIsAnOverflowAndLeavesTheWindowUnlocked) {
+  StatisticsRig rig;
+  rig.Store.Set("lHistWebScanned", "2147483647");
+  rig.Counters.ReadHistory();
+  try {
+    rig.Counters.UpdateStats(0);
+    FAIL() << "no failure";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_EQ(failure.Number, 6);
+  }
+  EXPECT_FALSE(rig.Form1.DrawingLocked());
+  EXPECT_EQ(rig.Store.Read("lHistWebScanned"), "2147483647");
+}
+
+}  // namespace
+}  // namespace requite::test
