@@ -147,12 +147,31 @@ class LineTaker {
   Project& project_;
 };
 
+/// Rows come in at the end while this lives, and a sorted list is put in order once behind them: the
+/// same order as by placing each row, without moving the rows each time.
+class SortOnceAtEnd {
+ public:
+  explicit SortOnceAtEnd(ListView& list) : list_(list), sort_(list.Sort()) {
+    if (sort_.Sorted) list_.SetSort({false, sort_.SortKey, sort_.SortOrder});
+  }
+  ~SortOnceAtEnd() {
+    if (sort_.Sorted) list_.SetSort(sort_);
+  }
+  SortOnceAtEnd(const SortOnceAtEnd&) = delete;
+  SortOnceAtEnd& operator=(const SortOnceAtEnd&) = delete;
+
+ private:
+  ListView& list_;
+  SortState sort_;
+};
+
 }  // namespace
 
 bool ReadProjectText(std::string_view text, Project& project) {
   LineReader lines(text, LineEnds::CarriageReturn);
   const auto first = lines.Next();
   if (!first) return false;
+  const SortOnceAtEnd resultsInOrder(project.List3);
   return EndSilently([&] {
     project.AddMainSite(std::string(*first));
     LineTaker taker(project);

@@ -94,11 +94,12 @@ class RecordList : public ListView {
     Tell([&](ListObserver& o) { o.RowRemoved(row); });
   }
 
-  /// Removes every row whose record the test picks, in one pass. Returns how many went.
+  /// Removes every row whose record the test picks, in one pass; the test is asked once a row.
+  /// Returns how many went.
   template <class Test>
   std::size_t RemoveWhere(Test&& test) {
-    const auto picked = [&](Row& row) {
-      if (!test(std::as_const(row.Value))) return false;
+    const auto picked = [&](const Row& row) {
+      if (!test(row.Value)) return false;
       RowLeaves(row.Value);
       return true;
     };

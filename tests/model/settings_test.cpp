@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Settings are texts, read as numbers only where they are used.
+#include "model/settings.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime_failure.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+namespace {
+
+TEST(Settings, AMissingKeyGivesItsDefaultAndAnEmptyValueDoesNot) {
+  MemorySettings store;
+  const Settings settings(store);
+  EXPECT_EQ(settings.GetSetting(setting::txtTimeout), "60");
+  EXPECT_EQ(settings.Number(setting::Combo1), -1);
+  EXPECT_TRUE(settings.IsOne(setting::chkAuto));
+  EXPECT_FALSE(settings.IsOne(setting::chkLog));
+  store.Set("txtTimeout", "");
+  EXPECT_EQ(settings.GetSetting(setting::txtTimeout), "");
+}
+
+TEST(Settings, OnlyTheValueOneIsOne) {
+  MemorySettings store;
+  const Settings settings(store);
+  for (const std::string_view value : {"0", "2", "-1", "11"}) {
+    store.Set("chkAuto", value);
+    EXPECT_FALSE(settings.IsOne(setting::chkAuto)) << value;
+  }
+  store.Set("CHKAUTO", " 1.4 ");
+  EXPECT_TRUE(settings.IsOne(setting::chkAuto));
+}
+
+TEST(Settings, AStoredTextThatIsNoNumberFailsWhereItIsRead) {
+  MemorySettings store;
+  const Settings settings(store);
+  struct Row {
+    std::string_view Value;
+    int Failure;  // 0: none
+    int LongFailure;
+  };
+  for (const Row& row : {Row{"x", 13, 13}, Row{"", 13, 13}, Row{"40000", 6, 0}, Row{"3000000000", 6, 6}}) {
+    store.Set("lHistWebScanned", row.Value);
+    const auto failureOf = [](auto&& read) {
+      try {
+        read();
+        return 0;
+      } catch (const RuntimeFailure& failure) {
+        return failure.Number;
+      }
+    };
+    EXPECT_EQ(failureOf([&] { return settings.Number(setting::lHistWebScanned); }), row.Failure) << row.Value;
+    EXPECT_EQ(failureOf([&] { return settings.LongNumber(setting::lHistWebScanned); }), row.LongFailure)
+        << row.Value;
+  }
+}
+
+TEST(Settings, NumbersAreStoredAsDecimalText) {
+  MemorySettings store;
+  Settings settings(store);
+  settings.SaveSetting(setting::lHistEmailFound, 2147483647);
+  EXPECT_EQ(settings.GetSetting(setting::lHistEmailFound), "2147483647");
+  settings.SaveSetting(setting::Combo1, -1);
+  EXPECT_EQ(store.Values.at("combo1"), "-1");
+}
+
+}  // namespace
+}  // namespace requite::test

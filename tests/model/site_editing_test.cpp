@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+// The site lists edited as the user edits them: messages, enabled states, flags, and what rules go along.
+#include "model/site_editing.h"
+
+#include <gmock/gmock.h>
+
+#include "model/settings.h"
+#include "site_rig.h"
+
+namespace requite::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SiteEditingTest : public testing::Test, protected SiteRig {
+ protected:
+  void AddSites(int mainSites, const std::vector<std::string>& linkingSites) {
+    for (int k = 1; k <= mainSites; ++k) {
+      EnterMainSite("main" + std::to_string(k) + ".example");
+      for (const std::string& url : linkingSites) EnterLinkingSite(url);
+    }
+    Data.ProjectSaved = true;
+  }
+};
+
+/// Counts how often a control was given the focus.
+struct FocusView : ControlView {
+  void Refresh(const Control&) override {}
+  void TakeFocus() override { ++Taken; }
+  int Taken = 0;
+};
+
+TEST_F(SiteEditingTest, ASelectedMainSiteShowsItsListAlone) {
+  AddSites(3, {"a.example"});
+  Data.List4.SelectOnly(1);
+  Data.List4.OnItemClick(1);
+  EXPECT_EQ(Data.CurrentMainSite, 2);
+  for (int k = 1; k <= 3; ++k) {
+    EXPECT_EQ(Data.List1(k).Visible(), k == 2) << k;
+    EXPECT_EQ(Data.List1(k).Enabled(), k == 2) << k;
+  }
+  EXPECT_TRUE(Controls.innerFrame2.Visible());
+  EXPECT_TRUE(Controls.Text1.Enabled());
+  EXPECT_TRUE(Controls.cmdDelete.Enabled());
+  EXPECT_TRUE(Controls.cmdEditMain.Enabled());
+  EXPECT_EQ(Controls.lblblah.Text(), "Enter linking sites: main2.example");
+}
+
+TEST_F(SiteEditingTest, ASelectionEmptiesTheEntryBoxAndTakesTheChosenRowsCommandsBack) {
+  AddSites(2, {"a.example"});
+  ClickLinkingSite(2, 0);
+  Controls.Text1.UserTypes("half");
+  EXPECT_TRUE(Controls.cmdAdd.Enabled());
+  Sites.SelectMainSite(0);
+  EXPECT_EQ(Controls.Text1.Text(), "");
+  EXPECT_FALSE(Controls.cmdAdd.Enabled());
+  EXPECT_FALSE(Controls.cmbDel.Enabled());
+  EXPECT_FALSE(Controls.cmdEdit.Enabled());
+}
+
+TEST_F(SiteEditingTest, AClickBesideTheMainSitesShowsNoList) {
+  AddSites(2, {"a.example"});
+  ClickLinkingSite(2, 0);
+  Data.List4.SelectOnly(-1);
+  Data.List4.OnItemClick(-1);
+  EXPECT_EQ(Data.CurrentMainSite, 0);
+  EXPECT_FALSE(Data.List1(1).Visible() || Data.List1(2).Visible());
+  EXPECT_TRUE(Controls.innerFrame2.Visible()) << "only a new project hides it";
+  EXPECT_TRUE(Controls.cmbDel.Enabled());
+  EXPECT_TRUE(Controls.cmdDelete.Enabled());
+  EXPECT_EQ(Controls.lblblah.Text(), "Enter linking sites: main2.example");
+  EXPECT_THROW(Sites.SelectMainSite(2), RuntimeFailure);
+}
+
+TEST_F(SiteEditingTest, AChosenLinkingSiteSwapsTheCommands) {
+  AddSites(2, {"a.example"});
+  Data.List1(1).OnMouseDown(-1);
+  EXPECT_EQ(Data.CurrentMainSite, 1);
+  Data.List1(1).OnItemClick(-1);
+  EXPECT_TRUE(Controls.cmdDelete.Enabled());
+  ClickLinkingSite(1, 0);
+  EXPECT_TRUE(Controls.cmbDel.Enabled());
+  EXPECT_TRUE(Controls.cmdEdit.Enabled());
+  EXPECT_FALSE(Controls.cmdDelete.Enabled());
+  EXPECT_FALSE(Controls.cmdEditMain.Enabled());
+}
+
+TEST_F(SiteEditingTest, ALinkingSiteIsAddedTrimmedAndWithoutItsScheme) {
+  AddSites(1, {});
+  FocusView focus;
+  Controls.Text1.SetView(&focus);
+  EnterLinkingSite("  HTTP://www.a.example/x  ");
+  EnterLinkingSite("https://a.example/?u=http://b.example");
+  EnterLinkingSite("www.a.example/x");
+  EXPECT_THAT(Rows(Data.List1(1)),
+              ElementsAre("www.a.example/x|1|||", "a.example/?u=b.example|1|||", "www.a.example/x|1|||"));
+  EXPECT_EQ(Controls.Text1.Text(), "");
+  EXPECT_FALSE(Controls.cmdAdd.Enabled());
+  EXPECT_FALSE(Data.ProjectSaved);
+  EXPECT_EQ(focus.Taken, 3);
+  Controls.Text1.SetView(nullptr);
+}
+
+TEST_F(SiteEditingTest, AnEntryOfNothingButASchemeIsRefused) {
+  AddSites(1, {});
+  FocusView focus;
+  Controls.Text1.SetView(&focus);
+  for (const char* entry : {"http://", "", "https:// ", "Http://hTTps://"}) {
+    Services.Dialogs.Boxes.clear();
+    EnterLinkingSite(entry);
+    EXPECT_EQ(LastMessage(), "Please enter the Website URL first.") << entry;
+  }
+  EXPECT_EQ(Controls.Text1.Text(), "");
+  EXPECT_EQ(focus.Taken, 4);
+  EXPECT_TRUE(Data.ProjectSaved);
+  Controls.Text1.UserSets(" ");
+  Controls.cmdAdd.Click();
+  EXPECT_EQ(Controls.Text1.Text(), " ") << "a blank stays in the box";
+  EXPECT_THAT(Rows(Data.List1(1)), IsEmpty());
+  EnterLinkingSite("  ");
+  EXPECT_THAT(Rows(Data.List1(1)), ElementsAre("|1|||")) << "two blanks are an entry";
+  Controls.Text1.SetView(nullptr);
+}
+
+TEST_F(SiteEditingTest, WithoutACurrentMainSiteAnAddPassesOverTheList) {
+  for (const std::int16_t number : {std::int16_t{0}, std::int16_t{5}}) {
+    Data.CurrentMainSite = number;
+    Data.ProjectSaved = true;
+    EnterLinkingSite("a.example");
+    EXPECT_EQ(Data.List1(0).RowCount(), 0U);
+    EXPECT_EQ(Controls.Text1.Text(), "");
+    EXPECT_FALSE(Data.ProjectSaved);
+  }
+}
+
+TEST_F(SiteEditingTest, SkipIsOfferedWhileAScanHasAnotherSite) {
+  AddSites(1, {});
+  EnterLinkingSite("a.example");
+  EnterLinkingSite("b.example");
+  EXPECT_FALSE(Controls.cmdNextSearch.Enabled());
+  Scanning = true;
+  EnterLinkingSite("c.example");
+  EXPECT_TRUE(Controls.cmdNextSearch.Enabled());
+  for (int row : {2, 1}) {
+    ClickLinkingSite(1, row);
+    Controls.cmbDel.Click();
+  }
+  EXPECT_FALSE(Controls.cmdNextSearch.Enabled());
+}
+
+TEST_F(SiteEditingTest, AMainSiteIsAddedAsTypedAndSelected) {
+  EXPECT_FALSE(Controls.cmdAdd2.Enabled());
+  Controls.txtDomain.UserTypes(" http://Main.example ");
+  EXPECT_TRUE(Controls.cmdAdd2.Enabled());
+  FocusView focus;
+  Controls.txtDomain.SetView(&focus);
+  Controls.cmdAdd2.Click();
+  EXPECT_THAT(Rows(Data.List4), ElementsAre(" http://Main.example "));
+  EXPECT_EQ(Data.CurrentMainSite, 1);
+  EXPECT_TRUE(Data.List1(1).Visible());
+  EXPECT_EQ(Controls.txtDomain.Text(), "");
+  EXPECT_TRUE(Controls.cmdAdd2.Enabled()) << "once enabled it stays so";
+  EXPECT_EQ(focus.Taken, 1);
+  EXPECT_FALSE(Data.ProjectSaved);
+  Controls.txtDomain.SetView(nullptr);
+}
+
+TEST_F(SiteEditingTest, AnEmptyMainSiteIsRefusedInTheStatusBar) {
+  EnterMainSite(" ");
+  EXPECT_THAT(Rows(Data.List4), IsEmpty());
+  EXPECT_EQ(Controls.StatusBar1.Panel(1), "Error: Please enter a Remote Site first!");
+  EXPECT_EQ(Controls.txtDomain.Text(), " ");
+  EnterMainSite("  ");
+  EXPECT_THAT(Rows(Data.List4), ElementsAre("  "));
+}
+
+TEST_F(SiteEditingTest, OnlyTheFirstLinkingSiteTakesItsRulesAlong) {
+  AddSites(2, {"a.example", "b.example"});
+  for (const char* remote : {"a.example", "A.example", "b.example", "Global", "a.example"}) {
+    Data.lstRules.Add({"main2.example", remote, "LimitString", "x"});
+  }
+  Data.lstRules.Add({"elsewhere", "a.example", "LimitString", "y"});
+  ClickLinkingSite(1, 1);
+  Controls.cmbDel.Click();
+  EXPECT_EQ(Data.lstRules.RowCount(), 6U);
+  EXPECT_FALSE(Data.ProjectSaved);
+  Data.ProjectSaved = true;
+  ClickLinkingSite(1, 0);
+  Controls.cmbDel.Click();
+  EXPECT_FALSE(Data.ProjectSaved);
+  EXPECT_THAT(Rows(Data.List1(1)), IsEmpty());
+  EXPECT_THAT(Rows(Data.lstRules),
+              ElementsAre("main2.example|A.example|LimitString|x", "main2.example|b.example|LimitString|x",
+                          "main2.example|Global|LimitString|x"));
+  EXPECT_EQ(Data.List1(2).RowCount(), 2U);
+}
+
+TEST_F(SiteEditingTest, DuringAScanOnlyTheFirstLinkingSiteIsGuarded) {
+  AddSites(1, {"a.example", "b.example", "c.example"});
+  Data.lstRules.Add({"Global", "b.example", "LimitString", "x"});
+  Scanning = true;
+  ClickLinkingSite(1, 0);
+  Controls.cmbDel.Click();
+  EXPECT_EQ(LastMessage(), "You cannot delete the current site while the search is running.");
+  EXPECT_EQ(Data.List1(1).RowCount(), 3U);
+  EXPECT_TRUE(Data.ProjectSaved);
+  EXPECT_TRUE(Controls.cmdNextSearch.Enabled());
+  ClickLinkingSite(1, 1);
+  Controls.cmbDel.Click();
+  EXPECT_THAT(Rows(Data.List1(1)), ElementsAre("a.example|1|||", "c.example|1|||"));
+  EXPECT_EQ(Data.lstRules.RowCount(), 1U);
+}
+
+TEST_F(SiteEditingTest, ADeleteWithoutAChosenRowEndsSilently) {
+  AddSites(1, {"a.example"});
+  Controls.cmdNextSearch.SetEnabled(true);
+  Controls.cmbDel.Click();
+  Data.CurrentMainSite = 0;
+  Controls.cmbDel.Click();
+  EXPECT_EQ(Data.List1(1).RowCount(), 1U);
+  EXPECT_TRUE(Data.ProjectSaved);
+  EXPECT_TRUE(Controls.cmdNextSearch.Enabled());
+  EXPECT_THAT(Services.Dialogs.Boxes, IsEmpty());
+}
+
+TEST_F(SiteEditingTest, ANewProjectIsEmptyButForItsDefaults) {
+  AddSites(2, {"a.example"});
+  Lists.List2.Add({"queued"});
+  Lists.lstErr.Add({"Timeout", "a.example"});
+  Data.List3.Add({});
+  Data.lstRules.Add({});
+  Data.lstMulti.Add({});
+  Data.txtPost.SetText("x");
+  Controls.txtPost2.SetText("y");
+  Controls.cmbSites.AddItem("main1.example");
+  Controls.cmbSites.SetText("Select");
+  Controls.Text1.UserTypes("half");
+  Controls.txtDomain.UserTypes("half");
+  int htmlChanges = 0;
+  Data.txtHTML2.OnChange = [&] { ++htmlChanges; };
+  Data.ProjectSaved = true;
+  Data.JustLoaded = true;
+  Sites.NewProject();
+  EXPECT_EQ(Data.ListCount(), 0);
+  EXPECT_EQ(Data.CurrentMainSite, 1);
+  EXPECT_TRUE(Lists.List2.Empty() && Data.List4.Empty() && Data.List3.Empty() && Data.lstRules.Empty() &&
+              Data.lstMulti.Empty());
+  EXPECT_EQ(Lists.lstErr.RowCount(), 1U);
+  EXPECT_EQ(Data.txtPost.Text(), "http://");
+  EXPECT_EQ(Controls.txtPost2.Text(), "http://");
+  EXPECT_THAT(Controls.cmbSites.Items(), IsEmpty());
+  EXPECT_EQ(Controls.cmbSites.Text() + Controls.Text1.Text() + Controls.txtDomain.Text(), "");
+  EXPECT_FALSE(Controls.cmdAdd.Enabled());
+  EXPECT_EQ(Data.txtHTML1.Text(), setting::txtHTML1.Default);
+  EXPECT_NE(Data.txtHTML2.Text(), setting::txtHTML2.Default) << "they differ by one word";
+  EXPECT_EQ(Data.txtHTML3.Text(), setting::txtHTML3.Default);
+  EXPECT_EQ(htmlChanges, 1);
+  EXPECT_FALSE(Controls.innerFrame2.Visible());
+  EXPECT_TRUE(Data.ProjectSaved && Data.JustLoaded);
+}
+
+}  // namespace
+}  // namespace requite::test
