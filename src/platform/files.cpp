@@ -6,19 +6,32 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
 #include "platform/runtime_failure.h"
+#include "platform/text.h"
 
 namespace requite {
 namespace {
 
 constexpr char kSeparator = '/';
 
-[[noreturn]] void ThrowFileFailure(int error) {
+bool FolderExists(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// A missing folder is another failure than a missing file in it.
+bool LiesInFolder(const std::string& path) {
+  const std::size_t at = path.rfind(kSeparator);
+  return at == std::string::npos || FolderExists(path.substr(0, at + 1));
+}
+
+[[noreturn]] void ThrowFileFailure(const std::string& path, int error) {
   switch (error) {
-    case ENOENT: throw RuntimeFailure(Failure::FileNotFound);
+    case ENOENT: throw RuntimeFailure(LiesInFolder(path) ? Failure::FileNotFound : Failure::PathNotFound);
     case ENOTDIR: throw RuntimeFailure(Failure::PathNotFound);
     case EACCES:
     case EPERM:
@@ -29,14 +42,13 @@ constexpr char kSeparator = '/';
   }
 }
 
-/// An open file that is closed when the operation ends.
+/// An open file that is closed when the operation ends. It is opened without waiting: a pipe that
+/// nobody reads or writes must not hold the program up.
 class FileHandle {
  public:
-  FileHandle(const std::string& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {
-    if (fd_ >= 0) return;
-    // A missing folder is another failure than a missing file: only a write can tell them apart here.
-    if (errno == ENOENT && (flags & O_CREAT) != 0) throw RuntimeFailure(Failure::PathNotFound);
-    ThrowFileFailure(errno);
+  FileHandle(const std::string& path, int flags)
+      : path_(path), fd_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666)) {
+    if (fd_ < 0) ThrowFileFailure(path, errno);
   }
   ~FileHandle() { ::close(fd_); }
   FileHandle(const FileHandle&) = delete;
@@ -48,44 +60,74 @@ class FileHandle {
     while (!text.empty()) {
       const ssize_t written = ::write(fd_, text.data(), text.size());
       if (written < 0 && errno == EINTR) continue;
-      if (written < 0) ThrowFileFailure(errno);
+      if (written < 0) ThrowFileFailure(path_, errno);
       text.remove_prefix(static_cast<std::size_t>(written));
     }
   }
 
  private:
+  const std::string& path_;
   int fd_;
 };
+
+/// A move to another file system. The target is complete at each moment, the old one or the new one.
+void CopyAndDelete(const std::string& path, const std::string& target) {
+  const std::string halfWay = target + ".new";
+  std::error_code error;
+  std::filesystem::copy_file(path, halfWay, std::filesystem::copy_options::overwrite_existing, error);
+  if (!error) std::filesystem::rename(halfWay, target, error);
+  if (error) {
+    ::unlink(halfWay.c_str());
+    ThrowFileFailure(halfWay, error.value());
+  }
+  DeleteFile(path);
+}
 
 }  // namespace
 
 std::string ProgramFolder::File(std::string_view name) const { return Path + kSeparator + std::string(name); }
 
+std::size_t LineReader::EndOfLine() {
+  if (ends_ == LineEnds::CarriageReturn) return rest_.find('\r');
+  // The next LF is kept: in a text with none, or with few, it would be searched to the end each time.
+  if (lineFeed_ == nullptr || lineFeed_ < rest_.data()) {
+    const std::size_t at = rest_.find('\n');
+    lineFeed_ = rest_.data() + std::min(at, rest_.size());
+  }
+  const auto untilFeed = static_cast<std::size_t>(lineFeed_ - rest_.data());
+  const std::size_t carriageReturn = rest_.substr(0, untilFeed).find('\r');
+  if (carriageReturn != std::string_view::npos) return carriageReturn;
+  return untilFeed < rest_.size() ? untilFeed : std::string_view::npos;
+}
+
 std::optional<std::string_view> LineReader::Next() {
   if (rest_.empty()) return std::nullopt;
-  const std::size_t end = ends_ == LineEnds::Any ? rest_.find_first_of("\r\n") : rest_.find('\r');
+  const std::size_t end = EndOfLine();
   const std::string_view line = rest_.substr(0, end);
   if (end == std::string_view::npos) {
     rest_ = {};
     return line;
   }
-  const bool pair = rest_.substr(end, 2) == "\r\n";
+  const bool pair = rest_.substr(end, 2) == kLineEnd;
   rest_.remove_prefix(end + (pair ? 2 : 1));
   return line;
 }
 
 std::string ReadFile(const std::string& path) {
+  constexpr off_t kLongestText = 0x7FFFFFFF;
   const FileHandle file(path, O_RDONLY);
   struct stat status {};
-  if (::fstat(file.Descriptor(), &status) != 0) ThrowFileFailure(errno);
-  if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
-  std::string text(static_cast<std::size_t>(status.st_size), '\0');
+  if (::fstat(file.Descriptor(), &status) != 0) ThrowFileFailure(path, errno);
+  if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
+  if (status.st_size > kLongestText) throw RuntimeFailure(Failure::OutOfMemory);
+  // One byte more than the file has, so that its end is seen without another round.
+  std::string text(static_cast<std::size_t>(status.st_size) + 1, '\0');
   std::size_t filled = 0;
   for (;;) {
-    if (filled == text.size()) text.resize(text.size() + 4096);
+    if (filled == text.size()) text.resize(text.size() * 2);
     const ssize_t count = ::read(file.Descriptor(), text.data() + filled, text.size() - filled);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) ThrowFileFailure(errno);
+    if (count < 0) ThrowFileFailure(path, errno);
     if (count == 0) break;
     filled += static_cast<std::size_t>(count);
   }
@@ -102,7 +144,23 @@ void AppendToFile(const std::string& path, std::string_view text) {
 }
 
 void DeleteFile(const std::string& path) {
-  if (::unlink(path.c_str()) != 0) ThrowFileFailure(errno);
+  if (::unlink(path.c_str()) != 0) ThrowFileFailure(path, errno);
+}
+
+void MoveToBackup(const ProgramFolder& folder, const std::string& path) {
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0) ThrowFileFailure(path, errno);
+  if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
+  const std::string backup = folder.File("Backup");
+  if (::mkdir(backup.c_str(), 0777) != 0 && errno != EEXIST) ThrowFileFailure(backup, errno);
+
+  std::string target = backup + kSeparator + FileNameOfPath(path);
+  std::error_code none;
+  // A move of a file onto itself would leave it in place, where it is about to be written anew.
+  if (std::filesystem::equivalent(path, target, none)) target += ".old";
+  if (::rename(path.c_str(), target.c_str()) == 0) return;
+  if (errno != EXDEV) ThrowFileFailure(target, errno);
+  CopyAndDelete(path, target);
 }
 
 bool FileExists(const std::string& path) {

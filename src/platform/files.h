@@ -31,15 +31,24 @@ class LineReader {
   [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
 
  private:
+  [[nodiscard]] std::size_t EndOfLine();
+
   std::string_view rest_;
   LineEnds ends_;
+  const char* lineFeed_ = nullptr;  ///< the next LF or the text's end, found once and kept until passed
 };
 
-/// Throw RuntimeFailure with the classic number for what the file system refused.
+/// Throw RuntimeFailure with the classic number for what the file system refused. What is no normal
+/// file (a pipe, a device, a folder) cannot be read: PathFileAccess; a file of 2 GiB or more: OutOfMemory.
 [[nodiscard]] std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, std::string_view text);
 void AppendToFile(const std::string& path, std::string_view text);
 void DeleteFile(const std::string& path);
+
+/// Moves a file into the folder "Backup" of the program's folder, over the one of that name which lies
+/// there. A file that lies there itself gets ".old" behind its name. Throws RuntimeFailure; the file is
+/// then still where it was.
+void MoveToBackup(const ProgramFolder& folder, const std::string& path);
 
 /// True for a file of any kind that is no folder. Never fails.
 [[nodiscard]] bool FileExists(const std::string& path);

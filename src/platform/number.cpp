@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Reading a number out of a text the strict way.
-#include <charconv>
-#include <cmath>
+// Reading a number out of a text the strict way. The digits are taken as they stand, with no floating
+// point between, so that one half is exactly one half.
+#include <algorithm>
 #include <limits>
 
 #include "platform/runtime_failure.h"
@@ -10,27 +10,89 @@
 namespace requite {
 namespace {
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool TakeSign(std::string_view& rest) {
+  const bool negative = rest.starts_with('-');
+  if (negative || rest.starts_with('+')) rest.remove_prefix(1);
+  return negative;
+}
+
+/// The digits at the start of the text, which are taken off it.
+std::string_view TakeDigits(std::string_view& rest) {
+  const auto end = std::find_if_not(rest.begin(), rest.end(), IsDigit);
+  const std::string_view digits = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+  rest.remove_prefix(digits.size());
+  return digits;
+}
+
+/// A number of the form 0.DIGITS times ten to the power of Point; the first digit is not 0, and zero
+/// has no digits at all.
+struct Decimal {
+  bool Negative = false;
+  std::string Digits;
+  std::int64_t Point = 0;
+};
+
+std::int64_t TakeExponent(std::string_view& rest) {
+  // Far beyond any length of text, so that a longer exponent changes nothing.
+  constexpr std::int64_t kFar = 1'000'000'000'000;
+  rest.remove_prefix(1);
+  const bool negative = TakeSign(rest);
+  const std::string_view digits = TakeDigits(rest);
+  if (digits.empty()) throw RuntimeFailure(Failure::TypeMismatch);
+  std::int64_t exponent = 0;
+  for (const char digit : digits) exponent = std::min(exponent * 10 + (digit - '0'), kFar);
+  return negative ? -exponent : exponent;
+}
+
+Decimal ReadDecimal(std::string_view text) {
+  std::string_view rest = Trim(text);
+  Decimal decimal;
+  decimal.Negative = TakeSign(rest);
+  const std::string_view whole = TakeDigits(rest);
+  std::string_view fraction;
+  if (rest.starts_with('.')) {
+    rest.remove_prefix(1);
+    fraction = TakeDigits(rest);
+  }
+  if (whole.empty() && fraction.empty()) throw RuntimeFailure(Failure::TypeMismatch);
+  decimal.Point = static_cast<std::int64_t>(whole.size());
+  if (rest.starts_with('e') || rest.starts_with('E')) decimal.Point += TakeExponent(rest);
+  if (!rest.empty()) throw RuntimeFailure(Failure::TypeMismatch);
+
+  decimal.Digits.append(whole).append(fraction);
+  const std::size_t zeros = std::min(decimal.Digits.find_first_not_of('0'), decimal.Digits.size());
+  decimal.Digits.erase(0, zeros);
+  decimal.Point -= static_cast<std::int64_t>(zeros);
+  return decimal;
+}
+
+/// Whether what stands behind the point is more than one half (1), one half (0) or less (-1).
+int CompareToHalf(const Decimal& decimal) {
+  const std::int64_t size = static_cast<std::int64_t>(decimal.Digits.size());
+  if (decimal.Point < 0 || decimal.Point >= size) return -1;
+  const std::string_view behind =
+      std::string_view(decimal.Digits).substr(static_cast<std::size_t>(decimal.Point));
+  if (behind.front() != '5') return behind.front() > '5' ? 1 : -1;
+  return behind.find_first_not_of('0', 1) == std::string_view::npos ? 0 : 1;
+}
+
 template <class Integer>
 Integer ReadInteger(std::string_view text) {
-  std::string_view digits = Trim(text);
-  bool negative = false;
-  if (!digits.empty() && (digits.front() == '+' || digits.front() == '-')) {
-    negative = digits.front() == '-';
-    digits.remove_prefix(1);
+  const Decimal decimal = ReadDecimal(text);
+  constexpr std::int64_t kMostDigits = 10;
+  if (decimal.Digits.empty()) return 0;
+  if (decimal.Point > kMostDigits) throw RuntimeFailure(Failure::Overflow);
+  std::int64_t value = 0;
+  for (std::int64_t i = 0; i < decimal.Point; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    value = value * 10 + (place < decimal.Digits.size() ? decimal.Digits[place] - '0' : 0);
   }
-  // from_chars would take a second sign, "inf" and "nan".
-  if (digits.empty() || (digits.front() != '.' && (digits.front() < '0' || digits.front() > '9'))) {
-    throw RuntimeFailure(Failure::TypeMismatch);
-  }
-  double value = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (error == std::errc::invalid_argument || end != digits.data() + digits.size()) {
-    throw RuntimeFailure(Failure::TypeMismatch);
-  }
-  if (error == std::errc::result_out_of_range) throw RuntimeFailure(Failure::Overflow);
-  value = std::nearbyint(negative ? -value : value);
-  if (value < double{std::numeric_limits<Integer>::min()} ||
-      value > double{std::numeric_limits<Integer>::max()}) {
+  const int half = CompareToHalf(decimal);
+  if (half > 0 || (half == 0 && value % 2 != 0)) ++value;
+  if (decimal.Negative) value = -value;
+  if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max()) {
     throw RuntimeFailure(Failure::Overflow);
   }
   return static_cast<Integer>(value);

@@ -215,9 +215,10 @@ TEST(Needle, IsInWhereTheSearchFindsIt) {
   }
 }
 
-TEST(Needle, LettersRuleOutATextBeforeItIsSearched) {
-  EXPECT_FALSE(LettersOf("http://www.example.com/").Covers(LettersOf("MAILTO:")));
-  EXPECT_TRUE(LettersOf("MailTo:").Covers(LettersOf("oltima:")));
+TEST(Needle, LettersAndPairsRuleOutATextBeforeItIsSearched) {
+  EXPECT_FALSE(LettersOf("http://www.example.com/").Covers(LettersOf("JAVASCRIPT:")));
+  EXPECT_FALSE(LettersOf("/mail?to=:").Covers(LettersOf("mailto:")));
+  EXPECT_TRUE(LettersOf("see MailTo: me").Covers(LettersOf("mAILtO:")));
 }
 
 }  // namespace
