@@ -70,6 +70,7 @@ class ScriptedConnection : public Connection {
     Sent.clear();
     received_.clear();
     ++Connects;
+    if (WhenConnecting) WhenConnecting();
   }
   void SendData(std::string_view bytes) override { Sent.append(bytes); }
   std::string GetData() override { return std::exchange(received_, {}); }
@@ -109,6 +110,7 @@ class ScriptedConnection : public Connection {
   std::string Sent;
   int Connects = 0;
   int Closes = 0;
+  std::function<void()> WhenConnecting;
 
  private:
   std::string received_;

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+// The address of a page, its request, and what the events of its connection make of a response.
+#include "scan/fetcher.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "support/scan_rig.h"
+
+namespace requite::test {
+namespace {
+
+struct FetchRig : RecordedSteps, ScanRig {
+  FetchRig() : ScanRig(static_cast<ScanSteps&>(*this)), Fetch(Context) {
+    Services.Connection.Events = &Fetch;
+    State.Scanning = true;
+  }
+  void CheckHttpStatus(const std::string& header, const std::string& url) override {
+    Header = header;
+    Url = url;
+  }
+  void ProcessPage(std::string body, std::int16_t) override { Bodies.push_back(std::move(body)); }
+
+  void Ask(const std::string& url) {
+    State.PageUrl = url;
+    Fetch.FetchPage(0);
+  }
+  [[nodiscard]] PageFetch& Page() { return State.Pages[0]; }
+
+  Fetcher Fetch;
+  std::string Header;
+  std::string Url;
+  std::vector<std::string> Bodies;
+};
+
+struct Address {
+  std::string Url;
+  std::string Host;
+  std::string Path;
+  std::string Dir;
+};
+
+class Addresses : public ::testing::TestWithParam<Address> {};
+
+TEST_P(Addresses, AreCutFromTheUrl) {
+  FetchRig rig;
+  rig.Ask(GetParam().Url);
+  EXPECT_EQ(rig.Page().PageHost, GetParam().Host);
+  EXPECT_EQ(rig.Page().PagePath, GetParam().Path);
+  EXPECT_EQ(rig.State.PageDir, GetParam().Dir);
+  EXPECT_EQ(rig.State.PageFull, rig.State.PageUrl);
+  EXPECT_EQ(rig.Services.Connection.Host, GetParam().Host);
+  EXPECT_EQ(rig.Services.Connection.Port, 80);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FetchPage, Addresses,
+    ::testing::Values(Address{"a.example", "a.example", "/", "a.example/"},
+                      Address{"a.example/", "a.example", "/", "a.example/"},
+                      Address{"http://a.example/", "a.example", "/", "a.example/"},
+                      Address{"HTTPS://a.example/Dir/", "a.example", "/Dir/", "a.example/Dir/"},
+                      Address{"a.example/dir/", "a.example", "/dir/", "a.example/dir/"},
+                      Address{"a.example/dir", "a.example", "/dir", "a.example/dir/"},
+                      Address{"a.example/d/x.html", "a.example", "/d/x.html", "a.example/d/"},
+                      Address{"a.example/x.d/", "a.example", "/x.d/", "a.example/"},
+                      Address{"a.example/a.example/x", "a.example", "/x", "a.example/a.example/x/"},
+                      Address{"a.example/?u=a.example/&v=1", "a.example", "/?u=&v=1",
+                              "a.example/?u=a.example/&v=1/"},
+                      Address{"a.example/b/http://c", "a.example", "/b/c", "a.example/b/c/"},
+                      Address{"a.example//", "a.example", "/", "a.example/"},
+                      Address{"site:8080", "site:8080", "/", "site:8080/"}, Address{"", "", "/", "/"},
+                      Address{"/x", "", "/x", "/x/"}));
+
+TEST(FetchPage, StartsOverForEachPage) {
+  FetchRig rig;
+  rig.Page().RecvBuffer = "bytes of the last page";
+  rig.Page().BytesReceived = rig.Page().ContentLength = rig.Page().TimeoutTicks = 9;
+  rig.Page().HeaderSeen = true;
+  rig.Services.EventLoop.OnEveryYield = [&] {
+    EXPECT_EQ(rig.Controls.StatusBar1.Panel(1), "Downloading: a.example/p");
+    EXPECT_EQ(rig.Services.Connection.Connects, 0);
+    EXPECT_FALSE(rig.Services.timTimeout.Running);
+  };
+  rig.Ask("a.example/p");
+  EXPECT_EQ(rig.Page().RecvBuffer, "");
+  EXPECT_EQ(rig.Page().BytesReceived + rig.Page().ContentLength + rig.Page().TimeoutTicks, 0);
+  EXPECT_FALSE(rig.Page().HeaderSeen);
+  EXPECT_TRUE(rig.Services.timTimeout.Running);
+  EXPECT_EQ(rig.Services.timTimeout.Interval, 1000);
+  EXPECT_EQ(rig.Services.Connection.Closes, 1);
+  rig.State.Scanning = false;
+  rig.Ask("b.example");
+  EXPECT_EQ(rig.State.PageUrl, "b.example");
+  EXPECT_EQ(rig.Services.Connection.Connects, 1);
+}
+
+TEST(FetchPage, AnArgumentThatThePlatformRefusesLengthensTheUrl) {
+  FetchRig rig;
+  rig.Services.Connection.WhenConnecting = [] { throw RuntimeFailure(Failure::InvalidArgument); };
+  rig.Ask("a.example");
+  EXPECT_EQ(rig.State.PageUrl, "a.example/");
+  rig.Services.Connection.WhenConnecting = [] { throw RuntimeFailure(Failure::OutOfMemory); };
+  rig.Ask("b.example");
+  EXPECT_EQ(rig.State.PageUrl, "b.example");
+  EXPECT_TRUE(rig.Services.timTimeout.Running) << "the time-out ends such a site";
+}
+
+TEST(OnConnect, SendsExactlyTheFourLines) {
+  FetchRig rig;
+  rig.Ask("a.example/p?q=1");
+  rig.Controls.pb1.SetValue(50);
+  rig.Services.Connection.Establish();
+  EXPECT_EQ(rig.Services.Connection.Sent,
+            "GET /p?q=1 HTTP/1.1\r\nHost: a.example\r\nConnection: close\r\nAccept: */*\r\n\r\n");
+  EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"UpdateStats 0"});
+  EXPECT_EQ(rig.Controls.pb1.Value(), 0);
+}
+
+TEST(OnConnect, LeavesTheRequestToThePageThatASkipHasBegun) {
+  FetchRig rig;
+  rig.Ask("a.example");
+  rig.Services.EventLoop.OnEveryYield = [&] {
+    rig.Services.EventLoop.OnEveryYield = nullptr;
+    rig.Ask("b.example");
+  };
+  rig.Services.Connection.Establish();
+  EXPECT_EQ(rig.Services.Connection.Sent, "");
+  rig.Services.Connection.Establish();
+  EXPECT_NE(rig.Services.Connection.Sent.find("Host: b.example"), std::string::npos);
+}
+
+struct Response {
+  std::string Name;
+  std::string Bytes;
+  std::string Header;
+  std::string Body;
+};
+
+class Responses : public ::testing::TestWithParam<Response> {};
+
+TEST_P(Responses, GiveTheSameHeaderAndBodyInEveryChunking) {
+  const Response& response = GetParam();
+  for (std::size_t chunk = 1; chunk <= response.Bytes.size() + 1; ++chunk) {
+    FetchRig rig;
+    rig.Ask("a.example/p");
+    rig.Services.Connection.Serve(response.Bytes, chunk);
+    ASSERT_EQ(rig.Bodies, std::vector<std::string>{response.Body}) << chunk;
+    ASSERT_EQ(rig.Header, response.Header) << chunk;
+    ASSERT_EQ(rig.Url, "a.example/p");
+    ASSERT_FALSE(rig.Services.timTimeout.Running);
+    ASSERT_EQ(rig.Controls.StatusBar1.Panel(1), "Finished: a.example/p");
+    const bool hasHeader = EndsWith(response.Header, "\r\n\r\n", Compare::Binary);
+    ASSERT_EQ(rig.Page().HeaderSeen, hasHeader);
+    if (hasHeader) {
+      ASSERT_EQ(rig.Page().BytesReceived, static_cast<int>(response.Bytes.size() - response.Header.size()));
+    }
+  }
+}
+
+const std::string kHead = "HTTP/1.1 200 OK\r\nContent-Length: 11\r\n\r\n";
+using namespace std::string_literals;
+
+INSTANTIATE_TEST_SUITE_P(
+    OnClose, Responses,
+    ::testing::Values(Response{"Plain", kHead + "hello world", kHead, "hello world"},
+                      Response{"Nothing", "", "", ""}, Response{"HeaderOnly", kHead, kHead, ""},
+                      Response{"NoHeaderEnd", "<html>\r\nx<HTy", "<ht", "ml>\r\nxy"},
+                      Response{"TwoBytes", "ab", "ab", ""},
+                      Response{"RepeatedHeader", kHead + "a" + Lower(kHead) + "b" + kHead, kHead, "ab"},
+                      Response{"ZeroBytes", kHead + "\0a\0\r\n\r\n\0"s, kHead, "\0a\0\r\n\r\n\0"s},
+                      Response{"EndAtOnce", "\r\n\r\nbody\r\n\r\n", "\r\n\r\n", "body"},
+                      Response{"ThreeLineEnds", "A\r\n\r\n\r\nb", "A\r\n\r\n", "\r\nb"}),
+    [](const auto& each) { return each.param.Name; });
+
+TEST(OnDataArrival, ReadsTheLengthOfTheFirstFittingLineOnly) {
+  for (const auto& [line, length] :
+       std::map<std::string, int>{{"Content-Length: 42", 42},
+                                  {"content-length: 42", 0},
+                                  {"Content-Length:42", 0},
+                                  {"Content-Length: many", 0},
+                                  {"Content-Length: 99999999999", 0},
+                                  {"X-Content-Length: 7\r\nContent-Length: 42", 7},
+                                  {"A: b\r\nNo Content-Length", 0},
+                                  {"Content-Length:  5 ", 5}}) {
+    FetchRig rig;
+    rig.Ask("a.example");
+    rig.Services.Connection.Arrive("HTTP/1.1 200 OK\r\n" + line + "\r\n\r\nbody");
+    EXPECT_EQ(rig.Page().ContentLength, length) << line;
+    EXPECT_EQ(rig.Page().BytesReceived, 4);
+  }
+}
+
+TEST(OnDataArrival, ShowsProgressAndEndsTheSilence) {
+  FetchRig rig;
+  rig.Ask("a.example/p");
+  rig.Page().TimeoutTicks = 8;
+  rig.Services.Connection.Arrive("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nabc");
+  EXPECT_EQ(rig.Page().TimeoutTicks, 0);
+  EXPECT_EQ(rig.Controls.StatusBar1.Panel(1), "Downloading: a.example/p (42)") << "headers counted still";
+  rig.Services.Connection.Arrive("de");
+  EXPECT_EQ(rig.Controls.StatusBar1.Panel(1), "Downloading: a.example/p (5)");
+  EXPECT_EQ(rig.Controls.pb1.Value(), 50);
+  rig.Services.Connection.Arrive("more than was said");
+  EXPECT_EQ(rig.Controls.pb1.Value(), 50) << "no place on the bar for more than all";
+  EXPECT_EQ(rig.Page().BytesReceived, 23);
+}
+
+TEST(Events, AfterAStopDoNothing) {
+  FetchRig rig;
+  rig.Ask("a.example");
+  rig.State.Scanning = false;
+  rig.Services.Connection.Serve(kHead + "body");
+  EXPECT_EQ(rig.Services.Connection.Sent, "");
+  EXPECT_EQ(rig.Page().RecvBuffer, "");
+  EXPECT_TRUE(rig.Bodies.empty());
+  EXPECT_TRUE(rig.Host.Calls.empty());
+}
+
+TEST(OnDataArrival, APageEndsAt64MiBWithOrWithoutAHeaderEnd) {
+  for (const std::string& head : {kHead, std::string()}) {
+    FetchRig rig;
+    rig.Ask("a.example");
+    const std::string piece(1 << 16, 'x');
+    rig.Services.Connection.Arrive(head);
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 1024; ++i) {
+      rig.Services.Connection.Arrive(piece);
+      ASSERT_LE(rig.Page().RecvBuffer.size(), Fetcher::kMostBytes);
+    }
+    EXPECT_FALSE(rig.Services.Connection.Open);
+    ASSERT_EQ(rig.Bodies.size(), 1U);
+    // Without a header end the first three characters count as the header, wherever they stand.
+    EXPECT_EQ(rig.Bodies[0].size(), head.empty() ? 1 : Fetcher::kMostBytes - head.size());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30)) << "not quadratic";
+  }
+}
+
+TEST(OnDataArrival, HeadersWithoutAnEndAreLookedThroughOnce) {
+  FetchRig rig;
+  rig.Ask("a.example");
+  // Searching 8 MiB anew for each of 128 Ki pieces would read half a terabyte.
+  for (int i = 0; i < (1 << 17); ++i) {
+    rig.Services.Connection.Arrive("X-Header: endless, and without any end, all the way down......\r\n");
+  }
+  EXPECT_FALSE(rig.Page().HeaderSeen);
+  rig.Services.Connection.Arrive("\r\nbody");
+  EXPECT_TRUE(rig.Page().HeaderSeen);
+  EXPECT_EQ(rig.Page().BytesReceived, 4);
+}
+
+}  // namespace
+}  // namespace requite::test

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The block rule and the address rule of the blocking GET.
+#include "scan/http_get_text.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fakes.h"
+
+namespace requite::test {
+namespace {
+
+struct BlockCase {
+  std::size_t BodySize;
+  std::size_t TextSize;
+  int Yields;
+};
+
+class Blocks : public ::testing::TestWithParam<BlockCase> {};
+
+TEST_P(Blocks, TheFirstComesWhole) {
+  FakeInternet internet;
+  FakeEventLoop events;
+  const std::string body(GetParam().BodySize, 'b');
+  internet.Bodies["http://a.example/"] = body;
+  std::string url = "http://a.example/";
+  const std::string text = HttpGetText(url, internet, events);
+  EXPECT_EQ(text, body + std::string(GetParam().TextSize - body.size(), '\0'));
+  EXPECT_EQ(events.Yields, GetParam().Yields);
+  EXPECT_EQ(internet.Agent, "Mozilla");
+}
+
+INSTANTIATE_TEST_SUITE_P(HttpGetText, Blocks,
+                         ::testing::Values(BlockCase{0, 0, 0}, BlockCase{1, 256, 0}, BlockCase{255, 256, 0},
+                                           BlockCase{256, 256, 0}, BlockCase{257, 257, 1},
+                                           BlockCase{600, 600, 2}));
+
+TEST(HttpGetText, PutsTheSchemeInFrontInTheCallersText) {
+  for (const auto& [asked, opened] :
+       std::map<std::string, std::string>{{"a.example", "http://a.example"},
+                                          {"HTTP://a.example", "HTTP://a.example"},
+                                          {"https://a.example", "http://https://a.example"},
+                                          {"a.example/?u=http://b", "a.example/?u=http://b"},
+                                          {"", "http://"}}) {
+    FakeInternet internet;
+    FakeEventLoop events;
+    std::string url = asked;
+    EXPECT_EQ(HttpGetText(url, internet, events), "") << "a URL that cannot be opened has no text";
+    EXPECT_EQ(url, opened);
+    EXPECT_EQ(internet.Asked, std::vector<std::string>{opened});
+  }
+}
+
+}  // namespace
+}  // namespace requite::test
