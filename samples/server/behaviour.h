@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// The ways in which a path of a sample site can answer, as its "responses.txt" names them.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace requite::samples {
+
+enum class Behaviour {
+  Plain,          ///< "plain": headers, the page, close
+  Move,           ///< "move URL": a moved page that names the URL in a header and in a link
+  NeverCloses,    ///< "never-closes": a whole answer on a connection that stays open
+  Silence,        ///< "silence": takes the request and says nothing
+  Chunked,        ///< "chunked": the page in chunks of one line
+  Trickle,        ///< "trickle": a few bytes at a time
+  Gzip,           ///< "gzip": the file with ".gz" behind its name, packed though nobody asked for it
+  Reset,          ///< "reset": the first half, then a reset
+  NoHeaderEnd,    ///< "no-header-end": the page follows the headers without an empty line
+  NulBytes,       ///< "nul-bytes": a byte of 0 behind each line
+  EndlessHeader,  ///< "endless-header": headers for ever
+  EndlessBody,    ///< "endless-body": the page, and then text for ever
+};
+
+/// One line of "responses.txt".
+struct Instruction {
+  int Status = 200;
+  requite::samples::Behaviour Behaviour = Behaviour::Plain;
+  std::string Value;
+};
+
+/// The instruction of a site's folder for a path, or nothing. Throws std::runtime_error for a line
+/// that cannot be understood.
+[[nodiscard]] std::optional<Instruction> FindInstruction(const std::filesystem::path& site,
+                                                         std::string_view path);
+
+}  // namespace requite::samples
