@@ -2,15 +2,15 @@
 // The blocking GET: a whole body in one call, while events go on.
 #pragma once
 
+#include <QByteArray>
 #include <QNetworkAccessManager>
+#include <QUrl>
 #include <chrono>
 #include <memory>
 #include <vector>
 
 #include "platform/services.h"
 #include "shell/qt/connect_map.h"
-
-class QUrl;
 
 namespace requite {
 
@@ -20,8 +20,8 @@ struct GetLimits {
   int MostRedirects = 20;
 };
 
-/// Nothing of the network library is loaded or started before the first GET. A GET whose body stops
-/// midway (silence, a reset) returns what came; one without a response returns nothing.
+/// Nothing of the network library is started before the first GET. A GET whose body stops midway
+/// (silence, a reset) returns what came; one without a response returns nothing.
 class BlockingGet : public Internet {
  public:
   /// The map must outlive this object.
@@ -34,7 +34,8 @@ class BlockingGet : public Internet {
  private:
   class Transfer;
 
-  [[nodiscard]] QNetworkAccessManager& Manager();
+  /// One request; its redirects are the caller's.
+  void Run(Transfer& transfer, const QUrl& url, const QByteArray& agent);
 
   const ConnectMap& map_;
   GetLimits limits_;

@@ -19,16 +19,17 @@ namespace requite {
 /// Several processes may use one file at once: each record is appended in one piece and none is
 /// lost. A process sees the others' values at its start and from each of its own writes on.
 ///
-/// A file that is no settings file, or that holds what no record can hold, is set aside as
+/// A file that is no settings file, or that holds what no record can look like, is set aside as
 /// "<name>.damaged-1" (or the next free number), and the store starts empty. A last record that was
 /// cut off is dropped. A value that cannot be written (a full disk) is kept for the run and written
 /// together with the next one that can.
 class SettingsFile : public SettingsStore {
  public:
-  /// A journal of at least this size in bytes is written anew when most of it is stale.
+  /// A journal of at least this size in bytes is written anew when most of it is stale and no other
+  /// process uses it.
   static constexpr off_t kCompactionSize = 256 * 1024;
 
-  explicit SettingsFile(std::string path);
+  explicit SettingsFile(const std::string& path);
   ~SettingsFile() override;
   SettingsFile(const SettingsFile&) = delete;
   SettingsFile& operator=(const SettingsFile&) = delete;
@@ -47,29 +48,38 @@ class SettingsFile : public SettingsStore {
   };
   struct Value {
     std::string Text;
-    bool Saved = true;
+    bool Saved = false;
   };
-  enum class LoadResult { Loaded, Damaged };
+  enum class Attempt { Opened, Again, Failed };
 
-  bool Open();
-  bool OpenAndLock();
-  LoadResult CatchUp();
-  bool Apply(std::string_view record);
-  bool SetAside();
-  void Append();
-  void Put(std::string_view key, std::string_view text, bool saved);
-  void CompactIfWorthIt();
-  bool Compact();
+  void Open();
+  Attempt TryOpen();
+  Attempt UseAlone();
+  bool OpenJournal();
+  void TakeSharedLock() const;
+  [[nodiscard]] bool TryExclusiveLock() const;
+  [[nodiscard]] bool IsCurrent() const;
+  [[nodiscard]] bool IsUnlinked() const;
   void Release();
 
+  bool CatchUp();
+  bool ApplyLine(std::string_view line);
+  Value& Put(std::string_view key, std::string_view text);
+  void SetAside() const;
+  void AppendUnsaved(Value& latest);
+
+  void CompactIfWorthIt();
+  Attempt Compact();
+
   std::string path_;
-  int file_ = -1;
-  off_t applied_ = 0;      ///< the journal up to here is in values_
-  bool tornTail_ = false;  ///< the journal ends in a piece of a record
-  bool unsaved_ = false;   ///< some values are not in the journal
-  off_t liveSize_ = 0;     ///< what the journal would take with each value once
+  int file_ = -1;           ///< held with a shared lock all the time
+  off_t applied_ = 0;       ///< the journal up to here is in values_
+  bool hasHeader_ = false;  ///< the journal has its first line
+  bool tornTail_ = false;   ///< the journal ends in a piece of a record
+  bool unsaved_ = false;    ///< some older values are not in the journal
+  off_t liveSize_ = 0;      ///< about what the journal would take with each value once
   off_t compactAt_ = kCompactionSize;
-  std::string record_;  ///< reused by Write, so that a write allocates nothing
+  std::string pending_;  ///< what a write appends; reused, so that a write allocates nothing
   std::unordered_map<std::string, Value, FoldedHash, FoldedEqual> values_;
 };
 

@@ -2,6 +2,8 @@
 // Readiness of the program's own sockets, delivered as events one at a time and never nested.
 #pragma once
 
+#include <poll.h>
+
 #include <QSocketNotifier>
 #include <functional>
 #include <memory>
@@ -41,6 +43,7 @@ class SocketPoller {
   int epoll_;
   std::unique_ptr<QSocketNotifier> notifier_;
   std::vector<PolledSocket*> sockets_;
+  std::vector<pollfd> polled_;  ///< reused, so that a wait allocates nothing
   std::size_t next_ = 0;
   bool delivering_ = false;
 };
@@ -72,7 +75,6 @@ class PolledSocket {
   int descriptor_ = -1;
   short wanted_ = 0;
   short armed_ = 0;
-  bool registered_ = false;
 };
 
 }  // namespace requite

@@ -22,6 +22,8 @@ class SoundProcess : public SoundPlayer {
   void PlaySoundFile(const std::string& path) override;
 
  private:
+  void CutOff();
+
   std::optional<QString> player_;  ///< looked for at the first sound
   std::unique_ptr<QProcess> process_;
 };

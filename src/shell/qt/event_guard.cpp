@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// What becomes of an exception at the event loop's edge.
+#include "shell/qt/event_guard.h"
+
+#include <new>
+
+namespace requite {
+namespace {
+
+/// Failures of the language's own library have no number among the classic ones but this.
+constexpr int kInternalError = 51;
+
+}  // namespace
+
+void EventGuard::ReportCurrentFailure() const {
+  try {
+    throw;
+  } catch (const RuntimeFailure& failure) {
+    report_(failure);
+  } catch (const std::bad_alloc&) {
+    report_(RuntimeFailure(Failure::OutOfMemory));
+  } catch (const std::exception& error) {
+    report_(RuntimeFailure(kInternalError, error.what()));
+  }
+}
+
+}  // namespace requite

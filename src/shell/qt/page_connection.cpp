@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// A raw socket, non-blocking, with as few system calls a page as a blocking one would take.
+#include "shell/qt/page_connection.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <utility>
+
+namespace requite {
+namespace {
+
+/// One piece of received data, at most: a whole page for most pages.
+constexpr std::size_t kPiece = 128 * 1024;
+
+/// An address that does not answer at all is given up after about seven seconds while the host has
+/// another one; the last one may take as long as the page's time-out allows.
+constexpr int kSynRetries = 2;
+
+constexpr short kServerGone = POLLRDHUP | POLLHUP | POLLERR;
+
+}  // namespace
+
+PageConnection::PageConnection(SocketPoller& poller, NameResolver& resolver, const ConnectMap& map)
+    : resolver_(resolver), map_(map), socket_(poller, [this](short readiness) { OnReady(readiness); }) {}
+
+PageConnection::~PageConnection() { Close(); }
+
+void PageConnection::Connect(const std::string& host, std::uint16_t port) {
+  Close();
+  const Endpoint target = map_.Target(host, port);
+  if (target.Host.empty() || target.Host.find('\0') != std::string::npos) return;
+  port_ = target.Port;
+  state_ = State::Resolving;
+  if (const auto known = resolver_.Known(target.Host)) {
+    UseAddresses(*known);
+  } else {
+    resolver_.Ask(target.Host, this, [this](const SocketAddresses& found) { UseAddresses(found); });
+  }
+}
+
+void PageConnection::UseAddresses(const SocketAddresses& addresses) {
+  addresses_ = addresses;
+  nextAddress_ = 0;
+  TryNextAddress();
+}
+
+/// Starts a connection to the next address that the system accepts one to; behind the last one the
+/// connection stays silent.
+void PageConnection::TryNextAddress() {
+  socket_.Close();
+  state_ = State::Closed;
+  while (nextAddress_ < addresses_.size()) {
+    SocketAddress address = addresses_[nextAddress_++];
+    address.SetPort(port_);
+    const int descriptor =
+        ::socket(address.Storage.ss_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP);
+    if (descriptor < 0) continue;
+    if (nextAddress_ < addresses_.size()) {
+      ::setsockopt(descriptor, IPPROTO_TCP, TCP_SYNCNT, &kSynRetries, sizeof(kSynRetries));
+    }
+    const auto* target = reinterpret_cast<const sockaddr*>(&address.Storage);
+    if (::connect(descriptor, target, address.Length) != 0 && errno != EINPROGRESS) {
+      ::close(descriptor);
+      continue;
+    }
+    state_ = State::Connecting;
+    socket_.Open(descriptor, POLLOUT);
+    return;
+  }
+}
+
+void PageConnection::OnReady(short readiness) {
+  if (state_ == State::Connecting) {
+    OnConnecting(readiness);
+    return;
+  }
+  if ((readiness & POLLOUT) != 0) SendRest();
+  if ((readiness & (POLLIN | kServerGone)) != 0) Receive(readiness);
+}
+
+void PageConnection::OnConnecting(short readiness) {
+  if ((readiness & (POLLERR | POLLHUP)) != 0) {
+    TryNextAddress();
+    return;
+  }
+  state_ = State::Established;
+  WaitForServer();
+  Events->OnConnect();
+}
+
+/// Hands over what has arrived, piece by piece, and the end of it. Each handler may close the
+/// connection or start another one, which the serial number tells.
+void PageConnection::Receive(short readiness) {
+  std::array<char, kPiece> piece;
+  const std::uint64_t serial = serial_;
+  while (received_.size() < kMostHeld) {
+    const ssize_t bytes = ::recv(socket_.Descriptor(), piece.data(), piece.size(), 0);
+    if (bytes < 0 && errno == EINTR) continue;
+    if (bytes < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return;
+    if (bytes <= 0) {
+      socket_.Close();
+      state_ = State::Closed;
+      // A connection that broke stays silent; only the server's own end is an event.
+      if (bytes == 0) Events->OnClose();
+      return;
+    }
+    received_.append(piece.data(), static_cast<std::size_t>(bytes));
+    Events->OnDataArrival(static_cast<std::size_t>(bytes));
+    if (serial != serial_) return;
+    // A short piece was all there is, unless the server's end of the connection is known to follow.
+    const bool more = static_cast<std::size_t>(bytes) == piece.size() || (readiness & kServerGone) != 0;
+    if (!more) break;
+  }
+  WaitForServer();
+}
+
+void PageConnection::SendData(std::string_view bytes) {
+  if (state_ != State::Established) return;
+  outgoing_.append(bytes);
+  SendRest();
+}
+
+/// A failure to send is silence: what the server has sent before can still be received.
+void PageConnection::SendRest() {
+  if (outgoing_.empty()) return;
+  const ssize_t sent = ::send(socket_.Descriptor(), outgoing_.data(), outgoing_.size(), MSG_NOSIGNAL);
+  if (sent >= 0) {
+    outgoing_.erase(0, static_cast<std::size_t>(sent));
+  } else if (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR) {
+    outgoing_.clear();
+  }
+  WaitForServer();
+}
+
+void PageConnection::WaitForServer() {
+  if (state_ != State::Established) return;
+  short wanted = outgoing_.empty() ? short{0} : short{POLLOUT};
+  if (received_.size() < kMostHeld) wanted = static_cast<short>(wanted | POLLIN | POLLRDHUP);
+  socket_.Want(wanted);
+}
+
+std::string PageConnection::GetData() {
+  std::string data = std::exchange(received_, {});
+  WaitForServer();
+  return data;
+}
+
+void PageConnection::Close() {
+  ++serial_;
+  resolver_.Forget(this);
+  socket_.Close();
+  state_ = State::Closed;
+  outgoing_.clear();
+  received_.clear();
+}
+
+}  // namespace requite

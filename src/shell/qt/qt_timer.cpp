@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// Ticks of a QTimer, through the guard.
+#include "shell/qt/qt_timer.h"
+
+namespace requite {
+
+QtTimer::QtTimer(const EventGuard& guard) {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this, &guard] {
+    guard.Run([this] {
+      if (OnTick) OnTick();
+    });
+  });
+}
+
+void QtTimer::Start(int intervalMilliseconds) { timer_.start(intervalMilliseconds); }
+
+void QtTimer::Stop() { timer_.stop(); }
+
+}  // namespace requite

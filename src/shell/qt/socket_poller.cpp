@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+// The slice loop over poll(), and epoll for the time between slices.
+#include "shell/qt/socket_poller.h"
+
+#include <poll.h>
+#include <sys/epoll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace requite {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// How long the poller keeps the thread from Qt's loop, at most.
+constexpr std::chrono::milliseconds kSlice{4};
+
+/// How long it waits within the slice for the next socket to become ready. A server that takes longer
+/// than this is slow enough for a turn of Qt's loop not to matter.
+constexpr std::chrono::milliseconds kShortWait{1};
+
+/// The bits of poll() and epoll have the same values; the kernel's interface promises it.
+static_assert(POLLIN == static_cast<int>(EPOLLIN) && POLLOUT == static_cast<int>(EPOLLOUT) &&
+              POLLRDHUP == static_cast<int>(EPOLLRDHUP));
+
+}  // namespace
+
+SocketPoller::SocketPoller(const EventGuard& guard)
+    : guard_(guard),
+      epoll_(::epoll_create1(EPOLL_CLOEXEC)),
+      notifier_(std::make_unique<QSocketNotifier>(epoll_, QSocketNotifier::Read)) {
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { OnNotified(); });
+}
+
+SocketPoller::~SocketPoller() {
+  notifier_.reset();
+  ::close(epoll_);
+}
+
+void SocketPoller::Add(PolledSocket& socket) { sockets_.push_back(&socket); }
+
+void SocketPoller::Remove(PolledSocket& socket) { std::erase(sockets_, &socket); }
+
+void SocketPoller::Changed(PolledSocket& socket) {
+  // Within a slice the loop looks at every socket itself; most are closed again before it ends.
+  if (!delivering_) Arm(socket);
+}
+
+void SocketPoller::Arm(PolledSocket& socket) const {
+  if (socket.descriptor_ < 0 || socket.armed_ == socket.wanted_) return;
+  epoll_event event{};
+  event.events = static_cast<std::uint32_t>(socket.wanted_);
+  event.data.fd = socket.descriptor_;
+  // A socket that waits for nothing leaves the set: epoll would go on to tell of its errors.
+  const int change = socket.wanted_ == 0 ? EPOLL_CTL_DEL : socket.armed_ == 0 ? EPOLL_CTL_ADD : EPOLL_CTL_MOD;
+  ::epoll_ctl(epoll_, change, socket.descriptor_, &event);
+  socket.armed_ = socket.wanted_;
+}
+
+void SocketPoller::OnNotified() {
+  if (delivering_) {
+    // A handler lets events run. What is ready now waits until it has returned, and so long the
+    // notifier must be silent, or a nested loop would spin on it.
+    notifier_->setEnabled(false);
+    return;
+  }
+  delivering_ = true;
+  const Clock::time_point end = Clock::now() + kSlice;
+  while (DeliverOne() && Clock::now() < end) {
+  }
+  delivering_ = false;
+  for (PolledSocket* socket : sockets_) Arm(*socket);
+  if (!notifier_->isEnabled()) notifier_->setEnabled(true);
+}
+
+/// Waits shortly for a socket to become ready and runs its handler. False when none did. Each handler
+/// may open and close any socket, so readiness is asked for anew after it.
+bool SocketPoller::DeliverOne() {
+  std::vector<pollfd>& polled = polled_;
+  polled.clear();
+  for (const PolledSocket* socket : sockets_) {
+    // poll() passes over a negative descriptor.
+    polled.push_back({socket->wanted_ == 0 ? -1 : socket->descriptor_, socket->wanted_, 0});
+  }
+  if (std::none_of(polled.begin(), polled.end(), [](const pollfd& one) { return one.fd >= 0; })) return false;
+  const timespec wait{0, std::chrono::nanoseconds(kShortWait).count()};
+  if (::ppoll(polled.data(), polled.size(), &wait, nullptr) <= 0) return false;
+
+  for (std::size_t i = 0; i < polled.size(); ++i) {
+    next_ = (next_ + 1) % polled.size();
+    if (polled[next_].revents == 0) continue;
+    guard_.Run([this, readiness = polled[next_].revents] { sockets_[next_]->onReady_(readiness); });
+    break;
+  }
+  return true;
+}
+
+PolledSocket::PolledSocket(SocketPoller& poller, std::function<void(short)> onReady)
+    : poller_(poller), onReady_(std::move(onReady)) {
+  poller_.Add(*this);
+}
+
+PolledSocket::~PolledSocket() {
+  Close();
+  poller_.Remove(*this);
+}
+
+void PolledSocket::Open(int descriptor, short wanted) {
+  Close();
+  descriptor_ = descriptor;
+  Want(wanted);
+}
+
+void PolledSocket::Want(short wanted) {
+  if (wanted_ == wanted) return;
+  wanted_ = wanted;
+  poller_.Changed(*this);
+}
+
+void PolledSocket::Close() {
+  if (descriptor_ < 0) return;
+  // Closing takes the descriptor out of the epoll set too.
+  ::close(descriptor_);
+  descriptor_ = -1;
+  wanted_ = 0;
+  armed_ = 0;
+}
+
+}  // namespace requite
