@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+// Which changes of a control run its handler, and which reach its view.
+#include "platform/controls.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "platform/runtime_failure.h"
+
+namespace requite::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// Counts what a widget would hear.
+class CountingView : public ControlView {
+ public:
+  explicit CountingView(Control& control) { control.SetView(this); }
+  void Refresh(const Control&) override { ++Refreshes; }
+  void TakeFocus() override { ++Focuses; }
+
+  int Refreshes = 0;
+  int Focuses = 0;
+};
+
+template <class Action>
+int NumberOf(Action action) {
+  try {
+    action();
+    return 0;
+  } catch (const RuntimeFailure& failure) {
+    return failure.Number;
+  }
+}
+
+TEST(Control, IsInEffectWhatItsFramesAre) {
+  Frame outer("Frame1");
+  Frame inner("Frame2");
+  Button button("cmdStop", "Stop");
+  inner.SetFrame(&outer);
+  button.SetFrame(&inner);
+  EXPECT_TRUE(button.EnabledInEffect() && button.VisibleInEffect());
+  outer.SetEnabled(false);
+  inner.SetVisible(false);
+  EXPECT_FALSE(button.EnabledInEffect());
+  EXPECT_FALSE(button.VisibleInEffect());
+  EXPECT_TRUE(outer.VisibleInEffect());
+  EXPECT_TRUE(button.Enabled() && button.Visible()) << "its own state is kept";
+  outer.SetEnabled(true);
+  button.SetEnabled(false);
+  EXPECT_FALSE(button.EnabledInEffect());
+}
+
+TEST(Control, ViewHearsChangesOnly) {
+  Button button("cmdStop", "Stop");
+  button.SetFocus();  // without a view: nothing
+  CountingView view(button);
+  button.SetEnabled(true);
+  button.SetVisible(true);
+  EXPECT_EQ(view.Refreshes, 0);
+  button.SetEnabled(false);
+  button.SetVisible(false);
+  button.SetCaption("Halt");
+  EXPECT_EQ(view.Refreshes, 3);
+  button.SetFocus();
+  EXPECT_EQ(view.Focuses, 1);
+  button.SetView(nullptr);
+  button.SetEnabled(true);
+  EXPECT_EQ(view.Refreshes, 3);
+}
+
+TEST(Button, ClickRunsAlsoWhileDisabled) {
+  Button button("cmdStop", "Stop");
+  button.Click();  // without an action: nothing
+  int clicks = 0;
+  button.OnClick = [&] { ++clicks; };
+  button.SetEnabled(false);
+  button.Click();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(TextBox, EachChangeRunsTheHandlerOnce) {
+  TextBox box("txtDomain", "start");
+  Texts seen;
+  box.OnChange = [&] { seen.push_back(box.Text()); };
+  box.SetText("start");
+  box.SetText("a");
+  box.UserSets("a");
+  box.UserSets("b");
+  box.UserTypes("cd");
+  EXPECT_EQ(seen, (Texts{"a", "b", "bc", "bcd"}));
+  int enters = 0;
+  box.OnEnter = [&] { ++enters; };
+  box.UserPressesEnter();
+  EXPECT_EQ(enters, 1);
+  EXPECT_EQ(seen.size(), 4u);
+}
+
+TEST(TextBox, SilentBoxRunsItForTheUserOnly) {
+  TextBox box("txtTimeout", "60", TextBox::ProgramChange::Silent);
+  CountingView view(box);
+  Texts seen;
+  box.OnChange = [&] { seen.push_back(box.Text()); };
+  box.SetText("30");
+  EXPECT_EQ(seen, Texts{});
+  EXPECT_EQ(view.Refreshes, 1);
+  box.UserSets("20");
+  EXPECT_EQ(seen, Texts{"20"});
+}
+
+TEST(TextBox, HandlerThatSetsTheTextAgainEnds) {
+  TextBox box("txtTimeout");
+  int runs = 0;
+  box.OnChange = [&] {
+    ++runs;
+    if (box.Text().size() > 3) box.SetText("60");
+  };
+  box.UserSets("40000");
+  EXPECT_EQ(box.Text(), "60");
+  EXPECT_EQ(runs, 2);
+}
+
+TEST(CheckBox, ChangeRunsTheClickWhoeverMadeIt) {
+  CheckBox box("chkSound", "Sound");
+  std::vector<int> seen;
+  box.OnClick = [&] { seen.push_back(box.Value()); };
+  box.SetValue(0);
+  box.SetValue(1);
+  box.SetValue(1);
+  box.SetValue(2);
+  box.Click();
+  box.Click();
+  EXPECT_EQ(seen, (std::vector<int>{1, 2, 0, 1}));
+  EXPECT_EQ(NumberOf([&] { box.SetValue(3); }), 380);
+  EXPECT_EQ(NumberOf([&] { box.SetValue(-1); }), 380);
+  EXPECT_EQ(box.Value(), 1);
+}
+
+TEST(OptionGroup, ChoosingTheChosenOneRunsItsClickAgain) {
+  OptionGroup options("optScan", {"All", "Main", "Linking"});
+  EXPECT_EQ(options.Chosen(), -1);
+  std::vector<int> seen;
+  options.OnClick = [&](int index) { seen.push_back(index); };
+  options.Choose(1);
+  options.Choose(1);
+  options.Choose(0);
+  EXPECT_EQ(seen, (std::vector<int>{1, 1, 0}));
+  EXPECT_EQ(NumberOf([&] { options.Choose(3); }), 9);
+  EXPECT_EQ(NumberOf([&] { options.Choose(-1); }), 9);
+  EXPECT_EQ(options.Chosen(), 0);
+}
+
+TEST(ComboBox, PickingTakesTheRowAndTypingLeavesIt) {
+  ComboBox combo("cmbAdvance", "25", {"10", "25"});
+  int clicks = 0;
+  Texts typed;
+  combo.OnClick = [&] { ++clicks; };
+  combo.OnChange = [&] { typed.push_back(combo.Text()); };
+  EXPECT_EQ(combo.ListIndex(), -1);
+  combo.SetListIndex(-1);
+  EXPECT_EQ(combo.Text(), "25") << "nothing was chosen before: the text stays";
+  EXPECT_EQ(clicks, 0);
+  combo.SetListIndex(0);
+  EXPECT_EQ(combo.Text(), "10");
+  EXPECT_EQ(clicks, 1);
+  combo.UserSets("33");
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(typed, Texts{"33"});
+  combo.SetText("44");
+  EXPECT_EQ(typed, Texts{"33"}) << "what the program sets is no typing";
+  EXPECT_EQ(NumberOf([&] { combo.SetListIndex(2); }), 380);
+  EXPECT_EQ(NumberOf([&] { combo.SetListIndex(-2); }), 380);
+  combo.SetListIndex(1);
+  combo.SetListIndex(-1);
+  EXPECT_EQ(combo.Text(), "");
+}
+
+TEST(ComboBox, EmptyingKeepsOrDropsTheText) {
+  ComboBox combo("Combo3", "kept", {"a"});
+  combo.AddItem("b");
+  EXPECT_EQ(combo.Items(), (Texts{"a", "b"}));
+  combo.ClearItems();
+  EXPECT_EQ(combo.Text(), "kept");
+  EXPECT_TRUE(combo.Items().empty());
+  combo.Clear();
+  EXPECT_EQ(combo.Text(), "");
+  EXPECT_EQ(combo.ListIndex(), -1);
+}
+
+TEST(ProgressBar, RoundsHalvesToEvenAndRefusesTheRest) {
+  ProgressBar bar("ProgressBar1");
+  CountingView view(bar);
+  bar.SetValue(0.5);
+  EXPECT_EQ(view.Refreshes, 0);
+  bar.SetValue(1.5);
+  EXPECT_EQ(bar.Value(), 2);
+  bar.SetValue(100);
+  for (const double value : {-0.1, 100.1, std::nan(""), static_cast<double>(INFINITY)}) {
+    EXPECT_EQ(NumberOf([&] { bar.SetValue(value); }), 380) << value;
+  }
+  EXPECT_EQ(bar.Value(), 100);
+}
+
+TEST(StatusBar, PanelsAreNumberedFromOne) {
+  StatusBar bar("StatusBar1");
+  CountingView view(bar);
+  bar.SetPanel(1, "first");
+  bar.SetPanel(4, "last");
+  bar.SetPanel(4, "last");
+  EXPECT_EQ(bar.Panel(1), "first");
+  EXPECT_EQ(bar.Panel(4), "last");
+  EXPECT_EQ(view.Refreshes, 2);
+}
+
+TEST(TabStrip, SelectRunsTheActionForRealTabsOnly) {
+  TabStrip tabs("tabMain", {{"Sites", ""}, {"Results", ""}});
+  std::vector<int> seen;
+  tabs.OnClick = [&](int number) { seen.push_back(number); };
+  EXPECT_EQ(tabs.Selected(), 1);
+  for (const int number : {0, 2, 2, 3}) tabs.Select(number);
+  EXPECT_EQ(seen, (std::vector<int>{2, 2}));
+  EXPECT_EQ(tabs.Selected(), 2);
+}
+
+TEST(Menu, ChecksOneEntry) {
+  Menu menu("mnuScan", "Scan", {"All", "-", "One"});
+  EXPECT_EQ(menu.FirstChecked(), 0) << "none is checked";
+  menu.CheckOnly(2);
+  EXPECT_EQ(menu.FirstChecked(), 2);
+  menu.CheckOnly(0);
+  EXPECT_FALSE(menu.Checked(2));
+  EXPECT_EQ(NumberOf([&] { menu.CheckOnly(3); }), 9);
+  EXPECT_TRUE(menu.Checked(0));
+  int clicked = -1;
+  int popUps = 0;
+  menu.OnClick = [&](int index) { clicked = index; };
+  menu.OnPopUp = [&] { ++popUps; };
+  menu.Click(2);
+  menu.PopUp();
+  EXPECT_EQ(clicked, 2);
+  EXPECT_EQ(popUps, 1);
+  EXPECT_FALSE(menu.Checked(2)) << "a click checks nothing by itself";
+}
+
+/// Writes down what it is asked to do.
+class RecordingEngine : public BrowserEngine {
+ public:
+  void Navigate(const std::string& url) override { Asked.push_back("go " + url); }
+  void Stop() override { Asked.emplace_back("stop"); }
+  void Refresh() override { Asked.emplace_back("refresh"); }
+  void GoBack() override { throw RuntimeFailure(Failure::InvalidArgument); }
+  void GoForward() override { Asked.emplace_back("forward"); }
+
+  Texts Asked;
+};
+
+TEST(BrowserView, RemembersWhatWasAskedForBeforeItsEngineCame) {
+  BrowserView view("WebBrowser1");
+  Texts heard;
+  view.OnNavigate = [&](const std::string& url) { heard.push_back(url); };
+  view.Stop();
+  view.Refresh();
+  view.GoBack();
+  view.GoForward();
+  view.Navigate("early");
+  EXPECT_EQ(view.AskedFor(), "early");
+  RecordingEngine engine;
+  view.SetEngine(&engine);
+  view.Navigate("late");
+  view.Stop();
+  view.Refresh();
+  view.GoForward();
+  EXPECT_EQ(NumberOf([&] { view.GoBack(); }), 5);
+  EXPECT_EQ(engine.Asked, (Texts{"go late", "stop", "refresh", "forward"}));
+  EXPECT_EQ(heard, (Texts{"early", "late"}));
+  EXPECT_EQ(view.LocationUrl(), "") << "a navigation is no arrival";
+  std::string arrived;
+  view.OnDocumentComplete = [&] { arrived = view.LocationUrl(); };
+  view.DocumentComplete("moved");
+  EXPECT_EQ(arrived, "moved");
+  EXPECT_EQ(view.AskedFor(), "late");
+}
+
+TEST(Window, ShowsItsTitleAndLock) {
+  Window window("Form1");
+  CountingView view(window);
+  window.SetTitle("Requite");
+  window.LockDrawing(true);
+  window.LockDrawing(true);
+  EXPECT_EQ(window.Title(), "Requite");
+  EXPECT_TRUE(window.DrawingLocked());
+  EXPECT_EQ(view.Refreshes, 2);
+}
+
+}  // namespace
+}  // namespace requite::test

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// Taking texts apart into lines, with either rule for a lone LF.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "platform/files.h"
+
+namespace requite::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines LinesOf(std::string_view text, LineEnds ends) {
+  // A buffer without anything behind it, so that a read too far is noticed.
+  const std::vector<char> exact(text.begin(), text.end());
+  LineReader reader({exact.data(), exact.size()}, ends);
+  Lines lines;
+  while (!reader.AtEnd()) lines.emplace_back(reader.Next().value());
+  EXPECT_EQ(reader.Next(), std::nullopt);
+  return lines;
+}
+
+/// The same by a walk over the bytes.
+Lines PlainLinesOf(std::string_view text, LineEnds ends) {
+  Lines lines;
+  bool open = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text.substr(i, 2) == "\r\n";
+    if (!open) lines.emplace_back();
+    open = !(text[i] == '\r' || (text[i] == '\n' && ends == LineEnds::Any));
+    if (open) lines.back() += text[i];
+    if (pair) ++i;
+  }
+  return lines;
+}
+
+struct LineRow {
+  const char* name;
+  std::string_view text;
+  Lines atCarriageReturns, atAny;
+};
+
+TEST(LineReader, EndsLines) {
+  const LineRow kRows[] = {
+      {"empty text", "", {}, {}},
+      {"no line end", "a", {"a"}, {"a"}},
+      {"a line end at the end opens no line", "a\r\n", {"a"}, {"a"}},
+      {"an empty line stays", "\r\n\r\na", {"", "", "a"}, {"", "", "a"}},
+      {"a lone CR ends a line", "a\rb", {"a", "b"}, {"a", "b"}},
+      {"two CRs end two lines", "a\r\r\nb", {"a", "", "b"}, {"a", "", "b"}},
+      {"a lone LF ends only hand-made lines", "a\nb\r\nc", {"a\nb", "c"}, {"a", "b", "c"}},
+      {"LF CR is two ends", "a\n\rb", {"a\n", "b"}, {"a", "", "b"}},
+      {"only LFs", "\n\n", {"\n\n"}, {"", ""}},
+      {"zero bytes are text",
+       std::string_view("a\0b\r\0", 5),
+       {{"a\0b", 3}, {"\0", 1}},
+       {{"a\0b", 3}, {"\0", 1}}},
+  };
+  for (const LineRow& row : kRows) {
+    EXPECT_EQ(LinesOf(row.text, LineEnds::CarriageReturn), row.atCarriageReturns) << row.name;
+    EXPECT_EQ(LinesOf(row.text, LineEnds::Any), row.atAny) << row.name;
+  }
+}
+
+TEST(LineReader, AgreesWithAPlainWalkOnEveryShortText) {
+  constexpr std::string_view kBytes = "a\r\n";
+  constexpr std::size_t kLength = 7;
+  std::size_t count = 1;
+  for (std::size_t i = 0; i < kLength; ++i) count *= kBytes.size();
+  for (std::size_t number = 0; number < count; ++number) {
+    std::string text;
+    for (std::size_t rest = number, i = 0; i < kLength; ++i, rest /= kBytes.size())
+      text += kBytes[rest % kBytes.size()];
+    for (std::size_t cut = 0; cut <= kLength; ++cut) {
+      for (const LineEnds ends : {LineEnds::CarriageReturn, LineEnds::Any}) {
+        ASSERT_EQ(LinesOf(text.substr(0, cut), ends), PlainLinesOf(text.substr(0, cut), ends));
+      }
+    }
+  }
+}
+
+TEST(LineReader, StaysLinearWithOneKindOfLineEnd) {
+  // A search of each kind to the end of the text for every line would look at some 10^12 bytes.
+  for (const char end : {'\r', '\n'}) {
+    const std::string text(std::size_t{2} << 20U, end);
+    LineReader reader(text, LineEnds::Any);
+    std::size_t count = 0;
+    while (reader.Next()) ++count;
+    EXPECT_EQ(count, text.size());
+  }
+}
+
+}  // namespace
+}  // namespace requite::test

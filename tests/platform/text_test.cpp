@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Comparing, cutting and joining of texts, in named rows.
+#include "platform/text.h"
+
+#include <gtest/gtest.h>
+
+namespace requite::test {
+namespace {
+
+using Pieces = std::vector<std::string>;
+
+struct CompareRow {
+  const char* name;
+  std::string_view text, what;
+  bool startsIgnoringCase, startsExactly, endsIgnoringCase, endsExactly, equalIgnoringCase, equalExactly;
+};
+
+TEST(Text, ComparesStartsAndEnds) {
+  constexpr CompareRow kRows[] = {
+      {"the same", "http", "http", true, true, true, true, true, true},
+      {"other case", "HTTP", "http", true, false, true, false, true, false},
+      {"a start in other case", "HTTP://x", "http", true, false, false, false, false, false},
+      {"an end in other case", "a.HTM", ".htm", false, false, true, false, false, false},
+      {"longer than the text", "ht", "http", false, false, false, false, false, false},
+      {"an empty part", "abc", "", true, true, true, true, false, false},
+      {"two empty texts", "", "", true, true, true, true, true, true},
+      {"an empty text", "", "a", false, false, false, false, false, false},
+      {"letters above 127", "\x8A\x8C\x8E\x9F\xC0\xDE", "\x9A\x9C\x9E\xFF\xE0\xFE", true, false, true, false,
+       true, false},
+      {"multiplication and division signs differ", "\xD7", "\xF7", false, false, false, false, false, false},
+      {"sharp s has one case", "\xDF", "\xFF", false, false, false, false, false, false},
+      {"a letter and the sign 32 before it", "[", "{", false, false, false, false, false, false},
+  };
+  for (const CompareRow& row : kRows) {
+    EXPECT_EQ(StartsWith(row.text, row.what, Compare::Text), row.startsIgnoringCase) << row.name;
+    EXPECT_EQ(StartsWith(row.text, row.what, Compare::Binary), row.startsExactly) << row.name;
+    EXPECT_EQ(EndsWith(row.text, row.what, Compare::Text), row.endsIgnoringCase) << row.name;
+    EXPECT_EQ(EndsWith(row.text, row.what, Compare::Binary), row.endsExactly) << row.name;
+    EXPECT_EQ(Equals(row.text, row.what, Compare::Text), row.equalIgnoringCase) << row.name;
+    EXPECT_EQ(Equals(row.text, row.what, Compare::Binary), row.equalExactly) << row.name;
+    EXPECT_EQ(CompareText(row.text, row.what) == 0, row.equalIgnoringCase) << row.name;
+  }
+}
+
+TEST(Text, SortsIgnoringCaseAndShorterFirst) {
+  EXPECT_LT(CompareText("a", "B"), 0);
+  EXPECT_GT(CompareText("b", "A"), 0);
+  EXPECT_LT(CompareText("Site", "site2"), 0);
+  EXPECT_GT(CompareText("site2", "SITE"), 0);
+  EXPECT_LT(CompareText("", "a"), 0);
+  EXPECT_GT(CompareText("\xC0", "z"), 0) << "bytes above 127 are not negative";
+}
+
+TEST(Text, SplitKeepsEmptyPieces) {
+  EXPECT_EQ(Split("", ","), Pieces{});
+  EXPECT_EQ(Split("a", ","), Pieces{"a"});
+  EXPECT_EQ(Split(",", ","), (Pieces{"", ""}));
+  EXPECT_EQ(Split("a,,b,", ","), (Pieces{"a", "", "b", ""}));
+  EXPECT_EQ(Split("a\r\nb\nc\r\n", "\r\n"), (Pieces{"a", "b\nc", ""}));
+  EXPECT_EQ(Split("aXbxc", "X"), (Pieces{"a", "bxc"})) << "separators have a case";
+  EXPECT_EQ(Split("aaa", "aa"), (Pieces{"", "a"}));
+}
+
+TEST(Text, CutsAndPads) {
+  EXPECT_EQ(Trim("  a b "), "a b");
+  EXPECT_EQ(Trim(" \ta\r\n"), "\ta\r\n") << "only blanks go";
+  EXPECT_EQ(Trim("   "), "");
+  EXPECT_EQ(Trim(""), "");
+  EXPECT_EQ(Left("abc", 2), "ab");
+  EXPECT_EQ(Left("abc", 9), "abc");
+  EXPECT_EQ(Right("abc", 2), "bc");
+  EXPECT_EQ(Right("abc", 9), "abc");
+  EXPECT_EQ(Right("abc", 0), "");
+  EXPECT_EQ(Before("host/path/x", '/'), "host");
+  EXPECT_EQ(Before("host", '/'), "host");
+  EXPECT_EQ(Before("/host", '/'), "");
+  EXPECT_EQ(ZeroPadded(7, 3), "007");
+  EXPECT_EQ(ZeroPadded(1234, 3), "1234");
+  EXPECT_EQ(Lower("ABC\x8A\xC0\xD7z"), "abc\x9A\xE0\xD7z");
+}
+
+TEST(Text, NothingEnteredIsEmptyOrOneBlank) {
+  EXPECT_TRUE(IsEmptyOrBlank(""));
+  EXPECT_TRUE(IsEmptyOrBlank(" "));
+  EXPECT_FALSE(IsEmptyOrBlank("  "));
+  EXPECT_FALSE(IsEmptyOrBlank("a"));
+}
+
+}  // namespace
+}  // namespace requite::test
