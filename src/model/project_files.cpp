@@ -2,16 +2,34 @@
 // The steps of saving and loading a project, in the order that the flags and settings depend on.
 #include "model/project_files.h"
 
+#include <filesystem>
+
 #include "model/project_reader.h"
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 
 namespace requite {
+namespace {
+
+/// A folder that may be written lets a write-protected file be replaced, which its owner did not want.
+void RequireNoWriteProtection(const std::string& path) {
+  namespace fs = std::filesystem;
+  constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  if (status.permissions() == fs::perms::unknown) return;
+  if ((status.permissions() & kAnyWrite) == fs::perms::none) throw RuntimeFailure(Failure::PathFileAccess);
+}
+
+}  // namespace
 
 void ProjectFiles::SaveProject(const std::string& path) {
-  // The old file goes first, whatever becomes of the new one.
-  if (FileExists(path)) DeleteFile(path);
+  // The old file goes first, whatever becomes of the new one; a copy is kept out of the way.
+  if (FileExists(path)) {
+    RequireNoWriteProtection(path);
+    MoveToBackup(folder_, path);
+  }
   std::string text = ProjectText(project_);
   text += kLineEnd;
   AppendToFile(path, text);

@@ -28,9 +28,10 @@ class ProjectFiles {
         folder_(folder),
         WebBrowser2_(webBrowser2) {}
 
-  /// Replaces the file at `path`; the old one is gone before the new text is written. On success
-  /// ProjectSaved is set and the path becomes the setting LastProject.
-  /// Throws RuntimeFailure for what the file system refused.
+  /// Replaces the file at `path`. The old one is gone before the new text is written: it lies in the
+  /// folder "Backup" of the program's folder then. On success ProjectSaved is set and the path becomes
+  /// the setting LastProject. Throws RuntimeFailure for what the file system refused, a
+  /// write-protected file included.
   void SaveProject(const std::string& path);
 
   /// Whether a load empties the project before it reads. Every command does.

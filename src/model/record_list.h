@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <deque>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "model/records.h"
 #include "platform/list_view.h"
@@ -140,8 +142,7 @@ class RecordList : public ListView {
     }
     sort_ = sort;
     if (!sort_.Sorted) return;
-    std::stable_sort(rows_.begin(), rows_.end(),
-                     [this](const Row& a, const Row& b) { return Before(a.Value, b.Value); });
+    PutInOrder();
     RecountSelection();
     ++version_;
     Tell([](ListObserver& o) { o.ListReset(); });
@@ -179,21 +180,38 @@ class RecordList : public ListView {
     return Record::Columns()[column];
   }
 
-  [[nodiscard]] bool Before(const Record& a, const Record& b) const {
-    const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
-    const int order = CompareText(a.*field, b.*field);
+  [[nodiscard]] bool Before(std::string_view a, std::string_view b) const {
+    const int order = CompareText(a, b);
     return sort_.SortOrder == 0 ? order < 0 : order > 0;
+  }
+
+  /// Sorts by views of the one field that counts and moves each row once: rows are large.
+  void PutInOrder() {
+    struct Place {
+      std::string_view Key;
+      std::size_t Row;
+    };
+    const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
+    std::vector<Place> order;
+    order.reserve(rows_.size());
+    for (const Row& row : rows_) order.push_back({row.Value.*field, order.size()});
+    std::stable_sort(order.begin(), order.end(),
+                     [this](const Place& a, const Place& b) { return Before(a.Key, b.Key); });
+    std::deque<Row> sorted;
+    for (const Place& place : order) sorted.push_back(std::move(rows_[place.Row]));
+    rows_ = std::move(sorted);
   }
 
   /// Behind the rows that do not sort after the record. Rows edited since the sort may stand out of
   /// order, so this asks for nothing but an end of the search.
   [[nodiscard]] std::size_t PlaceFor(const Record& record) const {
     if (!sort_.Sorted) return rows_.size();
+    const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
     std::size_t low = 0;
     std::size_t high = rows_.size();
     while (low < high) {
       const std::size_t middle = low + (high - low) / 2;
-      if (Before(record, rows_[middle].Value)) {
+      if (Before(record.*field, rows_[middle].Value.*field)) {
         high = middle;
       } else {
         low = middle + 1;

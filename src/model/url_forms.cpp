@@ -2,8 +2,6 @@
 // Scheme, "www." and path taken off a URL by plain text operations, without copies on the usual road.
 #include "model/url_forms.h"
 
-#include <array>
-
 #include "platform/text.h"
 
 namespace requite {

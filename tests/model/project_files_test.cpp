@@ -5,8 +5,6 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
 #include "site_rig.h"
@@ -55,6 +53,14 @@ TEST_F(ProjectFilesTest, TheOldFileIsGoneBeforeASaveFails) {
   Data.List4.Add({"a Main Site without a list"});
   EXPECT_THROW(Files.SaveProject(Path("a.prj")), RuntimeFailure);
   EXPECT_FALSE(FileExists(Path("a.prj")));
+  EXPECT_EQ(ReadFile(Folder.File("Backup/a.prj")), "old") << "nobody loses a project to a failed save";
+}
+
+TEST_F(ProjectFilesTest, AWriteProtectedFileIsNotReplaced) {
+  WriteFile(Path("a.prj"), "old");
+  ASSERT_EQ(::chmod(Path("a.prj").c_str(), 0444), 0);
+  EXPECT_THROW(Files.SaveProject(Path("a.prj")), RuntimeFailure);
+  EXPECT_EQ(ReadFile(Path("a.prj")), "old");
 }
 
 TEST_F(ProjectFilesTest, ALoadReplacesTheProjectAndSelectsItsFirstMainSite) {
