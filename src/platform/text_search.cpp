@@ -204,8 +204,9 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
 
 bool ReplaceIn(std::string& text, std::string_view what, std::string_view with, Compare compare) {
   std::optional<std::string> replaced = Replaced(text, what, with, compare);
-  if (replaced) text = *std::move(replaced);
-  return replaced.has_value();
+  if (!replaced) return false;
+  text = *std::move(replaced);
+  return true;
 }
 
 }  // namespace requite

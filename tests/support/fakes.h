@@ -235,8 +235,8 @@ struct FakeServices {
 /// A folder of its own for one test, removed with everything in it.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "requite-test-XXXXXX").string();
+  explicit TemporaryFolder(const std::filesystem::path& where = std::filesystem::temp_directory_path()) {
+    std::string name = (where / "requite-test-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
     Folder.Path = name;
     std::filesystem::create_directories(name + "/Project Files");
