@@ -32,6 +32,7 @@ bool QtEventLoop::RunUntil(const std::function<bool()>& predicate, std::chrono::
   using SteadyClock = std::chrono::steady_clock;
   if (predicate()) return true;
   QCoreApplication::processEvents();
+  lastDelivery_ = SteadyClock::now();
   const SteadyClock::time_point end = SteadyClock::now() + std::clamp(limit, std::chrono::milliseconds(0), kLongest);
   QTimer alarm;
   alarm.setTimerType(Qt::PreciseTimer);
