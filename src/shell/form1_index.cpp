@@ -36,7 +36,7 @@ void Form1::BuildIndex() {
                             &Sites.txtHTML2, &Sites.txtHTML3, &Sites.txtPost,
                             &Lists.List2,    &Lists.lstErr};
   for (Control* each : plain) Controls.Add(*each);
-  for (TextBox& label : lblStats) Controls.Add(label);
+  for (TextBox& label : lblStats) Controls.AddLabel(label);
   Controls.Add(optAll);
   Controls.Add(optScript);
   Controls.Add(mnuFile, "mnuFile");

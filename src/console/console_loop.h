@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// What the console needs of the event loop beyond a yield.
+#pragma once
+
+#include <functional>
+
+namespace requite {
+
+class ConsoleLoop {
+ public:
+  virtual ~ConsoleLoop() = default;
+
+  /// Lets events run until the predicate holds (tested first, and after each delivery) or until the
+  /// time has passed; a negative time never does. Returns what the predicate said last.
+  virtual bool RunUntil(const std::function<bool()>& done, int milliseconds) = 0;
+  /// Runs the action once, as an event, when the time has passed. A failure that it does not handle
+  /// is reported like that of any event.
+  virtual void After(int milliseconds, std::function<void()> action) = 0;
+};
+
+}  // namespace requite

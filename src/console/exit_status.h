@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// How the program ends, for those who call it from scripts and jobs.
+#pragma once
+
+namespace requite {
+
+enum class ExitStatus : int {
+  Done = 0,             ///< script ran; every site scanned links back as often as expected
+  LinksMissing = 1,     ///< at least one site does not
+  Refused = 2,          ///< the command line, the script or a file named there is wrong
+  NotIdleInTime = 3,    ///< `wait idle` ran out of time
+  RunTimeFailure = 70,  ///< a failure that nothing handled
+  Interrupted = 130,
+};
+
+}  // namespace requite

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+// The commands that act like the user's hand. They work on hidden controls too, and on disabled ones:
+// only a click refuses those.
+#include <sstream>
+
+#include "console/script_commands.h"
+#include "console/script_line.h"
+#include "platform/list_view.h"
+
+namespace requite {
+namespace {
+
+template <class Kind>
+Kind* As(const NamedControl& control) {
+  return dynamic_cast<Kind*>(control.Which);
+}
+
+/// A box that the user can type in: labels are none.
+TextBox* AsTextBox(const NamedControl& control) {
+  auto* const box = As<TextBox>(control);
+  return control.ReadOnly ? nullptr : box;
+}
+
+Complaint PressFound(const NamedControl& control, const std::string& name) {
+  if (auto* button = As<Button>(control)) {
+    button->Click();
+  } else if (auto* box = As<CheckBox>(control)) {
+    box->Click();
+  } else if (auto* group = As<OptionGroup>(control); group != nullptr && control.Index >= 0) {
+    group->Choose(control.Index);
+  } else if (auto* menu = As<Menu>(control); menu != nullptr && control.Index >= 0) {
+    menu->Click(control.Index);
+  } else {
+    return NoUse(name);
+  }
+  return {};
+}
+
+Complaint Click(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  if (!control.Which->EnabledInEffect()) return "\"" + words[0] + "\" is disabled";
+  return PressFound(control, words[0]);
+}
+
+Complaint Type(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  TextBox* const box = AsTextBox(control);
+  if (box == nullptr) return NoUse(words[0]);
+  box->UserTypes(session.Program.Codec.FromUtf8(words[1]));
+  return {};
+}
+
+Complaint Set(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  std::string text = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
+  if (TextBox* const box = AsTextBox(control)) {
+    box->UserSets(std::move(text));
+  } else if (auto* combo = As<ComboBox>(control)) {
+    combo->UserSets(std::move(text));
+  } else {
+    return NoUse(words[0]);
+  }
+  return {};
+}
+
+Complaint Enter(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  if (TextBox* const box = AsTextBox(control)) {
+    box->UserPressesEnter();
+  } else if (auto* combo = As<ComboBox>(control)) {
+    combo->UserPressesEnter();
+  } else {
+    return NoUse(words[0]);
+  }
+  return {};
+}
+
+Complaint Choose(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  auto* const combo = As<ComboBox>(control);
+  if (combo == nullptr) return NoUse(words[0]);
+  const std::optional<int> row = ReadNumber(words[1]);
+  if (!row) return NoNumber(words[1]);
+  if (*row < 0 || *row >= static_cast<int>(combo->Items().size())) {
+    return "\"" + words[0] + "\" has no row " + words[1];
+  }
+  combo->SetListIndex(*row);
+  return {};
+}
+
+/// A list by name and one of its rows, read from a script's count from 1.
+struct ListRow {
+  ListView* List = nullptr;
+  int Row = -1;
+};
+
+Complaint FindList(ScriptSession& session, const std::string& name, ListRow& found) {
+  const NamedControl control = session.Find(name);
+  if (!control) return NoControl(name);
+  found.List = As<ListView>(control);
+  return found.List == nullptr ? NoUse(name) : Complaint();
+}
+
+Complaint ReadRow(const ListView& list, const std::string& text, int& row) {
+  const std::optional<int> number = ReadNumber(text);
+  if (!number) return NoNumber(text);
+  if (*number < 1 || static_cast<std::size_t>(*number) > list.RowCount()) {
+    return "\"" + list.Name() + "\" has no row " + text;
+  }
+  row = *number - 1;
+  return {};
+}
+
+Complaint FindListRow(ScriptSession& session, const Words& words, ListRow& found) {
+  Complaint why = FindList(session, words[0], found);
+  return why.empty() ? ReadRow(*found.List, words[1], found.Row) : why;
+}
+
+enum class Press { Only, Also };
+
+/// The left button on a row: pressed, which selects, and let go. The handlers may empty the list.
+void ClickRow(ListView& list, int row, Press press) {
+  if (list.OnMouseDown) list.OnMouseDown(row);
+  if (press == Press::Only || row < 0) {
+    list.SelectOnly(row);
+  } else {
+    list.AlsoSelect(static_cast<std::size_t>(row));
+  }
+  if (list.OnItemClick) list.OnItemClick(row);
+}
+
+Complaint Select(ScriptSession& session, const Words& words) {
+  ListRow found;
+  Complaint why = FindList(session, words[0], found);
+  if (!why.empty()) return why;
+  std::vector<int> rows;
+  std::istringstream numbers(words.size() > 1 ? words[1] : std::string());
+  for (std::string number; numbers >> number;) {
+    why = ReadRow(*found.List, number, rows.emplace_back());
+    if (!why.empty()) return why;
+  }
+  if (rows.empty()) ClickRow(*found.List, -1, Press::Only);
+  Press press = Press::Only;
+  for (const int row : rows) {
+    // A handler may have dropped the list or its rows.
+    if (why = FindList(session, words[0], found); !why.empty()) return why;
+    ClickRow(*found.List, row, press);
+    press = Press::Also;
+  }
+  return {};
+}
+
+Complaint Sort(ScriptSession& session, const Words& words) {
+  ListRow found;
+  Complaint why = FindList(session, words[0], found);
+  if (!why.empty()) return why;
+  const std::optional<int> column = ReadNumber(words[1]);
+  if (!column) return NoNumber(words[1]);
+  if (*column < 1 || static_cast<std::size_t>(*column) > found.List->ColumnCount()) {
+    return "\"" + words[0] + "\" has no column " + words[1];
+  }
+  if (found.List->OnColumnClick) found.List->OnColumnClick(*column - 1);
+  return {};
+}
+
+Complaint RightClick(ScriptSession& session, const Words& words) {
+  ListRow found;
+  Complaint why = words.size() > 1 ? FindListRow(session, words, found) : FindList(session, words[0], found);
+  if (!why.empty()) return why;
+  if (found.List->OnMouseDown) found.List->OnMouseDown(found.Row);
+  if (found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
+  return {};
+}
+
+Complaint DoubleClick(ScriptSession& session, const Words& words) {
+  ListRow found;
+  Complaint why = FindListRow(session, words, found);
+  if (!why.empty()) return why;
+  ClickRow(*found.List, found.Row, Press::Only);
+  why = FindListRow(session, words, found);
+  if (why.empty() && found.List->OnDoubleClick) found.List->OnDoubleClick(found.Row);
+  return why;
+}
+
+Complaint EditLabel(ScriptSession& session, const Words& words) {
+  ListRow found;
+  Complaint why = FindListRow(session, words, found);
+  if (!why.empty()) return why;
+  // Editing begins with a second click on a row that is selected.
+  if (found.List->SelectedRow() != found.Row) ClickRow(*found.List, found.Row, Press::Only);
+  why = FindListRow(session, words, found);
+  if (why.empty() && found.List->OnLabelEdit) found.List->OnLabelEdit(found.Row);
+  return why;
+}
+
+Complaint Tab(ScriptSession& session, const Words& words) {
+  if (words.size() > 1 && !session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
+  const std::optional<int> number = ReadNumber(words.back());
+  if (!number) return NoNumber(words.back());
+  TabStrip& tabs = session.Program.Form1.TabStrip1;
+  if (*number < 1 || *number > static_cast<int>(tabs.Tabs.size())) return "there is no tab " + words.back();
+  tabs.Select(*number);
+  return {};
+}
+
+constexpr ScriptCommand kCommands[] = {
+    {"click", "click NAME", 1, 1, Click},
+    {"type", "type NAME TEXT", 2, 2, Type},
+    {"set", "set NAME TEXT", 1, 2, Set},
+    {"enter", "enter NAME", 1, 1, Enter},
+    {"choose", "choose NAME INDEX", 2, 2, Choose},
+    {"select", "select NAME ROW...", 1, 2, Select},
+    {"sort", "sort NAME COLUMN", 2, 2, Sort},
+    {"rightclick", "rightclick NAME [ROW]", 1, 2, RightClick},
+    {"doubleclick", "doubleclick NAME ROW", 2, 2, DoubleClick},
+    {"editlabel", "editlabel NAME ROW", 2, 2, EditLabel},
+    {"tab", "tab [WINDOW] NUMBER", 1, 2, Tab},
+};
+
+}  // namespace
+
+std::span<const ScriptCommand> HandCommands() { return kCommands; }
+
+}  // namespace requite

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+// The start of requite-console: makes the services and hands them to the program.
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#include "console/options.h"
+#include "console/path_checks.h"
+#include "console/program.h"
+#include "console/scan_command.h"
+#include "console/script_runner.h"
+#include "shell/qt/blocking_get.h"
+#include "shell/qt/code_page.h"
+#include "shell/qt/event_guard.h"
+#include "shell/qt/name_resolver.h"
+#include "shell/qt/page_connection.h"
+#include "shell/qt/program_folder.h"
+#include "shell/qt/qt_event_loop.h"
+#include "shell/qt/qt_timer.h"
+#include "shell/qt/settings_file.h"
+#include "shell/qt/socket_poller.h"
+#include "shell/qt/system_clock.h"
+#include "shell/recovery.h"
+
+namespace requite {
+namespace {
+
+constexpr TextCodec kCodec{ToUtf8, FromUtf8};
+
+class QtConsoleLoop : public ConsoleLoop {
+ public:
+  QtConsoleLoop(QtEventLoop& loop, const EventGuard& guard) : loop_(loop), guard_(guard) {}
+
+  bool RunUntil(const std::function<bool()>& done, int milliseconds) override {
+    if (milliseconds >= 0) return loop_.RunUntil(done, std::chrono::milliseconds(milliseconds));
+    while (!loop_.RunUntil(done, std::chrono::hours(1))) {
+    }
+    return true;
+  }
+  void After(int milliseconds, std::function<void()> action) override {
+    QTimer::singleShot(milliseconds, &receiver_, [this, action = std::move(action)] { guard_.Run(action); });
+  }
+
+ private:
+  QtEventLoop& loop_;
+  const EventGuard& guard_;
+  QObject receiver_;  // ends with this object, and the events that wait with it
+};
+
+/// Ctrl-C as an event. The second one ends the process at once, as it would without this.
+class InterruptWatch {
+ public:
+  InterruptWatch() {
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    ::pthread_sigmask(SIG_BLOCK, &interrupt, &before_);
+    descriptor_ = ::signalfd(-1, &interrupt, SFD_CLOEXEC | SFD_NONBLOCK);
+    notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
+      signalfd_siginfo taken{};
+      static_cast<void>(!::read(descriptor_, &taken, sizeof taken));
+      seen_ = true;
+      ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    });
+  }
+  ~InterruptWatch() {
+    notifier_.reset();
+    ::close(descriptor_);
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  InterruptWatch(const InterruptWatch&) = delete;
+  InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  [[nodiscard]] bool Seen() const { return seen_; }
+
+ private:
+  sigset_t before_{};
+  int descriptor_ = -1;
+  std::unique_ptr<QSocketNotifier> notifier_;
+  bool seen_ = false;
+};
+
+int Code(ExitStatus status) { return static_cast<int>(status); }
+
+/// Ends the program for a failure that nothing handled. The user's unsaved work goes to a file first.
+[[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
+                                const ProgramFolder& folder) {
+  std::cout << std::flush;
+  std::cerr << "requite-console: run-time failure " << failure.Number << ": " << ToUtf8(failure.Description)
+            << std::endl;
+  if (project != nullptr) {
+    if (const auto path = WriteRecovered(*project, folder)) {
+      std::cerr << "requite-console: the unsaved project was written to " << *path << std::endl;
+    }
+  }
+  // Handlers may stand on the stack that would use what is being taken down.
+  std::_Exit(Code(ExitStatus::RunTimeFailure));
+}
+
+ExitStatus RunCommand(const Options& options, ConsoleProgram& program) {
+  if (const auto* scan = std::get_if<ScanOptions>(&options.Command)) {
+    const InterruptWatch interrupt;
+    const auto output =
+        ::isatty(STDERR_FILENO) != 0 ? ScanProgress::Output::Terminal : ScanProgress::Output::Lines;
+    return RunScan(program, *scan, output, [&] { return interrupt.Seen(); });
+  }
+  const std::string& file = std::get<ScriptOptions>(options.Command).File;
+  if (file.empty()) return RunScript(program, std::cin);
+  std::ifstream script(file, std::ios::binary);
+  return RunScript(program, script);
+}
+
+ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
+  const Project* project = nullptr;
+  const EventGuard guard([&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder); });
+  const std::string& settingsFile = options.Common.SettingsFile;
+  SettingsFile store(settingsFile.empty() ? DefaultSettingsPath() : settingsFile);
+  for (const auto& [key, value] : options.Common.Settings) store.Write(FromUtf8(key), FromUtf8(value));
+  ConnectMap map;
+  for (const ConnectRule& rule : options.Common.ConnectTo) map.Add(rule);
+
+  QtEventLoop events;
+  QtConsoleLoop loop(events, guard);
+  SocketPoller poller(guard);
+  NameResolver resolver(poller);
+  PageConnection connection(poller, resolver, map);
+  QtTimer timTimeout(guard);
+  QtTimer timer1(guard);
+  BlockingGet internet(map);
+  ConsoleDialogs dialogs;
+  MemoryClipboard clipboard;
+  SoundRecorder sounds;
+  QuietShell shell;
+  SystemClock clock;
+  Services services{events,  connection, timTimeout, timer1, internet, store,
+                    dialogs, clipboard,  sounds,     shell,  clock};
+  Form1 form1(services, folder);
+  project = &form1.Sites;
+  ConsoleProgram program{form1, loop, store, dialogs, sounds, clipboard, kCodec, std::cout, std::cerr};
+  ExitStatus status = ExitStatus::Done;
+  guard.Run([&] { status = RunCommand(options, program); });
+  return status;
+}
+
+int Main(int argc, char** argv) {
+  const std::variant<Options, EndAtOnce> read = ReadCommandLine(argc, argv);
+  if (const auto* end = std::get_if<EndAtOnce>(&read)) {
+    (end->Status == ExitStatus::Done ? std::cout : std::cerr) << end->Text << std::endl;
+    return Code(end->Status);
+  }
+  const QCoreApplication application(argc, argv);
+  const auto& options = std::get<Options>(read);
+  const ProgramFolder folder = options.Common.ProgramFolder.empty()
+                                   ? ChooseProgramFolder(ProgramPlaces::OfThisProgram())
+                                   : ProgramFolder{options.Common.ProgramFolder};
+  if (std::holds_alternative<ScanOptions>(options.Command)) {
+    if (const std::string why = WhyNoProgramFolder(folder.Path); !why.empty()) {
+      std::cerr << "requite-console: " << why << std::endl;
+      return Code(ExitStatus::Refused);
+    }
+  }
+  return Code(RunProgram(options, folder));
+}
+
+}  // namespace
+}  // namespace requite
+
+int main(int argc, char** argv) { return requite::Main(argc, argv); }

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// The command line of requite-console.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "console/exit_status.h"
+#include "shell/qt/connect_map.h"
+
+namespace requite {
+
+/// What both commands take. Paths are bytes of the file system, all other texts are UTF-8.
+struct CommonOptions {
+  std::string ProgramFolder;  ///< empty: the program's own choice
+  std::string SettingsFile;   ///< empty: the user's own
+  std::vector<std::pair<std::string, std::string>> Settings;
+  std::vector<ConnectRule> ConnectTo;
+};
+
+struct ScanOptions {
+  std::string Project;
+  std::string Save;  ///< empty: not asked for, like the two below
+  std::string Report;
+  std::string Tab;
+};
+
+struct ScriptOptions {
+  std::string File;  ///< empty: standard input
+};
+
+struct Options {
+  CommonOptions Common;
+  std::variant<ScanOptions, ScriptOptions> Command;
+};
+
+/// The command line says to end at once: with a text for standard output (help, version), or with
+/// one line for standard error and ExitStatus::Refused.
+struct EndAtOnce {
+  ExitStatus Status = ExitStatus::Done;
+  std::string Text;
+};
+
+/// Reads the command line and tests that the files it names can be used. Writes nothing.
+[[nodiscard]] std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* argv);
+
+}  // namespace requite

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+// The commands that print what a control, a window or the program's records hold.
+#include "console/control_text.h"
+#include "console/script_commands.h"
+#include "console/script_line.h"
+#include "platform/list_view.h"
+
+namespace requite {
+namespace {
+
+Complaint Rows(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  if (const auto* list = dynamic_cast<ListView*>(control.Which)) {
+    for (std::size_t row = 0; row < list->RowCount(); ++row) session.Program.PrintLine(RowFields(*list, row));
+  } else if (const auto* combo = dynamic_cast<ComboBox*>(control.Which)) {
+    for (const std::string& item : combo->Items()) session.Program.PrintLine(item);
+  } else {
+    return NoUse(words[0]);
+  }
+  return {};
+}
+
+Complaint Style(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  const auto* const list = dynamic_cast<ListView*>(control.Which);
+  if (list == nullptr) return NoUse(words[0]);
+  for (std::size_t row = 0; row < list->RowCount(); ++row) {
+    session.Program.PrintLine({std::to_string(list->Icon(row)), std::to_string(list->Colour(row))});
+  }
+  return {};
+}
+
+/// "StatusBar1(2)" is the second panel; everything else is a control's own name.
+NamedControl FindWithPanel(ScriptSession& session, const std::string& name, int& panel) {
+  panel = 1;
+  NamedControl control = session.Find(name);
+  const std::size_t open = name.find('(');
+  if (control || open == std::string::npos || name.back() != ')') return control;
+  const std::optional<int> number =
+      ReadNumber(std::string_view(name).substr(open + 1, name.size() - open - 2));
+  control = session.Find(std::string_view(name).substr(0, open));
+  if (!number || *number < 1 || *number > StatusBar::kPanels) return {};
+  panel = *number;
+  return dynamic_cast<StatusBar*>(control.Which) == nullptr ? NamedControl() : control;
+}
+
+Complaint Print(ScriptSession& session, const Words& words) {
+  int panel = 1;
+  const NamedControl control = FindWithPanel(session, words[0], panel);
+  if (!control) return NoControl(words[0]);
+  const std::optional<std::string> text = ControlText(control, panel);
+  if (!text) return NoUse(words[0]);
+  session.Program.PrintLine(*text);
+  return {};
+}
+
+Complaint Index(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  if (const auto* list = dynamic_cast<ListView*>(control.Which)) {
+    session.Program.PrintLine(std::to_string(list->SelectedRow() + 1));
+  } else if (const auto* combo = dynamic_cast<ComboBox*>(control.Which)) {
+    session.Program.PrintLine(std::to_string(combo->ListIndex()));
+  } else {
+    return NoUse(words[0]);
+  }
+  return {};
+}
+
+Complaint Checked(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  const std::optional<bool> checked = ControlChecked(control);
+  if (!checked) return NoUse(words[0]);
+  session.Program.PrintLine(*checked ? "1" : "0");
+  return {};
+}
+
+Complaint Tip(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  session.Program.PrintLine(control.Which->ToolTip);
+  return {};
+}
+
+Complaint Title(ScriptSession& session, const Words& words) {
+  if (!session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
+  session.Program.PrintLine(session.Program.Form1.Main.Title());
+  return {};
+}
+
+Complaint State(ScriptSession& session, const Words& words) {
+  const NamedControl control = session.Find(words[0]);
+  if (!control) return NoControl(words[0]);
+  session.Program.PrintLine(ControlState(*control.Which));
+  return {};
+}
+
+Complaint Panels(ScriptSession& session, const Words&) {
+  for (int panel = 1; panel <= StatusBar::kPanels; ++panel) {
+    session.Program.PrintLine(session.Program.Form1.StatusBar1.Panel(panel));
+  }
+  return {};
+}
+
+Complaint Trace(ScriptSession& session, const Words& words) {
+  int panel = 1;
+  const NamedControl control = FindWithPanel(session, words[0], panel);
+  if (!control) return NoControl(words[0]);
+  if (!ControlText(control, panel)) return NoUse(words[0]);
+  std::unique_ptr<Tracer>& tracer = session.Tracers[control.Which];
+  if (tracer == nullptr) {
+    tracer = std::make_unique<Tracer>(session.Program);
+    control.Which->SetView(tracer.get());
+  }
+  tracer->Tell(control, words[0], panel);
+  return {};
+}
+
+Complaint Messages(ScriptSession& session, const Words&) {
+  ConsoleProgram& program = session.Program;
+  for (const ConsoleDialogs::Shown& each : program.Dialogs.TakeShown()) {
+    program.PrintLine({each.Kind, each.Title, each.Text, each.Answer});
+  }
+  return {};
+}
+
+Complaint PlayedSounds(ScriptSession& session, const Words&) {
+  for (const std::string& file : session.Program.Sounds.TakePlayed()) session.Program.PrintLine(file);
+  return {};
+}
+
+Complaint PrintNavigations(ScriptSession& session, const Words&) {
+  for (const std::vector<std::string>& each : std::exchange(session.Navigations, {})) {
+    session.Program.PrintLine(each);
+  }
+  return {};
+}
+
+Complaint PrintClipboard(ScriptSession& session, const Words&) {
+  session.Program.PrintLine(session.Program.Clipboard.Text());
+  return {};
+}
+
+Complaint Windows(ScriptSession& session, const Words&) {
+  session.Program.PrintLine(session.Program.Form1.Main.Name());
+  return {};
+}
+
+constexpr ScriptCommand kCommands[] = {
+    {"windows", "windows", 0, 0, Windows},
+    {"rows", "rows NAME", 1, 1, Rows},
+    {"style", "style NAME", 1, 1, Style},
+    {"print", "print NAME", 1, 1, Print},
+    {"index", "index NAME", 1, 1, Index},
+    {"checked", "checked NAME", 1, 1, Checked},
+    {"tip", "tip NAME", 1, 1, Tip},
+    {"title", "title WINDOW", 1, 1, Title},
+    {"state", "state NAME", 1, 1, State},
+    {"panels", "panels", 0, 0, Panels},
+    {"trace", "trace NAME", 1, 1, Trace},
+    {"messages", "messages", 0, 0, Messages, true},
+    {"sounds", "sounds", 0, 0, PlayedSounds, true},
+    {"navigations", "navigations", 0, 0, PrintNavigations},
+    {"clipboard", "clipboard", 0, 0, PrintClipboard},
+};
+
+}  // namespace
+
+std::span<const ScriptCommand> PrintCommands() { return kCommands; }
+
+}  // namespace requite

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Printing in the console's form.
+#include "console/program.h"
+
+#include <ostream>
+
+namespace requite {
+
+void ConsoleProgram::PrintLine(const std::vector<std::string>& fields) {
+  std::string line;
+  for (const std::string& field : fields) {
+    if (&field != &fields.front()) line += '\t';
+    line += Outside(field);
+  }
+  Out << line << '\n' << std::flush;
+}
+
+void ConsoleProgram::PrintLine(std::string_view text) { Out << Outside(text) << '\n' << std::flush; }
+
+std::vector<std::string> RowFields(const ListView& list, std::size_t row) {
+  std::vector<std::string> fields;
+  for (std::size_t column = 0; column < list.ColumnCount(); ++column) {
+    fields.push_back(list.FieldAt(row, column));
+  }
+  return fields;
+}
+
+}  // namespace requite

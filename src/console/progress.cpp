@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// The progress line and the verdict on each site.
+#include "console/progress.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <ostream>
+
+namespace requite {
+namespace {
+
+constexpr std::chrono::milliseconds kRedrawInterval{100};
+constexpr std::size_t kUsualColumns = 80;
+constexpr int kScanOneMainSite = 1;
+constexpr int kScanOneLinkingSite = 2;
+/// The label that a site's end is counted in.
+constexpr std::size_t kLinkingSitesLabel = 5;
+
+std::size_t TerminalColumns() {
+  winsize size{};
+  return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsualColumns;
+}
+
+}  // namespace
+
+ScanProgress::Watch::Watch(Control& control, std::function<void()> onChange)
+    : control_(control), onChange_(std::move(onChange)) {
+  control_.SetView(this);
+}
+
+ScanProgress::ScanProgress(ConsoleProgram& program, Output output)
+    : program_(program),
+      output_(output),
+      start_(std::chrono::steady_clock::now()),
+      sites_(program.Form1.lblStats[kLinkingSitesLabel], [this] { SiteFinished(); }),
+      panels_(program.Form1.StatusBar1, [this] { Redraw(); }) {}
+
+ScanProgress::~ScanProgress() { Finish(); }
+
+/// The figure rises before the site's state is cleared, so that state still tells how it went.
+void ScanProgress::SiteFinished() {
+  const Statistics& figures = program_.Form1.Figures;
+  if (figures.LinkingSitesScanned <= finished_) return;
+  finished_ = figures.LinkingSitesScanned;
+  const bool linksBack = SiteLinksBack();
+  allLinkBack_ = allLinkBack_ && linksBack;
+  if (output_ == Output::Terminal) return Redraw();
+  const ScanState& state = program_.Form1.State;
+  const std::string reason = linksBack || state.ReasonNote.empty() ? "" : " (" + state.ReasonNote + ")";
+  program_.Err << program_.Outside(Position(finished_) + ": " + state.CurrentLinkingUrl + ": " +
+                                   std::to_string(state.LinksCounted) + " of " +
+                                   std::to_string(state.LinksExpected) + " links" + reason)
+               << std::endl;
+}
+
+bool ScanProgress::SiteLinksBack() const {
+  const ScanState& state = program_.Form1.State;
+  if (state.LinksCounted >= state.LinksExpected) return true;
+  // A link behind a redirect is one link, where such links are looked for.
+  return !state.LinkFound && state.RedirectSuspected && state.LinksExpected == 1 &&
+         program_.Form1.Settings.IsOne(setting::chkRedirect);
+}
+
+std::int32_t ScanProgress::SitesToScan() const {
+  const Project& sites = program_.Form1.Sites;
+  const int type = program_.Form1.State.ScanType;
+  if (type == kScanOneLinkingSite) return 1;
+  std::size_t rows = 0;
+  for (int k = 1; k <= sites.ListCount(); ++k) {
+    if (type != kScanOneMainSite || k == sites.CurrentMainSite) rows += sites.List1(k).RowCount();
+  }
+  return static_cast<std::int32_t>(rows);
+}
+
+std::string ScanProgress::Position(std::int32_t number) const {
+  return "Linking Site " + std::to_string(number) + " of " + std::to_string(SitesToScan());
+}
+
+void ScanProgress::Redraw() {
+  const auto now = std::chrono::steady_clock::now();
+  if (output_ != Output::Terminal || (lineOnShow_ && now - drawn_ < kRedrawInterval)) return;
+  drawn_ = now;
+  const ScanState& state = program_.Form1.State;
+  if (!state.Scanning) return;
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
+  Draw(Position(std::min(finished_ + 1, SitesToScan())) + ", page " + std::to_string(state.PagesDone) +
+       " of " + std::to_string(state.PagesQueued + 1) + ", " +
+       std::to_string(program_.Form1.Figures.LinksFound) + " links found, " + std::to_string(seconds) +
+       " s, " + state.PageFull);
+}
+
+void ScanProgress::Draw(const std::string& text) {
+  // A line that reaches the last column would wrap, and the next one could not be drawn over it.
+  program_.Err << '\r' << program_.Outside(text.substr(0, TerminalColumns() - 1)) << "\x1b[K" << std::flush;
+  lineOnShow_ = true;
+}
+
+void ScanProgress::Finish() {
+  if (!lineOnShow_) return;
+  program_.Err << "\r\x1b[K" << std::flush;
+  lineOnShow_ = false;
+}
+
+}  // namespace requite

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What a scan shows of itself while it runs, and whether its sites link back as they should.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+#include "console/program.h"
+
+namespace requite {
+
+/// Watches the main window's figures. On a terminal one line is redrawn in place, elsewhere there is
+/// one line a finished site.
+class ScanProgress {
+ public:
+  enum class Output { Terminal, Lines };
+
+  /// Watches from here on until the end of its life.
+  ScanProgress(ConsoleProgram& program, Output output);
+  ~ScanProgress();
+  ScanProgress(const ScanProgress&) = delete;
+  ScanProgress& operator=(const ScanProgress&) = delete;
+
+  /// The scan has come to its end: takes the redrawn line away.
+  void Finish();
+  /// Whether every site finished so far links back as often as expected.
+  [[nodiscard]] bool AllLinkBack() const { return allLinkBack_; }
+  [[nodiscard]] std::int32_t SitesFinished() const { return finished_; }
+
+ private:
+  /// Tells the progress that something on a control has changed.
+  class Watch : public ControlView {
+   public:
+    Watch(Control& control, std::function<void()> onChange);
+    ~Watch() override { control_.SetView(nullptr); }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    void Refresh(const Control&) override { onChange_(); }
+
+   private:
+    Control& control_;
+    std::function<void()> onChange_;
+  };
+
+  void SiteFinished();
+  void Redraw();
+  void Draw(const std::string& text);
+  [[nodiscard]] bool SiteLinksBack() const;
+  [[nodiscard]] std::int32_t SitesToScan() const;
+  [[nodiscard]] std::string Position(std::int32_t number) const;
+
+  ConsoleProgram& program_;
+  Output output_;
+  std::chrono::steady_clock::time_point start_;
+  std::chrono::steady_clock::time_point drawn_;
+  std::int32_t finished_ = 0;
+  bool allLinkBack_ = true;
+  bool lineOnShow_ = false;
+  Watch sites_;
+  Watch panels_;
+};
+
+}  // namespace requite

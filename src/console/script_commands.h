@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The commands that a script may use.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/script_line.h"
+#include "console/script_session.h"
+
+namespace requite {
+
+/// The arguments of a command, unescaped, in UTF-8.
+using Words = std::vector<std::string>;
+
+struct ScriptCommand {
+  std::string_view Name;
+  std::string_view Form;  ///< as it is written in a script
+  std::size_t LeastArguments;
+  std::size_t MostArguments;  ///< the last one runs to the end of the line
+  Complaint (*Run)(ScriptSession& session, const Words& words);
+  bool WorksAfterClose = false;
+  Escapes OfArguments = Escapes::Replace;
+};
+
+/// Null for a word that is no command.
+[[nodiscard]] const ScriptCommand* FindCommand(std::string_view name);
+
+/// The table's pieces, each in a file of its own: what the user's hand does, what is printed, and
+/// what steers the script.
+[[nodiscard]] std::span<const ScriptCommand> HandCommands();
+[[nodiscard]] std::span<const ScriptCommand> PrintCommands();
+[[nodiscard]] std::span<const ScriptCommand> ProgramCommands();
+
+/// Helpers of the commands.
+[[nodiscard]] Complaint NoControl(std::string_view name);
+[[nodiscard]] Complaint NoUse(std::string_view name);
+[[nodiscard]] Complaint NoNumber(std::string_view text);
+
+}  // namespace requite

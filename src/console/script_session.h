@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// A script on its way: the state that its commands share.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/exit_status.h"
+#include "console/program.h"
+
+namespace requite {
+
+/// Why a command cannot be carried out; empty when it was.
+using Complaint = std::string;
+
+/// A line that ended the script.
+struct ScriptFault {
+  int Line = 0;
+  std::string Why;
+};
+
+/// Prints the text of a control each time it changes.
+class Tracer : public ControlView {
+ public:
+  explicit Tracer(ConsoleProgram& program) : program_(program) {}
+  /// Adds a text to be told; the name is that of the command.
+  void Tell(const NamedControl& control, std::string name, int panel);
+  void Refresh(const Control& control) override;
+
+ private:
+  struct Told {
+    NamedControl Which;
+    std::string Name;
+    int Panel;
+    std::string Text;
+  };
+
+  ConsoleProgram& program_;
+  std::vector<Told> told_;
+};
+
+class ScriptSession {
+ public:
+  explicit ScriptSession(ConsoleProgram& program);
+  ~ScriptSession();
+  ScriptSession(const ScriptSession&) = delete;
+  ScriptSession& operator=(const ScriptSession&) = delete;
+
+  /// Carries out one line of a script. A fault is kept, and nothing is carried out after it.
+  /// Throws RuntimeFailure for what the program's own action let through.
+  void Run(int line, std::string_view text);
+
+  /// Set once the script is to end before its end.
+  [[nodiscard]] bool Ended() const { return Fault.has_value() || Status != ExitStatus::Done; }
+
+  /// A control by the name that a script uses, or none. A window's name may stand before it.
+  [[nodiscard]] NamedControl Find(std::string_view name) const;
+  [[nodiscard]] bool IsOpenWindow(std::string_view name) const;
+
+  ConsoleProgram& Program;
+  std::optional<ScriptFault> Fault;
+  ExitStatus Status = ExitStatus::Done;
+  int Line = 0;  ///< of the command that runs
+  std::vector<std::vector<std::string>> Navigations;
+  std::map<Control*, std::unique_ptr<Tracer>> Tracers;
+
+ private:
+  void Carry(std::string_view text);
+  void Record(BrowserView& view, const char* tab);
+};
+
+}  // namespace requite
