@@ -65,6 +65,14 @@ class FileHandle {
     }
   }
 
+  /// Drops what lies behind the first `size` bytes.
+  void CutAt(std::size_t size) const {
+    struct stat status {};
+    if (::fstat(fd_, &status) != 0) ThrowFileFailure(path_, errno);
+    if (static_cast<std::size_t>(status.st_size) <= size) return;
+    if (::ftruncate(fd_, static_cast<off_t>(size)) != 0) ThrowFileFailure(path_, errno);
+  }
+
  private:
   const std::string& path_;
   int fd_;
@@ -137,6 +145,12 @@ std::string ReadFile(const std::string& path) {
 
 void WriteFile(const std::string& path, std::string_view text) {
   FileHandle(path, O_WRONLY | O_CREAT | O_TRUNC).Write(text);
+}
+
+void OverwriteFile(const std::string& path, std::string_view text) {
+  const FileHandle file(path, O_WRONLY | O_CREAT);
+  file.Write(text);
+  file.CutAt(text.size());
 }
 
 void AppendToFile(const std::string& path, std::string_view text) {

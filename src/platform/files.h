@@ -42,6 +42,10 @@ class LineReader {
 /// file (a pipe, a device, a folder) cannot be read: PathFileAccess; a file of 2 GiB or more: OutOfMemory.
 [[nodiscard]] std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, std::string_view text);
+/// WriteFile for a file that is written again and again: the old bytes are written over and the rest is
+/// cut off, which spares the file system the waits of emptying a file first (milliseconds on some).
+/// After a failure the file may hold new text followed by old.
+void OverwriteFile(const std::string& path, std::string_view text);
 void AppendToFile(const std::string& path, std::string_view text);
 void DeleteFile(const std::string& path);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A page is written twice, so these are among the larger costs of a small page: the files are opened
-// once each and their old contents go in the same call.
+// once each, and the old text is written over.
 #include "scan/work_files.h"
 
 #include "platform/runtime_failure.h"
@@ -34,7 +34,7 @@ std::string WithoutLineEnds(std::string_view text) {
 }
 
 void ReplaceFile(const std::string& path, std::string_view text) {
-  if (PassOver([&] { WriteFile(path, text); })) return;
+  if (PassOver([&] { OverwriteFile(path, text); })) return;
   PassOver([&] { DeleteFile(path); });
   WriteFile(path, text);
 }

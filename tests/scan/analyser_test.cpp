@@ -1,0 +1,351 @@
+// SPDX-License-Identifier: MIT
+// A page becomes queued pages and result rows; what is dropped, what ends the reading, what is followed.
+#include "scan/analyser.h"
+
+#include <gmock/gmock.h>
+
+#include "support/analysis_rig.h"
+#include "support/generated_page.h"
+
+namespace requite::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kDirectRow = "Direct Link 001 site.example/d/p.htm";
+constexpr const char* kDomainRow = "Domain Link 001 site.example/d/p.htm";
+
+struct AnalyserTest : testing::Test {
+  AnalyserTest() { Begin("main.example"); }
+  void Begin(const std::string& mainSite) {
+    rig.Begin(mainSite, {"http://www.site.example/start", "partner.example"}, "site.example/d/p.htm");
+  }
+
+  AnalysisRig rig;
+  ScanState& state = rig.Rig.State;
+  const LinkingSiteList& Sites() { return rig.Rig.Sites.List1(1); }
+  FakeEventLoop& Events() { return rig.Rig.Services.EventLoop; }
+};
+
+struct DropRow {
+  const char* What;
+  const char* Page;
+  std::vector<std::string> Queue;
+  std::vector<std::string> Results;
+};
+
+TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
+  const DropRow rows[] = {
+      {"a page of the site", "<a href=\"x.htm\">", {"site.example/d/x.htm"}, {}},
+      {"in single quotes", "<a href='/x.htm'>", {"site.example/x.htm"}, {}},
+      {"without quotes", "<a href=x.htm>x", {"site.example/d/x.htm"}, {}},
+      {"in any tag", "<link HREF=\"/x.htm\"/>", {"site.example/x.htm"}, {}},
+      {"in a comment", "<!-- href=/x.htm> -->", {"site.example/x.htm"}, {}},
+      {"a value ends at its first blank", "<a href=\"/x.htm y\">", {"site.example/x.htm"}, {}},
+      {"a blank before the equals sign hides a link", "<a href =\"/x.htm\">", {}, {}},
+      {"no end of the value cuts two characters", "<a href=/x.htmlz", {"site.example/x.htm"}, {}},
+      {"what that leaves must be a listed type before it is mended", "<a href=/x.html", {}, {}},
+      {"a cut type behind a listed one is mended", "<a href=/x.php?y.html", {"site.example/x.php?y.htm"}, {}},
+      {"an end as last character counts as none", "<a href=/x.htmlz>", {"site.example/x.html"}, {}},
+      {"one letter is a value", "<a href=\"?\">", {"site.example/d/?"}, {}},
+      {"no letter is none", "<a href=\"\">", {}, {}},
+      {"twice on a page", "<a href=/x.htm> <a href=/X.HTM>", {"site.example/x.htm"}, {}},
+      {"the start of another Linking Site", "<a href=\"http://partner.example\">", {}, {}},
+      {"the page of another site", "<a href=\"http://other.com/\">", {}, {}},
+      {"a script", "<a href=\"JavaScript:main.example/\">", {}, {}},
+      {"a mail address at the Main Site", "<a href=\"mailto:me@main.example/\">", {}, {}},
+      {"a fragment", "<a href=\"/x.htm#top\">", {}, {}},
+      {"a local file", "<a href=\"file:///x.htm\">", {}, {}},
+      {"a type that is not listed", "<a href=\"/x.zip\">", {}, {}},
+      {"a query without a dot", "<a href=\"/x?y\">", {"site.example/x?y"}, {}},
+      {"a query with a dot needs a listed type", "<a href=\"/x?y.zip\">", {}, {}},
+      {"a folder", "<a href=\"/x.zip/\">", {"site.example/x.zip/"}, {}},
+      {"no dot and no query", "<a href=\"/x\">", {}, {}},
+      {"a link to the Main Site", "<a href=\"http://www.MAIN.example/\">", {}, {kDirectRow}},
+      {"to the Main Site with a fragment", "<a href=\"http://main.example/x.htm#x\">", {}, {}},
+      {"with a fragment and no listed type", "<a href=\"http://main.example/#x\">", {}, {kDirectRow}},
+      {"to a type of the Main Site that is not listed",
+       "<a href=\"http://main.example/a.zip\">",
+       {},
+       {kDirectRow}},
+      {"on the site, with the Main Site's text",
+       "<a href=\"/go.php?u=main.example\">",
+       {"site.example/go.php?u=main.example"},
+       {kDirectRow}},
+      {"a host that ends the Main Site's domain", "<a href=\"http://shop.ain.example/\">", {}, {}},
+  };
+  for (const DropRow& row : rows) {
+    AnalysisRig rig;
+    rig.Begin("main.example", {"http://www.site.example/start", "partner.example"}, "site.example/d/p.htm");
+    rig.Page(row.Page + std::string("\r\n"));
+    EXPECT_EQ(rig.Queue(), row.Queue) << row.What;
+    EXPECT_EQ(rig.Results(), row.Results) << row.What;
+  }
+}
+
+TEST_F(AnalyserTest, RecordsADirectLinkWithAllItChanges) {
+  rig.Page("<a href=\"http://main.example/\">");
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+  const LinkResult& row = rig.Rig.Sites.List3.At(0);
+  EXPECT_EQ(row.Main, "main.example");
+  EXPECT_EQ(row.Linking, "site.example");
+  EXPECT_EQ(state.CurrentLinkingUrl, "site.example") << "stays a bare host";
+  EXPECT_EQ(rig.Rig.Sites.List3.Colour(0), kBlue);
+  EXPECT_EQ(rig.Rig.Sites.List3.Icon(0), kIconGood);
+  EXPECT_EQ(Sites().At(0).WebsiteUrl, "site.example/d/p.htm");
+  EXPECT_EQ(Sites().Colour(0), kBlue);
+  EXPECT_TRUE(state.LinkFound);
+  EXPECT_EQ(state.LinksOnSite, 1);
+  EXPECT_EQ(state.LinksCounted, 1);
+  EXPECT_EQ(state.PagesQueued, 1) << "a found link counts as a page";
+  EXPECT_EQ(rig.Rig.Host.Raised[2], 1);
+  EXPECT_THAT(rig.Rig.Services.Sounds.Played, ElementsAre("foundemail.wav"));
+  EXPECT_EQ(rig.Rig.Controls.StatusBar1.Panel(3), "Found 1 links");
+  EXPECT_EQ(rig.Rig.Controls.StatusBar1.Panel(2), "");
+  EXPECT_THAT(rig.Steps.Calls, ElementsAre("ScanNextPage")) << "a site with a link goes on";
+}
+
+TEST_F(AnalyserTest, ADomainLinkLeavesTheWebsiteUrl) {
+  state.MainSiteKey = "shop.main.example";
+  rig.Rig.Services.Store.Set("chkAudioEmail", "0");
+  rig.Page("<a href=\"http://www.main.example/\">");
+  EXPECT_THAT(rig.Results(), ElementsAre(kDomainRow));
+  EXPECT_EQ(Sites().At(0).WebsiteUrl, "http://www.site.example/start");
+  EXPECT_THAT(rig.Rig.Services.Sounds.Played, IsEmpty());
+}
+
+TEST_F(AnalyserTest, AFoundLinkLeavesAGapInTheSeenTable) {
+  state.SeenPages.Store(2, "site.example/stale.htm");
+  rig.Page("<a href=/a.htm ><a href=\"http://main.example/\"><a href=/stale.htm ><a href=/b.htm >");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm", "site.example/b.htm"))
+      << "what stood in the gap before counts as seen";
+  EXPECT_EQ(state.PagesQueued, 3);
+}
+
+TEST_F(AnalyserTest, TheRestOfAPageIsLeftUnreadOnceTheLinksAreThere) {
+  state.LinksExpected = 1;
+  const std::string page =
+      "<a href=\"http://main.example/\"><a href=/x.htm ><a href=\"http://main.example/\">";
+  rig.Page(page);
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+  EXPECT_THAT(rig.Queue(), IsEmpty());
+  rig.Page("<a href=/y.htm >" + page);
+  EXPECT_EQ(rig.Results().size(), 1U) << "of a later page only the first line is read";
+  rig.Page("href=/y.htm ><p>");
+  EXPECT_THAT(rig.Queue(), IsEmpty()) << "and the first line is what stands before its first href";
+}
+
+TEST_F(AnalyserTest, ARefusedUrlNotesTheRuleProblemAndCanStillBeALink) {
+  rig.Rig.Sites.lstRules.Add({"Global", "Global", "LimitDirectory", "links"});
+  rig.Page("<a href=/x.htm ><a href=/links/x.htm ><a href=\"http://main.example/\">");
+  EXPECT_EQ(state.ReasonNote, "Possible Rule Problem");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/links/x.htm"));
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+}
+
+TEST_F(AnalyserTest, AnyOtherTextThanOneSwitchesTheFileTypesOff) {
+  rig.Rig.Services.Store.Set("chkFileTypes", " 1");
+  rig.Page("<a href=/x.zip >");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/x.zip"));
+}
+
+TEST_F(AnalyserTest, TheMainSitesTextWithoutALinkEndsTheSite) {
+  rig.Page("main.example <a href=/x.htm >");
+  EXPECT_THAT(rig.Steps.Calls, ElementsAre("NextSite"));
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/x.htm"));
+  rig.Rig.Services.Store.Set("chkRedirect", "0");
+  rig.Page("main.example");
+  EXPECT_THAT(rig.Steps.Calls, ElementsAre("NextSite", "ScanNextPage"));
+}
+
+struct MoveRow {
+  const char* What;
+  const char* Page;
+  const char* Asked;
+};
+
+TEST(MovedPage, FindsTheNewAddress) {
+  constexpr MoveRow kRows[] = {
+      {"the usual page", "<title>302 FOUND</title><a href=\"http://new.com/x y\">here</a></body>",
+       "http://new.com/x"},
+      {"cut at the tag", "301 Moved Permanently<p>\r\n<a href=new.com<b>", "http://new.com"},
+      {"the mark behind the href on its line", "<a href='new.com'>302 Found", "http://new.com"},
+      {"no href, and an empty last line", "<title>Object moved</title>\r\n", "http://site.example/d/p.htm"},
+      {"no href: the last line", "<title>document moved</title>\r\nnew.com", "http://new.com"},
+      {"nothing left of the address", "302 Found <a href=\"\" >", "http://site.example/d/p.htm"},
+      {"the mark over two lines is none", "302\r\nFound<a href=/x >", nullptr},
+  };
+  for (const MoveRow& row : kRows) {
+    AnalysisRig rig;
+    rig.Begin("main.example", {"site.example"}, "site.example/d/p.htm");
+    rig.Page(row.Page);
+    if (row.Asked == nullptr) {
+      EXPECT_THAT(rig.Rig.Services.Internet.Asked, IsEmpty()) << row.What;
+    } else {
+      EXPECT_THAT(rig.Rig.Services.Internet.Asked, ElementsAre(row.Asked)) << row.What;
+    }
+  }
+}
+
+TEST_F(AnalyserTest, AMoveIsFollowedOnceAndReadAsThePageInHand) {
+  rig.Rig.Services.Internet.Bodies["http://new.com/"] =
+      "302 Found <a href=\"http://main.example/\">" + std::string(300, 'x');
+  rig.Page("302 Found <a href=\"new.com/\">");
+  EXPECT_THAT(rig.Rig.Services.Internet.Asked, ElementsAre("http://new.com/"));
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+  EXPECT_FALSE(state.RedirectFollowed) << "the next page may move again";
+  EXPECT_THAT(rig.Steps.Calls, ElementsAre("ScanNextPage"));
+  rig.Page("302 Found <a href=\"new.com/\">");
+  EXPECT_EQ(rig.Rig.Services.Internet.Asked.size(), 2U);
+}
+
+TEST_F(AnalyserTest, AStopDuringTheMoveLeavesTheMoveNoted) {
+  rig.Rig.Services.Internet.OnOpen = [this] { state.Scanning = false; };
+  rig.Page("302 Found");
+  EXPECT_TRUE(state.RedirectFollowed);
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, AStopAtAnyYieldQueuesNothingMore) {
+  const std::string page = "<a href=/a.htm >\r\n<a href=\"http://main.example/\">\r\n<a href=/b.htm >\r\n";
+  rig.Page(page);
+  const int yields = Events().Yields;
+  ASSERT_GT(yields, 8);
+  for (int at = 1; at <= yields; ++at) {
+    AnalysisRig stopped;
+    stopped.Begin("main.example", {"site.example"}, "site.example/d/p.htm");
+    std::size_t before = 0;
+    stopped.Rig.Services.EventLoop.AtYield(at, [&] {
+      stopped.Rig.State.Scanning = false;
+      before = stopped.Queue().size() + stopped.Results().size();
+    });
+    stopped.Page(page);
+    EXPECT_EQ(stopped.Queue().size() + stopped.Results().size(), before) << "stopped at yield " << at;
+    EXPECT_THAT(stopped.Steps.Calls, IsEmpty()) << "stopped at yield " << at;
+  }
+}
+
+TEST_F(AnalyserTest, AStopReachesTheMiddleOfALongValue) {
+  rig.Page("<a href=\"/x.htm?" + std::string(100000, 'x') + "\">");
+  const int yields = Events().Yields;
+  EXPECT_GT(yields, 20) << "events run every few kilobytes";
+  AnalysisRig stopped;
+  stopped.Begin("main.example", {"site.example"}, "site.example/d/p.htm");
+  stopped.Rig.Services.EventLoop.AtYield(yields / 2, [&] { stopped.Rig.State.Scanning = false; });
+  stopped.Page("<a href=\"/x.htm?" + std::string(100000, 'x') + "\">");
+  EXPECT_LE(stopped.Rig.Services.EventLoop.Yields, yields / 2 + 1);
+  EXPECT_THAT(stopped.Queue(), IsEmpty());
+}
+
+TEST_F(AnalyserTest, ASkipLetsTheRestOfThePageBeReadForTheNextSite) {
+  Events().AtYield(9, [this] {
+    state.SiteRow = 2;
+    rig.Rig.Lists.List2.Clear();
+  });
+  rig.Page("<a href=/a.htm >\r\n<a href=/b.htm >\r\n<a href=\"http://partner.example/c.htm\">\r\n");
+  EXPECT_THAT(rig.Queue(), ElementsAre("partner.example/c.htm"));
+}
+
+TEST_F(AnalyserTest, ARowThatIsGoneEndsThePageWithoutANextStep) {
+  Events().AtYield(9, [this] { rig.Rig.Sites.List1(1).Clear(); });
+  rig.Page("<a href=/a.htm >\r\n<a href=/b.htm >\r\n<a href=/c.htm >\r\n");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm"));
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, ALinkWhoseSiteIsGoneFailsBehindItsRow) {
+  Events().AtYield(7, [this] { rig.Rig.Sites.List1(1).Clear(); });
+  rig.Page("<p>\r\n<a href=\"http://main.example/a.zip\">\r\n");
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+  EXPECT_FALSE(state.LinkFound);
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, TheFullSeenTableStopsTheChainBehindTheQueuedPage) {
+  state.PagesQueued = SeenPages::kSlots - 1;
+  rig.Page("<a href=/a.htm ><a href=/b.htm >");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm"));
+  EXPECT_EQ(state.PagesQueued, SeenPages::kSlots);
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, ACountOfLinksBeyondSixteenBitsEndsThePage) {
+  state.LinksExpected = 32767;
+  state.LinksCounted = 32767;
+  rig.Page("<a href=\"http://main.example/\">");
+  EXPECT_THAT(rig.Results(), IsEmpty());
+  EXPECT_EQ(state.LinksOnSite, 1);
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, ReadsTheOldWorkFileWhenTheNewOneCannotBeWritten) {
+  rig.Rig.State.Pages[0].PreparedText.reset();
+  WriteFile(rig.Rig.Folder.File("html0.txt"),
+            "old href=\"/a.htm\" href='/b.htm'>\rhref=/c.htm?x>y\nhref=/d.htm >z");
+  rig.Steps.AnalysePage(0);
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm", "site.example/c.htm?x"))
+      << "a line has one link, and a lone LF ends none";
+  DeleteFile(rig.Rig.Folder.File("html0.txt"));
+  EXPECT_THROW(rig.Steps.AnalysePage(0), RuntimeFailure);
+}
+
+TEST_F(AnalyserTest, ThePageInHandLosesSchemeLeftoversAtTheFirstRecord) {
+  rig.At(" tp://site.example/d/p.htm");
+  rig.Page("<a href=\"http://main.example/\">");
+  EXPECT_EQ(state.PageFull, "site.example/d/p.htm");
+  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
+}
+
+/// Both forms read the same pages of one site, one after the other.
+struct Pair {
+  explicit Pair(PageGenerator& generate) {
+    const std::string mainSite = generate.Below(4) == 0 ? "main.example/links" : "www.main.example";
+    const auto files = generate.Below(3) == 0 ? "0" : "1";
+    const bool rules = generate.Below(3) == 0;
+    const int expected = generate.Below(3) == 0 ? generate.Below(3) : 1000;
+    const std::string moved = generate.Page(6);
+    for (AnalysisRig* rig : {&program, &plain}) {
+      rig->Begin(mainSite, {"http://www.partner.example/x", "other.com/a", "x.htm"},
+                 "partner.example/d/p.htm");
+      rig->Rig.Services.Store.Set("chkFileTypes", files);
+      rig->Rig.State.LinksExpected = static_cast<std::int16_t>(expected);
+      if (rules) rig->Rig.Sites.lstRules.Add({"Global", "Global", "ExcludeString", "links"});
+      FakeInternet& internet = rig->Rig.Services.Internet;
+      internet.OnOpen = [&internet, moved] { internet.Bodies[internet.Asked.back()] = moved; };
+    }
+  }
+
+  AnalysisRig program{Wording::Program};
+  AnalysisRig plain{Wording::Plain};
+};
+
+TEST(AnalysePage, AgreesWithThePlainWordingOnGeneratedPages) {
+  PageGenerator generate(8);
+  for (int site = 0; site < 300; ++site) {
+    Pair pair(generate);
+    for (int page = 0; page < 4; ++page) {
+      const std::string body = generate.Page(generate.Below(30));
+      pair.program.Page(body);
+      pair.plain.Page(body);
+      ASSERT_EQ(pair.program.Remains(), pair.plain.Remains()) << "site " << site << ", page:\n" << body;
+    }
+  }
+}
+
+TEST(AnalysePage, AgreesWithThePlainWordingOnAnyFileOnDisk) {
+  PageGenerator generate(9);
+  for (int site = 0; site < 300; ++site) {
+    Pair pair(generate);
+    const std::string text = generate.Page(generate.Below(30));
+    for (AnalysisRig* rig : {&pair.program, &pair.plain}) {
+      WriteFile(rig->Rig.Folder.File("html0.txt"), text);
+    }
+    pair.program.Steps.AnalysePage(0);
+    pair.plain.Steps.Plain->AnalysePage(0);
+    ASSERT_EQ(pair.program.Remains(), pair.plain.Remains()) << "site " << site << ", file:\n" << text;
+  }
+}
+
+}  // namespace
+}  // namespace requite::test

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+// Links as they are mended, and which of them are ours.
+#include "scan/resolve.h"
+
+#include <gtest/gtest.h>
+
+#include "scan/climb.h"
+#include "support/analysis_rig.h"
+#include "support/generated_page.h"
+
+namespace requite::test {
+namespace {
+
+struct LinkRow {
+  const char* What;
+  const char* Link;
+  const char* Resolved;
+};
+
+TEST(ResolveLink, MendsEachKindOfLink) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  rig.State.PageDir = "site.example/b/c/";
+  rig.State.Pages[0].PageHost = "site.example";
+  constexpr LinkRow kRows[] = {
+      {"a slash alone", "/", "site.example/"},
+      {"an empty value", "", "site.example/b/c/"},
+      {"a host without path", "http://site.example", "site.example/"},
+      {"a scheme in capitals", "HTTP://Site.example/X", "Site.example/X"},
+      {"every scheme goes", "http://a.example/http://b", "a.example/b"},
+      {"a secure link to an unknown ending is a page of the site", "https://foo.example/x",
+       "site.example/b/c/foo.example/x"},
+      {"a secure link to a known ending is a host", "https://foo.com/x", "foo.com/x"},
+      {"a relative name", "page.html", "site.example/b/c/page.html"},
+      {"a relative name taken for a host", "page.com.html", "page.com.html/"},
+      {"a host known by its front", "WW2.foo.example", "WW2.foo.example/"},
+      {"an ending without its dot is none", "xcom/www", "site.example/b/c/xcom/www"},
+      {"from the root", "/x/y.htm", "site.example/x/y.htm"},
+      {"another host without scheme, taken for a path", "//foo.com/x", "site.example/foo.com/x"},
+      {"one up", "../x.html", "site.example/b/x.html"},
+      {"two up", "../../x.html", "site.example/x.html"},
+      {"no further than the root", "../../../../x", "site.example/x"},
+      {"two dots alone", "..", "site.example/b/"},
+      {"a dot means the root of the host, and then the directory comes in front", "./x.html",
+       "site.example/b/c/site.example/x.html"},
+      {"a dot before a known ending", "./x.com/y", "site.example/x.com/y"},
+      {"sixteen slashes are one", "http://a.example////////////////x", "a.example/x"},
+      {"seventeen slashes are two", "http://a.example/////////////////x", "a.example//x"},
+      {"a cut .asp", "/x.as", "site.example/x.asp"},
+      {"a cut .htm in capitals", "/X.HT", "site.example/X.htm"},
+      {"a cut .php", "/x.ph", "site.example/x.php"},
+      {"the repair reaches every occurrence", "http://site.example/x.ash/y.as", "site.example/x.asph/y.asp"},
+      {"the head of the next href", "http://site.example/x/hre", "site.example/x"},
+      {"the head of the next href, longer", "http://site.example/x/HREF", "site.example/x"},
+      {"the head of the next URL", "http://site.example/http:", "site.example"},
+      {"one repair after the other", "http://site.example/x/http/href", "site.example/x"},
+      {"short texts are not mended", "http://a/.ht", "a/.ht"},
+  };
+  for (const LinkRow& row : kRows) {
+    std::string link = row.Link;
+    EXPECT_EQ(ResolveLink(rig.Context, link), row.Resolved) << row.What;
+    EXPECT_EQ(link, row.Resolved) << "the caller's text: " << row.What;
+  }
+}
+
+TEST(ResolveLink, AgreesWithThePlainWording) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  PageGenerator generate(1);
+  for (int i = 0; i < 20000; ++i) {
+    rig.State.PageDir = "site.example/" + generate.Value(generate.Below(3));
+    rig.State.Pages[0].PageHost = "site.example";
+    const std::string value = generate.Value(generate.Below(8));
+    std::string link = value;
+    ASSERT_EQ(ResolveLink(rig.Context, link), PlainResolveLink(rig.Context, value))
+        << value << " on " << rig.State.PageDir;
+  }
+}
+
+TEST(Climb, AgreesWithThePlainWordingForDotsAndSlashes) {
+  std::mt19937 random(2);
+  for (int i = 0; i < 20000; ++i) {
+    std::string link = "..";
+    for (auto length = random() % 40; length > 0; --length) link += "../..//x."[random() % 9];
+    ASSERT_EQ(Climb("h/a/b/c/", link), PlainClimb("h/a/b/c/", link)) << link;
+  }
+}
+
+TEST(Climb, IsQuickForMillionsOfSteps) {
+  std::string link;
+  for (int i = 0; i < 1000000; ++i) link += "../";
+  EXPECT_EQ(Climb("h/a/", link + "x"), "h//x");  // the dots run together, and each step takes three
+}
+
+struct SiteRow {
+  const char* What;
+  const char* Site;
+  const char* Url;
+  bool Answer;
+};
+
+TEST(SiteTests, IsLinkToMainSiteFindsTheTextAnywhere) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  SiteTests sites(rig.Context);
+  constexpr SiteRow kRows[] = {
+      {"the site", "main.example", "main.example/", true},
+      {"in another case", "main.example", "www.MAIN.example/x", true},
+      {"in a query of another site", "main.example", "other.example/?u=main.example", true},
+      {"another path", "main.example/a", "main.example/b", false},
+      {"its own path", "main.example/a", "main.example/a/b", true},
+      {"no Main Site is held by every text", "", "x", true},
+      {"an empty text holds nothing", "", "", false},
+  };
+  for (const SiteRow& row : kRows) {
+    rig.State.MainSiteKey = row.Site;
+    EXPECT_EQ(sites.IsLinkToMainSite(row.Url), row.Answer) << row.What;
+  }
+}
+
+TEST(SiteTests, IsOnLinkingSiteComparesTheRegisteredDomainBothWays) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  LinkingSiteList& list = rig.AddMainSite("main.example", {""});
+  rig.State.SiteRow = 1;
+  SiteTests sites(rig.Context);
+  constexpr SiteRow kRows[] = {
+      {"in a query of another host", "www.site.example", "other.example/?u=site.example", true},
+      {"a sub-domain", "site.example", "a.b.SITE.example/x", true},
+      {"a row with scheme and path", "https://www.site.example/d/x.html", "site.example/y", true},
+      {"a suffix of two labels lets everything in", "site.example.uk", "another.example.uk/", true},
+      {"the domain holds the URL", "site.example", "example", true},
+      {"an empty URL", "site.example", "", true},
+      {"another site", "site.example", "other.example/", false},
+      {"an empty row", "", "x", true},
+      {"an empty row and URL", "", "", false},
+  };
+  for (const SiteRow& row : kRows) {
+    list.Set(0, &LinkingSite::WebsiteUrl, row.Site);
+    EXPECT_EQ(sites.IsOnLinkingSite(row.Url), row.Answer) << row.What;
+  }
+  rig.State.SiteRow = 2;
+  EXPECT_THROW((void)sites.IsOnLinkingSite("x"), RuntimeFailure);
+}
+
+TEST(SiteTests, IsSameDomainTakesSchemeAndPathOffItsArgument) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  SiteTests sites(rig.Context);
+  constexpr SiteRow kRows[] = {
+      {"the domain", "site.example", "http://www.site.example/x", true},
+      {"a Main Site with a path matches none", "site.example/x", "http://www.site.example/x", false},
+      {"a sub-domain of the Main Site", "shop.site.example", "site.example", true},
+      {"letter case counts", "site.example", "Site.example", false},
+      {"one label", "localhost", "localhost/x", true},
+      {"more labels than the Main Site's", "localhost", "a.localhost", false},
+  };
+  for (const SiteRow& row : kRows) {
+    rig.State.MainSiteKey = row.Site;
+    std::string url = row.Url;
+    EXPECT_EQ(sites.IsSameDomain(url), row.Answer) << row.What;
+  }
+  std::string url = "https://a.site.example/x/y";
+  EXPECT_FALSE(IsSameDomain(rig.Context, url));
+  EXPECT_EQ(url, "a.site.example");
+}
+
+TEST(SiteTests, AgreeWithThePlainWording) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  LinkingSiteList& list = rig.AddMainSite("main.example", {""});
+  rig.State.SiteRow = 1;
+  SiteTests sites(rig.Context);
+  PageGenerator generate(3);
+  for (int i = 0; i < 20000; ++i) {
+    if (i % 3 == 0) rig.State.MainSiteKey = generate.Value(generate.Below(4));
+    if (i % 5 == 0) list.Set(0, &LinkingSite::WebsiteUrl, generate.Value(generate.Below(4)));
+    std::string url = generate.Value(generate.Below(6));
+    std::string plainUrl = url;
+    const std::string shown = url + " for " + rig.State.MainSiteKey + " on " + list.At(0).WebsiteUrl;
+    ASSERT_EQ(sites.IsLinkToMainSite(url), PlainIsLinkToMainSite(rig.Context, url)) << shown;
+    ASSERT_EQ(sites.IsOnLinkingSite(url), PlainIsOnLinkingSite(rig.Context, url)) << shown;
+    ASSERT_EQ(sites.IsSameDomain(url), PlainIsSameDomain(rig.Context, plainUrl)) << shown;
+    ASSERT_EQ(url, plainUrl);
+  }
+}
+
+}  // namespace
+}  // namespace requite::test

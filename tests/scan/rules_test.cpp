@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// Which URLs a rule keeps out, for which sites, and what the log then says.
+#include "scan/rules.h"
+
+#include <gtest/gtest.h>
+
+#include "support/analysis_rig.h"
+#include "support/generated_page.h"
+
+namespace requite::test {
+namespace {
+
+struct RulesTest : testing::Test {
+  RulesTest() {
+    sites = &rig.AddMainSite("www.Main.example", {"site.example/start", "other.example"});
+    rig.State.SiteRow = 1;
+  }
+  void Only(const Rule& rule) {
+    rig.Sites.lstRules.Clear();
+    rig.Sites.lstRules.Add(rule);
+  }
+
+  RecordedSteps steps;
+  ScanRig rig{steps};
+  LinkingSiteList* sites = nullptr;
+  Rules rules{rig.Context};
+};
+
+TEST_F(RulesTest, EachTypeTestsItsText) {
+  struct Row {
+    const char* Type;
+    const char* Value;
+    const char* Url;
+    bool Passes;
+  };
+  constexpr Row kRows[] = {
+      {"LimitDirectory", "links", "site.example/links/x.html", true},
+      {"LimitDirectory", "links", "site.example/linkspage.html", false},
+      {"LimitDirectory", "/links/", "site.example/LINKS/x.html", true},
+      {"LimitDirectory", "links", "site.example/links", false},
+      {"ExcludeDirectory", "links", "site.example/links/x.html", false},
+      {"ExcludeDirectory", "links", "site.example/links", true},
+      {"ExcludeDirectory", "", "site.example/", false},
+      {"LimitString", "ink", "site.example/LINKS", true},
+      {"LimitString", "ink", "site.example/", false},
+      {"ExcludeString", "ink", "site.example/links", false},
+      {"ExcludeString", "", "site.example/", false},
+      {"LimitString", "", "site.example/", true},
+      {"LimitRoot", "deep", "site.example/a/deep/", true},
+      {"LimitRoot", "deep", "site.example/", false},
+      {"ExcludeRoot", "deep", "site.example/a/deep/", false},
+      {"excludestring", "site", "site.example/", true},
+      {"Something", "site", "site.example/", true},
+  };
+  for (const Row& row : kRows) {
+    Only({"Global", "Global", row.Type, row.Value});
+    EXPECT_EQ(rules.PassesRules(row.Url), row.Passes) << row.Type << " " << row.Value << " " << row.Url;
+  }
+}
+
+TEST_F(RulesTest, AScopeIsComparedExactlyWithTheTextsAsTyped) {
+  struct Row {
+    const char* MainSite;
+    const char* RemoteSite;
+    bool Applies;
+  };
+  constexpr Row kRows[] = {
+      {"Global", "Global", true},
+      {"www.Main.example", "Global", true},
+      {"www.main.example", "Global", false},
+      {"Main.example", "Global", false},
+      {"www.Main.example", "site.example/start", true},
+      {"Global", "site.example/start", true},
+      {"Global", "site.example", false},
+      {"Global", "other.example", false},
+      {"global", "Global", false},
+  };
+  for (const Row& row : kRows) {
+    Only({row.MainSite, row.RemoteSite, "ExcludeString", "x"});
+    EXPECT_EQ(rules.PassesRules("x"), !row.Applies) << row.MainSite << " " << row.RemoteSite;
+  }
+}
+
+TEST_F(RulesTest, ARuleForASiteStopsApplyingWhenTheRowChanges) {
+  Only({"Global", "site.example/start", "ExcludeString", "x"});
+  EXPECT_FALSE(rules.PassesRules("x"));
+  sites->Set(0, &LinkingSite::WebsiteUrl, "site.example/found");
+  EXPECT_TRUE(rules.PassesRules("x"));
+  rig.Sites.lstRules.Set(0, &Rule::RemoteSite, "site.example/found");
+  EXPECT_FALSE(rules.PassesRules("x"));
+  rig.State.SiteRow = 2;
+  EXPECT_TRUE(rules.PassesRules("x"));
+}
+
+TEST_F(RulesTest, TheFirstFailureIsLogged) {
+  rig.Services.Store.Set("chkLog", "1");
+  rig.Sites.lstRules.Add({"Global", "Global", "LimitString", "site"});
+  rig.Sites.lstRules.Add({"Global", "Global", "ExcludeRoot", "deep"});
+  rig.Sites.lstRules.Add({"Global", "Global", "ExcludeDirectory", "deep"});
+  EXPECT_TRUE(rules.PassesRules("site.example/"));
+  EXPECT_FALSE(FileExists(rig.Folder.File("rules.log")));
+  EXPECT_FALSE(rules.PassesRules("site.example/deep/"));
+  EXPECT_FALSE(rules.PassesRules("other"));
+  EXPECT_EQ(ReadFile(rig.Folder.File("rules.log")),
+            "Excluded Site: site.example/deep/\r\nRule Type: ExcludeRoot\r\nRule Value: deep\r\n\r\n\r\n"
+            "Excluded Site: other\r\nRule Type: LimitString\r\nRule Value: site\r\n\r\n\r\n");
+}
+
+TEST_F(RulesTest, NoLogWithoutTheSettingAndNoFailureForALogThatCannotBeWritten) {
+  Only({"Global", "Global", "ExcludeString", "x"});
+  EXPECT_FALSE(rules.PassesRules("x"));
+  EXPECT_FALSE(FileExists(rig.Folder.File("rules.log")));
+  rig.Services.Store.Set("chkLog", "1");
+  std::filesystem::create_directory(rig.Folder.File("rules.log"));
+  EXPECT_FALSE(rules.PassesRules("x"));
+}
+
+TEST_F(RulesTest, AMissingRowFailsOnlyWhenThereAreRules) {
+  rig.State.SiteRow = 3;
+  EXPECT_TRUE(rules.PassesRules("x"));
+  Only({"Global", "Global", "ExcludeString", "x"});
+  EXPECT_THROW((void)rules.PassesRules("x"), RuntimeFailure);
+}
+
+TEST_F(RulesTest, AgreeWithThePlainWording) {
+  PageGenerator generate(4);
+  constexpr std::array<std::string_view, 7> kTypes = {
+      "LimitDirectory", "ExcludeDirectory", "LimitString", "ExcludeString",
+      "LimitRoot",      "ExcludeRoot",      "None"};
+  constexpr std::array<std::string_view, 3> kMains = {"Global", "www.Main.example", "x"};
+  constexpr std::array<std::string_view, 3> kRemotes = {"Global", "site.example/start", "other.example"};
+  for (int round = 0; round < 2000; ++round) {
+    rig.Sites.lstRules.Clear();
+    for (int i = generate.Below(4); i > 0; --i) {
+      rig.Sites.lstRules.Add({generate.Pick(kMains), generate.Pick(kRemotes), generate.Pick(kTypes),
+                              generate.Value(generate.Below(3))});
+    }
+    rig.State.SiteRow = 1 + generate.Below(2);
+    for (int i = 0; i < 5; ++i) {
+      const std::string url = generate.Value(generate.Below(6));
+      ASSERT_EQ(rules.PassesRules(url), PlainPassesRules(rig.Context, url)) << url;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace requite::test

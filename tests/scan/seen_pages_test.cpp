@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// What counts as seen: other Linking Sites, the queue, and the slots of the seen table, stale ones too.
+#include "scan/seen_pages.h"
+
+#include <gtest/gtest.h>
+
+#include "scan/seen_url.h"
+#include "support/analysis_rig.h"
+#include "support/generated_page.h"
+
+namespace requite::test {
+namespace {
+
+TEST(SeenPages, HoldUpToTheLastUsedSlot) {
+  SeenPages pages;
+  pages.Store(1, "A.example/x");
+  pages.Store(5, "a.example/X");
+  pages.Store(3, "");
+  EXPECT_FALSE(pages.HasUpTo(0, "a.example/x"));
+  EXPECT_TRUE(pages.HasUpTo(1, "a.EXAMPLE/x"));
+  EXPECT_FALSE(pages.HasUpTo(9, "a.example/xy"));
+  EXPECT_FALSE(pages.HasUpTo(9, ""));
+  pages.Store(1, "b.example/");
+  EXPECT_FALSE(pages.HasUpTo(4, "a.example/x"));
+  EXPECT_TRUE(pages.HasUpTo(5, "a.example/x"));
+}
+
+TEST(SeenPages, EndAtTheirLastSlot) {
+  SeenPages pages;
+  pages.Store(99999, "x");
+  EXPECT_TRUE(pages.HasUpTo(99999, "x"));
+  EXPECT_THROW(pages.Store(100000, "y"), RuntimeFailure);
+  EXPECT_THROW(pages.Store(-1, "y"), RuntimeFailure);
+}
+
+TEST(SeenPages, AgreeWithAWalkOverTheSlots) {
+  SeenPages pages;
+  std::vector<std::string> slots(30);
+  std::mt19937 random(5);
+  const auto url = [&random] { return std::string(1, "aAbBcC"[random() % 6]); };
+  for (int i = 0; i < 20000; ++i) {
+    const auto slot = static_cast<std::int32_t>(random() % 30);
+    if (random() % 2 == 0) {
+      slots[static_cast<std::size_t>(slot)] = url();
+      pages.Store(slot, slots[static_cast<std::size_t>(slot)]);
+    }
+    const std::string asked = url();
+    const auto end = slots.begin() + slot + 1;
+    ASSERT_EQ(pages.HasUpTo(slot, asked), std::any_of(slots.begin(), end, [&](const std::string& each) {
+                return Equals(each, asked, Compare::Text);
+              }));
+  }
+}
+
+TEST(IsSeenUrl, KnowsLinkingSitesQueueAndSlots) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  rig.AddMainSite("main.example", {"www.Site.example/a", "Other.example"});
+  rig.Lists.List2.Add({"site.example/Queued"});
+  rig.State.SeenPages.Store(1, "site.example/seen");
+  rig.State.SeenPages.Store(2, "site.example/stale");
+  rig.State.PagesQueued = 1;
+  struct Row {
+    const char* What;
+    const char* Url;
+    const char* Left;
+    bool Seen;
+  };
+  constexpr Row kRows[] = {
+      {"a Linking Site", "other.example", "other.example", true},
+      {"any www. is left out of the compare", "SITE.www.example/A", "SITE.www.example/A", true},
+      {"but only in small letters", "WWW.site.example/a", "WWW.site.example/a", false},
+      {"a Linking Site with a slash more", "other.example/", "other.example/", false},
+      {"a queued page", "SITE.example/queued", "SITE.example/queued", true},
+      {"a queued page with www.", "www.site.example/queued", "www.site.example/queued", false},
+      {"a page of a used slot", "site.example/SEEN", "site.example/SEEN", true},
+      {"a page of a slot that is not in use", "site.example/stale", "site.example/stale", false},
+      {"a scheme cut at the front", " ttp://wwother.example ", "other.example", true},
+      {"leftovers are taken in turn", "http://www.tp://x", "x", false},
+      {"an empty text", "", "", false},
+  };
+  for (const Row& row : kRows) {
+    std::string url = row.Url;
+    EXPECT_EQ(IsSeenUrl(rig.Context, url), row.Seen) << row.What;
+    EXPECT_EQ(url, row.Left) << row.What;
+  }
+  rig.Sites.CurrentMainSite = 7;  // the list is gone: the tests that are left still stand
+  std::string url = "site.example/queued";
+  EXPECT_TRUE(IsSeenUrl(rig.Context, url));
+}
+
+TEST(IsSeenUrl, AgreesWithThePlainWording) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  LinkingSiteList& sites = rig.AddMainSite("main.example", {"a", "", "www."});
+  std::vector<std::string> seen(10);
+  PageGenerator generate(6);
+  for (int i = 0; i < 20000; ++i) {
+    const std::string entry = generate.Value(generate.Below(3));
+    const int slot = generate.Below(10);
+    if (i % 7 == 0) sites.Set(static_cast<std::size_t>(generate.Below(3)), &LinkingSite::WebsiteUrl, entry);
+    if (i % 5 == 0) rig.State.SeenPages.Store(slot, seen[static_cast<std::size_t>(slot)] = entry);
+    if (i % 3 == 0) rig.Lists.List2.Add({entry});
+    if (rig.Lists.List2.RowCount() > 4) rig.Lists.List2.Remove(0);
+    rig.State.PagesQueued = generate.Below(10);
+    std::string url = generate.Value(generate.Below(4));
+    std::string plainUrl = url;
+    const std::string shown = url;
+    ASSERT_EQ(IsSeenUrl(rig.Context, url), PlainIsSeenUrl(rig.Context, seen, plainUrl)) << shown;
+    ASSERT_EQ(url, plainUrl) << shown;
+  }
+}
+
+TEST(RecordedPages, LookAtTheNumberColumnOnly) {
+  RecordedSteps steps;
+  ScanRig rig(steps);
+  RecordedPages recorded(rig.Context);
+  const auto isRecorded = [&recorded](std::string page) { return recorded.IsPageRecorded(page); };
+  rig.Sites.List3.Add({"m", "l", "Direct Link", "012", "site.example/x"});
+  EXPECT_FALSE(isRecorded("site.example/x"));
+  EXPECT_TRUE(isRecorded("12"));
+  EXPECT_TRUE(isRecorded(""));
+  rig.Sites.List3.Add({"m", "l", "Direct Link", "013", "site.example/x"});
+  rig.Sites.List3.Set(0, &LinkResult::No, "see SITE.example");
+  EXPECT_TRUE(isRecorded("site.example"));
+  rig.Sites.List3.Remove(0);
+  EXPECT_FALSE(isRecorded("site.example"));
+  std::string page = " http://tp://site.example/x ";
+  EXPECT_FALSE(recorded.IsPageRecorded(page));
+  EXPECT_EQ(page, "site.example/x");
+}
+
+}  // namespace
+}  // namespace requite::test

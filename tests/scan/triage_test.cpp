@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+// What a response tells as a whole, and the two work files.
+#include "scan/triage.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "scan/work_files.h"
+#include "support/analysis_rig.h"
+#include "support/generated_page.h"
+
+namespace requite::test {
+namespace {
+
+/// Triage alone: the analyser is only remembered.
+struct TriageTest : testing::Test {
+  TriageTest() {
+    rig.AddMainSite("main.example", {"site.example"});
+    rig.State.Scanning = true;
+    rig.State.MainSiteKey = "main.example";
+    rig.State.PageFull = "site.example/page";
+  }
+  [[nodiscard]] std::string WorkFile(const char* name) const { return ReadFile(rig.Folder.File(name)); }
+
+  RecordedSteps steps;
+  ScanRig rig{steps};
+  Triage triage{rig.Context};
+};
+
+TEST_F(TriageTest, ErrorCodesHaveTheirTexts) {
+  struct Row {
+    const char* Header;
+    const char* Text;
+  };
+  constexpr Row kRows[] = {
+      {"HTTP/1.1 404 Not Found\r\n\r\n", "404 Not found"},
+      {"HTTP/1.1 400 X\r\n\r\n", "400 Bad request"},
+      {"HTTP/1.1 402 X\r\n\r\n", "402 PaymentRequired"},
+      {"HTTP/1.1 408 X\r\n\r\n", "408 request timeout"},
+      {"HTTP/1.1 501 X\r\n\r\n", "501 Not implemented"},
+      {"HTTP/1.1 504 X\r\n\r\n", "504 Gateway timeout"},
+      {"HTTP/1.1 505 X\r\n\r\n", "505 HTTP Not Version"},
+      {"x 503 y", "503 Service Unavailable"},
+      {"HTTP/1.1 200 OK\r\n\r\n", ""},
+      {"HTTP/1.1 302 Found\r\n\r\n", ""},
+      {"HTTP/1.1 418 Teapot\r\n\r\n", ""},
+      {"HTTP/1.1 506 X\r\n\r\n", ""},
+      {"HTTP/1.1  404 Not Found\r\n\r\n", ""},
+      {"HTTP/1.1 404", ""},
+      {"HTTP/1.1 404\r\nServer: x\r\n\r\n", ""},  // the code then ends at the next blank
+      {"", ""},
+  };
+  for (const Row& row : kRows) {
+    rig.State.ReasonNote = "";
+    rig.Lists.lstErr.Clear();
+    triage.CheckHttpStatus(row.Header, "site.example/x");
+    EXPECT_EQ(rig.State.ReasonNote, row.Text) << row.Header;
+    if (*row.Text == '\0') {
+      EXPECT_TRUE(rig.Lists.lstErr.Empty()) << row.Header;
+    } else {
+      ASSERT_EQ(rig.Lists.lstErr.RowCount(), 1U) << row.Header;
+      EXPECT_EQ(rig.Lists.lstErr.At(0).Error, row.Text);
+      EXPECT_EQ(rig.Lists.lstErr.At(0).Url, "site.example/x");
+    }
+  }
+  EXPECT_EQ(rig.Host.Raised[0], 8) << "a page with an error status counts once more";
+}
+
+TEST_F(TriageTest, TheLastReasonThatAppliesStays) {
+  triage.ProcessPage("<p>MAIN.example</p>", 0);
+  EXPECT_EQ(rig.State.ReasonNote, "Possible Redirected URL");
+  EXPECT_TRUE(rig.State.RedirectSuspected);
+  EXPECT_EQ(rig.State.RedirectPage, "site.example/page");
+  triage.ProcessPage("main.example YOU ARE seeing this text because <?PHP", 0);
+  EXPECT_EQ(rig.State.ReasonNote, "Server Script Error");
+  triage.ProcessPage("main.example you are seeing this text because", 0);
+  EXPECT_EQ(rig.State.ReasonNote, "Source Protected");
+  rig.State.ReasonNote = "404 Not found";
+  triage.ProcessPage("nothing", 0);
+  EXPECT_EQ(rig.State.ReasonNote, "404 Not found");
+}
+
+TEST_F(TriageTest, AStoppedScanLeavesThePageAlone) {
+  rig.State.Scanning = false;
+  triage.ProcessPage("main.example", 0);
+  EXPECT_EQ(rig.Services.Connection.Closes, 1);
+  EXPECT_FALSE(rig.State.RedirectSuspected);
+  EXPECT_TRUE(steps.Calls.empty());
+  EXPECT_FALSE(FileExists(rig.Folder.File("html0.txt")));
+}
+
+TEST_F(TriageTest, WritesBothWorkFiles) {
+  triage.ProcessPage("<a HREF=  \"x\">\n<a hReF='y'>\r\rz\r\n", 0);
+  EXPECT_EQ(WorkFile("html0.txt"), "<a \r\nhref=\"x\">\n<a \r\nhref='y'>\r\rz\r\n\r\n");
+  EXPECT_EQ(WorkFile("html20.txt"), "<a href=\"x\"><a href='y'>z\r\n");
+  EXPECT_EQ(rig.Controls.StatusBar1.Panel(2), "Saving to HTML");
+  EXPECT_EQ(steps.Calls, std::vector<std::string>{"AnalysePage"});
+  triage.ProcessPage("", 0);
+  EXPECT_EQ(WorkFile("html0.txt"), "\r\n");
+  EXPECT_EQ(WorkFile("html20.txt"), "\r\n");
+}
+
+TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
+  const std::string path = rig.Folder.File("html0.txt");
+  WriteFile(path, "old");
+  ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+  triage.ProcessPage("new", 0);
+  EXPECT_EQ(ReadFile(path), "new\r\n");
+  ASSERT_TRUE(rig.State.Pages[0].PreparedText.has_value());
+}
+
+TEST_F(TriageTest, AWorkFileThatCannotBeWrittenSendsTheAnalyserToTheDisk) {
+  std::filesystem::create_directory(rig.Folder.File("html0.txt"));
+  triage.ProcessPage("new", 0);
+  EXPECT_FALSE(rig.State.Pages[0].PreparedText.has_value());
+  EXPECT_EQ(WorkFile("html20.txt"), "new\r\n");
+  EXPECT_EQ(steps.Calls, std::vector<std::string>{"AnalysePage"});
+}
+
+TEST_F(TriageTest, AFailureOfTheAnalyserIsPassedOver) {
+  struct : RecordedSteps {
+    void AnalysePage(std::int16_t) override { throw RuntimeFailure(Failure::Subscript); }
+  } failing;
+  ScanRig failingRig(failing);
+  failingRig.State.Scanning = true;
+  EXPECT_NO_THROW(Triage(failingRig.Context).ProcessPage("x", 0));
+}
+
+TEST(PutHrefsOnLines, TakesBlanksInRuns) {
+  const auto left = [](std::size_t blanks) {
+    return PutHrefsOnLines("Href=" + std::string(blanks, ' ') + "x");
+  };
+  for (const std::size_t blanks : {0, 1, 8, 15, 16, 36}) EXPECT_EQ(left(blanks), "\r\nhref=x") << blanks;
+  EXPECT_EQ(left(37), "\r\nhref= x");
+  EXPECT_EQ(left(24), "\r\nhref=x");
+  EXPECT_EQ(PutHrefsOnLines("href = x"), "href = x");
+}
+
+TEST(PutHrefsOnLines, AgreesWithNineReplacements) {
+  PageGenerator generate(7);
+  for (int i = 0; i < 5000; ++i) {
+    std::string body;
+    for (int piece = generate.Below(6); piece > 0; --piece) {
+      constexpr std::array<std::string_view, 5> kPieces = {"href=", "HrEf=", "hrefhref=", "h", "x\r\n"};
+      body += generate.Pick(kPieces) + generate.Blanks(45);
+    }
+    std::string plain = body;
+    for (std::size_t blanks = 8; blanks >= 1; --blanks) {
+      plain = Replace(plain, "href=" + std::string(blanks, ' '), "href=", Compare::Text);
+    }
+    ASSERT_EQ(PutHrefsOnLines(body), Replace(plain, "href=", "\r\nhref=", Compare::Text)) << body;
+    ASSERT_EQ(WithoutLineEnds(body + "\n\r\r"), Without(body, {"\r\n", "\r", "\n"}));
+  }
+}
+
+}  // namespace
+}  // namespace requite::test
