@@ -16,6 +16,8 @@ Scan::Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow wind
 }
 
 Scan::~Scan() {
+  context_.Platform.Connection.Close();
+  context_.Platform.timTimeout.Stop();
   context_.Platform.Connection.Events = nullptr;
   context_.Platform.timTimeout.OnTick = nullptr;
 }

@@ -43,7 +43,6 @@ class Scan : public ScanSteps {
 
   /// What every step works on.
   [[nodiscard]] ScanContext& Context() { return context_; }
-  [[nodiscard]] Analyser& TheAnalyser() { return analyser_; }
 
  private:
   ScanContext context_;

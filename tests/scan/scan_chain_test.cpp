@@ -88,7 +88,7 @@ TEST(WholeScan, TakesOnePageASiteAtTheLowestLimit) {
   EXPECT_EQ(scan.Services.Connection.Connects, 4);
 }
 
-enum class Command { Stop, Skip, NextSearch, Restart, TimeOut };
+enum class Command { Stop, Skip, Restart, TimeOut };
 
 class CommandAtEveryYield : public ::testing::TestWithParam<Command> {};
 
@@ -96,7 +96,6 @@ void Give(WholeScan& scan, Command command) {
   switch (command) {
     case Command::Stop: scan.Road.cmdStop(); break;
     case Command::Skip: scan.Road.cmdSkip(); break;
-    case Command::NextSearch: scan.Road.cmdNextSearch(); break;
     case Command::Restart: scan.Road.StartScan(); break;
     case Command::TimeOut:
       for (int i = 0; i < 3; ++i) scan.Services.timTimeout.Tick();
@@ -144,8 +143,7 @@ TEST_P(CommandAtEveryYield, LeavesTheScanIdleOrStandingStill) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scan, CommandAtEveryYield,
-                         ::testing::Values(Command::Stop, Command::Skip, Command::NextSearch,
-                                           Command::Restart, Command::TimeOut));
+                         ::testing::Values(Command::Stop, Command::Skip, Command::Restart, Command::TimeOut));
 
 TEST(WholeScan, StopDuringTheGetOfAMovedPageAbortsIt) {
   WholeScan scan;
