@@ -33,7 +33,8 @@ bool QtEventLoop::RunUntil(const std::function<bool()>& predicate, std::chrono::
   if (predicate()) return true;
   QCoreApplication::processEvents();
   lastDelivery_ = SteadyClock::now();
-  const SteadyClock::time_point end = SteadyClock::now() + std::clamp(limit, std::chrono::milliseconds(0), kLongest);
+  const SteadyClock::time_point end =
+      SteadyClock::now() + std::clamp(limit, std::chrono::milliseconds(0), kLongest);
   QTimer alarm;
   alarm.setTimerType(Qt::PreciseTimer);
   while (!predicate()) {

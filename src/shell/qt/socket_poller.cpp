@@ -4,22 +4,16 @@
 
 #include <poll.h>
 #include <sys/epoll.h>
+#include <sys/timerfd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 
 namespace requite {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 /// How long the poller keeps the thread from Qt's loop, at most.
-constexpr std::chrono::milliseconds kSlice{4};
-
-/// How long it waits within the slice for the next socket to become ready. A server that takes longer
-/// than this is slow enough for a turn of Qt's loop not to matter.
-constexpr std::chrono::milliseconds kShortWait{1};
+constexpr std::chrono::nanoseconds kSlice = std::chrono::milliseconds(4);
 
 /// The bits of poll() and epoll have the same values; the kernel's interface promises it.
 static_assert(POLLIN == static_cast<int>(EPOLLIN) && POLLOUT == static_cast<int>(EPOLLOUT) &&
@@ -30,12 +24,14 @@ static_assert(POLLIN == static_cast<int>(EPOLLIN) && POLLOUT == static_cast<int>
 SocketPoller::SocketPoller(const EventGuard& guard)
     : guard_(guard),
       epoll_(::epoll_create1(EPOLL_CLOEXEC)),
+      sliceEnd_(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)),
       notifier_(std::make_unique<QSocketNotifier>(epoll_, QSocketNotifier::Read)) {
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { OnNotified(); });
 }
 
 SocketPoller::~SocketPoller() {
   notifier_.reset();
+  ::close(sliceEnd_);
   ::close(epoll_);
 }
 
@@ -67,31 +63,36 @@ void SocketPoller::OnNotified() {
     return;
   }
   delivering_ = true;
-  const Clock::time_point end = Clock::now() + kSlice;
-  while (DeliverOne() && Clock::now() < end) {
+  // One timer for the whole slice: a time-out given to each wait would cost a timer each, which takes
+  // longer than the rest of the wait.
+  const itimerspec slice{{0, 0}, {0, kSlice.count()}};
+  ::timerfd_settime(sliceEnd_, 0, &slice, nullptr);
+  while (DeliverOne()) {
   }
   delivering_ = false;
   for (PolledSocket* socket : sockets_) Arm(*socket);
   if (!notifier_->isEnabled()) notifier_->setEnabled(true);
 }
 
-/// Waits shortly for a socket to become ready and runs its handler. False when none did. Each handler
-/// may open and close any socket, so readiness is asked for anew after it.
+/// Waits for a socket to become ready and runs its handler. False at the end of the slice, and when no
+/// socket waits for anything. Each handler may open and close any socket, so readiness is asked for anew
+/// after it.
 bool SocketPoller::DeliverOne() {
-  std::vector<pollfd>& polled = polled_;
-  polled.clear();
+  polled_.clear();
+  bool waiting = false;
   for (const PolledSocket* socket : sockets_) {
     // poll() passes over a negative descriptor.
-    polled.push_back({socket->wanted_ == 0 ? -1 : socket->descriptor_, socket->wanted_, 0});
+    polled_.push_back({socket->wanted_ == 0 ? -1 : socket->descriptor_, socket->wanted_, 0});
+    waiting = waiting || polled_.back().fd >= 0;
   }
-  if (std::none_of(polled.begin(), polled.end(), [](const pollfd& one) { return one.fd >= 0; })) return false;
-  const timespec wait{0, std::chrono::nanoseconds(kShortWait).count()};
-  if (::ppoll(polled.data(), polled.size(), &wait, nullptr) <= 0) return false;
+  if (!waiting) return false;
+  polled_.push_back({sliceEnd_, POLLIN, 0});
+  if (::poll(polled_.data(), polled_.size(), -1) <= 0 || polled_.back().revents != 0) return false;
 
-  for (std::size_t i = 0; i < polled.size(); ++i) {
-    next_ = (next_ + 1) % polled.size();
-    if (polled[next_].revents == 0) continue;
-    guard_.Run([this, readiness = polled[next_].revents] { sockets_[next_]->onReady_(readiness); });
+  for (std::size_t i = 0; i < sockets_.size(); ++i) {
+    next_ = (next_ + 1) % sockets_.size();
+    if (polled_[next_].revents == 0) continue;
+    guard_.Run([this, readiness = polled_[next_].revents] { sockets_[next_]->onReady_(readiness); });
     break;
   }
   return true;

@@ -41,6 +41,7 @@ class SocketPoller {
 
   const EventGuard& guard_;
   int epoll_;
+  int sliceEnd_;  ///< a timer's descriptor
   std::unique_ptr<QSocketNotifier> notifier_;
   std::vector<PolledSocket*> sockets_;
   std::vector<pollfd> polled_;  ///< reused, so that a wait allocates nothing
