@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+// The real requite-console against a real server on the loopback: exit statuses, outputs and files.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "console/child_process.h"
+#include "server.h"
+#include "support/fakes.h"
+
+namespace requite {
+namespace {
+
+using test::ChildProcess;
+
+constexpr const char* kFound = "rope-and-sail.example|1|||\r\n";
+constexpr const char* kNothing = "seaside-walks.example|1|||\r\n";
+constexpr const char* kSilent = "becalmed.example|1|||\r\n";
+
+class ConsoleProgramTest : public testing::Test {
+ protected:
+  ConsoleProgramTest() { WriteFile(folder_.File("filetypes.txt"), ".css\r\n.zip\r\n"); }
+  ~ConsoleProgramTest() override {
+    const std::uint64_t one = 1;
+    EXPECT_EQ(::write(stop_.Number(), &one, sizeof one), static_cast<ssize_t>(sizeof one));
+    thread_.join();
+  }
+
+  [[nodiscard]] std::vector<std::string> With(std::vector<std::string> arguments) const {
+    const std::string common[] = {"--program-folder",
+                                  folder_.Folder.Path,
+                                  "--settings",
+                                  folder_.File("settings"),
+                                  "--connect-to",
+                                  "::127.0.0.1:" + std::to_string(server_.Port()),
+                                  "--set",
+                                  "txtTimeout=30"};
+    arguments.insert(arguments.end(), std::begin(common), std::end(common));
+    return arguments;
+  }
+
+  /// A project of one Main Site, ready to be scanned.
+  std::string Project(const std::string& linkingSites) {
+    WriteFile(project_, "harbour-books.example\r\n" + linkingSites + "HTML01:x\r\n\r\n");
+    return project_;
+  }
+
+  [[nodiscard]] bool Has(const char* name) const { return FileExists(folder_.File(name)); }
+
+  test::TemporaryFolder folder_;
+  std::string project_ = folder_.File("a.prj");
+  samples::Server server_{samples::Sites(REQUITE_SAMPLE_SITES), 0};
+  samples::Descriptor stop_{::eventfd(0, EFD_CLOEXEC)};
+  std::thread thread_{[this] { server_.Run(stop_.Number()); }};
+};
+
+TEST_F(ConsoleProgramTest, AScanWithEveryLinkFoundEndsWithZero) {
+  ChildProcess scan(REQUITE_CONSOLE,
+                    With({"scan", Project(kFound), "--report", folder_.File("r.html"), "--tab",
+                          folder_.File("t.tab"), "--save", folder_.File("saved.prj")}));
+  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
+  EXPECT_EQ(scan.Out,
+            "Main\tLinking\tStatus\tNo.\tLink URL\n"
+            "harbour-books.example\trope-and-sail.example\tDirect Link\t001\trope-and-sail.example\n");
+  EXPECT_EQ(scan.Err, "Linking Site 1 of 1: rope-and-sail.example: 1 of 1 links\n");
+  EXPECT_EQ(ReadFile(folder_.File("r.html")), ReadFile(folder_.File("tempreport.html")));
+  EXPECT_EQ(ReadFile(folder_.File("t.tab")).rfind("Main\tLinking", 0), 0U);
+  EXPECT_NE(ReadFile(folder_.File("saved.prj")).find("RESULT:2|harbour-books"), std::string::npos);
+}
+
+TEST_F(ConsoleProgramTest, AScanWithALinkMissingEndsWithOne) {
+  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kNothing)}));
+  EXPECT_EQ(scan.Wait(), 1) << scan.Err;
+  EXPECT_NE(scan.Out.find("\tNone Found\t000\tseaside-walks.example\n"), std::string::npos) << scan.Out;
+}
+
+TEST_F(ConsoleProgramTest, ASiteOfWhichNoLinkIsExpectedIsAsItShouldBe) {
+  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project("seaside-walks.example|0|||\r\n")}));
+  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
+}
+
+TEST_F(ConsoleProgramTest, AnInterruptStopsTheScanAndWritesTheFiles) {
+  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kSilent), "--report",
+                                           folder_.File("r.html"), "--tab", folder_.File("t.tab")}));
+  ASSERT_TRUE(scan.WaitForErr("Linking Site 1 of 2")) << scan.Err;
+  scan.Signal(SIGINT);
+  EXPECT_EQ(scan.Wait(), 130) << scan.Err;
+  EXPECT_NE(scan.Out.find("rope-and-sail.example\tDirect Link"), std::string::npos) << scan.Out;
+  EXPECT_EQ(scan.Out.find("becalmed"), std::string::npos) << "a stop writes no row for the site in progress";
+  EXPECT_TRUE(Has("r.html"));
+  EXPECT_TRUE(Has("t.tab"));
+}
+
+TEST_F(ConsoleProgramTest, ARefusedScanWritesNothingItWasAskedFor) {
+  const auto refused = [&](std::vector<std::string> arguments, const std::string& word) {
+    arguments.insert(arguments.end(), {"--report", folder_.File("r.html")});
+    ChildProcess scan(REQUITE_CONSOLE, With(arguments));
+    EXPECT_EQ(scan.Wait(), 2) << word;
+    EXPECT_NE(scan.Err.find(word), std::string::npos) << scan.Err;
+    EXPECT_EQ(std::count(scan.Err.begin(), scan.Err.end(), '\n'), 1) << scan.Err;
+    EXPECT_EQ(scan.Out, "");
+    EXPECT_FALSE(Has("r.html"));
+  };
+  refused({"scan", folder_.File("gone.prj")}, "gone.prj");
+  refused({"scan", Project(kFound), "--post"}, "--post");
+  EXPECT_FALSE(Has("settings")) << "a refused command line writes no setting";
+  refused({"scan", Project("")}, "Please enter at least one website to search for links.");
+  WriteFile(project_, "");
+  refused({"scan", project_}, "Please enter the Domain you want to find links to.");
+  DeleteFile(folder_.File("filetypes.txt"));
+  refused({"scan", Project(kFound)}, "filetypes.txt");
+  WriteFile(folder_.File("filetypes.txt"), "");
+  std::filesystem::remove(folder_.File("Project Files"));
+  refused({"scan", Project(kFound)}, "Project Files");
+}
+
+TEST_F(ConsoleProgramTest, AScanThatStandsStillIsStopped) {
+  // The scan of all Main Sites cannot go on to one that has no Linking Sites.
+  WriteFile(project_,
+            std::string("harbour-books.example\r\n") + kFound + "NEXTSITE:empty.example\r\nHTML01:x\r\n");
+  ChildProcess scan(REQUITE_CONSOLE, With({"scan", project_, "--report", folder_.File("r.html")}));
+  EXPECT_EQ(scan.Wait(), 1) << scan.Err;
+  EXPECT_NE(scan.Out.find("Direct Link"), std::string::npos);
+  EXPECT_TRUE(Has("r.html"));
+}
+
+TEST_F(ConsoleProgramTest, AScriptScansOneSite) {
+  ChildProcess script(
+      REQUITE_CONSOLE, With({"script"}),
+      "# one site, headless\n"
+      "set txtDomain harbour-books.example\nclick cmdAdd2\n"
+      "set Text1 rope-and-sail.example\nclick cmdAdd\n"
+      "click Command1\nwait idle 60\nrows List3\nput note caf\xC3\xA9 \xE2\x82\xAC \xCE\xA9\nget note\n");
+  EXPECT_EQ(script.Wait(), 0) << script.Err;
+  EXPECT_EQ(script.Out,
+            "harbour-books.example\trope-and-sail.example\tDirect Link\t001\trope-and-sail.example\n"
+            "caf\xC3\xA9 \xE2\x82\xAC ?\n");  // what the code page does not hold is a question mark
+}
+
+TEST_F(ConsoleProgramTest, WaitingTooLongEndsWithThree) {
+  WriteFile(folder_.File("s.txt"),
+            "set txtDomain harbour-books.example\nclick cmdAdd2\nset Text1 becalmed.example\nclick cmdAdd\n"
+            "click Command1\nwait idle 1\necho not reached\n");
+  ChildProcess script(REQUITE_CONSOLE, With({"script", folder_.File("s.txt")}));
+  EXPECT_EQ(script.Wait(), 3) << script.Err;
+  EXPECT_EQ(script.Out, "");
+}
+
+TEST_F(ConsoleProgramTest, AFailureThatNothingHandlesEndsWithSeventyAndSavesTheWork) {
+  const std::string nowhere = folder_.File("no such folder/a.prj");
+  const std::string failing = "answer file " + nowhere + "\nanswer file " + nowhere + "\n";
+  for (const std::string& last :
+       {std::string("click cmdSave\n"), std::string("after 1 click cmdSave\nrun 5000\n")}) {
+    ChildProcess script(
+        REQUITE_CONSOLE, With({"script"}),
+        "set txtDomain kept.example\nclick cmdAdd2\n" + failing + last + "echo not reached\n");
+    EXPECT_EQ(script.Wait(), 70) << script.Err;
+    EXPECT_EQ(script.Out, "");
+    EXPECT_NE(script.Err.find("run-time failure 76"), std::string::npos) << script.Err;
+    const std::string recovered = folder_.File("Project Files/Recovered.prj");
+    ASSERT_TRUE(FileExists(recovered));
+    EXPECT_EQ(ReadFile(recovered).rfind("kept.example\r\n", 0), 0U);
+    DeleteFile(recovered);
+  }
+}
+
+TEST_F(ConsoleProgramTest, ADamagedSettingsFileIsNoHindrance) {
+  WriteFile(folder_.File("settings"), std::string(300, '\0') + "no settings at all");
+  ChildProcess script(REQUITE_CONSOLE, With({"script"}), "get txtTimeout\nget showHelp\n");
+  EXPECT_EQ(script.Wait(), 0) << script.Err;
+  EXPECT_EQ(script.Out, "30\n0\n");
+  ChildProcess wrong(REQUITE_CONSOLE, With({"script", "--set", "ScanType=all"}), "echo not reached\n");
+  EXPECT_EQ(wrong.Wait(), 70);
+  EXPECT_NE(wrong.Err.find("run-time failure 13"), std::string::npos) << wrong.Err;
+}
+
+}  // namespace
+}  // namespace requite

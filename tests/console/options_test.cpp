@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// The command line: what is taken, and that every mistake is one line and nothing written.
+#include "console/options.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/fakes.h"
+
+namespace requite {
+namespace {
+
+class CommandLine : public testing::Test {
+ protected:
+  CommandLine() { WriteFile(project_, "main.example\r\n"); }
+
+  std::variant<Options, EndAtOnce> Read(const std::vector<std::string>& words) {
+    std::vector<const char*> arguments{"requite-console"};
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    return ReadCommandLine(static_cast<int>(arguments.size()), arguments.data());
+  }
+
+  test::TemporaryFolder folder_;
+  std::string project_ = folder_.File("a.prj");
+};
+
+TEST_F(CommandLine, AScanWithEverythingAskedFor) {
+  const auto read = Read({"scan", "--set", "txtTimeout=2", "--connect-to", "A.example:80:127.0.0.1:8080",
+                          project_, "--connect-to", "::127.0.0.1:9", "--set", "LastProject=", "--report",
+                          folder_.File("r.html"), "--program-folder", folder_.Folder.Path});
+  ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
+  const Options& options = std::get<Options>(read);
+  const auto& scan = std::get<ScanOptions>(options.Command);
+  EXPECT_EQ(scan.Project, project_);
+  EXPECT_EQ(scan.Report, folder_.File("r.html"));
+  EXPECT_EQ(scan.Save, "");
+  EXPECT_EQ(options.Common.Settings,
+            (std::vector<std::pair<std::string, std::string>>{{"txtTimeout", "2"}, {"LastProject", ""}}));
+  ASSERT_EQ(options.Common.ConnectTo.size(), 2U);
+  EXPECT_EQ(options.Common.ConnectTo[0].Target.Port, 8080);
+  EXPECT_EQ(options.Common.ConnectTo[1].Host, "");
+}
+
+TEST_F(CommandLine, PathsAreTakenFromTheRootOn) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Folder.Path);
+  const auto read = Read({"scan", "./a.prj", "--save", "b.prj"});
+  std::filesystem::current_path(before);
+  ASSERT_TRUE(std::holds_alternative<Options>(read));
+  const auto& scan = std::get<ScanOptions>(std::get<Options>(read).Command);
+  EXPECT_EQ(std::filesystem::path(scan.Project).filename(), "a.prj");
+  EXPECT_TRUE(std::filesystem::path(scan.Project).is_absolute());
+  EXPECT_TRUE(std::filesystem::path(scan.Save).is_absolute());
+}
+
+TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
+  const std::string dir = folder_.Folder.Path;
+  const std::vector<std::string> mistakes[] = {
+      {},
+      {"press"},
+      {"scan"},
+      {"scan", project_, "another.prj"},
+      {"scan", project_, "--unknown"},
+      {"scan", project_, "--page", "p.html"},
+      {"scan", project_, "--post"},
+      {"scan", project_, "--set"},
+      {"scan", project_, "--set", "novalue"},
+      {"scan", project_, "--set", "=1"},
+      {"scan", project_, "--connect-to", "a:b"},
+      {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
+      {"scan", dir},
+      {"scan", dir + "/gone.prj"},
+      {"scan", project_, "--save", dir},
+      {"scan", project_, "--tab", dir + "/no such folder/t.tab"},
+      {"scan", project_, "--program-folder", dir + "/gone"},
+      {"scan", project_, "--program-folder", project_},
+      {"script", "--settings", dir},
+      {"script", "--settings", project_ + "/below a file"},
+      {"script", dir + "/gone.txt"},
+      {"script", "--save", "x.prj"},
+  };
+  for (const auto& words : mistakes) {
+    const auto read = Read(words);
+    const std::string shown = testing::PrintToString(words);
+    ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << shown;
+    EXPECT_EQ(std::get<EndAtOnce>(read).Status, ExitStatus::Refused) << shown;
+    EXPECT_EQ(std::get<EndAtOnce>(read).Text.find('\n'), std::string::npos) << shown;
+    EXPECT_NE(std::get<EndAtOnce>(read).Text, "") << shown;
+  }
+  int files = 0;
+  for (const auto& each : std::filesystem::recursive_directory_iterator(dir)) files += each.is_regular_file();
+  EXPECT_EQ(files, 1);
+}
+
+TEST_F(CommandLine, HelpAndVersionEndWell) {
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"--help"}, {"--version"}, {"scan", "--help"}, {"scan", "--version"}, {"script", "--help"}}) {
+    const auto read = Read(words);
+    ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << testing::PrintToString(words);
+    EXPECT_EQ(std::get<EndAtOnce>(read).Status, ExitStatus::Done);
+    EXPECT_NE(std::get<EndAtOnce>(read).Text.find("requite-console"), std::string::npos);
+  }
+}
+
+TEST_F(CommandLine, ASettingsFileMayComeIntoBeingWithItsFolder) {
+  const auto read = Read({"script", "--settings", folder_.File("new/folder/settings")});
+  EXPECT_TRUE(std::holds_alternative<Options>(read));
+}
+
+}  // namespace
+}  // namespace requite

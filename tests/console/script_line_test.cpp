@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// The grammar of script lines and the escapes.
+#include "console/script_line.h"
+
+#include <gtest/gtest.h>
+
+#include "console/text_codec.h"
+
+namespace requite {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(ScriptLine, BlankLinesAndCommentsAreNothing) {
+  for (const char* line : {"", "   ", "# click cmdStop", "  # indented", "\r"}) {
+    EXPECT_FALSE(ReadScriptLine(line)) << '"' << line << '"';
+  }
+  const auto line = ReadScriptLine("  set   Text1  a b  \r");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->Command, "set");
+  EXPECT_EQ(line->Rest, "Text1  a b");
+}
+
+TEST(ScriptLine, TheLastArgumentRunsToTheEndOfTheLine) {
+  const struct {
+    const char* Rest;
+    std::size_t Most;
+    Words Expected;
+  } cases[] = {
+      {"", 2, {}},
+      {"Text1", 2, {"Text1"}},
+      {"Text1  two  words ", 2, {"Text1", "two  words"}},
+      {"two words", 1, {"two words"}},
+      {"Text1 \\s\\sx\\s", 2, {"Text1", "  x "}},
+      {"a\\tb\\\\s c", 2, {"a\tb\\s", "c"}},
+      {"anything", 0, {}},
+  };
+  for (const auto& each : cases) EXPECT_EQ(ReadArguments(each.Rest, each.Most), each.Expected) << each.Rest;
+}
+
+TEST(ScriptLine, WhatIsNoEscapeIsRefusedUnlessEscapesAreKept) {
+  EXPECT_FALSE(ReadArguments("C:\\x", 1));
+  EXPECT_FALSE(ReadArguments("end\\", 1));
+  EXPECT_EQ(ReadArguments("5 echo a\\tb", 2, Escapes::Keep), (Words{"5", "echo a\\tb"}));
+}
+
+TEST(ScriptLine, NumbersArePlain) {
+  EXPECT_EQ(ReadNumber("12"), 12);
+  EXPECT_EQ(ReadNumber("-1"), -1);
+  for (const char* text : {"", "1x", " 1", "1.5", "99999999999"}) EXPECT_FALSE(ReadNumber(text)) << text;
+}
+
+TEST(TextCodec, EveryTextSurvivesEscaping) {
+  const std::string text = "a\tb\r\nc\\n \\s ";
+  EXPECT_EQ(Escaped(text), "a\\tb\\r\\nc\\\\n \\\\s ");
+  EXPECT_EQ(Unescaped(Escaped(text)), text);
+}
+
+}  // namespace
+}  // namespace requite

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+// The commands of a script, each by what it prints or does, over a program with no network.
+#include <gtest/gtest.h>
+
+#include "console_rig.h"
+
+namespace requite {
+namespace {
+
+using test::ConsoleRig;
+
+struct Case {
+  const char* Script;
+  const char* Printed;
+};
+
+/// Each script runs in a program of its own.
+template <std::size_t Count>
+void ExpectPrinted(const Case (&cases)[Count]) {
+  for (const Case& each : cases) {
+    ConsoleRig rig;
+    EXPECT_EQ(rig.Run(each.Script), ExitStatus::Done) << each.Script << "\n" << rig.Err.str();
+    EXPECT_EQ(rig.Out.str(), each.Printed) << each.Script;
+  }
+}
+
+constexpr const char* kTwoSites =
+    "set txtDomain main.example\nclick cmdAdd2\n"
+    "set Text1 a.example\nclick cmdAdd\nset Text1 b.example\nenter Text1\n";
+
+TEST(Script, ControlsArePrintedByKind) {
+  const Case cases[] = {
+      {"print Command1", "Start Scan\n"},
+      {"print mnuFile(0)\nprint mnuPopup1Item(0)\nprint mnuSkipItem(1)",
+       "New Project\nDelete Site\nThe current main site\n"},
+      {"print lblErr\nprint lblStats(3)", "Errors/Warnings:\n0\n"},
+      {"print chkNewWin\nprint optAll(1)\nchecked optAll(0)\nchecked mnuScanItem(0)", "1\n0\n1\n1\n"},
+      {"print StatusBar1\nprint pb1\nprint Combo1", "\n0\nWhich Search Type?\n"},
+      {"run 1\nprint WebBrowser2", "\n"},
+      {"state cmdStop\nstate Text1\nstate Command8\nstate Combo3",
+       "disabled visible\ndisabled hidden\nenabled hidden\ndisabled hidden\n"},
+      {"tip cmdStop\ntitle Form1\nwindows",
+       "Stop scanning for links\nRequite by The Requite Project\nForm1\n"},
+      {"print Form1.cmdStop", "Stop\n"},
+      {"rows Combo1\nchoose Combo1 1\nindex Combo1\nprint Combo1\nget combo1",
+       "Google Search\nYahoo Search\n1\nYahoo Search\n1\n"},
+      {"panels", "\n\n\n\n"},
+  };
+  ExpectPrinted(cases);
+}
+
+TEST(Script, TheHandActsOnListsAndBoxes) {
+  const std::string sites = kTwoSites;
+  const std::string scripts[] = {
+      sites + "rows List4\nrows List1\nrows List1(1)",
+      sites + "select List1 2\nindex List1\nclick mnuPopup1Item(0)\nrows List1\nindex List1",
+      sites + "sort List1 1\nrows List1",
+      sites + "select List4\nindex List4\nvar CurrentMainSite",
+      "type txtURL ab\ntrace txtURL\ntype txtURL cd\nset txtURL x\nset txtURL",
+      "click mnuScanItem(2)\nget ScanType\nchecked mnuScanItem(0)\nchecked mnuScanItem(2)",
+      "click chkBullet\nget chkBullet\nclick chkBullet\nprint chkBullet",
+      "tab 5\nstate framePost\nstate List3\ntab Form1 1\nstate List3",
+  };
+  const char* const printed[] = {
+      "main.example\na.example\t1\t\t\t\nb.example\t1\t\t\t\na.example\t1\t\t\t\nb.example\t1\t\t\t\n",
+      "2\na.example\t1\t\t\t\n0\n",
+      "b.example\t1\t\t\t\na.example\t1\t\t\t\n",
+      "0\n0\n",
+      "txtURL: abc\ntxtURL: abcd\ntxtURL: x\ntxtURL: \n",
+      "2\n0\n1\n",
+      "1\n0\n",
+      "enabled visible\nenabled hidden\nenabled visible\n",
+  };
+  for (std::size_t i = 0; i < std::size(scripts); ++i) ExpectPrinted({{scripts[i].c_str(), printed[i]}});
+}
+
+TEST(Script, AnswersWaitInOrderAndMessagesAreForgottenOncePrinted) {
+  ConsoleRig rig;
+  const std::string path = rig.Folder.File("chosen.prj");
+  EXPECT_EQ(
+      rig.Run(
+          "set Text1 http://\nenter Text1\nanswer file " + path +
+          "\nclick cmdSave\nclick cmdOpen\nset txtDomain x\nanswer no\nmessages\nclose Form1\nmessages\n"),
+      ExitStatus::Done);
+  EXPECT_EQ(rig.Out.str(),
+            "message\tRequite\tPlease enter the Website URL first.\tok\n"
+            "save\t\tUnnamed.prj\tfile " +
+                path +
+                "\n"
+                "open\t\t\tcancel\n"
+                "question\tSave Project?\tThe current project has been edited but has not been saved.\\r\\n"
+                "Would you like to save now?\tno\n");
+  EXPECT_TRUE(FileExists(path));
+}
+
+TEST(Script, AfterCloseOnlyTheRecordsAreLeft) {
+  const Case cases[] = {{"click mnuFile(4)\nput k v\nget K\necho done\nsounds", "v\ndone\n"}};
+  ExpectPrinted(cases);
+  ConsoleRig rig;
+  EXPECT_EQ(rig.Run("close Form1\nwindows"), ExitStatus::Refused);
+  EXPECT_EQ(rig.Err.str(), "requite-console: line 2: the program is closed\n");
+}
+
+TEST(Script, WhatCannotBeDoneEndsItWithItsLine) {
+  const std::string mistakes[] = {"press cmdStop",
+                                  "click",
+                                  "click cmdGone",
+                                  "click cmdStop",
+                                  "click txtDomain",
+                                  "click mnuFile(5)",
+                                  "click mnuFile",
+                                  "type lblErr x",
+                                  "set lblStats(0) 1",
+                                  "set cmdStop x",
+                                  "enter cmdStop",
+                                  "choose Combo1 2",
+                                  "choose Combo1 -1",
+                                  "choose txtURL 0",
+                                  "select List4 1",
+                                  "select txtURL",
+                                  "sort List3 6",
+                                  "sort List3 x",
+                                  "rightclick List3 1",
+                                  "doubleclick List3 0",
+                                  "editlabel lstErr 1",
+                                  "tab 6",
+                                  "tab Form2 1",
+                                  "answer maybe",
+                                  "answer yes x",
+                                  "run",
+                                  "run -1",
+                                  "wait idle",
+                                  "wait busy 1",
+                                  "after 5 press",
+                                  "load Form3",
+                                  "close Form2",
+                                  "rows cmdStop",
+                                  "style Combo1",
+                                  "print List3",
+                                  "index txtURL",
+                                  "checked cmdStop",
+                                  "checked mnuScan",
+                                  "tip Gone",
+                                  "title Form4",
+                                  "state List1",
+                                  "trace List3",
+                                  "trace StatusBar1(5)",
+                                  "var Nothing",
+                                  "call Nothing x",
+                                  "echo \\x",
+                                  "panels 1",
+                                  "print Form2.Text1",
+                                  "print List1(1)"};
+  for (const std::string& mistake : mistakes) {
+    ConsoleRig rig;
+    EXPECT_EQ(rig.Run("# first\n\n" + mistake + "\necho not reached\n"), ExitStatus::Refused) << mistake;
+    EXPECT_EQ(rig.Out.str(), "") << mistake;
+    EXPECT_EQ(rig.Err.str().rfind("requite-console: line 3: ", 0), 0U) << mistake << ": " << rig.Err.str();
+  }
+}
+
+TEST(Script, ACommandMayRunLaterAndItsFaultEndsTheScript) {
+  const Case cases[] = {
+      {"after 50 echo a\\tb\nafter 10 echo first\nrun 20\necho then\nrun 100\necho end",
+       "first\nthen\na\\tb\nend\n"},
+      {"after 50 echo never\nrun 20", ""},
+  };
+  ExpectPrinted(cases);
+  ConsoleRig rig;
+  EXPECT_EQ(rig.Run("after 5 click cmdStop\necho go\nrun 10\necho not reached"), ExitStatus::Refused);
+  EXPECT_EQ(rig.Out.str(), "go\n");
+  EXPECT_EQ(rig.Err.str().rfind("requite-console: line 1: ", 0), 0U) << rig.Err.str();
+}
+
+TEST(Script, StateAndOperationsAreAtHand) {
+  const std::string started = std::string(kTwoSites) + "click Command1\n";
+  const std::string scripts[] = {
+      "call BareHost http://www.site.example/x\ncall ParentDir site.example/x/y/\ncall GenerateLinkReport",
+      started +
+          "var Scanning\nvar LinksExpected\nvar PageHost\nvar FileTypes\nvar PageLimit\nvar ProjectSaved",
+      started +
+          "call ResolveLink x.html\ncall IsLinkToMainSite http://MAIN.example/y\n"
+          "call IsOnLinkingSite sub.a.example/z\ncall IsSameDomain http://www.main.example/q\n"
+          "call IsSeenUrl http://b.example\ncall PassesRules any.example",
+  };
+  const char* const printed[] = {
+      "site.example\tsite.example\nsite.example/x/\tsite.example/x/y/\n\t\n",
+      "True\n1\na.example\n.zip\n500\nFalse\n",
+      "a.example/x.html\ta.example/x.html\nTrue\thttp://MAIN.example/y\n"
+      "True\tsub.a.example/z\nTrue\twww.main.example\nTrue\tb.example\nTrue\tany.example\n",
+  };
+  for (std::size_t i = 0; i < std::size(scripts); ++i) ExpectPrinted({{scripts[i].c_str(), printed[i]}});
+}
+
+TEST(Script, WaitingEndsWithTheScanOrWithItsTime) {
+  const std::string started = std::string(kTwoSites) + "click Command1\n";
+  ConsoleRig slow;
+  EXPECT_EQ(slow.Run(started + "wait idle 2\necho not reached"), ExitStatus::NotIdleInTime);
+  EXPECT_EQ(slow.Out.str(), "");
+  ConsoleRig stopped;
+  EXPECT_EQ(
+      stopped.Run(started + "trace StatusBar1(1)\nafter 1500 click cmdStop\nwait idle 2\nprint StatusBar1"),
+      ExitStatus::Done);
+  EXPECT_EQ(stopped.Out.str(), "StatusBar1(1): Stopped\nStopped\n");
+}
+
+TEST(Script, SoundsClipboardAndNavigationsAreRecorded) {
+  ConsoleRig rig;
+  std::filesystem::create_directories(rig.Folder.File("sounds"));
+  WriteFile(rig.Folder.File("sounds/nextsearch.wav"), "RIFF");
+  EXPECT_EQ(
+      rig.Run(
+          std::string(kTwoSites) +
+          "click Command1\nclick cmdSkip\nclick cmdStop\nsounds\nsounds\nnavigations\nrows List3\nstyle "
+          "List3\n"
+          "select List3 1\nclick mnuPopup2Item(4)\nclipboard\nclick mnuPopup2Item(1)\nrun 1\nprint txtURL\n"
+          "navigations"),
+      ExitStatus::Done)
+      << rig.Err.str();
+  const std::string folder = rig.Folder.Folder.Path;
+  EXPECT_EQ(rig.Out.str(),
+            "nextsearch.wav\nnextsearch.wav\n"  // the finished sound has no file
+            "WebBrowser1\t2\t" +
+                folder +
+                "/welcome.html\n"
+                "WebBrowser2\t4\t" +
+                folder +
+                "/tempreport.html\n"
+                "main.example\ta.example\tNone Found (Skipped)\t000\ta.example\n1\t255\n"
+                "a.example\nhttp://a.example\nWebBrowser1\t2\thttp://a.example\n");
+}
+
+TEST(Script, FailuresThatNothingHandlesLeaveTheScript) {
+  ConsoleRig rig;
+  rig.Services.Store.Set("cmbAdvance", "many");
+  EXPECT_THROW(static_cast<void>(rig.Run("echo not reached")), RuntimeFailure);
+  EXPECT_EQ(rig.Out.str(), "");
+}
+
+TEST(HistoryBrowser, GoesBackAndForwardAndForgetsWhatWasStopped) {
+  test::FakeConsoleLoop loop;
+  BrowserView view("WebBrowser1");
+  HistoryBrowser browser(view, loop);
+  const auto events = [&] { loop.RunUntil([] { return false; }, 1); };
+  view.Navigate("a");
+  view.Navigate("b");
+  events();
+  EXPECT_EQ(view.LocationUrl(), "b");
+  view.GoBack();
+  events();
+  EXPECT_EQ(view.LocationUrl(), "a");
+  EXPECT_THROW(view.GoBack(), RuntimeFailure);
+  view.GoForward();
+  view.Stop();
+  events();
+  EXPECT_EQ(view.LocationUrl(), "a");
+  EXPECT_THROW(view.GoForward(), RuntimeFailure);
+}
+
+}  // namespace
+}  // namespace requite

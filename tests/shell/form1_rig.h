@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// The main window over fakes, in a temporary program folder, for tests of its wiring.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "shell/form1.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+
+/// Remembers which popup menus were asked for.
+struct Form1Rig {
+  Form1Rig() {
+    WriteFile(Folder.File("filetypes.txt"), ".zip\r\n");
+    Form.mnuScan.OnPopUp = [this] { PopUps.emplace_back("mnuScan"); };
+    Form.mnuSkipPopup.OnPopUp = [this] { PopUps.emplace_back("mnuSkipPopup"); };
+    Form.Popup1.OnPopUp = [this] { PopUps.emplace_back("Popup1"); };
+    Form.Popup2.OnPopUp = [this] { PopUps.emplace_back("Popup2"); };
+  }
+
+  void AddSites(const std::string& mainSite, const std::vector<std::string>& linkingSites) {
+    Form.txtDomain.UserSets(mainSite);
+    Form.cmdAdd2.Click();
+    for (const std::string& each : linkingSites) {
+      Form.Text1.UserSets(each);
+      Form.cmdAdd.Click();
+    }
+  }
+
+  /// What the user's left button on a row does.
+  static void ClickRow(ListView& list, int row) {
+    if (list.OnMouseDown) list.OnMouseDown(row);
+    list.SelectOnly(row);
+    if (list.OnItemClick) list.OnItemClick(row);
+  }
+
+  [[nodiscard]] std::string Setting(const std::string& key) { return Services.Store.Read(key).value_or("-"); }
+
+  TemporaryFolder Folder;
+  FakeServices Services;
+  Form1 Form{Services.All, Folder.Folder};
+  std::vector<std::string> PopUps;
+};
+
+}  // namespace requite::test

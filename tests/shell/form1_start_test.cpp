@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// How the main window comes up and goes down.
+#include <gtest/gtest.h>
+
+#include "shell/form1_rig.h"
+#include "shell/recovery.h"
+
+namespace requite {
+namespace {
+
+using test::Form1Rig;
+
+TEST(Form1Start, FirstStartShowsTheHelpOnceAndGoesHome) {
+  Form1Rig rig;
+  WriteFile(rig.Folder.File("Help.chm"), "help");
+  rig.Form.Start();
+  EXPECT_EQ(rig.Services.Shell.Opened, std::vector<std::string>{rig.Folder.File("Help.chm")});
+  EXPECT_EQ(rig.Setting("showHelp"), "0");
+  EXPECT_EQ(rig.Form.WebBrowser1.AskedFor(), rig.Folder.File("welcome.html"));
+  EXPECT_EQ(rig.Form.Main.Title(), "Requite by The Requite Project");
+  EXPECT_EQ(rig.Form.cmdWebsite.Caption(), "Visit Requite");
+
+  Form1 second(rig.Services.All, rig.Folder.Folder);
+  second.Start();
+  EXPECT_EQ(rig.Services.Shell.Opened.size(), 1U);
+}
+
+TEST(Form1Start, WithoutAHelpFileNothingOpensAndTheSettingGoesDownAllTheSame) {
+  Form1Rig rig;
+  rig.Form.Start();
+  EXPECT_TRUE(rig.Services.Shell.Opened.empty());
+  EXPECT_EQ(rig.Setting("showHelp"), "0");
+  rig.Services.Store.Set("showHelp", "1");
+  rig.Form.mnuHelp.Click(0);
+  EXPECT_EQ(rig.Setting("showHelp"), "1");
+}
+
+TEST(Form1Start, TheLastProjectComesBackAndCountsAsSaved) {
+  Form1Rig rig;
+  const std::string path = rig.Folder.File("Project Files/a.prj");
+  WriteFile(path, "main.example\r\npartner.example|2|||\r\nHTML01:my page\r\n\r\n");
+  rig.Services.Store.Set("LastProject", path);
+  rig.Services.Store.Set("txtHTML1", "page of the run before");
+  rig.Form.Start();
+  ASSERT_EQ(rig.Form.Sites.List4.RowCount(), 1U);
+  EXPECT_EQ(rig.Form.Sites.List1(1).At(0).LinksExpected, "2");
+  EXPECT_TRUE(rig.Form.Sites.List1(1).VisibleInEffect());
+  EXPECT_TRUE(rig.Form.Sites.ProjectSaved);
+  EXPECT_TRUE(rig.Form.Sites.JustLoaded);
+  EXPECT_EQ(rig.Setting("txtHTML1"), "my page");
+}
+
+TEST(Form1Start, AMissingLastProjectLeavesAnEmptyOneAndNoMessage) {
+  Form1Rig rig;
+  rig.Services.Store.Set("LastProject", rig.Folder.File("gone.prj"));
+  rig.Form.Start();
+  EXPECT_TRUE(rig.Form.Sites.List4.Empty());
+  EXPECT_TRUE(rig.Services.Dialogs.Boxes.empty());
+  EXPECT_EQ(rig.Setting("LastProject"), rig.Folder.File("gone.prj"));
+}
+
+TEST(RestoreSettings, TheStoredLinksOptionComesBackAsThePostingMode) {
+  Form1Rig rig;
+  rig.Services.Store.Set("optAll", "1");
+  rig.Services.Store.Set("optScript", "0");
+  rig.Form.RestoreSettings();
+  EXPECT_EQ(rig.Form.optScript.Chosen(), 1);
+  EXPECT_EQ(rig.Form.optAll.Chosen(), 0);
+  EXPECT_EQ(rig.Setting("optScript"), "1");
+  EXPECT_EQ(rig.Setting("optAll"), "0");
+  EXPECT_FALSE(rig.Form.Combo3.Enabled());
+  EXPECT_FALSE(rig.Form.Sites.txtPost.Enabled());
+  EXPECT_TRUE(rig.Form.Sites.lstMulti.Enabled());
+  EXPECT_FALSE(rig.Form.cmdScriptDel.Enabled());
+
+  rig.Form.optScript.Choose(0);
+  EXPECT_TRUE(rig.Form.Sites.txtPost.Enabled());
+  for (const Control* each : std::initializer_list<const Control*>{
+           &rig.Form.Sites.lstMulti, &rig.Form.cmdScriptAdd, &rig.Form.cmbSites, &rig.Form.txtPost2}) {
+    EXPECT_FALSE(each->Enabled()) << each->Name();
+  }
+  rig.Form.optAll.Choose(1);
+  EXPECT_TRUE(rig.Form.Combo3.Enabled());
+  EXPECT_EQ(rig.Setting("optAll"), "1");
+}
+
+TEST(RestoreSettings, ReadsEachValueAndItsDefault) {
+  Form1Rig plain;
+  plain.Form.RestoreSettings();
+  EXPECT_EQ(plain.Form.Combo1.ListIndex(), -1);
+  EXPECT_EQ(plain.Form.Combo1.Text(), "Which Search Type?");
+  EXPECT_EQ(plain.Form.chkNewWin.Value(), 1);
+  EXPECT_EQ(plain.Form.cmbLastSearch.ListIndex(), 0);
+  EXPECT_EQ(plain.Form.State.PageLimit, 500);
+  EXPECT_TRUE(plain.Form.mnuScan.Checked(0));
+  EXPECT_TRUE(plain.Form.mnuSkipPopup.Checked(0));
+  EXPECT_EQ(plain.Setting("ScanType"), "0");
+
+  Form1Rig rig;
+  const std::pair<const char*, const char*> stored[] = {
+      {"Combo1", "1"},    {"Combo2", "2"},   {"chkNewWin", "0"},  {"chkBullet", "1"},
+      {"ScanType", "2"},  {"SkipType", "1"}, {"cmbAdvance", "0"}, {"lHistWebScanned", "70000"},
+      {"txtHTML3", "end"}};
+  for (const auto& [key, value] : stored) rig.Services.Store.Set(key, value);
+  rig.Form.StartWithoutProject();
+  EXPECT_EQ(rig.Form.Combo1.Text(), "Yahoo Search");
+  EXPECT_EQ(rig.Form.Combo2.Text(), "~500 Domains");
+  EXPECT_EQ(rig.Form.chkNewWin.Value(), 0);
+  EXPECT_EQ(rig.Form.chkBullet.Value(), 1);
+  EXPECT_TRUE(rig.Form.mnuScan.Checked(2));
+  EXPECT_TRUE(rig.Form.mnuSkipPopup.Checked(1));
+  EXPECT_EQ(rig.Form.State.PageLimit, 1);
+  EXPECT_EQ(rig.Form.lblStats[3].Text(), "70000");
+  EXPECT_EQ(rig.Form.Sites.txtHTML3.Text(), "end");
+}
+
+TEST(RestoreSettings, AStoredTextThatIsNoNumberIsAFailureOfTheStart) {
+  for (const char* key : {"optAll", "Combo1", "cmbAdvance", "lHistEmailFound", "ScanType"}) {
+    Form1Rig rig;
+    rig.Services.Store.Set(key, "many");
+    EXPECT_THROW(rig.Form.Start(), RuntimeFailure) << key;
+  }
+}
+
+TEST(Form1Close, AnEditedProjectIsAskedAboutAndClosesInEveryCase) {
+  for (const Answer answer : {Answer::Yes, Answer::No}) {
+    Form1Rig rig;
+    rig.Form.Start();
+    rig.AddSites("main.example", {});
+    rig.Services.Dialogs.Answers = {answer};
+    rig.Services.Dialogs.Names = {rig.Folder.File("a.prj")};
+    int ends = 0;
+    rig.Form.OnEnd = [&] { ++ends; };
+    rig.Form.State.Scanning = true;
+    rig.Form.mnuFile.Click(4);
+    rig.Form.Close();
+    ASSERT_EQ(rig.Services.Dialogs.Boxes.size(), 1U);
+    const MessageBox& box = rig.Services.Dialogs.Boxes.front();
+    EXPECT_EQ(box.Title, "Save Project?");
+    EXPECT_EQ(box.Text,
+              "The current project has been edited but has not been saved.\r\nWould you like to save now?");
+    EXPECT_EQ(box.Choice, Buttons::YesNo);
+    EXPECT_EQ(FileExists(rig.Folder.File("a.prj")), answer == Answer::Yes);
+    EXPECT_EQ(ends, 1);
+    EXPECT_FALSE(rig.Form.State.Scanning);
+    EXPECT_FALSE(rig.Services.Timer1.Running);
+    EXPECT_FALSE(rig.Services.Connection.Open);
+  }
+}
+
+TEST(Form1Close, ASavedProjectIsNotAskedAbout) {
+  Form1Rig rig;
+  rig.Form.Start();
+  rig.Form.Close();
+  EXPECT_TRUE(rig.Services.Dialogs.Boxes.empty());
+  EXPECT_TRUE(rig.Form.Closed());
+}
+
+TEST(Recovery, OnlyUnsavedWorkIsWrittenAndItCanBeLoaded) {
+  Form1Rig rig;
+  rig.Form.Start();
+  EXPECT_FALSE(WriteRecovered(rig.Form.Sites, rig.Folder.Folder).has_value());
+  rig.AddSites("main.example", {"partner.example"});
+  const auto path = WriteRecovered(rig.Form.Sites, rig.Folder.Folder);
+  ASSERT_EQ(path, rig.Folder.File("Project Files/Recovered.prj"));
+  EXPECT_FALSE(FileExists(*path + ".new"));
+  rig.Form.Files.LoadProject(*path);
+  ASSERT_EQ(rig.Form.Sites.ListCount(), 1);
+  EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "partner.example");
+
+  rig.Form.Sites.ProjectSaved = false;
+  EXPECT_FALSE(WriteRecovered(rig.Form.Sites, {rig.Folder.File("no such folder")}).has_value());
+}
+
+}  // namespace
+}  // namespace requite
