@@ -155,5 +155,31 @@ TEST_F(BlockingGetTest, AbortEndsEveryGetAlsoNestedOnes) {
   EXPECT_EQ(Get(internet, Url("/")), "home");
 }
 
+// The worker of a look-up may outlive its test.
+std::atomic<bool> hang = false;
+
+SocketAddresses HangingLookUp(const std::string& host) {
+  if (host == "two.example") return {NumericAddress("127.0.0.2")[0], NumericAddress("127.0.0.1")[0]};
+  hang.wait(true);
+  return {};
+}
+
+TEST_F(BlockingGetTest, AHangingLookUpHoldsNothingUp) {
+  hang = true;
+  auto internet = std::make_unique<BlockingGet>(map_, GetLimits{}, HangingLookUp);
+  bool ran = false;
+  QTimer::singleShot(5, [&] {
+    ran = true;
+    internet->Abort();
+  });
+  EXPECT_EQ(Get(*internet, "http://mute.example/"), "(nothing)");
+  EXPECT_TRUE(ran) << "events run during a look-up";
+  EXPECT_EQ(Get(*internet, "http://two.example:" + std::to_string(server_.Port()) + "/"), "home")
+      << "the second address answers";
+  internet.reset();
+  hang = false;
+  hang.notify_all();
+}
+
 }  // namespace
 }  // namespace requite::test

@@ -2,10 +2,13 @@
 // GET requests over Qt's network access, each with an event loop of its own to wait in.
 #include "shell/qt/blocking_get.h"
 
+#include <unistd.h>
+
 #include <QEventLoop>
 #include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <algorithm>
 
@@ -15,6 +18,9 @@ namespace requite {
 namespace {
 
 constexpr qint64 kReadBuffer = 1024 * 1024;
+
+/// How long an address may take to accept a connection while there is another one to try.
+constexpr std::chrono::milliseconds kConnecting{7000};
 
 /// The URL that bytes of the code page stand for. A byte beyond ASCII is sent as "%XX" of that byte, as
 /// a script that works in the same code page reads it; in a host it is a letter of an international name.
@@ -42,6 +48,29 @@ std::uint16_t PortOf(const QUrl& url) {
   return static_cast<std::uint16_t>(url.port(url.scheme() == QLatin1String("https") ? 443 : 80));
 }
 
+/// A request for the URL that goes to an address found for its host. The host stands in the request
+/// itself, and in the check of the server's certificate.
+QNetworkRequest RequestFor(const QUrl& url, const QByteArray& agent, const QString& address,
+                           std::uint16_t port) {
+  QUrl target = url;
+  target.setHost(address);
+  target.setPort(port);
+  QNetworkRequest request(target);
+  request.setPeerVerifyName(url.host(QUrl::FullyEncoded));
+  request.setRawHeader("Host", url.authority(QUrl::FullyEncoded | QUrl::RemoveUserInfo).toLatin1());
+  request.setRawHeader("User-Agent", agent);
+  // Otherwise the library asks for packed bodies and unpacks them without a limit.
+  request.setRawHeader("Accept-Encoding", "identity");
+  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+  request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+  // The library would keep these by address, and many sites may share one.
+  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+  request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+  return request;
+}
+
 bool IsRedirect(int status) {
   return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
 }
@@ -56,8 +85,9 @@ class BlockingGet::Transfer {
     QObject::connect(&silence_, &QTimer::timeout, &loop_, [this] { End(); });
   }
 
-  /// Waits until the reply is complete, silent for too long, too long, or given up.
-  void Await(QNetworkReply& reply) {
+  /// Waits until the reply is complete, silent for too long, too long, or given up; with another address
+  /// to try, only a short while for the connection.
+  void Await(QNetworkReply& reply, bool isLastAddress) {
     reply.setReadBufferSize(kReadBuffer);
     QObject::connect(&reply, &QNetworkReply::metaDataChanged, &loop_, [this, &reply] { TakeHead(reply); });
     QObject::connect(&reply, &QNetworkReply::readyRead, &loop_, [this, &reply] { TakeBody(reply); });
@@ -66,15 +96,28 @@ class BlockingGet::Transfer {
       TakeBody(reply);
       End();
     });
+    QObject::connect(&reply, &QNetworkReply::requestSent, &loop_, [this] {
+      Sent = true;
+      silence_.start(limits_.Silence);
+    });
     Body.clear();
     Opened = false;
-    ended_ = false;
-    silence_.start(limits_.Silence);
-    // Should the program be told to end meanwhile, the loop ends without the reply.
-    if (!Aborted) loop_.exec();
-    if (!ended_) Aborted = true;
-    silence_.stop();
+    Sent = false;
+    Wait(isLastAddress ? limits_.Silence : std::min(limits_.Silence, kConnecting));
     QObject::disconnect(&reply, nullptr, &loop_, nullptr);
+  }
+
+  /// Waits until the descriptor can be read. False when it was silent for too long, or given up.
+  bool AwaitReadable(int descriptor) {
+    bool readable = false;
+    QSocketNotifier notifier(descriptor, QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &loop_, [&] {
+      notifier.setEnabled(false);
+      readable = true;
+      End();
+    });
+    Wait(limits_.Silence);
+    return readable && !Aborted;
   }
 
   void GiveUp() {
@@ -82,6 +125,7 @@ class BlockingGet::Transfer {
     End();
   }
 
+  bool Sent = false;  ///< a server has the request, which must not be made twice
   bool Opened = false;
   bool Aborted = false;
   int Status = 0;
@@ -89,6 +133,15 @@ class BlockingGet::Transfer {
   std::string Body;
 
  private:
+  void Wait(std::chrono::milliseconds silence) {
+    ended_ = false;
+    silence_.start(silence);
+    if (!Aborted) loop_.exec();
+    // Should the program be told to end meanwhile, the loop ends by itself.
+    if (!ended_) Aborted = true;
+    silence_.stop();
+  }
+
   void End() {
     ended_ = true;
     loop_.quit();
@@ -118,13 +171,18 @@ class BlockingGet::Transfer {
   bool ended_ = false;
 };
 
-BlockingGet::BlockingGet(const ConnectMap& map, GetLimits limits) : map_(map), limits_(limits) {}
+BlockingGet::BlockingGet(const ConnectMap& map, GetLimits limits, LookUp lookUp)
+    : map_(map), limits_(limits), lookUp_(lookUp) {}
 
 BlockingGet::~BlockingGet() = default;
 
 std::optional<std::string> BlockingGet::OpenUrl(const std::string& url, std::string_view agent) {
   QUrl target = UrlOf(url);
   const QByteArray agentBytes(agent.data(), static_cast<qsizetype>(agent.size()));
+  if (!manager_) {
+    manager_ = std::make_unique<QNetworkAccessManager>();
+    manager_->setProxy(QNetworkProxy::NoProxy);
+  }
   Transfer transfer(limits_);
   inProgress_.push_back(&transfer);
   for (int redirects = 0; IsWebUrl(target); ++redirects) {
@@ -141,30 +199,27 @@ std::optional<std::string> BlockingGet::OpenUrl(const std::string& url, std::str
 }
 
 void BlockingGet::Run(Transfer& transfer, const QUrl& url, const QByteArray& agent) {
-  if (!manager_) {
-    manager_ = std::make_unique<QNetworkAccessManager>();
-    manager_->setProxy(QNetworkProxy::NoProxy);
+  const Endpoint target = map_.Target(FromUnicode(url.host(QUrl::FullyEncoded)), PortOf(url));
+  const SocketAddresses addresses = AddressesOf(target.Host, transfer);
+  for (const SocketAddress& address : addresses) {
+    const std::unique_ptr<QNetworkReply> reply(
+        manager_->get(RequestFor(url, agent, QString::fromStdString(address.Text()), target.Port)));
+    transfer.Await(*reply, &address == &addresses.back());
+    reply->abort();
+    if (transfer.Sent || transfer.Opened || transfer.Aborted) return;
   }
-  QUrl address = url;
-  const Endpoint target = map_.Target(FromUnicode(url.host()), PortOf(url));
-  const QString host = url.host();
-  QNetworkRequest request;
-  if (const QString mapped = ToUnicode(target.Host); mapped != host || target.Port != PortOf(url)) {
-    address.setHost(mapped);
-    address.setPort(target.Port);
-    request.setRawHeader("Host", url.authority(QUrl::FullyEncoded | QUrl::RemoveUserInfo).toLatin1());
-    request.setPeerVerifyName(host);
-  }
-  request.setUrl(address);
-  request.setRawHeader("User-Agent", agent);
-  // Otherwise the library asks for packed bodies and unpacks them without a limit.
-  request.setRawHeader("Accept-Encoding", "identity");
-  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-  request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-  const std::unique_ptr<QNetworkReply> reply(manager_->get(request));
-  transfer.Await(*reply);
-  reply->abort();
+}
+
+SocketAddresses BlockingGet::AddressesOf(const std::string& host, Transfer& transfer) {
+  if (SocketAddresses numeric = NumericAddress(host); !numeric.empty()) return numeric;
+  if (std::optional<SocketAddresses> found = cache_.Find(host)) return *std::move(found);
+  const int answer = StartLookUp(lookUp_, host);
+  if (answer < 0) return {};
+  SocketAddresses addresses;
+  if (transfer.AwaitReadable(answer)) addresses = TakeAnswer(answer);
+  ::close(answer);
+  cache_.Keep(host, addresses);
+  return addresses;
 }
 
 void BlockingGet::Abort() {

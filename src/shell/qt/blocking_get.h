@@ -11,6 +11,7 @@
 
 #include "platform/services.h"
 #include "shell/qt/connect_map.h"
+#include "shell/qt/look_up.h"
 
 namespace requite {
 
@@ -21,11 +22,12 @@ struct GetLimits {
 };
 
 /// Nothing of the network library is started before the first GET. A GET whose body stops midway
-/// (silence, a reset) returns what came; one without a response returns nothing.
+/// (silence, a reset) returns what came; one without a response returns nothing. Names are looked up
+/// here: the library would hold up the end of the program until a look-up of its own has ended.
 class BlockingGet : public Internet {
  public:
   /// The map must outlive this object.
-  explicit BlockingGet(const ConnectMap& map, GetLimits limits = {});
+  explicit BlockingGet(const ConnectMap& map, GetLimits limits = {}, LookUp lookUp = SystemLookUp);
   ~BlockingGet() override;
 
   [[nodiscard]] std::optional<std::string> OpenUrl(const std::string& url, std::string_view agent) override;
@@ -34,11 +36,14 @@ class BlockingGet : public Internet {
  private:
   class Transfer;
 
-  /// One request; its redirects are the caller's.
+  /// One URL, over each address of its host until one answers; its redirects are the caller's.
   void Run(Transfer& transfer, const QUrl& url, const QByteArray& agent);
+  [[nodiscard]] SocketAddresses AddressesOf(const std::string& host, Transfer& transfer);
 
   const ConnectMap& map_;
   GetLimits limits_;
+  LookUp lookUp_;
+  AddressCache cache_;
   std::unique_ptr<QNetworkAccessManager> manager_;
   std::vector<Transfer*> inProgress_;
 };

@@ -111,7 +111,7 @@ void PageConnection::Receive(short readiness) {
       return;
     }
     received_.append(piece.data(), static_cast<std::size_t>(bytes));
-    Events->OnDataArrival(static_cast<std::size_t>(bytes));
+    Events->OnDataArrival(received_.size());
     if (serial != serial_) return;
     // A short piece was all there is, unless the server's end of the connection is known to follow.
     const bool more = static_cast<std::size_t>(bytes) == piece.size() || (readiness & kServerGone) != 0;

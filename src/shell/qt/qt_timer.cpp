@@ -5,6 +5,8 @@
 namespace requite {
 
 QtTimer::QtTimer(const EventGuard& guard) {
+  // The tick of a second counts a page's seconds of silence; a coarse timer may be early.
+  timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this, &guard] {
     guard.Run([this] {
       if (OnTick) OnTick();

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Look-ups of host names in worker threads that nobody ever has to wait for.
+#pragma once
+
+#include <sys/socket.h>
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace requite {
+
+/// An address of the Internet, of either family, with room for a port.
+struct SocketAddress {
+  sockaddr_storage Storage{};
+  socklen_t Length = 0;
+
+  void SetPort(std::uint16_t port);
+  /// The address without its port, in digits.
+  [[nodiscard]] std::string Text() const;
+};
+
+using SocketAddresses = std::vector<SocketAddress>;
+
+/// Empty when the name is unknown. Runs in a worker thread.
+using LookUp = SocketAddresses (*)(const std::string& host);
+
+/// The system's own resolver.
+[[nodiscard]] SocketAddresses SystemLookUp(const std::string& host);
+
+/// The address that a numeric host stands for; empty for a name.
+[[nodiscard]] SocketAddresses NumericAddress(const std::string& host);
+
+/// Starts a look-up in a worker thread. The descriptor becomes readable with the answer, and belongs to
+/// the caller, who may close it at any time: the worker shares nothing else with the program, so one that
+/// hangs in the system's resolver can be left behind. -1 when no thread is to be had.
+[[nodiscard]] int StartLookUp(LookUp lookUp, const std::string& host);
+
+/// Takes the answer from a descriptor that has become readable.
+[[nodiscard]] SocketAddresses TakeAnswer(int descriptor);
+
+/// Names that were found a short while ago.
+class AddressCache {
+ public:
+  static constexpr std::chrono::seconds kLifetime{60};
+  static constexpr std::size_t kMostKept = 256;
+
+  [[nodiscard]] std::optional<SocketAddresses> Find(const std::string& host) const;
+  /// Unknown names (no addresses) are not kept: the network may come up in the meantime.
+  void Keep(const std::string& host, const SocketAddresses& addresses);
+
+ private:
+  struct Kept {
+    SocketAddresses Addresses;
+    std::chrono::steady_clock::time_point Until;
+  };
+
+  std::unordered_map<std::string, Kept> kept_;  // by lower-case name
+};
+
+}  // namespace requite
