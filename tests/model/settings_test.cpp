@@ -56,14 +56,5 @@ TEST(Settings, AStoredTextThatIsNoNumberFailsWhereItIsRead) {
   }
 }
 
-TEST(Settings, NumbersAreStoredAsDecimalText) {
-  MemorySettings store;
-  Settings settings(store);
-  settings.SaveSetting(setting::lHistEmailFound, 2147483647);
-  EXPECT_EQ(settings.GetSetting(setting::lHistEmailFound), "2147483647");
-  settings.SaveSetting(setting::Combo1, -1);
-  EXPECT_EQ(store.Values.at("combo1"), "-1");
-}
-
 }  // namespace
 }  // namespace requite::test
