@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <string>
 
-#include "shell/local_server.h"
-#include "shell/loop_rig.h"
+#include "shell/qt/local_server.h"
+#include "shell/qt/loop_rig.h"
 #include "shell/qt/page_connection.h"
 #include "shell/qt/settings_file.h"
 

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+// Page connections over real loopback sockets: the order of events, silence, and yields in handlers.
+#include "shell/qt/page_connection.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+#include "shell/qt/local_server.h"
+#include "shell/qt/loop_rig.h"
+#include "shell/qt/qt_timer.h"
+
+namespace requite::test {
+namespace {
+
+/// Remembers the events of a connection, and how deep they nest.
+class Recorder : public ConnectionEvents {
+ public:
+  explicit Recorder(Connection& connection) : connection_(connection) { connection.Events = this; }
+
+  void OnConnect() override {
+    Note("connect");
+    connection_.SendData("GET / HTTP/1.1\r\n\r\n");
+    Handle(OnConnected);
+  }
+  void OnDataArrival(std::size_t bytesTotal) override {
+    if (Events.empty() || Events.back() != "data") Note("data");
+    Announced = bytesTotal;
+    if (!TakesData) return;
+    const std::size_t before = Data.size();
+    Data += connection_.GetData();
+    EXPECT_EQ(Data.size() - before, bytesTotal);
+    Handle(OnData);
+  }
+  void OnClose() override {
+    Note("close");
+    ++Closes;
+    Handle(OnClosed);
+  }
+
+  std::function<void()> OnConnected;
+  std::function<void()> OnData;
+  std::function<void()> OnClosed;
+  bool TakesData = true;
+  std::vector<std::string> Events;
+  std::string Data;
+  std::size_t Announced = 0;
+  int Closes = 0;
+  int Deepest = 0;
+
+ private:
+  void Note(const char* event) { Events.emplace_back(event); }
+  void Handle(const std::function<void()>& action) {
+    Deepest = std::max(Deepest, ++depth_);
+    if (action) action();
+    --depth_;
+  }
+
+  Connection& connection_;
+  int depth_ = 0;
+};
+
+class PageConnectionTest : public testing::Test {
+ protected:
+  LoopRig rig_;
+  SocketPoller poller_{rig_.Guard};
+  NameResolver resolver_{poller_};
+  ConnectMap map_;
+  PageConnection connection_{poller_, resolver_, map_};
+  Recorder recorder_{connection_};
+
+  /// Lets events run inside a handler, longer than any slice.
+  void YieldLong() { rig_.Loop.RunFor(std::chrono::milliseconds(10)); }
+};
+
+using Names = std::vector<std::string>;
+const Names kWholePage = {"connect", "data", "close"};
+
+TEST_F(PageConnectionTest, APageComesInOrderAndWhole) {
+  for (const std::size_t size : {1UL, 2048UL, 65536UL, 131072UL, 3000000UL}) {
+    SCOPED_TRACE(size);
+    const std::string page(size, 'p');
+    std::string request;
+    LocalServer server([&](ServedConnection& client) {
+      request = client.ReadRequest();
+      client.Send(page);
+    });
+    recorder_.Events.clear();
+    recorder_.Data.clear();
+    recorder_.Closes = 0;
+    connection_.Connect("127.0.0.1", server.Port());
+    ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+    EXPECT_EQ(recorder_.Events, kWholePage);
+    EXPECT_EQ(recorder_.Data, page);
+    EXPECT_EQ(request, "GET / HTTP/1.1\r\n\r\n");
+  }
+}
+
+TEST_F(PageConnectionTest, DataThatComesTogetherWithTheEndIsNotLost) {
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("first ");
+    client.Send("tail");
+  });
+  // The handler of the first event takes so long that data and end have both arrived when it returns.
+  recorder_.OnConnected = [this] { YieldLong(); };
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+  EXPECT_EQ(recorder_.Events, kWholePage);
+  EXPECT_EQ(recorder_.Data, "first tail");
+}
+
+TEST_F(PageConnectionTest, HandlersThatYieldAndAskForTheNextPageNeverNest) {
+  constexpr int kPages = 15;
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("page");
+  });
+  const auto yield = [this] { YieldLong(); };
+  recorder_.OnConnected = yield;
+  recorder_.OnData = yield;
+  recorder_.OnClosed = [&] {
+    if (recorder_.Closes < kPages) connection_.Connect("localhost", server.Port());
+    YieldLong();
+  };
+  int ticks = 0;
+  QtTimer timer(rig_.Guard);
+  timer.OnTick = [&] { ++ticks; };
+  timer.Start(1);
+  map_.Add({"localhost", std::nullopt, {"127.0.0.1", server.Port()}});
+  connection_.Connect("localhost", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == kPages; }));
+  EXPECT_EQ(recorder_.Deepest, 1);
+  EXPECT_GE(ticks, kPages);
+}
+
+TEST_F(PageConnectionTest, TimersRunDuringALongRowOfQuickPages) {
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("page");
+  });
+  recorder_.OnClosed = [&] { connection_.Connect("127.0.0.1", server.Port()); };
+  int ticks = 0;
+  QtTimer timer(rig_.Guard);
+  timer.OnTick = [&] { ++ticks; };
+  timer.Start(1);
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return ticks >= 20 && recorder_.Closes >= 20; }));
+  connection_.Close();
+}
+
+TEST_F(PageConnectionTest, WhatCannotBeReachedIsSilent) {
+  LocalServer resetting([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Reset();
+  });
+  connection_.Connect("127.0.0.1", RefusingPort());
+  rig_.Settle();
+  for (const std::string& host : {std::string(), std::string("no.such.host.invalid"), std::string("a b"),
+                                  std::string("127.0.0.1:80"), std::string("127.0.0.1\0x", 11)}) {
+    connection_.Connect(host, resetting.Port());
+    rig_.Settle();
+  }
+  EXPECT_EQ(recorder_.Events, Names{});
+
+  connection_.Connect("127.0.0.1", resetting.Port());
+  ASSERT_TRUE(rig_.Until([&] { return !recorder_.Events.empty(); }));
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Events, Names{"connect"});
+}
+
+TEST_F(PageConnectionTest, CloseDropsWhatIsOnItsWay) {
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("late");
+  });
+  connection_.Connect("127.0.0.1", server.Port());
+  connection_.Close();
+  connection_.Close();
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Events, Names{});
+
+  recorder_.OnConnected = [this] {
+    YieldLong();
+    connection_.Close();
+  };
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return !recorder_.Events.empty(); }));
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Events, Names{"connect"});
+  EXPECT_EQ(connection_.GetData(), "");
+  connection_.SendData("to nobody");
+}
+
+TEST_F(PageConnectionTest, AConnectInTheMiddleOfAPageDropsTheOldOne) {
+  LocalServer mute([](ServedConnection& client) { client.WaitForPeer(); });
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("second");
+  });
+  recorder_.OnConnected = [&] {
+    recorder_.OnConnected = nullptr;
+    connection_.Connect("127.0.0.1", server.Port());
+  };
+  connection_.Connect("127.0.0.1", mute.Port());
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+  EXPECT_EQ(recorder_.Events, (Names{"connect", "connect", "data", "close"}));
+  EXPECT_EQ(recorder_.Data, "second");
+}
+
+TEST_F(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
+  constexpr std::size_t kSize = 64 * 1024 * 1024;
+  std::atomic<bool> allSent = false;
+  LocalServer server([&](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send(std::string(kSize, 'x'));
+    allSent = true;
+  });
+  recorder_.TakesData = false;
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Announced >= PageConnection::kMostHeld; }));
+  rig_.Settle();
+  EXPECT_LT(recorder_.Announced, 2 * PageConnection::kMostHeld);
+  EXPECT_FALSE(allSent);
+
+  recorder_.TakesData = true;
+  recorder_.Data = connection_.GetData();
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+  EXPECT_EQ(recorder_.Data.size(), kSize);
+}
+
+TEST_F(PageConnectionTest, TheFirstMatchingRuleSaysWhereAConnectionGoes) {
+  LocalServer server([](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("mapped");
+  });
+  map_.Add({"Site.Example", 80, {"127.0.0.1", server.Port()}});
+  map_.Add({"", std::nullopt, {"127.0.0.1", RefusingPort()}});
+  connection_.Connect("SITE.example", 80);
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+  EXPECT_EQ(recorder_.Data, "mapped");
+  connection_.Connect("other.example", 80);
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Closes, 1);
+}
+
+TEST_F(PageConnectionTest, AFailureInAHandlerEndsAtTheEdgeOfTheLoop) {
+  LocalServer server([](ServedConnection& client) { client.ReadRequest(); });
+  recorder_.OnConnected = [] { throw RuntimeFailure(Failure::TypeMismatch); };
+  recorder_.OnClosed = [] { throw std::bad_alloc(); };
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return rig_.Failures.size() == 2; }));
+  EXPECT_EQ(rig_.Failures, (std::vector<int>{13, 7}));
+}
+
+}  // namespace
+}  // namespace requite::test
