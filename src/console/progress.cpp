@@ -86,8 +86,8 @@ void ScanProgress::Redraw() {
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
   Draw(Position(std::min(finished_ + 1, SitesToScan())) + ", page " + std::to_string(state.PagesDone) +
        " of " + std::to_string(state.PagesQueued + 1) + ", " +
-       std::to_string(program_.Form1.Figures.LinksFound) + " links found, " + std::to_string(seconds) +
-       " s, " + state.PageFull);
+       std::to_string(program_.Form1.Figures.LinksFound) + " links found, " + std::to_string(seconds) + " s" +
+       (state.PageFull.empty() ? "" : ", " + state.PageFull));
 }
 
 void ScanProgress::Draw(const std::string& text) {

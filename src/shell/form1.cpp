@@ -17,6 +17,8 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Files(Sites, Editing, Settings, services.Dialogs, folder, WebBrowser2),
       Report(
           {Sites, Lists.lstErr, Figures, Settings, services.Clock, services.EventLoop, folder, WebBrowser2}),
+      Quick(Sites, Editing, Files, innerFrame2, services.Dialogs, folder, [this] { GenerateLinkReport(); }),
+      Auto(Files, Settings, folder, State.AutoSaveTicks),
       Web({TabStrip1, WebBrowser1, Sites.List3, Lists.lstErr, lblErr, txtURL}, services.Shell),
       Popup(Sites.List3, services.Clipboard, [this](const std::string& url) { Web.BrowseInWebTab(url); }),
       Saved(Sites.List3, folder, services.Dialogs),
@@ -43,7 +45,10 @@ ScanWindow Form1::WindowOfScan() {
 }
 
 void Form1::WireScan() {
-  Command1.OnClick = [this] { Scan.StartScan(); };
+  Command1.OnClick = [this] {
+    Sites.ProjectSaved = false;  // even a start that is refused has emptied the results
+    Scan.StartScan();
+  };
   cmdSkip.OnClick = [this] { Scan.cmdSkip(); };
   cmdStop.OnClick = [this] { Scan.cmdStop(); };
   cmdNextSearch.OnClick = [this] { Scan.cmdNextSearch(); };

@@ -6,8 +6,10 @@
 #include <functional>
 #include <string>
 
+#include "model/auto_save.h"
 #include "model/project.h"
 #include "model/project_files.h"
+#include "model/quick_save.h"
 #include "model/settings.h"
 #include "model/site_editing.h"
 #include "platform/files.h"
@@ -70,6 +72,8 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   SiteEditing Editing;
   ProjectFiles Files;
   LinkReport Report;
+  QuickSave Quick;
+  AutoSave Auto;
   WebTab Web;
   ResultsPopup Popup;
   SavedFiles Saved;
@@ -96,7 +100,6 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void optAll_Click(int index);
   void optScript_Click(int index);
   void FillFromMainSites(ComboBox& box);
-  void Timer1_Tick();
 
   bool closed_ = false;
 };

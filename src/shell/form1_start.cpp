@@ -19,7 +19,7 @@ void Form1::StartWithoutProject() {
   Figures.RefreshStats();
   Main.SetTitle(std::string(product::kName) + " by " + std::string(product::kCompany));
   State.Scanning = false;
-  Platform.Timer1.OnTick = [this] { Timer1_Tick(); };
+  Platform.Timer1.OnTick = [this] { Auto.Timer1_Tick(State.Scanning); };
   Platform.Timer1.Start(kTimer1Milliseconds);
 }
 
@@ -74,9 +74,6 @@ void Form1::OpenHelp() {
   }
   Platform.EventLoop.LetPendingEventsRun();
 }
-
-/// The seconds towards the next auto-save would count here.
-void Form1::Timer1_Tick() {}
 
 void Form1::Close() {
   if (closed_) return;

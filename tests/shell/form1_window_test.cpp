@@ -152,6 +152,24 @@ TEST(Form1Lists, PopupsOpenOnTheRightButtonAndDeleteWorksThroughThem) {
   EXPECT_EQ(list.At(0).WebsiteUrl, "a.example");
 }
 
+TEST(Form1Lists, AMainSiteIsDeletedWithItsListAndAScanIsAnEdit) {
+  Form1Rig rig;
+  rig.Form.Start();
+  rig.AddSites("a.example", {"for-a.example"});
+  rig.AddSites("b.example", {"for-b.example"});
+  rig.Form.Editing.SelectMainSite(0);
+  rig.Form.cmdDelete.Click();
+  ASSERT_EQ(rig.Form.Sites.ListCount(), 1);
+  EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "for-b.example");
+  EXPECT_TRUE(FileExists(rig.Folder.File("tempreport.html")));
+  rig.Form.Sites.ProjectSaved = true;
+  rig.Form.Command1.Click();
+  EXPECT_FALSE(rig.Form.Sites.ProjectSaved);
+  rig.Services.Store.Set("chkAutoSave", "1");
+  rig.Services.Timer1.Tick();
+  EXPECT_EQ(rig.Form.State.AutoSaveTicks, 1);
+}
+
 TEST(Form1Lists, OnlyLinkingSitesAreGuardedAgainstASortDuringAScan) {
   Form1Rig rig;
   rig.Form.Start();

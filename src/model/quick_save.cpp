@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// The steps of a delete and of the file that it goes through.
+#include "model/quick_save.h"
+
+#include <string>
+
+#include "model/project_reader.h"
+#include "model/project_text.h"
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+
+namespace requite {
+
+void QuickSave::cmdDelete() {
+  const int row = project_.List4.SelectedRow();
+  RemoveRulesOfSelected();
+  project_.ProjectSaved = false;
+  if (project_.List4.RowCount() == 1) {
+    project_.List4.Clear();
+    project_.DropLinkingSiteLists();
+    innerFrame2_.SetVisible(false);
+  } else if (row >= 0) {
+    // Whether or not the file could be written, it is what is read back.
+    PassOver([&] { QuickSaveProject(row); });
+    QuickLoadProject();
+  }
+}
+
+void QuickSave::RemoveRulesOfSelected() {
+  const int row = project_.List4.SelectedRow();
+  if (row < 0) return;
+  // Main Sites of the same text share their rules, so these lose them too.
+  const std::string text = project_.List4.At(static_cast<std::size_t>(row)).Text;
+  project_.lstRules.RemoveWhere([&](const Rule& rule) { return rule.MainSite == text; });
+}
+
+bool QuickSave::QuickSaveProject(int leaveOutRow) {
+  const std::string path = folder_.File(kQuickSaveFile);
+  if (FileExists(path)) DeleteFile(path);
+  try {
+    std::string text = ProjectText(project_, leaveOutRow);
+    text += kLineEnd;
+    AppendToFile(path, text);
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    dialogs_.Say(std::to_string(failure.Number) + " " + failure.Description);
+    return false;
+  }
+}
+
+bool QuickSave::QuickLoadProject() {
+  sites_.NewProject();
+  bool reachedEnd = false;
+  EndSilently([&] {
+    const std::string text = ReadFile(folder_.File(kQuickSaveFile));
+    if (text.empty()) return;
+    project_.ProjectSaved = files_.LastOpenWasProject;
+    project_.JustLoaded = true;
+    reachedEnd = ReadProjectText(text, project_);
+    if (!reachedEnd) return;
+    if (!project_.List4.Empty()) sites_.SelectMainSite(0);
+    generateLinkReport_();
+  });
+  return reachedEnd;
+}
+
+}  // namespace requite
