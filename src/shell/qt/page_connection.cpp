@@ -29,7 +29,7 @@ constexpr short kServerGone = POLLRDHUP | POLLHUP | POLLERR;
 PageConnection::PageConnection(SocketPoller& poller, NameResolver& resolver, const ConnectMap& map)
     : resolver_(resolver), map_(map), socket_(poller, [this](short readiness) { OnReady(readiness); }) {}
 
-PageConnection::~PageConnection() { Close(); }
+PageConnection::~PageConnection() { resolver_.Forget(this); }
 
 void PageConnection::Connect(const std::string& host, std::uint16_t port) {
   Close();

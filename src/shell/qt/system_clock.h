@@ -10,7 +10,7 @@ namespace requite {
 
 class SystemClock : public Clock {
  public:
-  explicit SystemClock(QLocale locale = QLocale::system()) : locale_(std::move(locale)) {}
+  explicit SystemClock(const QLocale& locale = QLocale::system()) : locale_(locale) {}
 
   [[nodiscard]] std::string ShortDate() override;
   [[nodiscard]] std::string ShortTime() override;
