@@ -59,18 +59,19 @@ class QtConsoleLoop : public ConsoleLoop {
 /// Ctrl-C as an event. The second one ends the process at once, as it would without this.
 class InterruptWatch {
  public:
-  InterruptWatch() {
+  InterruptWatch(Interrupt& told, const EventGuard& guard) {
     sigset_t interrupt;
     sigemptyset(&interrupt);
     sigaddset(&interrupt, SIGINT);
     ::pthread_sigmask(SIG_BLOCK, &interrupt, &before_);
     descriptor_ = ::signalfd(-1, &interrupt, SFD_CLOEXEC | SFD_NONBLOCK);
     notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, &told, &guard] {
       signalfd_siginfo taken{};
       static_cast<void>(!::read(descriptor_, &taken, sizeof taken));
-      seen_ = true;
       ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+      told.Seen = true;
+      if (told.OnInterrupt) guard.Run(told.OnInterrupt);
     });
   }
   ~InterruptWatch() {
@@ -81,13 +82,10 @@ class InterruptWatch {
   InterruptWatch(const InterruptWatch&) = delete;
   InterruptWatch& operator=(const InterruptWatch&) = delete;
 
-  [[nodiscard]] bool Seen() const { return seen_; }
-
  private:
   sigset_t before_{};
   int descriptor_ = -1;
   std::unique_ptr<QSocketNotifier> notifier_;
-  bool seen_ = false;
 };
 
 int Code(ExitStatus status) { return static_cast<int>(status); }
@@ -107,12 +105,13 @@ int Code(ExitStatus status) { return static_cast<int>(status); }
   std::_Exit(Code(ExitStatus::RunTimeFailure));
 }
 
-ExitStatus RunCommand(const Options& options, ConsoleProgram& program) {
+ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsoleProgram& program) {
   if (const auto* scan = std::get_if<ScanOptions>(&options.Command)) {
-    const InterruptWatch interrupt;
+    Interrupt interrupt;
+    const InterruptWatch watch(interrupt, guard);
     const auto output =
         ::isatty(STDERR_FILENO) != 0 ? ScanProgress::Output::Terminal : ScanProgress::Output::Lines;
-    return RunScan(program, *scan, output, [&] { return interrupt.Seen(); });
+    return RunScan(program, *scan, output, interrupt);
   }
   const std::string& file = std::get<ScriptOptions>(options.Command).File;
   if (file.empty()) return RunScript(program, std::cin);
@@ -148,7 +147,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   project = &form1.Sites;
   ConsoleProgram program{form1, loop, store, dialogs, sounds, clipboard, kCodec, std::cout, std::cerr};
   ExitStatus status = ExitStatus::Done;
-  guard.Run([&] { status = RunCommand(options, program); });
+  guard.Run([&] { status = RunCommand(options, guard, program); });
   return status;
 }
 

@@ -46,6 +46,10 @@ void Load(ConsoleProgram& program, const ScanOptions& options) {
               << std::endl;
 }
 
+void Stop(Form1& form) {
+  if (form.State.Scanning) form.cmdStop.Click();
+}
+
 void PrintResults(ConsoleProgram& program) {
   const RecordList<LinkResult>& results = program.Form1.Sites.List3;
   std::vector<std::string> captions;
@@ -81,28 +85,29 @@ bool WriteFilesAskedFor(ConsoleProgram& program, const ScanOptions& options) {
 }  // namespace
 
 ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProgress::Output output,
-                   const std::function<bool()>& interrupted) {
+                   Interrupt& interrupt) {
   Form1& form = program.Form1;
   Load(program, options);
   ScanProgress progress(program, output);
   const BoxPrinter boxes(program, progress);
+  interrupt.OnInterrupt = [&form] { Stop(form); };
 
   form.Command1.Click();
-  if (!form.State.Scanning && boxes.AnyShown()) return ExitStatus::Refused;
+  const bool refused = !form.State.Scanning && boxes.AnyShown();
+  if (interrupt.Seen) Stop(form);  // it may have come before there was anything to stop
   // A message in mid-scan leaves the scan standing still until Stop is pressed.
-  program.Loop.RunUntil([&] { return !form.State.Scanning || boxes.AnyShown() || interrupted(); }, kNoLimit);
-  const bool stoppedEarly = form.State.Scanning;
-  if (stoppedEarly) {
-    form.cmdStop.Click();
-    form.Platform.Internet.Abort();
-  }
+  program.Loop.RunUntil([&] { return !form.State.Scanning || boxes.AnyShown(); }, kNoLimit);
+  const bool stoodStill = form.State.Scanning;
+  Stop(form);
+  interrupt.OnInterrupt = nullptr;
   progress.Finish();
+  if (refused) return ExitStatus::Refused;
 
   PrintResults(program);
   const bool written = WriteFilesAskedFor(program, options);
-  if (interrupted()) return ExitStatus::Interrupted;
+  if (interrupt.Seen) return ExitStatus::Interrupted;
   if (!written) return ExitStatus::Refused;
-  return progress.AllLinkBack() && !stoppedEarly ? ExitStatus::Done : ExitStatus::LinksMissing;
+  return progress.AllLinkBack() && !stoodStill ? ExitStatus::Done : ExitStatus::LinksMissing;
 }
 
 }  // namespace requite

@@ -11,9 +11,16 @@
 
 namespace requite {
 
-/// `interrupted` tells whether the user has asked for an early end; the scan is then stopped as by
-/// Stop. Throws RuntimeFailure for what nothing in the program handled.
+/// The user's wish for an early end. It comes as an event, wherever events run, also in the middle of
+/// a step that waits.
+struct Interrupt {
+  bool Seen = false;
+  std::function<void()> OnInterrupt;
+};
+
+/// After an interrupt the scan is stopped as by Stop. Throws RuntimeFailure for what nothing in the
+/// program handled.
 [[nodiscard]] ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options,
-                                 ScanProgress::Output output, const std::function<bool()>& interrupted);
+                                 ScanProgress::Output output, Interrupt& interrupt);
 
 }  // namespace requite

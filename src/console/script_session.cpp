@@ -29,8 +29,8 @@ void Tracer::Refresh(const Control&) {
 }
 
 ScriptSession::ScriptSession(ConsoleProgram& program) : Program(program) {
-  Record(program.Form1.WebBrowser1, "2");
-  Record(program.Form1.WebBrowser2, "4");
+  Record(program.Form1.WebBrowser1);
+  Record(program.Form1.WebBrowser2);
 }
 
 ScriptSession::~ScriptSession() {
@@ -39,9 +39,9 @@ ScriptSession::~ScriptSession() {
   Program.Form1.WebBrowser2.OnNavigate = nullptr;
 }
 
-void ScriptSession::Record(BrowserView& view, const char* tab) {
-  view.OnNavigate = [this, name = view.Name(), tab](const std::string& url) {
-    Navigations.push_back({name, tab, url});
+void ScriptSession::Record(BrowserView& view) {
+  view.OnNavigate = [this, name = view.Name()](const std::string& url) {
+    Navigations.push_back({name, url});
   };
 }
 

@@ -65,13 +65,13 @@ class ScriptSession {
   ConsoleProgram& Program;
   std::optional<ScriptFault> Fault;
   ExitStatus Status = ExitStatus::Done;
-  int Line = 0;  ///< of the command that runs
-  std::vector<std::vector<std::string>> Navigations;
+  int Line = 0;                                       ///< of the command that runs
+  std::vector<std::vector<std::string>> Navigations;  ///< control and URL of each
   std::map<Control*, std::unique_ptr<Tracer>> Tracers;
 
  private:
   void Carry(std::string_view text);
-  void Record(BrowserView& view, const char* tab);
+  void Record(BrowserView& view);
 };
 
 }  // namespace requite

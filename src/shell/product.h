@@ -11,6 +11,6 @@ inline constexpr std::string_view kCompany = "The Requite Project";
 inline constexpr std::string_view kSite = "Requite";
 /// The home address: a page that lies in the program's folder.
 inline constexpr std::string_view kHomePage = "welcome.html";
-inline constexpr std::string_view kVersion = "1.0.0";
+inline constexpr std::string_view kVersion = REQUITE_VERSION;  // of the build
 
 }  // namespace requite::product

@@ -220,14 +220,14 @@ TEST(Script, SoundsClipboardAndNavigationsAreRecorded) {
   const std::string folder = rig.Folder.Folder.Path;
   EXPECT_EQ(rig.Out.str(),
             "nextsearch.wav\nnextsearch.wav\n"  // the finished sound has no file
-            "WebBrowser1\t2\t" +
+            "WebBrowser1\t" +
                 folder +
                 "/welcome.html\n"
-                "WebBrowser2\t4\t" +
+                "WebBrowser2\t" +
                 folder +
                 "/tempreport.html\n"
                 "main.example\ta.example\tNone Found (Skipped)\t000\ta.example\n1\t255\n"
-                "a.example\nhttp://a.example\nWebBrowser1\t2\thttp://a.example\n");
+                "a.example\nhttp://a.example\nWebBrowser1\thttp://a.example\n");
 }
 
 TEST(Script, FailuresThatNothingHandlesLeaveTheScript) {
