@@ -70,50 +70,61 @@ std::optional<std::string> SettingsFile::Read(std::string_view key) {
 void SettingsFile::Write(std::string_view key, std::string_view value) {
   Value& latest = Put(key, value);
   latest.Saved = false;
-  if (file_ >= 0 && IsUnlinked()) {
-    // Somebody deleted the file: a new one gets all that is known.
-    for (auto& [name, one] : values_) one.Saved = false;
-    Release();
-  }
-  if (file_ < 0) {
-    unsaved_ = true;
-    Open();
-    if (file_ < 0) return;
-  }
-  pending_.clear();
-  if (tornTail_) pending_ += {kVoidLine, '\n'};
-  if (!hasHeader_) pending_.append(kHeader) += '\n';
-  if (unsaved_) {
-    for (const auto& [name, one] : values_) {
-      if (!one.Saved) AppendSettingsRecord(pending_, name, one.Text);
+  bool appended = false;
+  for (int attempt = 0; attempt < 2 && !appended; ++attempt) {
+    if (file_ < 0) {
+      unsaved_ = true;
+      Open();
+      if (file_ < 0) return;
     }
-  } else {
-    AppendSettingsRecord(pending_, key, value);
+    ComposePending(key, value);
+    appended = AppendPending(latest);
   }
-  AppendUnsaved(latest);
   CompactIfWorthIt();
 }
 
+/// What the next write appends: the new record, or every value that is not in the journal yet.
+void SettingsFile::ComposePending(std::string_view key, std::string_view value) {
+  pending_.clear();
+  if (tornTail_) pending_ += {kVoidLine, '\n'};
+  if (!hasHeader_) pending_.append(kHeader) += '\n';
+  if (!unsaved_) {
+    AppendSettingsRecord(pending_, key, value);
+    return;
+  }
+  for (const auto& [name, one] : values_) {
+    if (!one.Saved) AppendSettingsRecord(pending_, name, one.Text);
+  }
+}
+
 /// Puts the pending text at the journal's end in one piece, and takes in what others have put there.
-void SettingsFile::AppendUnsaved(Value& latest) {
+/// False when the file turns out to be deleted: a new one has to get all that is known.
+bool SettingsFile::AppendPending(Value& latest) {
   const ssize_t written = ::write(file_, pending_.data(), pending_.size());
   if (written != static_cast<ssize_t>(pending_.size())) {
     unsaved_ = true;
     if (written > 0) CatchUp();
-    return;
+    return true;
+  }
+  struct stat status {};
+  ::fstat(file_, &status);
+  if (status.st_nlink == 0) {
+    for (auto& [name, one] : values_) one.Saved = false;
+    Release();
+    return false;
   }
   latest.Saved = true;
   if (unsaved_) {
     for (auto& [name, one] : values_) one.Saved = true;
     unsaved_ = false;
   }
-  const off_t end = ::lseek(file_, 0, SEEK_CUR);
-  if (end == applied_ + written) {
-    applied_ = end;
+  if (status.st_size == applied_ + written) {
+    applied_ = status.st_size;
     hasHeader_ = true;
   } else {
     CatchUp();
   }
+  return true;
 }
 
 SettingsFile::Value& SettingsFile::Put(std::string_view key, std::string_view text) {
@@ -187,11 +198,6 @@ bool SettingsFile::IsCurrent() const {
   struct stat named {};
   return ::fstat(file_, &held) == 0 && ::stat(path_.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
          held.st_dev == named.st_dev;
-}
-
-bool SettingsFile::IsUnlinked() const {
-  struct stat held {};
-  return ::fstat(file_, &held) == 0 && held.st_nlink == 0;
 }
 
 void SettingsFile::Release() {

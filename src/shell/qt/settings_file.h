@@ -59,14 +59,14 @@ class SettingsFile : public SettingsStore {
   void TakeSharedLock() const;
   [[nodiscard]] bool TryExclusiveLock() const;
   [[nodiscard]] bool IsCurrent() const;
-  [[nodiscard]] bool IsUnlinked() const;
   void Release();
 
   bool CatchUp();
   bool ApplyLine(std::string_view line);
   Value& Put(std::string_view key, std::string_view text);
   void SetAside() const;
-  void AppendUnsaved(Value& latest);
+  void ComposePending(std::string_view key, std::string_view value);
+  bool AppendPending(Value& latest);
 
   void CompactIfWorthIt();
   Attempt Compact();
