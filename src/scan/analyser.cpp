@@ -21,8 +21,9 @@ void Analyser::AnalysePage(std::int16_t connection) {
   if (!context_.State.Scanning) return;
   context_.Window.StatusBar1.SetPanel(2, "Getting Links");
   context_.Platform.EventLoop.LetPendingEventsRun();
+  const PageText origin = prepared ? PageText::Prepared : PageText::Any;
   const std::string text = prepared ? *std::move(prepared) : ReadFile(PageFile(context_.Folder, connection));
-  PageLines lines(text);
+  PageLines lines(text, origin);
   switch (ReadLines(lines)) {
     case PageEnd::Moved: FollowMove(lines, connection); break;
     case PageEnd::Read: HandBack(connection); break;
@@ -31,28 +32,29 @@ void Analyser::AnalysePage(std::int16_t connection) {
 
 Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
   const ScanState& state = context_.State;
+  std::string link;  // one for all lines, for its room
   while (!lines.AtEnd()) {
     context_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
     if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
-    if (lines.HasHref()) AnalyseLink(lines.FromHref());
+    if (lines.HasHref()) AnalyseLink(lines.FromHref(), link);
     // Whatever the options: of a site that has its links, only the first line of a page is read.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
   }
   return PageEnd::Read;
 }
 
-void Analyser::AnalyseLink(std::string_view line) {
-  std::string link;
+void Analyser::AnalyseLink(std::string_view line, std::string& link) {
   if (CutHrefValue(line, context_, link) != Cut::Done) return;
-  if (filter_.IsScriptOrMail(link)) return;
   if (TakeLink(link) == Road::Record) RecordIfOurs(link);
 }
 
 Analyser::Road Analyser::TakeLink(std::string& link) {
+  const LetterSet letters = LettersOf(link);
+  if (filter_.IsScriptOrMail(link, letters)) return Road::NextLine;
   // A file of a type that is not followed can be a link to the Main Site all the same, as it stands.
-  if (!filter_.IsAllowedType(link)) return RoadOfRefused(link);
-  if (filter_.IsLocalOrFragment(link)) return Road::NextLine;
+  if (!filter_.IsAllowedType(link, letters)) return RoadOfRefused(link);
+  if (filter_.IsLocalOrFragment(link, letters)) return Road::NextLine;
   ResolveLink(context_, link);
   if (!rules_.PassesRules(link)) {
     context_.State.ReasonNote = "Possible Rule Problem";

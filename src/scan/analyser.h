@@ -30,7 +30,7 @@ class Analyser {
   enum class Road { NextLine, Record };
 
   [[nodiscard]] PageEnd ReadLines(PageLines& lines);
-  void AnalyseLink(std::string_view line);
+  void AnalyseLink(std::string_view line, std::string& link);
   /// Resolves, tests and queues a link. It then holds what a record is judged by.
   [[nodiscard]] Road TakeLink(std::string& link);
   [[nodiscard]] Road RoadOfRefused(std::string_view link);

@@ -39,15 +39,16 @@ void StepUp(std::string& directory, std::size_t steps) {
 
 }  // namespace
 
-std::string Climb(std::string directory, std::string link) {
+void Climb(std::string_view directory, std::string& link) {
+  std::string base(directory);
   while (link.starts_with("..")) {
     const std::size_t dots = std::min(link.find_first_not_of('.'), link.size());
     const std::size_t steps = std::max<std::size_t>(1, dots / 3);  // each takes three characters
-    StepUp(directory, steps);
+    StepUp(base, steps);
     link.erase(0, 3 * steps);
     TakeSlashesBeforeDots(link, steps);
   }
-  return directory + link;
+  link.insert(0, base);
 }
 
 }  // namespace requite

@@ -16,17 +16,19 @@ bool HoldsHref(std::string_view text) {
   return text.find('=') != std::string_view::npos && Contains(text, kHref, Compare::Text);
 }
 
-bool EndsValue(char c) { return c == '\'' || c == '"' || c == '>'; }
+/// The length of the text before its first quote or ">".
+std::size_t LengthOfValue(std::string_view text) {
+  for (const char end : {'"', '>', '\''}) text = Before(text, end);
+  return text.size();
+}
 
 /// The place of the first quote or ">", or the end of the text. Nothing when the scan was stopped.
 std::optional<std::size_t> FindTerminator(std::string_view text, const ScanContext& context) {
   for (std::size_t from = 0; context.State.Scanning; from += kSlice) {
     if (from > 0) context.Platform.EventLoop.LetPendingEventsRun();
     const std::string_view slice = text.substr(from, kSlice);
-    const auto end = std::find_if(slice.begin(), slice.end(), EndsValue);
-    if (end != slice.end() || text.size() - from <= kSlice) {
-      return from + static_cast<std::size_t>(end - slice.begin());
-    }
+    const std::size_t length = LengthOfValue(slice);
+    if (length < slice.size() || text.size() - from <= kSlice) return from + length;
   }
   return std::nullopt;
 }

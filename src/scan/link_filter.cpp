@@ -6,21 +6,19 @@
 
 namespace requite {
 
-bool LinkFilter::IsScriptOrMail(std::string_view value) const {
-  const LetterSet letters = LettersOf(value);
+bool LinkFilter::IsScriptOrMail(std::string_view value, LetterSet letters) const {
   return javascript_.IsIn(value, letters) || mailto_.IsIn(value, letters);
 }
 
-bool LinkFilter::IsAllowedType(std::string_view value) {
-  // Compared as a text, unlike the other flags: any other text switches the list off.
-  if (context_.Settings.GetSetting(setting::chkFileTypes) != "1") return true;
+bool LinkFilter::IsAllowedType(std::string_view value, LetterSet letters) {
   if (value.ends_with('/')) return true;
   const bool isQuery = value.find('.') == std::string_view::npos && value.find('?') != std::string_view::npos;
-  return isQuery || HoldsFileType(value);
+  if (isQuery || HoldsFileType(value, letters)) return true;
+  // Compared as a text, unlike the other flags: any other text switches the list off.
+  return context_.Settings.GetSetting(setting::chkFileTypes) != "1";
 }
 
-bool LinkFilter::HoldsFileType(std::string_view value) {
-  const LetterSet letters = LettersOf(value);
+bool LinkFilter::HoldsFileType(std::string_view value, LetterSet letters) {
   const std::vector<std::string>& types = context_.State.FileTypes;
   for (std::size_t i = 0; i < types.size(); ++i) {
     if (i == fileTypes_.size()) fileTypes_.emplace_back(types[i]);
@@ -31,11 +29,9 @@ bool LinkFilter::HoldsFileType(std::string_view value) {
   return false;
 }
 
-bool LinkFilter::IsLocalOrFragment(std::string_view value) const {
-  if (value.find('#') != std::string_view::npos) return true;
-  if (value.find(':') == std::string_view::npos) return false;
-  const LetterSet letters = LettersOf(value);
-  return file_.IsIn(value, letters) || unsaved_.IsIn(value, letters);
+bool LinkFilter::IsLocalOrFragment(std::string_view value, LetterSet letters) const {
+  return value.find('#') != std::string_view::npos || file_.IsIn(value, letters) ||
+         unsaved_.IsIn(value, letters);
 }
 
 }  // namespace requite

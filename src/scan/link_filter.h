@@ -11,20 +11,21 @@
 
 namespace requite {
 
+/// Each test is given the value with its letters.
 class LinkFilter {
  public:
   explicit LinkFilter(const ScanContext& context) : context_(context) {}
 
   /// Whether the value names a script or a mail address.
-  [[nodiscard]] bool IsScriptOrMail(std::string_view value) const;
+  [[nodiscard]] bool IsScriptOrMail(std::string_view value, LetterSet letters) const;
   /// Whether the value passes the list of file types, or the list is not in use.
-  [[nodiscard]] bool IsAllowedType(std::string_view value);
+  [[nodiscard]] bool IsAllowedType(std::string_view value, LetterSet letters);
   /// Whether the value is a local file or has a fragment. Links with a fragment are dropped, even
   /// those to the Main Site.
-  [[nodiscard]] bool IsLocalOrFragment(std::string_view value) const;
+  [[nodiscard]] bool IsLocalOrFragment(std::string_view value, LetterSet letters) const;
 
  private:
-  [[nodiscard]] bool HoldsFileType(std::string_view value);
+  [[nodiscard]] bool HoldsFileType(std::string_view value, LetterSet letters);
 
   const ScanContext& context_;
   std::vector<Needle> fileTypes_;  // of ScanState::FileTypes, each made when it is first asked for

@@ -14,11 +14,27 @@ void PageLines::Advance() {
 }
 
 bool PageLines::SaysMoved() {
-  return std::any_of(moved_.begin(), moved_.end(),
-                     [this](Mark& mark) { return mark.IsIn(text_, begin_, end_); });
+  return found302_.IsIn(text_, begin_, end_) || moved301_.IsIn(text_, begin_, end_) || HasMovedTitle();
 }
 
-bool PageLines::HasHref() { return href_.IsIn(text_, begin_, end_); }
+bool PageLines::HasMovedTitle() {
+  for (; titleEnd_.IsIn(text_, begin_, end_); titleEnd_.SearchOn(text_)) {
+    const std::string_view before = text_.substr(begin_, titleEnd_.At - begin_);
+    if (EndsWith(before, "<title>Document ", Compare::Text)) return true;
+    if (EndsWith(before, "<title>Object ", Compare::Text)) return true;
+  }
+  return false;
+}
+
+bool PageLines::HasHref() {
+  if (origin_ == PageText::Prepared) return Line().starts_with("href=");
+  return href_.IsIn(text_, begin_, end_);
+}
+
+std::string_view PageLines::FromHref() const {
+  const std::size_t at = origin_ == PageText::Prepared ? begin_ : href_.At;
+  return text_.substr(at, end_ - at);
+}
 
 bool PageLines::Mark::IsIn(std::string_view text, std::size_t begin, std::size_t end) {
   if (!Searched || At < begin) At = Finder.Find(text, begin);

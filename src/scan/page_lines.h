@@ -2,7 +2,6 @@
 // The lines of a page file, each with what the analyser asks of it; the page is searched once a mark.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -10,10 +9,14 @@
 
 namespace requite {
 
+/// In a prepared text each "href=" stands in lower case at the start of a line; any other text may hold
+/// it anywhere.
+enum class PageText { Prepared, Any };
+
 /// The text must outlive the lines.
 class PageLines {
  public:
-  explicit PageLines(std::string_view text) : text_(text) {}
+  PageLines(std::string_view text, PageText origin) : text_(text), origin_(origin) {}
 
   [[nodiscard]] bool AtEnd() const { return next_ >= text_.size(); }
   /// Goes on to the next line; not to be called at the end. Lines end at CR or CR LF.
@@ -26,7 +29,7 @@ class PageLines {
   /// Whether the line holds "href=".
   [[nodiscard]] bool HasHref();
   /// The line from its first "href=" on; only for a line that has one.
-  [[nodiscard]] std::string_view FromHref() const { return text_.substr(href_.At, end_ - href_.At); }
+  [[nodiscard]] std::string_view FromHref() const;
 
  private:
   /// The first place of a mark at or behind the line in hand.
@@ -37,16 +40,22 @@ class PageLines {
 
     /// Whether the mark begins before `end`, at or behind `begin`.
     [[nodiscard]] bool IsIn(std::string_view text, std::size_t begin, std::size_t end);
+    /// Goes on to the next place behind the one at hand.
+    void SearchOn(std::string_view text) { At = Finder.Find(text, At + 1); }
   };
 
+  /// A title that says so; both titles end alike, and that end is what is searched.
+  [[nodiscard]] bool HasMovedTitle();
+
   std::string_view text_;
+  PageText origin_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   std::size_t next_ = 0;
   Mark href_{TextFinder("href=")};
-  std::array<Mark, 4> moved_{Mark{TextFinder("302 Found")}, Mark{TextFinder("301 Moved Permanently")},
-                             Mark{TextFinder("<title>Document Moved</title>")},
-                             Mark{TextFinder("<title>Object moved</title>")}};
+  Mark found302_{TextFinder("302 Found")};
+  Mark moved301_{TextFinder("301 Moved Permanently")};
+  Mark titleEnd_{TextFinder("moved</title>")};
 };
 
 }  // namespace requite

@@ -50,11 +50,11 @@ void MakeAbsolute(std::string& link, const std::string& pageHost, const std::str
                   bool schemeNoted) {
   if (link.starts_with('/')) {
     link.insert(0, pageHost);
-    ReplaceIn(link, "//", "/", Compare::Binary);
+    if (link.find("//") != kNowhere) ReplaceIn(link, "//", "/", Compare::Binary);
     return;
   }
   if (link.starts_with("..")) {
-    link = Climb(pageDir, std::move(link));
+    Climb(pageDir, link);
     return;
   }
   if (link.starts_with("./")) {
@@ -64,9 +64,24 @@ void MakeAbsolute(std::string& link, const std::string& pageHost, const std::str
   if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, "/").insert(0, pageDir);
 }
 
+/// What replacing "//" by "/" four times over gives: each run of slashes is a sixteenth as long, rounded up.
+void ShortenSlashRuns(std::string& link) {
+  constexpr std::size_t kShortening = 16;
+  std::size_t kept = link.find("//");
+  if (kept == kNowhere) return;
+  std::size_t run = 0;
+  for (std::size_t i = kept; i < link.size(); ++i) {
+    run = link[i] == '/' ? run + 1 : 0;
+    if (run == 0 || run % kShortening == 1) link[kept++] = link[i];
+  }
+  link.resize(kept);
+}
+
 /// Undoes what the cutting of href values leaves at their ends. The first three act on all their
 /// occurrences, once the link ends in one.
 void MendEnding(std::string& link) {
+  constexpr std::string_view kLastLetters = "sSt:ThHeEfFpP";  // of all the endings below
+  if (kLastLetters.find(link.back()) == kNowhere) return;
   struct Cut {
     std::string_view Ending;
     std::string_view Whole;
@@ -93,9 +108,7 @@ const std::string& ResolveLink(const ScanContext& context, std::string& link) {
   const bool schemeNoted = TakeSchemesOff(link);
   MakeAbsolute(link, context.State.Pages[0].PageHost, context.State.PageDir, schemeNoted);
   if (link.find('/') == kNowhere) link += '/';
-  for (int pass = 0; pass < 4; ++pass) {
-    if (!ReplaceIn(link, "//", "/", Compare::Binary)) break;
-  }
+  ShortenSlashRuns(link);
   constexpr std::size_t kShortestMended = 7;
   if (link.size() >= kShortestMended) MendEnding(link);
   return link;
@@ -104,7 +117,7 @@ const std::string& ResolveLink(const ScanContext& context, std::string& link) {
 void SiteTests::ReadMainSite() {
   const std::string& key = context_.State.MainSiteKey;
   if (key == mainSiteKey_) return;
-  mainSite_ = Needle(key);
+  mainSite_ = TextFinder(key);
   mainDomain_ = key;
   TakeSchemesOff(mainDomain_);
   // The slash stays with the host here and goes in IsSameDomain: a Main Site with a path is never the
@@ -116,7 +129,7 @@ void SiteTests::ReadMainSite() {
 
 bool SiteTests::IsLinkToMainSite(std::string_view url) {
   ReadMainSite();
-  return mainSite_.IsIn(url, LettersOf(url));
+  return mainSite_.IsIn(url);
 }
 
 bool SiteTests::IsOnLinkingSite(std::string_view url) {
@@ -126,10 +139,11 @@ bool SiteTests::IsOnLinkingSite(std::string_view url) {
     linkingDomain_ = website;
     TakeSchemesOff(linkingDomain_);
     linkingDomain_ = std::string(RegisteredDomain(Before(linkingDomain_, '/')));
-    linkingSite_ = Needle(linkingDomain_);
+    linkingSite_ = TextFinder(linkingDomain_);
     websiteUrl_ = website;
   }
-  return linkingSite_.IsIn(url, LettersOf(url)) || Contains(linkingDomain_, url, Compare::Text);
+  if (linkingSite_.IsIn(url)) return true;
+  return url.size() <= linkingDomain_.size() && Contains(linkingDomain_, url, Compare::Text);
 }
 
 bool SiteTests::IsSameDomain(std::string& url) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/needle_set.h"
+#include "platform/text_search.h"
 #include "scan/scan_context.h"
 
 namespace requite {
@@ -34,11 +34,11 @@ class SiteTests {
 
   const ScanContext& context_;
   std::string mainSiteKey_;
-  Needle mainSite_{""};
+  TextFinder mainSite_{""};
   std::string mainDomain_;
   std::string websiteUrl_;
   std::string linkingDomain_;
-  Needle linkingSite_{""};
+  TextFinder linkingSite_{""};
 };
 
 /// The same questions asked once, on the scan as it stands.

@@ -51,16 +51,18 @@ void LogExclusion(const ProgramFolder& folder, std::string_view ruleType, std::s
 }
 
 bool Rules::PassesRules(std::string_view url) {
-  const bool log = context_.Settings.IsOne(setting::chkLog);
   const RecordList<Rule>& rules = context_.Project.lstRules;
   if (rules.Empty()) return true;
   PickApplicable();
+  if (applicable_.empty()) return true;
   const LetterSet letters = LettersOf(url);
   for (const Applicable& each : applicable_) {
     if (each.Value.IsIn(url, letters) == each.MustHold) continue;
-    const Rule& failed = rules.At(each.Row);
-    // A log that cannot be written must not stop the scan.
-    if (log) PassOver([&] { LogExclusion(context_.Folder, failed.RuleType, failed.RuleValue, url); });
+    if (context_.Settings.IsOne(setting::chkLog)) {
+      const Rule& failed = rules.At(each.Row);
+      // A log that cannot be written must not stop the scan.
+      PassOver([&] { LogExclusion(context_.Folder, failed.RuleType, failed.RuleValue, url); });
+    }
     return false;
   }
   return true;

@@ -24,8 +24,8 @@ void SeenPages::Store(std::int32_t index, const std::string& url) {
   held.insert(std::upper_bound(held.begin(), held.end(), index), index);
 }
 
-bool SeenPages::HasUpTo(std::int32_t last, const std::string& url) const {
-  const auto found = slotsOf_.find(Lower(url));
+bool SeenPages::HasUpTo(std::int32_t last, const std::string& lowerUrl) const {
+  const auto found = slotsOf_.find(lowerUrl);
   return found != slotsOf_.end() && found->second.front() <= last;
 }
 

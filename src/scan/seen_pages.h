@@ -17,9 +17,9 @@ class SeenPages {
 
   /// Stores into a slot, whatever stood there. Throws Subscript outside the table.
   void Store(std::int32_t index, const std::string& url);
-  /// Whether any slot from 0 to `last` holds the url: equal length, text compare. An empty url is
-  /// held by nothing.
-  [[nodiscard]] bool HasUpTo(std::int32_t last, const std::string& url) const;
+  /// Whether any slot from 0 to `last` holds the url, given in lower case: equal length, text compare.
+  /// An empty url is held by nothing.
+  [[nodiscard]] bool HasUpTo(std::int32_t last, const std::string& lowerUrl) const;
 
  private:
   std::vector<std::string> slots_;  // grows to the highest slot stored so far

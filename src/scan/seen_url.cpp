@@ -38,11 +38,14 @@ bool IsSeenUrl(const ScanContext& context, std::string& url) {
   TakeLeftoversOff(
       url, {"http://www.", "http://", "ttp://www", "ttp://ww", "ttp://w", "ttp://", "tp://", "p://", "://"});
   const std::string lowerUrl = Lower(url);
+  // Most links lead to pages that were queued before, so that table is asked first. No page holds an
+  // empty text.
+  const ScanState& state = context.State;
+  if (!url.empty() && state.SeenPages.HasUpTo(state.PagesQueued, lowerUrl)) return true;
+  if (!url.empty() && context.Lists.List2.HasKey(lowerUrl)) return true;
   bool seen = false;
   PassOver([&] { seen = IsLinkingSite(context, url, lowerUrl); });
-  if (seen || url.empty()) return seen;  // no page holds an empty text
-  return context.Lists.List2.HasKey(lowerUrl) ||
-         context.State.SeenPages.HasUpTo(context.State.PagesQueued, lowerUrl);
+  return seen;
 }
 
 bool RecordedPages::IsPageRecorded(std::string& page) {

@@ -48,6 +48,14 @@ std::optional<std::string_view> StatusCode(std::string_view header) {
   return header.substr(first + 1, second - first - 1);
 }
 
+/// Whether the server delivered a script unrun. Few pages hold more than some question marks.
+bool HoldsUnrunScript(std::string_view body) {
+  for (std::size_t at = body.find('?'); at != std::string_view::npos; at = body.find('?', at + 1)) {
+    if (at > 0 && body[at - 1] == '<' && StartsWith(body.substr(at), "?php", Compare::Text)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void Triage::CheckHttpStatus(const std::string& header, const std::string& url) {
@@ -66,7 +74,6 @@ void Triage::ProcessPage(std::string body, std::int16_t connection) {
   PassOver([&] { context_.Platform.Connection.Close(); });
   if (!context_.State.Scanning) return;
   NoteReasons(body);
-  body = PutHrefsOnLines(body);
   context_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
   context_.Platform.EventLoop.LetPendingEventsRun();
   WriteWorkFiles(std::move(body), connection);
@@ -85,17 +92,17 @@ void Triage::NoteReasons(const std::string& body) {
   if (Contains(body, "You are seeing this text because", Compare::Text)) {
     state.ReasonNote = "Source Protected";
   }
-  if (Contains(body, "<?php", Compare::Text)) state.ReasonNote = "Server Script Error";
+  if (HoldsUnrunScript(body)) state.ReasonNote = "Server Script Error";
 }
 
-void Triage::WriteWorkFiles(std::string text, std::int16_t connection) {
+void Triage::WriteWorkFiles(std::string body, std::int16_t connection) {
   EventLoop& events = context_.Platform.EventLoop;
   events.LetPendingEventsRun();
-  const std::string withoutLineEnds = WithoutLineEnds(text) + std::string(kLineEnd);
-  text += kLineEnd;
+  std::string text = PutHrefsOnLines(body).append(kLineEnd);
   const bool written = PassOver([&] { ReplaceFile(PageFile(context_.Folder, connection), text); });
   events.LetPendingEventsRun();
-  PassOver([&] { ReplaceFile(FlatPageFile(context_.Folder, connection), withoutLineEnds); });
+  const std::string flat = WithoutLineEnds(text, std::move(body)).append(kLineEnd);
+  PassOver([&] { ReplaceFile(FlatPageFile(context_.Folder, connection), flat); });
   events.LetPendingEventsRun();
   PassOver([&] {
     std::optional<std::string>& prepared = context_.State.Page(connection).PreparedText;

@@ -24,7 +24,7 @@ class Triage {
 
  private:
   void NoteReasons(const std::string& body);
-  void WriteWorkFiles(std::string text, std::int16_t connection);
+  void WriteWorkFiles(std::string body, std::int16_t connection);
 
   ScanContext& context_;
   TextFinder mainSite_{""};

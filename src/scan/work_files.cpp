@@ -3,6 +3,9 @@
 // once each, and the old text is written over.
 #include "scan/work_files.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/runtime_failure.h"
 
 namespace requite {
@@ -15,21 +18,22 @@ std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection) {
   return folder.File("html2" + std::to_string(connection) + ".txt");
 }
 
-std::string WithoutLineEnds(std::string_view text) {
-  std::string flat;
+std::string WithoutLineEnds(std::string_view text, std::string buffer) {
+  std::string flat = std::move(buffer);
+  flat.clear();
   flat.reserve(text.size() + 2);
-  const auto appendWithout = [&flat](std::string_view line) {
-    for (std::size_t end = line.find('\r'); end != std::string_view::npos; end = line.find('\r')) {
-      flat.append(line.substr(0, end));
-      line.remove_prefix(end + 1);
-    }
-    flat.append(line);
+  const auto next = [text](char end, std::size_t from) {
+    return std::min(text.find(end, from), text.size());
   };
-  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-    appendWithout(text.substr(0, end));
-    text.remove_prefix(end + 1);
+  std::size_t carriageReturn = next('\r', 0);
+  std::size_t lineFeed = next('\n', 0);
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(carriageReturn, lineFeed);
+    flat.append(text, begin, end - begin);
+    begin = end + 1;
+    if (end == carriageReturn) carriageReturn = next('\r', begin);
+    if (end == lineFeed) lineFeed = next('\n', begin);
   }
-  appendWithout(text);
   return flat;
 }
 

@@ -15,8 +15,8 @@ namespace requite {
 /// The same text without any line end: what the e-mail harvester reads.
 [[nodiscard]] std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection);
 
-/// The text without any CR or LF.
-[[nodiscard]] std::string WithoutLineEnds(std::string_view text);
+/// The text without any CR or LF. The room of `buffer`, which holds nothing more of use, serves for it.
+[[nodiscard]] std::string WithoutLineEnds(std::string_view text, std::string buffer = {});
 
 /// Writes a file anew, also over one that may be deleted but not written. Throws what the file system
 /// refuses.

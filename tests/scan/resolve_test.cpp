@@ -82,14 +82,19 @@ TEST(Climb, AgreesWithThePlainWordingForDotsAndSlashes) {
   for (int i = 0; i < 20000; ++i) {
     std::string link = "..";
     for (auto length = random() % 40; length > 0; --length) link += "../..//x."[random() % 9];
-    ASSERT_EQ(Climb("h/a/b/c/", link), PlainClimb("h/a/b/c/", link)) << link;
+    const std::string plain = PlainClimb("h/a/b/c/", link);
+    const std::string shown = link;
+    Climb("h/a/b/c/", link);
+    ASSERT_EQ(link, plain) << shown;
   }
 }
 
 TEST(Climb, IsQuickForMillionsOfSteps) {
   std::string link;
   for (int i = 0; i < 1000000; ++i) link += "../";
-  EXPECT_EQ(Climb("h/a/", link + "x"), "h//x");  // the dots run together, and each step takes three
+  link += "x";
+  Climb("h/a/", link);
+  EXPECT_EQ(link, "h//x");  // the dots run together, and each step takes three
 }
 
 struct SiteRow {

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// Triage and analyser over fakes that cost next to nothing, for benchmarks.
+#pragma once
+
+#include <string>
+
+#include "scan/analyser.h"
+#include "scan/triage.h"
+#include "support/scan_rig.h"
+
+namespace requite::test {
+
+class BenchRig : public ScanSteps, public ScanHost {
+ public:
+  BenchRig() {
+    rig_.AddMainSite("main.example", {"site.example"});
+    State().MainSiteKey = "main.example";
+    State().FileTypes = {".htm", ".shtm", ".xhtm", ".php", ".phtm", ".asp",
+                         ".jsp", ".cfm",  ".cgi",  ".pl",  ".py",   ".do"};
+  }
+
+  /// Begins the site anew, with an empty queue.
+  void NewSite() {
+    ScanState& state = State();
+    state.Scanning = true;
+    state.SiteRow = 1;
+    state.LinksExpected = 1000;
+    state.PagesQueued = 0;
+    state.CurrentLinkingUrl = "site.example";
+    rig_.Lists.List2.Clear();
+  }
+
+  void Read(const std::string& url, const std::string& body) {
+    State().PageFull = url;
+    State().PageDir = url.substr(0, url.rfind('/') + 1);
+    State().Pages[0].PageHost = "site.example";
+    triage_.ProcessPage(body, 0);
+  }
+
+  [[nodiscard]] ScanState& State() { return rig_.State; }
+  [[nodiscard]] ScanContext& Context() { return context_; }
+
+  void ScanNextPage(std::int16_t) override {}
+  void NextSite() override {}
+  void FetchPage(std::int16_t) override {}
+  void CheckHttpStatus(const std::string&, const std::string&) override {}
+  void ProcessPage(std::string body, std::int16_t connection) override {
+    triage_.ProcessPage(std::move(body), connection);
+  }
+  void AnalysePage(std::int16_t connection) override { analyser_.AnalysePage(connection); }
+
+  void SelectMainSite(int) override {}
+  void UpdateStats(std::int16_t) override {}
+  void ResetPageCounters() override {}
+  void ResetSiteCounters() override {}
+  void GenerateLinkReport() override {}
+
+ private:
+  ScanRig rig_{*this};
+  ScanContext context_{rig_.Sites,
+                       rig_.Lists,
+                       rig_.State,
+                       rig_.Controls.Window(),
+                       *this,
+                       *this,
+                       rig_.Services.All,
+                       Settings(rig_.Services.Store),
+                       rig_.Folder.Folder};
+  Triage triage_{context_};
+  Analyser analyser_{context_};
+};
+
+}  // namespace requite::test
