@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The commands that act like the user's hand. They work on hidden controls too, and on disabled ones:
 // only a click refuses those.
+#include <iterator>
 #include <sstream>
 
 #include "console/script_commands.h"
@@ -95,30 +96,28 @@ Complaint Choose(ScriptSession& session, const Words& words) {
 
 /// A list by name and one of its rows, read from a script's count from 1.
 struct ListRow {
-  ListView* List = nullptr;
+  ListView* List = nullptr;  ///< null: Why says what is wrong
   int Row = -1;
+  Complaint Why;
 };
 
-Complaint FindList(ScriptSession& session, const std::string& name, ListRow& found) {
+ListRow FindList(const ScriptSession& session, const std::string& name) {
   const NamedControl control = session.Find(name);
-  if (!control) return NoControl(name);
-  found.List = As<ListView>(control);
-  return found.List == nullptr ? NoUse(name) : Complaint();
+  if (!control) return {nullptr, -1, NoControl(name)};
+  auto* const list = As<ListView>(control);
+  if (list == nullptr) return {nullptr, -1, NoUse(name)};
+  return {list, -1, {}};
 }
 
-Complaint ReadRow(const ListView& list, const std::string& text, int& row) {
-  const std::optional<int> number = ReadNumber(text);
-  if (!number) return NoNumber(text);
-  if (*number < 1 || static_cast<std::size_t>(*number) > list.RowCount()) {
-    return "\"" + list.Name() + "\" has no row " + text;
+ListRow FindListRow(const ScriptSession& session, const std::string& name, const std::string& rowText) {
+  const ListRow found = FindList(session, name);
+  if (found.List == nullptr) return found;
+  const std::optional<int> number = ReadNumber(rowText);
+  if (!number) return {nullptr, -1, NoNumber(rowText)};
+  if (*number < 1 || static_cast<std::size_t>(*number) > found.List->RowCount()) {
+    return {nullptr, -1, "\"" + name + "\" has no row " + rowText};
   }
-  row = *number - 1;
-  return {};
-}
-
-Complaint FindListRow(ScriptSession& session, const Words& words, ListRow& found) {
-  Complaint why = FindList(session, words[0], found);
-  return why.empty() ? ReadRow(*found.List, words[1], found.Row) : why;
+  return {found.List, *number - 1, {}};
 }
 
 enum class Press { Only, Also };
@@ -135,30 +134,28 @@ void ClickRow(ListView& list, int row, Press press) {
 }
 
 Complaint Select(ScriptSession& session, const Words& words) {
-  ListRow found;
-  Complaint why = FindList(session, words[0], found);
-  if (!why.empty()) return why;
-  std::vector<int> rows;
-  std::istringstream numbers(words.size() > 1 ? words[1] : std::string());
-  for (std::string number; numbers >> number;) {
-    why = ReadRow(*found.List, number, rows.emplace_back());
-    if (!why.empty()) return why;
+  const ListRow list = FindList(session, words[0]);
+  if (list.List == nullptr) return list.Why;
+  std::istringstream split(words.size() > 1 ? words[1] : std::string());
+  const Words rows{std::istream_iterator<std::string>(split), {}};
+  for (const std::string& row : rows) {
+    if (const ListRow found = FindListRow(session, words[0], row); found.List == nullptr) return found.Why;
   }
-  if (rows.empty()) ClickRow(*found.List, -1, Press::Only);
+  if (rows.empty()) ClickRow(*list.List, -1, Press::Only);
   Press press = Press::Only;
-  for (const int row : rows) {
-    // A handler may have dropped the list or its rows.
-    if (why = FindList(session, words[0], found); !why.empty()) return why;
-    ClickRow(*found.List, row, press);
+  for (const std::string& row : rows) {
+    // Found anew each time: a handler may have dropped the list or its rows.
+    const ListRow found = FindListRow(session, words[0], row);
+    if (found.List == nullptr) return found.Why;
+    ClickRow(*found.List, found.Row, press);
     press = Press::Also;
   }
   return {};
 }
 
 Complaint Sort(ScriptSession& session, const Words& words) {
-  ListRow found;
-  Complaint why = FindList(session, words[0], found);
-  if (!why.empty()) return why;
+  const ListRow found = FindList(session, words[0]);
+  if (found.List == nullptr) return found.Why;
   const std::optional<int> column = ReadNumber(words[1]);
   if (!column) return NoNumber(words[1]);
   if (*column < 1 || static_cast<std::size_t>(*column) > found.List->ColumnCount()) {
@@ -169,33 +166,33 @@ Complaint Sort(ScriptSession& session, const Words& words) {
 }
 
 Complaint RightClick(ScriptSession& session, const Words& words) {
-  ListRow found;
-  Complaint why = words.size() > 1 ? FindListRow(session, words, found) : FindList(session, words[0], found);
-  if (!why.empty()) return why;
+  const ListRow found =
+      words.size() > 1 ? FindListRow(session, words[0], words[1]) : FindList(session, words[0]);
+  if (found.List == nullptr) return found.Why;
   if (found.List->OnMouseDown) found.List->OnMouseDown(found.Row);
   if (found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
   return {};
 }
 
 Complaint DoubleClick(ScriptSession& session, const Words& words) {
-  ListRow found;
-  Complaint why = FindListRow(session, words, found);
-  if (!why.empty()) return why;
+  ListRow found = FindListRow(session, words[0], words[1]);
+  if (found.List == nullptr) return found.Why;
   ClickRow(*found.List, found.Row, Press::Only);
-  why = FindListRow(session, words, found);
-  if (why.empty() && found.List->OnDoubleClick) found.List->OnDoubleClick(found.Row);
-  return why;
+  found = FindListRow(session, words[0], words[1]);
+  if (found.List == nullptr) return found.Why;
+  if (found.List->OnDoubleClick) found.List->OnDoubleClick(found.Row);
+  return {};
 }
 
 Complaint EditLabel(ScriptSession& session, const Words& words) {
-  ListRow found;
-  Complaint why = FindListRow(session, words, found);
-  if (!why.empty()) return why;
+  ListRow found = FindListRow(session, words[0], words[1]);
+  if (found.List == nullptr) return found.Why;
   // Editing begins with a second click on a row that is selected.
   if (found.List->SelectedRow() != found.Row) ClickRow(*found.List, found.Row, Press::Only);
-  why = FindListRow(session, words, found);
-  if (why.empty() && found.List->OnLabelEdit) found.List->OnLabelEdit(found.Row);
-  return why;
+  found = FindListRow(session, words[0], words[1]);
+  if (found.List == nullptr) return found.Why;
+  if (found.List->OnLabelEdit) found.List->OnLabelEdit(found.Row);
+  return {};
 }
 
 Complaint Tab(ScriptSession& session, const Words& words) {

@@ -23,7 +23,7 @@ constexpr const char* kSilent = "becalmed.example|1|||\r\n";
 
 class ConsoleProgramTest : public testing::Test {
  protected:
-  ConsoleProgramTest() { WriteFile(folder_.File("filetypes.txt"), ".css\r\n.zip\r\n"); }
+  ConsoleProgramTest() { WriteFile(folder_.File("filetypes.txt"), ".htm\r\n.php\r\n"); }
   ~ConsoleProgramTest() override {
     const std::uint64_t one = 1;
     EXPECT_EQ(::write(stop_.Number(), &one, sizeof one), static_cast<ssize_t>(sizeof one));
@@ -76,6 +76,14 @@ TEST_F(ConsoleProgramTest, AScanWithALinkMissingEndsWithOne) {
   ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kNothing)}));
   EXPECT_EQ(scan.Wait(), 1) << scan.Err;
   EXPECT_NE(scan.Out.find("\tNone Found\t000\tseaside-walks.example\n"), std::string::npos) << scan.Out;
+}
+
+TEST_F(ConsoleProgramTest, ALinkBehindARedirectIsOneLink) {
+  ChildProcess one(REQUITE_CONSOLE, With({"scan", Project("old-mill-press.example|1|||\r\n")}));
+  EXPECT_EQ(one.Wait(), 0) << one.Err;
+  EXPECT_NE(one.Out.find("Redirect Link"), std::string::npos) << one.Out;
+  ChildProcess two(REQUITE_CONSOLE, With({"scan", Project("old-mill-press.example|2|||\r\n")}));
+  EXPECT_EQ(two.Wait(), 1) << two.Err;
 }
 
 TEST_F(ConsoleProgramTest, ASiteOfWhichNoLinkIsExpectedIsAsItShouldBe) {

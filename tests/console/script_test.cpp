@@ -2,6 +2,7 @@
 // The commands of a script, each by what it prints or does, over a program with no network.
 #include <gtest/gtest.h>
 
+#include "console/progress.h"
 #include "console_rig.h"
 
 namespace requite {
@@ -235,6 +236,25 @@ TEST(Script, FailuresThatNothingHandlesLeaveTheScript) {
   rig.Services.Store.Set("cmbAdvance", "many");
   EXPECT_THROW(static_cast<void>(rig.Run("echo not reached")), RuntimeFailure);
   EXPECT_EQ(rig.Out.str(), "");
+}
+
+TEST(ScanProgress, OnATerminalOneLineIsDrawnOverAndTakenAway) {
+  ConsoleRig rig;
+  rig.Form.StartWithoutProject();
+  rig.Form.Sites.AddMainSite("main.example");
+  for (const char* url : {"a.example", "b.example"}) rig.Form.Sites.List1(1).Add({url, "1", "", "", ""});
+  {
+    ScanProgress progress(rig.Program, ScanProgress::Output::Terminal);
+    rig.Form.Command1.Click();
+    EXPECT_EQ(rig.Err.str().rfind("\rLinking Site 1 of 2, page 1 of 1, 0 links found, 0 s", 0), 0U)
+        << rig.Err.str();
+    EXPECT_TRUE(progress.AllLinkBack());
+    rig.Form.cmdSkip.Click();
+    EXPECT_FALSE(progress.AllLinkBack());
+    EXPECT_EQ(progress.SitesFinished(), 1);
+  }
+  EXPECT_EQ(rig.Err.str().find('\n'), std::string::npos);
+  EXPECT_TRUE(rig.Err.str().ends_with("\r\x1b[K"));
 }
 
 TEST(HistoryBrowser, GoesBackAndForwardAndForgetsWhatWasStopped) {
