@@ -110,14 +110,15 @@ ListRow FindList(const ScriptSession& session, const std::string& name) {
 }
 
 ListRow FindListRow(const ScriptSession& session, const std::string& name, const std::string& rowText) {
-  const ListRow found = FindList(session, name);
+  ListRow found = FindList(session, name);
   if (found.List == nullptr) return found;
   const std::optional<int> number = ReadNumber(rowText);
   if (!number) return {nullptr, -1, NoNumber(rowText)};
   if (*number < 1 || static_cast<std::size_t>(*number) > found.List->RowCount()) {
     return {nullptr, -1, "\"" + name + "\" has no row " + rowText};
   }
-  return {found.List, *number - 1, {}};
+  found.Row = *number - 1;
+  return found;
 }
 
 enum class Press { Only, Also };
