@@ -105,7 +105,9 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   } catch (const CLI::Success& help) {
     std::ostringstream text;
     app.exit(help, text, text);
-    return EndAtOnce{ExitStatus::Done, text.str()};
+    std::string words = text.str();
+    while (words.ends_with('\n')) words.pop_back();
+    return EndAtOnce{ExitStatus::Done, words};
   } catch (const CLI::ParseError& error) {
     return Refuse(error.what());
   }

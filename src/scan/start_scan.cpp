@@ -22,7 +22,6 @@ void Controller::StartScan() {
   // Always the first row: a scan of the selected Linking Site only asks that some row is selected.
   scan_.State.SiteRow = 1;
   if (!TakeFirstSite()) return;
-  scan_.Project.ProjectSaved = false;  // the results, and often the Website URLs, will be others
   scan_.State.Scanning = true;
   ScanNextPage(0);
 }
@@ -32,7 +31,8 @@ bool Controller::TakeFileTypes() {
                         [this] { scan_.State.FileTypes = ReadFileTypes(scan_.Folder); });
 }
 
-/// Comes before every check, so a refused start has already lost the results of the last scan.
+/// Comes before every check, so a refused start has already lost the results of the last scan, and
+/// counts as an edit too.
 void Controller::ResetForStart() {
   ScanState& state = scan_.State;
   state.LinkFound = false;
@@ -49,6 +49,7 @@ void Controller::ResetForStart() {
   scan_.Lists.List2.Clear();
   scan_.Project.List3.Clear();
   scan_.Lists.lstErr.Clear();
+  scan_.Project.ProjectSaved = false;
 }
 
 /// Sets CurrentMainSite by the scan type. With no Main Site selected it is 0, and the questions go to

@@ -45,10 +45,7 @@ ScanWindow Form1::WindowOfScan() {
 }
 
 void Form1::WireScan() {
-  Command1.OnClick = [this] {
-    Sites.ProjectSaved = false;  // even a start that is refused has emptied the results
-    Scan.StartScan();
-  };
+  Command1.OnClick = [this] { Scan.StartScan(); };
   cmdSkip.OnClick = [this] { Scan.cmdSkip(); };
   cmdStop.OnClick = [this] { Scan.cmdStop(); };
   cmdNextSearch.OnClick = [this] { Scan.cmdNextSearch(); };
