@@ -2,6 +2,8 @@
 // Triage and analyser over fakes that cost next to nothing, for benchmarks.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <string>
 
 #include "scan/analyser.h"
@@ -13,6 +15,8 @@ namespace requite::test {
 class BenchRig : public ScanSteps, public ScanHost {
  public:
   BenchRig() {
+    // As the receive buffer of any larger page does: the allocator then keeps blocks of page size.
+    benchmark::DoNotOptimize(std::string(4 << 20, 'x'));
     rig_.AddMainSite("main.example", {"site.example"});
     State().MainSiteKey = "main.example";
     State().FileTypes = {".htm", ".shtm", ".xhtm", ".php", ".phtm", ".asp",

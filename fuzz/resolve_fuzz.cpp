@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// Any link on any page, for any sites: mending and tests must agree with their plain wording. The input
+// is five texts parted by NUL: link, directory, host, Main Site, Linking Site.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "scan/resolve.h"
+#include "scan/seen_url.h"
+#include "support/plain_links.h"
+#include "support/scan_rig.h"
+
+namespace requite::test {
+namespace {
+
+void Require(bool agrees) {
+  if (!agrees) std::abort();
+}
+
+void Compare(ScanRig& rig, const std::vector<std::string>& texts) {
+  const std::string& link = texts[0];
+  rig.State.PageDir = texts[1];
+  rig.State.Pages[0].PageHost = texts[2];
+  rig.State.MainSiteKey = texts[3];
+  rig.Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, texts[4]);
+  std::string resolved = link;
+  Require(ResolveLink(rig.Context, resolved) == PlainResolveLink(rig.Context, link));
+  for (std::string url : {link, resolved}) {
+    Require(IsLinkToMainSite(rig.Context, url) == PlainIsLinkToMainSite(rig.Context, url));
+    Require(IsOnLinkingSite(rig.Context, url) == PlainIsOnLinkingSite(rig.Context, url));
+    std::string plain = url;
+    Require(IsSeenUrl(rig.Context, url) == PlainIsSeenUrl(rig.Context, {""}, plain));
+    Require(url == plain);
+    Require(IsSameDomain(rig.Context, url) == PlainIsSameDomain(rig.Context, plain));
+    Require(url == plain);
+  }
+}
+
+}  // namespace
+}  // namespace requite::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace requite::test;
+  static RecordedSteps steps;
+  static ScanRig rig(steps);
+  if (rig.Sites.ListCount() == 0) {
+    rig.AddMainSite("main.example", {""});
+    rig.State.SiteRow = 1;
+  }
+  std::vector<std::string> texts =
+      requite::Split({reinterpret_cast<const char*>(data), size}, std::string_view("\0", 1));
+  texts.resize(5);
+  Compare(rig, texts);
+  return 0;
+}
