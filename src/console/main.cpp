@@ -21,6 +21,7 @@
 #include "shell/qt/blocking_get.h"
 #include "shell/qt/code_page.h"
 #include "shell/qt/event_guard.h"
+#include "shell/qt/freed_memory.h"
 #include "shell/qt/name_resolver.h"
 #include "shell/qt/page_connection.h"
 #include "shell/qt/program_folder.h"
@@ -174,4 +175,7 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace requite
 
-int main(int argc, char** argv) { return requite::Main(argc, argv); }
+int main(int argc, char** argv) {
+  requite::KeepFreedMemory();
+  return requite::Main(argc, argv);
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The C library's knobs, where it has them.
+#include "shell/qt/freed_memory.h"
+
+#include <cstdlib>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace requite {
+
+void KeepFreedMemory() {
+#ifdef __GLIBC__
+  constexpr int kKept = 8 * 1024 * 1024;
+  // Buffers of ordinary pages come from the heap; only unusual ones are mapped and unmapped.
+  ::mallopt(M_MMAP_THRESHOLD, 2 * 1024 * 1024);
+  ::mallopt(M_TRIM_THRESHOLD, kKept);
+  ::mallopt(M_TOP_PAD, 1024 * 1024);
+#endif
+}
+
+}  // namespace requite
