@@ -59,9 +59,10 @@ void MakeAbsolute(std::string& link, const std::string& pageHost, const std::str
   }
   if (link.starts_with("./")) {
     // From the root of the host, not from the directory of the page; and the link goes on below.
-    link = pageHost + "/" + Replace(link, "./", "", Compare::Binary);
+    ReplaceIn(link, "./", "", Compare::Binary);
+    link.insert(0, 1, '/').insert(0, pageHost);
   }
-  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, "/").insert(0, pageDir);
+  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, 1, '/').insert(0, pageDir);
 }
 
 /// What replacing "//" by "/" four times over gives: each run of slashes is a sixteenth as long, rounded up.

@@ -20,8 +20,8 @@ std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection) {
 
 std::string WithoutLineEnds(std::string_view text, std::string buffer) {
   std::string flat = std::move(buffer);
-  flat.clear();
-  flat.reserve(text.size() + 2);
+  flat.resize(text.size());
+  char* filled = flat.data();
   const auto next = [text](char end, std::size_t from) {
     return std::min(text.find(end, from), text.size());
   };
@@ -29,11 +29,12 @@ std::string WithoutLineEnds(std::string_view text, std::string buffer) {
   std::size_t lineFeed = next('\n', 0);
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(carriageReturn, lineFeed);
-    flat.append(text, begin, end - begin);
+    filled = std::copy(text.begin() + begin, text.begin() + end, filled);
     begin = end + 1;
     if (end == carriageReturn) carriageReturn = next('\r', begin);
     if (end == lineFeed) lineFeed = next('\n', begin);
   }
+  flat.resize(static_cast<std::size_t>(filled - flat.data()));
   return flat;
 }
 
