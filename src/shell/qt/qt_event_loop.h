@@ -13,7 +13,7 @@ namespace requite {
 class QtEventLoop : public EventLoop {
  public:
   /// A yield that comes within this time of the last delivery returns at once, at the price of one
-  /// clock read. Events therefore never wait longer than this for the next yield.
+  /// read of a clock with a step of up to 4 ms. An event that has waited 10 ms is thus always delivered.
   static constexpr std::chrono::milliseconds kSlice{4};
 
   void LetPendingEventsRun() override;
@@ -26,7 +26,7 @@ class QtEventLoop : public EventLoop {
   bool RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit);
 
  private:
-  std::chrono::steady_clock::time_point lastDelivery_{};
+  std::chrono::nanoseconds lastDelivery_{};
 };
 
 }  // namespace requite
