@@ -49,10 +49,10 @@ class RecordList : public ListView {
     return row;
   }
 
-  void Set(std::size_t row, std::string Record::*field, std::string value) {
+  void Set(std::size_t row, std::string Record::*field, std::string_view value) {
     Row& changed = RowAt(row);
     RowLeaves(changed.Value);
-    changed.Value.*field = std::move(value);
+    (changed.Value.*field).assign(value);
     RowEnters(changed.Value);
     ++version_;
     Tell([&](ListObserver& o) { o.RowChanged(row); });
@@ -68,8 +68,8 @@ class RecordList : public ListView {
   [[nodiscard]] const std::string& FieldAt(std::size_t row, std::size_t column) const override {
     return RowAt(row).Value.*ColumnAt(column).Field;
   }
-  void SetFieldAt(std::size_t row, std::size_t column, std::string value) override {
-    Set(row, ColumnAt(column).Field, std::move(value));
+  void SetFieldAt(std::size_t row, std::size_t column, std::string_view value) override {
+    Set(row, ColumnAt(column).Field, value);
   }
   [[nodiscard]] std::uint32_t Colour(std::size_t row) const override { return RowAt(row).Colour; }
   [[nodiscard]] int Icon(std::size_t row) const override { return RowAt(row).Icon; }

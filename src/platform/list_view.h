@@ -34,7 +34,7 @@ class ListView : public Control {
   [[nodiscard]] virtual std::string_view Caption(std::size_t column) const = 0;
   /// These throw Subscript for a row or column that does not exist.
   [[nodiscard]] virtual const std::string& FieldAt(std::size_t row, std::size_t column) const = 0;
-  virtual void SetFieldAt(std::size_t row, std::size_t column, std::string value) = 0;
+  virtual void SetFieldAt(std::size_t row, std::size_t column, std::string_view value) = 0;
   [[nodiscard]] virtual std::uint32_t Colour(std::size_t row) const = 0;
   [[nodiscard]] virtual int Icon(std::size_t row) const = 0;
   virtual void SetColour(std::size_t row, std::uint32_t colour) = 0;
