@@ -47,8 +47,11 @@ ProgramPlaces ProgramPlaces::OfThisProgram() {
 }
 
 ProgramFolder ChooseProgramFolder(const ProgramPlaces& places) {
-  const bool writable = ::access(places.Executable.c_str(), W_OK | X_OK) == 0;
-  ProgramFolder folder{writable ? places.Executable : places.UserData};
+  // An installed program must not put a user's files among those of the package, even where the user
+  // is root and could.
+  const bool installed = places.Installed != places.Executable;
+  const bool own = !installed && ::access(places.Executable.c_str(), W_OK | X_OK) == 0;
+  ProgramFolder folder{own ? places.Executable : places.UserData};
   FillProgramFolder(places.Installed, folder.Path);
   return folder;
 }

@@ -11,15 +11,17 @@ namespace requite {
 /// The places that the choice is made from, without a separator at their ends.
 struct ProgramPlaces {
   std::string Executable;  ///< the folder of the executable
-  std::string Installed;   ///< where the installation put the files that belong into the program's folder
-  std::string UserData;    ///< the program's folder for a user who may not write to the executable's
+  std::string Installed;   ///< where the files lie that belong into the program's folder: the executable's
+                           ///< folder itself for a copy that was not installed
+  std::string UserData;    ///< the program's folder of an installed program
 
   /// The places of the running program: `$XDG_DATA_HOME/requite`, by default `~/.local/share/requite`.
   [[nodiscard]] static ProgramPlaces OfThisProgram();
 };
 
-/// The executable's folder where it can be written, else the user's data folder, which is made. A
-/// chosen folder that holds none of the installed files gets them all; later nothing is brought back.
+/// The user's data folder, which is made, for an installed program and for one whose own folder cannot
+/// be written; else the executable's folder. A chosen folder that holds none of the installed files gets
+/// them all; later nothing is brought back.
 [[nodiscard]] ProgramFolder ChooseProgramFolder(const ProgramPlaces& places);
 
 /// Copies the installed files into a folder that holds none of them yet, and makes it when missing.

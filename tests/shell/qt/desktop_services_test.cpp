@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program's folder and its filling, and sounds by a player program.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -34,16 +35,20 @@ class ProgramFolderTest : public testing::Test {
   ProgramPlaces places_{folder_.File("bin"), folder_.File("share"), folder_.File("home/data/requite")};
 };
 
-TEST_F(ProgramFolderTest, AWritableExecutablesFolderIsIt) {
-  EXPECT_EQ(ChooseProgramFolder(places_).Path, folder_.File("bin"));
-  EXPECT_TRUE(fs::exists(folder_.File("bin/sounds/finished.wav")));
+TEST_F(ProgramFolderTest, ACopyThatWasNotInstalledUsesItsOwnFolderWhereItCan) {
+  places_.Executable = places_.Installed;
+  EXPECT_EQ(ChooseProgramFolder(places_).Path, folder_.File("share"));
   EXPECT_FALSE(fs::exists(places_.UserData));
+  places_.Executable = places_.Installed = folder_.File("no/such/folder");
+  EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
 }
 
-TEST_F(ProgramFolderTest, TheUsersFolderIsFilledAtTheFirstStartOnly) {
-  places_.Executable = folder_.File("no/such/folder");
+TEST_F(ProgramFolderTest, AnInstalledProgramFillsTheUsersFolderAtItsFirstStartOnly) {
+  ASSERT_EQ(::access(places_.Executable.c_str(), W_OK), 0)
+      << "as it is for root, whose files go there neither";
   EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
   EXPECT_TRUE(fs::exists(places_.UserData + "/sounds/finished.wav"));
+  EXPECT_TRUE(fs::is_empty(places_.Executable));
   fs::remove(places_.UserData + "/filetypes.txt");
   EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
   EXPECT_FALSE(fs::exists(places_.UserData + "/filetypes.txt")) << "what the user deleted stays deleted";
