@@ -16,18 +16,6 @@
 
 namespace requite {
 
-/// Hears the changes of one list, row by row; row numbers are those after the change.
-class ListObserver {
- public:
-  virtual ~ListObserver() = default;
-  virtual void RowAdded(std::size_t row) = 0;
-  virtual void RowRemoved(std::size_t row) = 0;
-  virtual void RowChanged(std::size_t row) = 0;
-  /// Every row may be another: the list was emptied or sorted.
-  virtual void ListReset() = 0;
-  virtual void SelectionChanged() = 0;
-};
-
 template <class Record>
 class RecordList : public ListView {
  public:
@@ -148,8 +136,7 @@ class RecordList : public ListView {
     Tell([](ListObserver& o) { o.ListReset(); });
   }
 
-  /// The one observer; not owned, may be null.
-  void SetObserver(ListObserver* observer) { observer_ = observer; }
+  void SetObserver(ListObserver* observer) override { observer_ = observer; }
 
  protected:
   /// For lists that keep an index of their rows.

@@ -24,6 +24,18 @@ struct SortState {
   int SortOrder = 0;  ///< 0 ascending, 1 descending
 };
 
+/// Hears the changes of one list, row by row; row numbers are those after the change.
+class ListObserver {
+ public:
+  virtual ~ListObserver() = default;
+  virtual void RowAdded(std::size_t row) = 0;
+  virtual void RowRemoved(std::size_t row) = 0;
+  virtual void RowChanged(std::size_t row) = 0;
+  /// Every row may be another: the list was emptied or sorted.
+  virtual void ListReset() = 0;
+  virtual void SelectionChanged() = 0;
+};
+
 /// A list view of any record. Rows and columns are counted from 0; a selected row of -1 is none.
 class ListView : public Control {
  public:
@@ -53,6 +65,9 @@ class ListView : public Control {
   [[nodiscard]] virtual const SortState& Sort() const = 0;
   /// Takes a new sort state and orders the rows by it. Equal rows keep their order.
   virtual void SetSort(const SortState& sort) = 0;
+
+  /// The one observer; not owned, may be null.
+  virtual void SetObserver(ListObserver* observer) = 0;
 
   /// What the user did. `row` is -1 beside the rows.
   std::function<void(int row)> OnItemClick;

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+// What each kind of widget shows of its control, and what it tells.
+#include "shell/qt/window/control_views.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCursor>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStatusBar>
+#include <QTabBar>
+
+#include "shell/qt/code_page.h"
+
+namespace requite {
+
+class Binder::View : public ControlView, public RefreshedView {
+ public:
+  View(ViewRefresh& refresh, Control& control, QWidget& widget, std::function<void()> show)
+      : RefreshedView(refresh), control_(control), widget_(widget), show_(std::move(show)) {
+    control_.SetView(this);
+  }
+  ~View() override { control_.SetView(nullptr); }
+
+  void Refresh(const Control&) override { Mark(); }
+  void TakeFocus() override { widget_.setFocus(Qt::OtherFocusReason); }
+  void Apply() override {
+    // A frame around the widget brings its own state; the widget's is set by the control alone.
+    if (widget_.isEnabledTo(widget_.parentWidget()) != control_.Enabled())
+      widget_.setEnabled(control_.Enabled());
+    if (widget_.isHidden() == control_.Visible()) widget_.setVisible(control_.Visible());
+    if (show_) show_();
+  }
+
+ private:
+  Control& control_;
+  QWidget& widget_;
+  std::function<void()> show_;
+};
+
+Binder::Binder(ViewRefresh& refresh, const EventGuard& guard) : refresh_(refresh), guard_(guard) {}
+
+Binder::~Binder() = default;
+
+void Binder::Keep(Control& control, QWidget& widget, std::function<void()> show) {
+  widget.setObjectName(QString::fromStdString(control.Name()));
+  if (!control.ToolTip.empty()) widget.setToolTip(ToUnicode(control.ToolTip));
+  views_.push_back(std::make_unique<View>(refresh_, control, widget, std::move(show)));
+  views_.back()->Apply();
+}
+
+void Binder::BindState(Control& control, QWidget& widget) { Keep(control, widget, {}); }
+
+void Binder::Bind(Button& control, QAbstractButton& widget, const QString& mnemonic) {
+  Keep(control, widget, [&control, &widget, mnemonic] {
+    const QString caption = mnemonic.isEmpty() ? ToUnicode(control.Caption()) : mnemonic;
+    if (widget.text() != caption) widget.setText(caption);
+  });
+  QObject::connect(&widget, &QAbstractButton::clicked, &widget,
+                   [this, &control] { guard_.Run([&control] { control.Click(); }); });
+}
+
+void Binder::Bind(TextBox& control, QLineEdit& widget) {
+  Keep(control, widget, [&control, &widget] {
+    const QString text = ToUnicode(control.Text());
+    if (widget.text() != text) widget.setText(text);
+  });
+  QObject::connect(&widget, &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
+    guard_.Run([&] { control.UserSets(FromUnicode(text)); });
+  });
+  QObject::connect(&widget, &QLineEdit::returnPressed, &widget,
+                   [this, &control] { guard_.Run([&control] { control.UserPressesEnter(); }); });
+}
+
+void Binder::Bind(TextBox& control, QPlainTextEdit& widget) {
+  // The control's lines end in CR LF, the widget's in LF.
+  const auto shown = [&control] { return ToUnicode(control.Text()).replace("\r\n", "\n"); };
+  Keep(control, widget, [&widget, shown] {
+    if (widget.toPlainText() == shown()) return;
+    const QSignalBlocker quiet(widget);
+    widget.setPlainText(shown());
+  });
+  QObject::connect(&widget, &QPlainTextEdit::textChanged, &widget, [this, &control, &widget, shown] {
+    if (widget.toPlainText() == shown()) return;
+    guard_.Run([&] { control.UserSets(FromUnicode(widget.toPlainText().replace("\n", "\r\n"))); });
+  });
+}
+
+void Binder::BindLabel(TextBox& control, QLabel& widget) {
+  widget.setTextFormat(Qt::PlainText);
+  Keep(control, widget, [&control, &widget] {
+    const QString text = ToUnicode(control.Text());
+    if (widget.text() != text) widget.setText(text);
+  });
+}
+
+void Binder::Bind(CheckBox& control, QCheckBox& widget) {
+  widget.setText(ToUnicode(control.Caption));
+  Keep(control, widget, [&control, &widget] { widget.setChecked(control.Value() == 1); });
+  QObject::connect(&widget, &QCheckBox::clicked, &widget,
+                   [this, &control] { guard_.Run([&control] { control.Click(); }); });
+}
+
+void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& widgets) {
+  for (std::size_t i = 0; i < widgets.size(); ++i) {
+    const int index = static_cast<int>(i);
+    widgets[i]->setText(ToUnicode(control.Captions[i]));
+    QObject::connect(widgets[i], &QAbstractButton::clicked, widgets[i],
+                     [this, &control, index] { guard_.Run([&] { control.Choose(index); }); });
+  }
+  Keep(control, *widgets.front(), [&control, widgets] {
+    if (control.Chosen() >= 0) widgets[static_cast<std::size_t>(control.Chosen())]->setChecked(true);
+  });
+  for (std::size_t i = 0; i < widgets.size(); ++i) {
+    widgets[i]->setObjectName(QString::fromStdString(control.Name()) + QString("(%1)").arg(i));
+  }
+}
+
+void Binder::Bind(ComboBox& control, QComboBox& widget) {
+  widget.setEditable(true);
+  widget.setInsertPolicy(QComboBox::NoInsert);
+  Keep(control, widget, [&control, &widget] {
+    QStringList items;
+    for (const std::string& item : control.Items()) items << ToUnicode(item);
+    QStringList shown;
+    for (int i = 0; i < widget.count(); ++i) shown << widget.itemText(i);
+    if (shown != items) {
+      widget.clear();
+      widget.addItems(items);
+    }
+    if (widget.currentIndex() != control.ListIndex()) widget.setCurrentIndex(control.ListIndex());
+    const QString text = ToUnicode(control.Text());
+    if (widget.currentText() != text) widget.setEditText(text);
+  });
+  QObject::connect(&widget, &QComboBox::activated, &widget,
+                   [this, &control](int index) { guard_.Run([&] { control.SetListIndex(index); }); });
+  QObject::connect(widget.lineEdit(), &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
+    guard_.Run([&] { control.UserSets(FromUnicode(text)); });
+  });
+  QObject::connect(widget.lineEdit(), &QLineEdit::returnPressed, &widget,
+                   [this, &control] { guard_.Run([&control] { control.UserPressesEnter(); }); });
+}
+
+void Binder::Bind(ProgressBar& control, QProgressBar& widget) {
+  widget.setRange(0, 100);
+  Keep(control, widget, [&control, &widget] { widget.setValue(control.Value()); });
+}
+
+void Binder::Bind(StatusBar& control, QStatusBar& widget) {
+  std::vector<QLabel*> panels;
+  for (int i = 0; i < StatusBar::kPanels; ++i) {
+    auto* const panel = new QLabel(&widget);
+    panel->setTextFormat(Qt::PlainText);
+    panel->setObjectName(QString::fromStdString(control.Name()) + QString("(%1)").arg(i + 1));
+    panel->setMinimumWidth(60);
+    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // long URLs do not widen the window
+    widget.addWidget(panel, i == 0 || i == 2 ? 4 : 2);
+    panels.push_back(panel);
+  }
+  Keep(control, widget, [&control, panels] {
+    for (int i = 0; i < StatusBar::kPanels; ++i) {
+      panels[static_cast<std::size_t>(i)]->setText(ToUnicode(control.Panel(i + 1)));
+    }
+  });
+}
+
+void Binder::Bind(TabStrip& control, QTabBar& widget, std::function<void(int number)> onShown) {
+  for (const TabStrip::Tab& tab : control.Tabs) {
+    const int index = widget.addTab(ToUnicode(tab.Caption));
+    widget.setTabToolTip(index, ToUnicode(tab.ToolTip));
+  }
+  Keep(control, widget, [&control, &widget, onShown = std::move(onShown)] {
+    const QSignalBlocker quiet(widget);
+    widget.setCurrentIndex(control.Selected() - 1);
+    onShown(control.Selected());
+  });
+  // A press on the tab on show counts as well: each visit of Pages adds to its list.
+  QObject::connect(&widget, &QTabBar::tabBarClicked, &widget, [this, &control](int index) {
+    if (index >= 0) guard_.Run([&] { control.Select(index + 1); });
+  });
+  QObject::connect(&widget, &QTabBar::currentChanged, &widget, [this, &control](int index) {
+    if (index + 1 != control.Selected()) guard_.Run([&] { control.Select(index + 1); });
+  });
+}
+
+void Binder::Bind(Menu& control, QMenu& widget, const std::vector<QString>& texts) {
+  widget.setObjectName(QString::fromStdString(control.Name()));
+  for (std::size_t i = 0; i < control.Items.size(); ++i) {
+    if (control.Items[i] == "-") {
+      widget.addSeparator();
+      continue;
+    }
+    QAction* const action = widget.addAction(i < texts.size() ? texts[i] : ToUnicode(control.Items[i]));
+    const int index = static_cast<int>(i);
+    QObject::connect(action, &QAction::triggered, &widget,
+                     [this, &control, index] { guard_.Run([&] { control.Click(index); }); });
+    QObject::connect(&widget, &QMenu::aboutToShow, action, [action, &control, index] {
+      action->setCheckable(control.Checked(index));
+      action->setChecked(control.Checked(index));
+    });
+  }
+  control.OnPopUp = [&widget] { widget.popup(QCursor::pos()); };
+}
+
+}  // namespace requite

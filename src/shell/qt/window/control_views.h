@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Binds plain control objects to widgets. The control decides; the widget shows it and tells what the
+// user did.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/controls.h"
+#include "shell/qt/event_guard.h"
+#include "shell/qt/window/view_refresh.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPlainTextEdit;
+class QProgressBar;
+class QStatusBar;
+class QTabBar;
+
+namespace requite {
+
+/// Makes and keeps the views of one window. Widgets get the control's name as their object name, its
+/// tool tip, and its enabled and visible state; the widgets must outlive the binder's last refresh.
+class Binder {
+ public:
+  Binder(ViewRefresh& refresh, const EventGuard& guard);
+  ~Binder();
+  Binder(const Binder&) = delete;
+  Binder& operator=(const Binder&) = delete;
+
+  /// For a frame or a browser's place: only the state.
+  void BindState(Control& control, QWidget& widget);
+  /// `mnemonic` is the caption with its "&", for buttons whose caption is shown as it is.
+  void Bind(Button& control, QAbstractButton& widget, const QString& mnemonic = {});
+  void Bind(TextBox& control, QLineEdit& widget);
+  void Bind(TextBox& control, QPlainTextEdit& widget);
+  void BindLabel(TextBox& control, QLabel& widget);
+  void Bind(CheckBox& control, QCheckBox& widget);
+  void Bind(OptionGroup& control, const std::vector<QAbstractButton*>& widgets);
+  void Bind(ComboBox& control, QComboBox& widget);
+  void Bind(ProgressBar& control, QProgressBar& widget);
+  void Bind(StatusBar& control, QStatusBar& widget);
+  /// `onShown` gets the number of the tab on show, from 1.
+  void Bind(TabStrip& control, QTabBar& widget, std::function<void(int number)> onShown);
+  /// Fills the menu with the control's entries; "&" is put before the letter at `mnemonics[i]`.
+  void Bind(Menu& control, QMenu& widget, const std::vector<QString>& texts = {});
+
+  [[nodiscard]] const EventGuard& Guard() const { return guard_; }
+  [[nodiscard]] ViewRefresh& Refresh() { return refresh_; }
+
+ private:
+  class View;
+
+  void Keep(Control& control, QWidget& widget, std::function<void()> show);
+
+  ViewRefresh& refresh_;
+  const EventGuard& guard_;
+  std::vector<std::unique_ptr<View>> views_;
+};
+
+}  // namespace requite

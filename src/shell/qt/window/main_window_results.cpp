@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// The right side of the main window: the tabs of the link results.
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "shell/qt/code_page.h"
+#include "shell/qt/window/main_window.h"
+#include "shell/qt/window/text_browser_view.h"
+
+namespace requite {
+
+QWidget* MainWindow::BuildResults() {
+  auto* const box = new QGroupBox(ToUnicode(form_.Frame2.Caption), this);
+  auto* const layout = new QVBoxLayout(box);
+  auto* const tabs = new QTabBar(box);
+  tabs->setExpanding(false);
+  layout->addWidget(tabs);
+  auto* const pages = new QStackedWidget(box);
+  for (QWidget* page :
+       {BuildLinksPage(), BuildWebPage(), BuildPagesPage(), BuildReportsPage(), BuildPostPage()}) {
+    pages->addWidget(page);
+  }
+  layout->addWidget(pages, 1);
+  bind_.Bind(form_.TabStrip1, *tabs, [pages](int number) { pages->setCurrentIndex(number - 1); });
+  bind_.BindState(form_.Frame2, *box);
+  return box;
+}
+
+QWidget* MainWindow::BuildLinksPage() {
+  links_ = new QSplitter(Qt::Vertical, this);
+  QTreeView* const results =
+      NewTable(form_.Sites.List3, results_, tr("No results yet. Press Start Scan to look for links back."),
+               tr("Link results"));
+  const int widths[] = {150, 170, 190, 45};
+  for (int column = 0; column < 4; ++column) results->header()->resizeSection(column, widths[column]);
+  links_->addWidget(results);
+  auto* const below = new QWidget(links_);
+  auto* const layout = new QVBoxLayout(below);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const caption = new QLabel(below);
+  bind_.BindLabel(form_.lblErr, *caption);
+  layout->addWidget(caption);
+  QTreeView* const errors =
+      NewTable(form_.Lists.lstErr, errors_, tr("No errors."), tr("Errors and warnings"));
+  errors->header()->resizeSection(0, 220);
+  layout->addWidget(errors, 1);
+  links_->addWidget(below);
+  links_->setSizes({420, 140});
+  links_->setChildrenCollapsible(false);
+  return links_;
+}
+
+QWidget* MainWindow::BuildWebPage() {
+  auto* const page = new QWidget(this);
+  auto* const layout = new QVBoxLayout(page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const bar = new QHBoxLayout;
+  for (Button* control : {&form_.cmdBack, &form_.cmdForward, &form_.cmdWebStop, &form_.cmdRefresh}) {
+    auto* const button = new QPushButton(page);
+    bar->addWidget(button);
+    bind_.Bind(*control, *button);
+  }
+  auto* const address = new QLineEdit(page);
+  address->setAccessibleName(tr("Address"));
+  bind_.Bind(form_.txtURL, *address);
+  bar->addWidget(address, 1);
+  auto* const go = new QPushButton(page);
+  bar->addWidget(go);
+  bind_.Bind(form_.cmdGo, *go);
+  layout->addLayout(bar);
+  layout->addWidget(new TextBrowserView(form_.WebBrowser1, form_.Platform.Internet, guard_, page), 1);
+  return page;
+}
+
+QWidget* MainWindow::BuildReportsPage() {
+  auto* const page = new QWidget(this);
+  auto* const layout = new QVBoxLayout(page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const bar = new QHBoxLayout;
+  for (Button* control : {&form_.Command8, &form_.Command8a}) {
+    auto* const button = new QPushButton(page);
+    bar->addWidget(button);
+    bind_.Bind(*control, *button);
+  }
+  bar->addStretch();
+  layout->addLayout(bar);
+  layout->addWidget(new TextBrowserView(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
+  return page;
+}
+
+}  // namespace requite

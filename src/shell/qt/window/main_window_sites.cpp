@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+// The left side of the main window: the site lists, the queue and the figures of a scan.
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTreeView>
+#include <initializer_list>
+
+#include "shell/qt/code_page.h"
+#include "shell/qt/window/main_window.h"
+
+namespace requite {
+namespace {
+
+struct Command {
+  Button* Control;
+  const char* Text;
+};
+
+QHBoxLayout* RowOf(Binder& bind, QWidget* parent, std::initializer_list<Command> commands) {
+  auto* const row = new QHBoxLayout;
+  for (const Command& command : commands) {
+    auto* const button = new QPushButton(parent);
+    row->addWidget(button);
+    bind.Bind(*command.Control, *button, command.Text);
+  }
+  row->addStretch();
+  return row;
+}
+
+}  // namespace
+
+QTreeView* MainWindow::NewTable(ListView& list, ListTable& table, const QString& emptyText,
+                                const QString& accessibleName) {
+  auto* const view = new QTreeView(this);
+  table.Show(&list);
+  WireTable(*view, table, guard_, emptyText);
+  bind_.BindState(list, *view);
+  view->setAccessibleName(accessibleName);
+  return view;
+}
+
+QWidget* MainWindow::BuildWebsites() {
+  auto* const box = new QGroupBox(ToUnicode(form_.Frame1.Caption), this);
+  auto* const layout = new QVBoxLayout(box);
+  layout->addWidget(BuildMainSites(), 2);
+  layout->addWidget(BuildLinkingSites(), 3);
+  bind_.BindState(form_.Frame1, *box);
+  return box;
+}
+
+QWidget* MainWindow::BuildMainSites() {
+  auto* const block = new QWidget(this);
+  auto* const layout = new QVBoxLayout(block);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const entry = new QLineEdit(block);
+  entry->setPlaceholderText(tr("Your own site, such as www.mysite.example"));
+  entry->setAccessibleName(tr("New Main Site"));
+  bind_.Bind(form_.txtDomain, *entry);
+  layout->addWidget(entry);
+  layout->addLayout(RowOf(bind_, block,
+                          {{&form_.cmdAdd2, "&Add"},
+                           {&form_.cmdDelete, "&Del"},
+                           {&form_.cmdEditMain, "&Edit"},
+                           {&form_.cmdImport2, "&Import"}}));
+  QTreeView* const list =
+      NewTable(form_.Sites.List4, mainSites_,
+               tr("No Main Sites yet. Type your own site above and press Add."), tr("Main Sites"));
+  list->setHeaderHidden(true);
+  layout->addWidget(list, 1);
+  bind_.BindState(form_.innerFrame1, *block);
+  return block;
+}
+
+QWidget* MainWindow::BuildLinkingSites() {
+  auto* const block = new QWidget(this);
+  auto* const layout = new QVBoxLayout(block);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const caption = new QLabel(block);
+  caption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  bind_.BindLabel(form_.lblblah, *caption);
+  layout->addWidget(caption);
+  auto* const entry = new QLineEdit(block);
+  entry->setPlaceholderText(tr("A site that ought to link back"));
+  entry->setAccessibleName(tr("New Linking Site"));
+  bind_.Bind(form_.Text1, *entry);
+  layout->addWidget(entry);
+  layout->addLayout(RowOf(bind_, block,
+                          {{&form_.cmdAdd, "Add"},
+                           {&form_.cmbDel, "Del"},
+                           {&form_.cmdEdit, "Edit"},
+                           {&form_.cmdImport, "Import"}}));
+  auto* const view = new QTreeView(block);
+  view->setObjectName("List1");
+  view->setAccessibleName(tr("Linking Sites"));
+  WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
+  linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
+  view->header()->resizeSection(0, 190);
+  view->header()->resizeSection(1, 30);
+  layout->addWidget(view, 1);
+  bind_.BindState(form_.innerFrame2, *block);
+  // Which list is on show follows from the selected Main Site.
+  const auto shown = mainSites_.OnRefreshed;
+  mainSites_.OnRefreshed = [this, shown] {
+    shown();
+    ShowCurrentLinkingSites();
+  };
+  return block;
+}
+
+void MainWindow::ShowCurrentLinkingSites() {
+  const int k = form_.Sites.List4.SelectedRow() + 1;
+  const bool exists = k >= 1 && k <= form_.Sites.ListCount();
+  linkingSites_.Show(exists ? &form_.Sites.List1(k) : nullptr);
+}
+
+QWidget* MainWindow::BuildProgress() {
+  auto* const box = new QGroupBox(ToUnicode(form_.Frame6.Caption), this);
+  auto* const layout = new QGridLayout(box);
+  QTreeView* const queue =
+      NewTable(form_.Lists.List2, queue_, tr("No pages are queued."), tr("Queued pages"));
+  queue->setHeaderHidden(true);
+  layout->addWidget(queue, 0, 0, 1, 4);
+  layout->setRowStretch(0, 1);
+  const auto figure = [&](int row, int column, const QString& caption, std::size_t index) {
+    auto* const value = new QLabel(box);
+    bind_.BindLabel(form_.lblStats[index], *value);
+    value->setAccessibleName(caption);
+    layout->addWidget(new QLabel(caption, box), row, column);
+    layout->addWidget(value, row, column + 1);
+  };
+  layout->addWidget(new QLabel(tr("<b>Scan Statistics</b>"), box), 1, 0, 1, 2);
+  layout->addWidget(new QLabel(tr("<b>Historically</b>"), box), 1, 2, 1, 2);
+  figure(2, 0, "Pages Scanned:", 0);
+  figure(3, 0, "Pages Found:", 1);
+  figure(4, 0, "Links Found:", 2);
+  figure(2, 2, "Pages Scanned:", 3);
+  figure(3, 2, "Links Found:", 4);
+  figure(5, 0, "Linking Sites Scanned:", 5);
+  figure(5, 2, "Main Sites Scanned:", 6);
+  auto* const progress = new QProgressBar(box);
+  progress->setAccessibleName(tr("Progress of the page"));
+  bind_.Bind(form_.pb1, *progress);
+  layout->addWidget(progress, 6, 0, 1, 4);
+  bind_.BindState(form_.Frame6, *box);
+  return box;
+}
+
+}  // namespace requite

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Brings what the logic changed to the screen some thirty times a second, however often it changes.
+#pragma once
+
+#include <QTimer>
+#include <vector>
+
+namespace requite {
+
+class ViewRefresh;
+
+/// A view that re-reads its control when the next refresh comes.
+class RefreshedView {
+ public:
+  explicit RefreshedView(ViewRefresh& refresh) : refresh_(refresh) {}
+  virtual ~RefreshedView();
+  RefreshedView(const RefreshedView&) = delete;
+  RefreshedView& operator=(const RefreshedView&) = delete;
+
+  /// Asks for a refresh; cheap when one is due already.
+  void Mark();
+  /// Makes the widget show the control as it is now, touching it only where it differs.
+  virtual void Apply() = 0;
+
+ private:
+  friend class ViewRefresh;
+
+  ViewRefresh& refresh_;
+  bool marked_ = false;
+};
+
+class ViewRefresh {
+ public:
+  ViewRefresh();
+
+  /// Applies every marked view now.
+  void ApplyAll();
+
+ private:
+  friend class RefreshedView;
+
+  QTimer timer_;
+  std::vector<RefreshedView*> marked_;
+};
+
+}  // namespace requite
