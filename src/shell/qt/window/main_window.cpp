@@ -17,7 +17,7 @@
 namespace requite {
 
 /// The window's title, with the scan's progress in front of it while one runs.
-class MainWindow::TitleView : public ControlView, public RefreshedView {
+class MainWindow::TitleView final : public ControlView, public RefreshedView {
  public:
   TitleView(MainWindow& window, ViewRefresh& refresh) : RefreshedView(refresh), window_(window) {
     window_.form_.Main.SetView(this);

@@ -14,7 +14,7 @@ namespace requite {
 
 /// Shows local HTML files, and remote pages by one GET each. Nothing is fetched before the view is first
 /// shown; what was asked for last is done then.
-class TextBrowserView : public QTextBrowser, public BrowserEngine {
+class TextBrowserView final : public QTextBrowser, public BrowserEngine {
   Q_OBJECT
 
  public:
