@@ -7,6 +7,7 @@ namespace requite {
 enum class ExitStatus : int {
   Done = 0,             ///< script ran; every site scanned links back as often as expected
   LinksMissing = 1,     ///< at least one site does not
+  NotStarted = 1,       ///< `open`: there is no window program that could be started
   Refused = 2,          ///< the command line, the script or a file named there is wrong
   NotIdleInTime = 3,    ///< `wait idle` ran out of time
   RunTimeFailure = 70,  ///< a failure that nothing handled

@@ -18,6 +18,8 @@
 #include "console/program.h"
 #include "console/scan_command.h"
 #include "console/script_runner.h"
+#include "console/window_program.h"
+#include "model/settings.h"
 #include "shell/qt/blocking_get.h"
 #include "shell/qt/code_page.h"
 #include "shell/qt/event_guard.h"
@@ -152,14 +154,33 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   return status;
 }
 
+/// The window program loads the last project at its start, and has no command line of its own.
+std::pair<ExitStatus, std::string> RunOpen(const OpenOptions& options) {
+  const std::string program = FindWindowProgram();
+  if (program.empty()) return {ExitStatus::NotStarted, "there is no window program \"requite\""};
+  if (!options.Project.empty()) {
+    const std::string file = DefaultSettingsPath();
+    if (std::string why = WhyNoSettings(file); !why.empty()) return {ExitStatus::Refused, std::move(why)};
+    SettingsFile store(file);
+    Settings(store).SaveSetting(setting::LastProject, options.Project);
+  }
+  std::string why = StartWindowProgram(program);
+  return {why.empty() ? ExitStatus::Done : ExitStatus::NotStarted, std::move(why)};
+}
+
 int Main(int argc, char** argv) {
   const std::variant<Options, EndAtOnce> read = ReadCommandLine(argc, argv);
   if (const auto* end = std::get_if<EndAtOnce>(&read)) {
     (end->Status == ExitStatus::Done ? std::cout : std::cerr) << end->Text << std::endl;
     return Code(end->Status);
   }
-  const QCoreApplication application(argc, argv);
   const auto& options = std::get<Options>(read);
+  if (const auto* open = std::get_if<OpenOptions>(&options.Command)) {
+    const auto [status, why] = RunOpen(*open);
+    if (!why.empty()) std::cerr << "requite-console: " << why << std::endl;
+    return Code(status);
+  }
+  const QCoreApplication application(argc, argv);
   const ProgramFolder folder = options.Common.ProgramFolder.empty()
                                    ? ChooseProgramFolder(ProgramPlaces::OfThisProgram())
                                    : ProgramFolder{options.Common.ProgramFolder};

@@ -28,10 +28,14 @@ void AddRepeatable(CLI::App& app, const char* name, std::vector<std::string>& va
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
-void AddCommonOptions(CLI::App& app, RawCommon& common) {
+void AddEndFlags(CLI::App& app) {
   app.set_version_flag("--version", "requite-console " + std::string(product::kVersion),
                        "Print the version and exit");
   app.set_help_flag("--help", "Print this help and exit");
+}
+
+void AddCommonOptions(CLI::App& app, RawCommon& common) {
+  AddEndFlags(app);
   app.add_option("--program-folder", common.ProgramFolder, "The folder that holds the program's files")
       ->type_name("DIR");
   app.add_option("--settings", common.SettingsFile, "The settings store to use")->type_name("FILE");
@@ -82,12 +86,11 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   RawCommon common;
   ScanOptions scan;
   ScriptOptions script;
+  OpenOptions open;
   CLI::App app("Requite without its windows: scans for links back from a terminal or a nightly job.");
   app.name("requite-console");
   app.require_subcommand(1);
-  app.set_version_flag("--version", "requite-console " + std::string(product::kVersion),
-                       "Print the version and exit");
-  app.set_help_flag("--help", "Print this help and exit");
+  AddEndFlags(app);
 
   CLI::App& scanCommand = *app.add_subcommand("scan", "Run one scan of a project, start to end");
   scanCommand.add_option("PROJECT", scan.Project, "The project file")->required();
@@ -99,6 +102,14 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   CLI::App& scriptCommand = *app.add_subcommand("script", "Press the program's controls, as told by a file");
   scriptCommand.add_option("FILE", script.File, "The script; standard input when left out");
   AddCommonOptions(scriptCommand, common);
+
+  CLI::App& openCommand = *app.add_subcommand("open", "Start the window program with a project");
+  openCommand.add_option("FILE", open.Project, "The project file; the one of the last time when left out");
+  openCommand.footer(
+      "Exit status: 0 the window program was started, 1 there is none that could be started, 2 FILE cannot "
+      "be "
+      "read.");
+  AddEndFlags(openCommand);
 
   try {
     app.parse(argc, argv);
@@ -117,6 +128,10 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   if (why.empty() && scanCommand.parsed()) {
     why = TakeScan(scan);
     options.Command = scan;
+  } else if (openCommand.parsed()) {
+    open.Project = AbsolutePath(open.Project);
+    if (!open.Project.empty()) why = WhyNotReadable(open.Project);
+    options.Command = open;
   } else if (why.empty()) {
     if (!script.File.empty()) why = WhyNotReadable(script.File);
     options.Command = script;

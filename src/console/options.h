@@ -31,9 +31,13 @@ struct ScriptOptions {
   std::string File;  ///< empty: standard input
 };
 
+struct OpenOptions {
+  std::string Project;  ///< empty: the project that was open last
+};
+
 struct Options {
   CommonOptions Common;
-  std::variant<ScanOptions, ScriptOptions> Command;
+  std::variant<ScanOptions, ScriptOptions, OpenOptions> Command;
 };
 
 /// The command line says to end at once: with a text for standard output (help, version), or with

@@ -15,6 +15,7 @@
 namespace requite {
 namespace {
 
+namespace fs = std::filesystem;
 using test::ChildProcess;
 
 constexpr const char* kFound = "rope-and-sail.example|1|||\r\n";
@@ -184,6 +185,66 @@ TEST_F(ConsoleProgramTest, ADamagedSettingsFileIsNoHindrance) {
   ChildProcess wrong(REQUITE_CONSOLE, With({"script", "--set", "ScanType=all"}), "echo not reached\n");
   EXPECT_EQ(wrong.Wait(), 70);
   EXPECT_NE(wrong.Err.find("run-time failure 13"), std::string::npos) << wrong.Err;
+}
+
+/// A copy of the program, with a window program beside it that only tells how it was started.
+class OpenTest : public testing::Test {
+ protected:
+  OpenTest() {
+    fs::create_directory(folder_.File("bin"));
+    fs::copy_file(REQUITE_CONSOLE, console_);
+    WriteFile(window_, "#!/bin/sh\necho \"started with $# arguments\" >&2\n");
+    fs::permissions(window_, fs::perms::owner_all);
+    WriteFile(folder_.File("a.prj"), "main.example\r\n");
+    ::setenv("XDG_CONFIG_HOME", folder_.Folder.Path.c_str(), 1);
+    ::setenv("PATH", folder_.File("elsewhere").c_str(), 1);
+  }
+  ~OpenTest() override {
+    ::setenv("PATH", path_.c_str(), 1);
+    ::unsetenv("XDG_CONFIG_HOME");
+  }
+
+  std::string LastProject() {
+    ChildProcess script(REQUITE_CONSOLE,
+                        {"script", "--program-folder", folder_.Folder.Path, "--settings", settings_},
+                        "get LastProject\n");
+    EXPECT_EQ(script.Wait(), 0) << script.Err;
+    return script.Out;
+  }
+
+  test::TemporaryFolder folder_;
+  std::string console_ = folder_.File("bin/requite-console");
+  std::string window_ = folder_.File("bin/requite");
+  std::string settings_ = folder_.File("requite/settings");
+  std::string path_ = std::getenv("PATH");
+};
+
+TEST_F(OpenTest, AProjectBecomesTheLastOneAndTheWindowProgramStarts) {
+  ChildProcess with(console_, {"open", folder_.File("bin/../a.prj")});
+  EXPECT_EQ(with.Wait(), 0);
+  EXPECT_EQ(with.Err, "started with 0 arguments\n");
+  EXPECT_EQ(LastProject(), folder_.File("a.prj") + "\n");
+
+  fs::create_directory(folder_.File("elsewhere"));
+  fs::rename(window_, folder_.File("elsewhere/requite"));
+  ChildProcess without(console_, {"open"});
+  EXPECT_EQ(without.Wait(), 0);
+  EXPECT_EQ(without.Err, "started with 0 arguments\n") << "found by PATH";
+  EXPECT_EQ(LastProject(), folder_.File("a.prj") + "\n");
+}
+
+TEST_F(OpenTest, WithoutAWindowProgramNothingIsWritten) {
+  const auto refused = [&](int status, const std::string& word) {
+    ChildProcess open(console_, {"open", folder_.File("a.prj")});
+    EXPECT_EQ(open.Wait(), status);
+    EXPECT_NE(open.Err.find(word), std::string::npos) << open.Err;
+    EXPECT_EQ(std::count(open.Err.begin(), open.Err.end(), '\n'), 1) << open.Err;
+    EXPECT_FALSE(FileExists(settings_));
+  };
+  fs::permissions(window_, fs::perms::owner_read);
+  refused(1, "requite");
+  fs::remove(folder_.File("a.prj"));
+  refused(2, "a.prj");
 }
 
 }  // namespace

@@ -79,6 +79,9 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"script", "--settings", project_ + "/below a file"},
       {"script", dir + "/gone.txt"},
       {"script", "--save", "x.prj"},
+      {"open", dir + "/gone.prj"},
+      {"open", dir},
+      {"open", project_, "--settings", dir + "/settings"},
   };
   for (const auto& words : mistakes) {
     const auto read = Read(words);
@@ -94,8 +97,12 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
 }
 
 TEST_F(CommandLine, HelpAndVersionEndWell) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"--help"}, {"--version"}, {"scan", "--help"}, {"scan", "--version"}, {"script", "--help"}}) {
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{{"--help"},
+                                                                                     {"--version"},
+                                                                                     {"scan", "--help"},
+                                                                                     {"scan", "--version"},
+                                                                                     {"script", "--help"},
+                                                                                     {"open", "--help"}}) {
     const auto read = Read(words);
     ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << testing::PrintToString(words);
     EXPECT_EQ(std::get<EndAtOnce>(read).Status, ExitStatus::Done);
