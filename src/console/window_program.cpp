@@ -28,7 +28,7 @@ bool IsProgram(const std::string& path) {
 std::string FindWindowProgram() {
   std::error_code ignored;
   const auto self = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  if (const std::string beside = (self.parent_path() / kName).string(); IsProgram(beside)) return beside;
+  if (std::string beside = (self.parent_path() / kName).string(); IsProgram(beside)) return beside;
   const char* const path = std::getenv("PATH");
   std::string_view rest = path == nullptr ? "" : path;
   while (!rest.empty()) {
