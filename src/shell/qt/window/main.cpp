@@ -10,20 +10,11 @@
 #include <memory>
 
 #include "shell/product.h"
-#include "shell/qt/blocking_get.h"
 #include "shell/qt/code_page.h"
-#include "shell/qt/desktop_shell.h"
 #include "shell/qt/freed_memory.h"
-#include "shell/qt/name_resolver.h"
-#include "shell/qt/page_connection.h"
 #include "shell/qt/program_folder.h"
-#include "shell/qt/qt_event_loop.h"
-#include "shell/qt/qt_timer.h"
-#include "shell/qt/settings_file.h"
-#include "shell/qt/sound_process.h"
-#include "shell/qt/system_clock.h"
+#include "shell/qt/window/desktop_services.h"
 #include "shell/qt/window/main_window.h"
-#include "shell/qt/window/qt_dialogs.h"
 #include "shell/recovery.h"
 
 namespace requite {
@@ -60,22 +51,8 @@ int Run(QApplication& application) {
   const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
   const Project* project = nullptr;
   const EventGuard guard([&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder); });
-  SettingsFile store(DefaultSettingsPath());
   const ConnectMap map;
-  QtEventLoop events;
-  SocketPoller poller(guard);
-  NameResolver resolver(poller);
-  PageConnection connection(poller, resolver, map);
-  QtTimer timTimeout(guard);
-  QtTimer timer1(guard);
-  BlockingGet internet(map);
-  QtDialogs dialogs;
-  QtClipboard clipboard;
-  SoundProcess sounds;
-  DesktopShell shell;
-  SystemClock clock;
-  Services services{events,  connection, timTimeout, timer1, internet, store,
-                    dialogs, clipboard,  sounds,     shell,  clock};
+  DesktopServices services(guard, map, DefaultSettingsPath());
 
   QPixmap picture(360, 180);
   picture.fill(QColor(40, 60, 90));
@@ -91,7 +68,7 @@ int Run(QApplication& application) {
     if (++ticks != kSplashTicks) return;
     timer2.stop();
     guard.Run([&] {
-      form = std::make_unique<Form1>(services, folder);
+      form = std::make_unique<Form1>(services.All, folder);
       project = &form->Sites;
       form->OnEnd = [&] { application.quit(); };
       window = std::make_unique<MainWindow>(*form, guard);

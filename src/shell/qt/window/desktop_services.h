@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// All services of a real desktop in one place, for whoever opens the real window.
+#pragma once
+
+#include <string>
+
+#include "shell/qt/blocking_get.h"
+#include "shell/qt/desktop_shell.h"
+#include "shell/qt/name_resolver.h"
+#include "shell/qt/page_connection.h"
+#include "shell/qt/qt_event_loop.h"
+#include "shell/qt/qt_timer.h"
+#include "shell/qt/settings_file.h"
+#include "shell/qt/sound_process.h"
+#include "shell/qt/system_clock.h"
+#include "shell/qt/window/qt_dialogs.h"
+
+namespace requite {
+
+/// Needs a QApplication for its whole life.
+class DesktopServices {
+ public:
+  /// Guard and map must outlive the services. The settings file is made when it is missing.
+  DesktopServices(const EventGuard& guard, const ConnectMap& map, const std::string& settingsPath);
+  DesktopServices(const DesktopServices&) = delete;
+  DesktopServices& operator=(const DesktopServices&) = delete;
+
+ private:
+  SettingsFile store_;
+  QtEventLoop events_;
+  SocketPoller poller_;
+  NameResolver resolver_;
+  PageConnection connection_;
+  QtTimer timTimeout_;
+  QtTimer timer1_;
+  BlockingGet internet_;
+  QtDialogs dialogs_;
+  QtClipboard clipboard_;
+  SoundProcess sounds_;
+  DesktopShell shell_;
+  SystemClock clock_;
+
+ public:
+  Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
+               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
+};
+
+}  // namespace requite
