@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// What a web view offers and tells: the boundary between the program and the library that is loaded for it.
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+class QWidget;
+
+namespace requite {
+
+/// Hears a web view. No call may throw: the view calls from inside the toolkit.
+class WebViewEvents {
+ public:
+  virtual ~WebViewEvents() = default;
+  virtual void LoadStarted() = 0;
+  /// 0 to 100.
+  virtual void LoadProgress(int percent) = 0;
+  virtual void LoadStopped() = 0;
+  virtual void PageComplete(const QUrl& location) = 0;
+  /// Nothing can be shown of the page; `reason` is a sentence for the user.
+  virtual void PageFailed(const QUrl& location, const QString& reason) = 0;
+  /// The process that drew the page ended; the view can be asked to reload.
+  virtual void RendererEnded() = 0;
+  /// The page wanted something that is not given (a download); the page on show stays.
+  virtual void Refused(const QString& what) = 0;
+  /// A link of a local page to `host`, without a scheme or with one that a view does not follow by itself.
+  virtual void LinkChosen(const QString& address) = 0;
+};
+
+/// One view of pages. The widget's parent owns it.
+class WebView {
+ public:
+  virtual ~WebView() = default;
+  [[nodiscard]] virtual QWidget* Widget() = 0;
+  /// An http, https or file URL, or about:blank; the only way in which a file comes on show.
+  virtual void Load(const QUrl& url) = 0;
+  /// Tells nothing when nothing is loading, and nothing when a load was only just asked for.
+  virtual void Stop() = 0;
+  virtual void Reload() = 0;
+  /// False at the end of the history.
+  [[nodiscard]] virtual bool Back() = 0;
+  [[nodiscard]] virtual bool Forward() = 0;
+};
+
+/// The one function of the library, found under `kMakeWebView`. The events must outlive the view.
+using MakeWebView = WebView* (*)(WebViewEvents& events, QWidget* parent);
+inline constexpr const char* kMakeWebView = "RequiteMakeWebView";
+
+/// A link of a local page with no scheme of its own is meant as a host: the toolkit has made it a file
+/// beside the page. Its address, or nothing for another link.
+[[nodiscard]] inline QString HostMeantBy(const QUrl& link, const QUrl& localPage) {
+  const QString folder = localPage.adjusted(QUrl::RemoveFilename | QUrl::RemoveQuery | QUrl::RemoveFragment)
+                             .toString(QUrl::FullyEncoded);
+  const QString address = link.toString(QUrl::FullyEncoded);
+  if (!localPage.isLocalFile() || !address.startsWith(folder) || address.size() == folder.size()) return {};
+  return "http://" + address.mid(folder.size());
+}
+
+}  // namespace requite
