@@ -87,7 +87,8 @@ Complaint Tip(ScriptSession& session, const Words& words) {
 
 Complaint Title(ScriptSession& session, const Words& words) {
   if (!session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
-  session.Program.PrintLine(session.Program.Form1.Main.Title());
+  const ProgramWindow* const other = session.Program.Form1.Windows.Find(words[0]);
+  session.Program.PrintLine((other == nullptr ? session.Program.Form1.Main : other->Main).Title());
   return {};
 }
 
@@ -144,13 +145,14 @@ Complaint PrintClipboard(ScriptSession& session, const Words&) {
   return {};
 }
 
-Complaint Windows(ScriptSession& session, const Words&) {
+Complaint OpenWindows(ScriptSession& session, const Words&) {
   session.Program.PrintLine(session.Program.Form1.Main.Name());
+  for (const std::string& name : session.Program.Form1.Windows.ShownNames()) session.Program.PrintLine(name);
   return {};
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"windows", "windows", 0, 0, Windows},
+    {"windows", "windows", 0, 0, OpenWindows},
     {"rows", "rows NAME", 1, 1, Rows},
     {"style", "style NAME", 1, 1, Style},
     {"print", "print NAME", 1, 1, Print},

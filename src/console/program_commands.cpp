@@ -62,11 +62,20 @@ Complaint After(ScriptSession& session, const Words& words) {
   return {};
 }
 
-Complaint Load(ScriptSession&, const Words& words) { return "there is no window \"" + words[0] + "\""; }
+Complaint Load(ScriptSession& session, const Words& words) {
+  Windows& windows = session.Program.Form1.Windows;
+  if (!windows.IsKnown(words[0])) return "there is no window \"" + words[0] + "\"";
+  windows.Show(words[0]);
+  return {};
+}
 
 Complaint Close(ScriptSession& session, const Words& words) {
   if (!session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
-  session.Program.Form1.Close();
+  if (ProgramWindow* const other = session.Program.Form1.Windows.Find(words[0])) {
+    other->Close();
+  } else {
+    session.Program.Form1.Close();
+  }
   return {};
 }
 

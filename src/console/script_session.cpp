@@ -29,20 +29,41 @@ void Tracer::Refresh(const Control&) {
 }
 
 ScriptSession::ScriptSession(ConsoleProgram& program) : Program(program) {
-  Record(program.Form1.WebBrowser1);
-  Record(program.Form1.WebBrowser2);
+  Record(program.Form1.WebBrowser1, "");
+  Record(program.Form1.WebBrowser2, "");
+  Windows& windows = program.Form1.Windows;
+  windows.OnMade = [this](ProgramWindow& window) { Record(window); };
+  windows.OnClosed = [this](ProgramWindow& window) { Forget(window); };
 }
 
 ScriptSession::~ScriptSession() {
   for (const auto& [control, tracer] : Tracers) control->SetView(nullptr);
   Program.Form1.WebBrowser1.OnNavigate = nullptr;
   Program.Form1.WebBrowser2.OnNavigate = nullptr;
+  Windows& windows = Program.Form1.Windows;
+  windows.OnMade = nullptr;
+  windows.OnClosed = nullptr;
+  for (const std::string& name : windows.ShownNames()) Forget(*windows.Find(name));
 }
 
-void ScriptSession::Record(BrowserView& view) {
-  view.OnNavigate = [this, name = view.Name()](const std::string& url) {
+void ScriptSession::Record(BrowserView& view, const std::string& window) {
+  view.OnNavigate = [this, name = window + view.Name()](const std::string& url) {
     Navigations.push_back({name, url});
   };
+}
+
+void ScriptSession::Record(ProgramWindow& window) {
+  window.Controls.ForEach([&](Control& control) {
+    if (auto* const view = dynamic_cast<BrowserView*>(&control)) Record(*view, window.Name() + ".");
+  });
+}
+
+/// The window's controls are about to go.
+void ScriptSession::Forget(ProgramWindow& window) {
+  window.Controls.ForEach([&](Control& control) {
+    if (Tracers.erase(&control) > 0) control.SetView(nullptr);
+    if (auto* const view = dynamic_cast<BrowserView*>(&control)) view->OnNavigate = nullptr;
+  });
 }
 
 void ScriptSession::Run(int line, std::string_view text) {
@@ -81,14 +102,19 @@ void ScriptSession::Carry(std::string_view text) {
 NamedControl ScriptSession::Find(std::string_view name) const {
   const std::size_t dot = name.find('.');
   if (dot != std::string_view::npos) {
-    if (name.substr(0, dot) != kMainWindow) return {};
+    const std::string_view window = name.substr(0, dot);
     name.remove_prefix(dot + 1);
+    if (window != kMainWindow) {
+      const ProgramWindow* const other = Program.Form1.Windows.Find(window);
+      return other == nullptr ? NamedControl() : other->Controls.Find(name);
+    }
   }
   return Program.Form1.Controls.Find(name);
 }
 
 bool ScriptSession::IsOpenWindow(std::string_view name) const {
-  return name == kMainWindow && !Program.Form1.Closed();
+  if (name == kMainWindow) return !Program.Form1.Closed();
+  return Program.Form1.Windows.IsShown(name);
 }
 
 }  // namespace requite

@@ -71,7 +71,9 @@ class ScriptSession {
 
  private:
   void Carry(std::string_view text);
-  void Record(BrowserView& view);
+  void Record(BrowserView& view, const std::string& window);
+  void Record(ProgramWindow& window);
+  void Forget(ProgramWindow& window);
 };
 
 }  // namespace requite

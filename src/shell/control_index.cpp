@@ -29,6 +29,10 @@ void ControlIndex::AddMembers(Control& control, std::string_view name, std::size
   }
 }
 
+void ControlIndex::ForEach(const std::function<void(Control&)>& act) const {
+  for (const auto& [name, control] : byName_) act(*control.Which);
+}
+
 NamedControl ControlIndex::Find(std::string_view name) const {
   const auto found = byName_.find(name);
   if (found != byName_.end()) return found->second;

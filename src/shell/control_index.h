@@ -34,6 +34,8 @@ class ControlIndex {
   void SetDynamic(std::function<Control*(std::string_view name)> find) { findDynamic_ = std::move(find); }
 
   [[nodiscard]] NamedControl Find(std::string_view name) const;
+  /// Each control that was added, once for each of its names.
+  void ForEach(const std::function<void(Control&)>& act) const;
 
  private:
   void AddMembers(Control& control, std::string_view name, std::size_t count);

@@ -31,6 +31,7 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
   WireWebTab();
   WirePages();
   WireReports();
+  WireWindows();
 }
 
 Form1::~Form1() {

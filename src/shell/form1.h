@@ -23,6 +23,7 @@
 #include "scan/scan_state.h"
 #include "shell/control_index.h"
 #include "shell/form1_controls.h"
+#include "shell/windows.h"
 
 namespace requite {
 
@@ -80,6 +81,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   requite::Scan Scan;
   bool SimpleViewFlag = false;  ///< read at the start, used nowhere
   ControlIndex Controls;
+  requite::Windows Windows;  ///< the last member: its windows refer to the others
 
  private:
   [[nodiscard]] ScanWindow WindowOfScan();
@@ -93,6 +95,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void WireWebTab();
   void WirePages();
   void WireReports();
+  void WireWindows();
 
   void mnuFile_Click(int index);
   void mnuScanItem_Click(int index);
@@ -100,8 +103,10 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void optAll_Click(int index);
   void optScript_Click(int index);
   void FillFromMainSites(ComboBox& box);
+  void frmWebsite_Unload();
 
   bool closed_ = false;
+  bool endsWithWebsite_ = false;
 };
 
 }  // namespace requite

@@ -90,7 +90,9 @@ void Form1::Close() {
   Platform.timTimeout.Stop();
   Platform.Connection.Close();
   Platform.Internet.Abort();
-  if (OnEnd) OnEnd();
+  for (const char* window : {"Form3", "Form4", "frmExport"}) Windows.Close(window);
+  endsWithWebsite_ = Windows.Find("frmWebsite") != nullptr;
+  if (!endsWithWebsite_ && OnEnd) OnEnd();
 }
 
 }  // namespace requite

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// The windows that the main window opens.
+#include "shell/form1.h"
+#include "shell/product.h"
+#include "shell/small_windows.h"
+
+namespace requite {
+
+void Form1::WireWindows() {
+  Windows.Register("frmAbout", [this] { return std::make_unique<frmAbout>(Windows); });
+  Windows.Register("frmWebsite", [this] {
+    return std::make_unique<frmWebsite>(Windows, "file://" + Folder.File(product::kHomePage),
+                                        [this] { frmWebsite_Unload(); });
+  });
+  Windows.Register("Form5", [this] { return std::make_unique<Form5>(Windows); });
+  cmdWebsite.OnClick = [this] { Windows.Show("frmWebsite"); };
+  mnuAbout.OnClick = [this](int) { Windows.Show("frmAbout"); };
+}
+
+/// The site's browser window may outlast the main window; then the program ends with it.
+void Form1::frmWebsite_Unload() {
+  if (endsWithWebsite_ && OnEnd) OnEnd();
+}
+
+}  // namespace requite

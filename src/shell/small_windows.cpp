@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// What the small windows show and do.
+#include "shell/small_windows.h"
+
+#include "platform/text.h"
+#include "shell/product.h"
+#include "shell/windows.h"
+
+namespace requite {
+
+frmAbout::frmAbout(Windows& windows)
+    : ProgramWindow(windows, "frmAbout", "About " + std::string(product::kName)),
+      lblProduct("lblProduct", std::string(product::kName)),
+      lblVersion("lblVersion", std::string(product::kVersion)),
+      lblCompany("lblCompany", std::string(product::kCompany)),
+      lblWebsite("lblWebsite", std::string(product::kSite)) {
+  lblWebsite.OnClick = [this] { Others.Show("frmWebsite"); };
+  for (Control* each : std::initializer_list<Control*>{&lblProduct, &lblVersion, &lblCompany, &lblWebsite}) {
+    Controls.Add(*each);
+  }
+}
+
+frmWebsite::frmWebsite(Windows& windows, std::string address, std::function<void()> onUnload)
+    : ProgramWindow(windows, "frmWebsite", std::string(product::kSite)),
+      address_(std::move(address)),
+      onUnload_(std::move(onUnload)) {
+  Controls.Add(WebBrowser1);
+}
+
+void frmWebsite::Load() {
+  if (!Contains(address_, "://", Compare::Binary)) address_ = "http://" + address_;
+  WebBrowser1.Navigate(address_);
+}
+
+void frmWebsite::Unload() { onUnload_(); }
+
+Form5::Form5(Windows& windows) : ProgramWindow(windows, "Form5", "Posting Log") { Controls.Add(Text4); }
+
+}  // namespace requite

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// The small windows around the main one: About, the site's browser window and the log of a posting.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/controls.h"
+#include "shell/label.h"
+#include "shell/program_window.h"
+
+namespace requite {
+
+/// The About window: product, version, owner and site. A click on the site opens its browser window.
+struct frmAbout : ProgramWindow {
+  explicit frmAbout(Windows& windows);
+
+  Label lblProduct;
+  Label lblVersion;
+  Label lblCompany;
+  Button lblWebsite;  ///< shown as a link
+};
+
+/// A small browser window on the site's address.
+struct frmWebsite : ProgramWindow {
+  /// `address` is the site's; "http://" is put before it when it has no scheme. `onUnload` runs when
+  /// the window has been closed.
+  frmWebsite(Windows& windows, std::string address, std::function<void()> onUnload);
+  void Load() override;
+  void Unload() override;
+
+  BrowserView WebBrowser1{"WebBrowser1"};
+
+ private:
+  std::string address_;
+  std::function<void()> onUnload_;
+};
+
+/// The log of a posting: one text box that fills the window.
+struct Form5 : ProgramWindow {
+  explicit Form5(Windows& windows);
+
+  TextBox Text4{"Text4"};
+};
+
+}  // namespace requite
