@@ -45,6 +45,10 @@ void TextBox::SetText(std::string text) {
   if (programChange_ == ProgramChange::RunsHandler && OnChange) OnChange();
 }
 
+void TextBox::MoveCursorToEnd() {
+  if (View() != nullptr) View()->MoveCursorToEnd();
+}
+
 void TextBox::UserSets(std::string text) {
   if (text == text_) return;
   text_ = std::move(text);

@@ -20,6 +20,8 @@ class ControlView {
   virtual void Refresh(const Control& control) = 0;
   /// The logic put the focus on the control.
   virtual void TakeFocus() {}
+  /// The logic put a text box's cursor behind its text.
+  virtual void MoveCursorToEnd() {}
 };
 
 /// A named control with its enabled and visible state. Controls are never copied: views point at them.
@@ -50,6 +52,7 @@ class Control {
   void Changed() {
     if (view_ != nullptr) view_->Refresh(*this);
   }
+  [[nodiscard]] ControlView* View() const { return view_; }
 
  private:
   std::string name_;
@@ -94,6 +97,8 @@ class TextBox : public Control {
   [[nodiscard]] const std::string& Text() const { return text_; }
   /// The program sets the text; setting the same text again is no change.
   void SetText(std::string text);
+  /// Puts the cursor behind the text, where a view shows one.
+  void MoveCursorToEnd();
   /// The user makes this the whole text, in one change.
   void UserSets(std::string text);
   /// The user types at the end of the text, one change a character.

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// The walk over the results and the HTML of one entry.
+#include "pagebuilder/page_builder.h"
+
+#include <string_view>
+#include <unordered_set>
+
+#include "pagebuilder/link_pages.h"
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+constexpr int kOneMainSite = 1;
+
+struct Style {
+  bool Bullets;
+  bool NewWindow;
+};
+
+/// Nothing of a field is escaped: users put their own tags there.
+std::string Entry(LinkPages& pages, const std::string& linking, int k, Style style) {
+  std::string url = pages.GetLinkPageUrl(linking, k);
+  const std::string text = pages.GetLinkPageText(linking, k);
+  const std::string description = pages.GetLinkPageDescription(linking, k);
+  if (!Contains(url, "http://", Compare::Text)) url.insert(0, "http://");
+
+  std::string entry = "<a href=\"" + url + "\"";
+  if (style.NewWindow) entry += " target=\"_blank\"";
+  entry += ">" + text + "</a>";
+  if (!IsEmptyOrBlank(description)) entry += "<BR>" + description;
+  if (style.Bullets) entry = "<li>" + entry + "</li>";
+  return entry + "<br><br>\r\n";
+}
+
+}  // namespace
+
+void PageBuilder::GenerateLinks() {
+  if (project_.List3.Empty()) {
+    dialogs_.Say(
+        "No links were found in your Links List to generate HTML from.  Please scan for links first.");
+    return;
+  }
+  project_.txtHTML2.SetText(Links());
+}
+
+std::string PageBuilder::Links() const {
+  const Style style{options_.chkBullet.Value() == 1, options_.chkNewWin.Value() == 1};
+  const bool onlyOne = options_.optAll.Chosen() == kOneMainSite;
+  LinkPages pages(project_);
+  // Hosts that have an entry, compared with Main Sites: the two meet only where a Main Site is also the host
+  // of an earlier entry, and a host with several links gets them all. The unused slot behind the last
+  // host is compared too, and equals a Main Site without text. Kept as it is.
+  std::unordered_set<std::string_view> used;
+  std::string out;
+  for (std::size_t row = 0; row < project_.List3.RowCount(); ++row) {
+    const LinkResult& result = project_.List3.At(row);
+    if (onlyOne && result.Main != options_.Combo3.Text()) continue;
+    const int k = pages.FindMainSiteIndex(result.Main) + 1;
+    if (!used.empty() && (result.Main.empty() || used.contains(result.Main))) continue;
+    // Found anywhere in the word, so indirect and redirected links are in.
+    if (!Contains(result.Status, "direct", Compare::Text)) continue;
+    used.insert(result.Linking);
+    out += Entry(pages, result.Linking, k, style);
+  }
+  return out;
+}
+
+std::string PageBuilder::WebPage() const {
+  std::string page = project_.txtHTML1.Text();
+  page += "\r\n\r\n";
+  page += project_.txtHTML2.Text();
+  page += "\r\n\r\n";
+  page += project_.txtHTML3.Text();
+  return page += kLineEnd;
+}
+
+void PageBuilder::SaveWebpage() {
+  const std::string page = WebPage();
+  const std::string name = dialogs_.AskSaveName(
+      {folder_.Path, "Web Files (*.htm, *.html, *.asp, *.php, *.txt)|*.htm;*.asp;*.php;*.html", ""});
+  if (name.empty()) return;
+  if (xfileExists(name)) DeleteFile(name);
+  AppendToFile(name, page);
+}
+
+}  // namespace requite

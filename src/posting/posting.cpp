@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// The walk over the result rows, and the list of script URLs.
+#include "posting/posting.h"
+
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+#include "posting/url_encode.h"
+#include "scan/http_get_text.h"
+
+namespace requite {
+
+std::string FindScriptUrl(const RecordList<ScriptUrlEntry>& lstMulti, std::string_view mainSite) {
+  for (std::size_t row = 0; row < lstMulti.RowCount(); ++row) {
+    const ScriptUrlEntry& entry = lstMulti.At(row);
+    if (Trim(entry.MainSite) == Trim(mainSite)) return entry.ScriptUrl;
+  }
+  return {};
+}
+
+void Posting::Wire() {
+  tab_.optScript.OnClick = [this](int index) { optScript_Click(index); };
+  tab_.lstMulti.OnItemClick = [this](int row) {
+    if (row >= 0) tab_.cmdScriptDel.SetEnabled(true);
+  };
+  tab_.cmbSites.OnEnter = [this] { cmdScriptAdd(); };
+  tab_.txtPost2.OnEnter = [this] { cmdScriptAdd(); };
+  tab_.cmdScriptAdd.OnClick = [this] { cmdScriptAdd(); };
+  tab_.cmdScriptDel.OnClick = [this] { cmdScriptDel(); };
+  tab_.cmdPost.OnClick = [this] { PostLinks(); };
+  tab_.cmdVariables.OnClick = [this] { cmdVariables(); };
+  tab_.cmdExample.OnClick = [this] { cmdExample(); };
+}
+
+void Posting::PostLinks() {
+  const int stops = stops_;
+  ShowWindow();
+  if (needs_.List3.Empty()) {
+    ShowStatus("You must perform a scan for reciprocal links first");
+    return;
+  }
+  const std::string atStart = tab_.txtPost.Text();
+  // Events run within each row, so the list is asked anew for every one of them.
+  for (std::size_t row = 0; row < needs_.List3.RowCount() && !EndedSince(stops); ++row) {
+    std::string linkingSite;
+    std::optional<std::string> url = UrlFor(needs_.List3.At(row), atStart, linkingSite);
+    if (!url) continue;
+    ShowStatus("Sending Site " + std::to_string(row + 1) + ": " + linkingSite);
+    if (EndedSince(stops)) return;
+    const std::string reply = HttpGetText(*url, needs_.Internet, needs_.EventLoop);
+    if (EndedSince(stops)) return;
+    Log("\r\nURL: " + *url + "\r\n");
+    if (!reply.empty()) Log("\r\nReturned: " + reply + "\r\n");
+    needs_.Log.Text4().MoveCursorToEnd();
+  }
+}
+
+std::optional<std::string> Posting::UrlFor(const LinkResult& row, const std::string& atStart,
+                                           std::string& linkingSite) const {
+  const std::optional<std::string> script = ScriptFor(row, atStart);
+  if (!script) return std::nullopt;
+  linkingSite = UrlEncodeValue(row.Linking);
+  const bool linksBack = Contains(row.Status, "direct", Compare::Text);
+  if (!linksBack && Contains(row.Status, "missing", Compare::Text)) return std::nullopt;
+  // A domain link counts as none here, although it is reported as a link.
+  return BuildUrl(*script, {UrlEncodeValue(row.Main), linkingSite, linksBack ? "True" : "False",
+                            UrlEncodeValue(row.LinkUrl)});
+}
+
+void Posting::ShowStatus(std::string text) {
+  tab_.StatusBar1.SetPanel(1, std::move(text));
+  needs_.EventLoop.LetPendingEventsRun();
+}
+
+void Posting::Log(const std::string& text) {
+  // A text box ends at the first character of code 0. Short replies are filled up with such, and what
+  // is added behind them, the line end among it, is lost.
+  TextBox& box = needs_.Log.Text4();
+  std::string whole = box.Text() + text;
+  whole.resize(Before(whole, '\0').size());
+  box.SetText(std::move(whole));
+}
+
+void Posting::optScript_Click(int index) {
+  needs_.Settings.SaveSetting(setting::optScript, index);
+  const bool oneForEachSite = index == 1;
+  tab_.txtPost.SetEnabled(!oneForEachSite);
+  tab_.lstMulti.SetEnabled(oneForEachSite);
+  tab_.cmdScriptAdd.SetEnabled(oneForEachSite);
+  tab_.cmbSites.SetEnabled(oneForEachSite);
+  tab_.txtPost2.SetEnabled(oneForEachSite);
+  tab_.cmdScriptDel.SetEnabled(false);  // until a row is clicked
+}
+
+void Posting::cmdScriptAdd() {
+  if (!MayAdd()) return;
+  tab_.lstMulti.Add({tab_.cmbSites.Text(), tab_.txtPost2.Text()});
+}
+
+void Posting::cmdScriptDel() {
+  PassOver([this] {
+    const int row = tab_.lstMulti.SelectedRow();
+    if (row >= 0) tab_.lstMulti.Remove(static_cast<std::size_t>(row));
+  });
+}
+
+void MainPosting::ShowWindow() { needs_.Log.ShowForm5(); }
+
+std::optional<std::string> MainPosting::ScriptFor(const LinkResult& row, const std::string&) const {
+  if (tab_.optScript.Chosen() == 0) return tab_.txtPost.Text();
+  std::string script = FindScriptUrl(tab_.lstMulti, row.Main);
+  if (IsEmptyOrBlank(script)) return std::nullopt;
+  return script;
+}
+
+std::string MainPosting::BuildUrl(const std::string& script, const Values& values) const {
+  std::string url = script;
+  ReplaceIn(url, "$MainSite", values.MainSite, Compare::Text);
+  ReplaceIn(url, "$FoundOn", values.FoundOn, Compare::Text);
+  ReplaceIn(url, "$LinkingSite", values.LinkingSite, Compare::Text);
+  ReplaceIn(url, "$Status", values.Status, Compare::Text);
+  return url;
+}
+
+bool MainPosting::MayAdd() const { return tab_.cmbSites.Text() != "Select" && !tab_.cmbSites.Text().empty(); }
+
+std::string ImportPosting::BuildUrl(const std::string& script, const Values& values) const {
+  // "$FoundOn" is filled into the plain script, and what "$MainSite" stood for is lost. Kept as it is.
+  std::string url = Replace(script, "$FoundOn", values.FoundOn, Compare::Text);
+  ReplaceIn(url, "$LinkingSite", values.LinkingSite, Compare::Text);
+  ReplaceIn(url, "$Status", values.Status, Compare::Text);
+  return url;
+}
+
+}  // namespace requite

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// Handing the results to the user's script: one request for each result row.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/record_list.h"
+#include "model/records.h"
+#include "model/settings.h"
+#include "platform/controls.h"
+#include "platform/services.h"
+
+namespace requite {
+
+/// The window that tells what was requested and what came back.
+class PostLog {
+ public:
+  virtual ~PostLog() = default;
+  /// Loads and shows the window Form5.
+  virtual void ShowForm5() = 0;
+  /// Its text box; loads the window unseen when it is not loaded. The reference ends with the window, so
+  /// it is asked for anew at each use.
+  [[nodiscard]] virtual TextBox& Text4() = 0;
+};
+
+/// What posting needs beside its tab.
+struct PostingNeeds {
+  const RecordList<LinkResult>& List3;
+  requite::Settings Settings;
+  requite::Internet& Internet;
+  requite::EventLoop& EventLoop;
+  requite::Dialogs& Dialogs;
+  PostLog& Log;
+  std::function<bool()> Ended;  ///< the program is closing: no further row is posted
+};
+
+/// The controls of a posting tab. They must outlive every run of PostLinks.
+struct PostingTab {
+  OptionGroup& optScript;
+  TextBox& txtPost;
+  RecordList<ScriptUrlEntry>& lstMulti;
+  ComboBox& cmbSites;
+  TextBox& txtPost2;
+  Button& cmdScriptAdd;
+  Button& cmdScriptDel;
+  Button& cmdPost;
+  Button& cmdVariables;
+  Button& cmdExample;
+  StatusBar& StatusBar1;
+};
+
+/// The script URL of a Main Site: the first entry whose trimmed text is exactly the trimmed argument;
+/// empty without one.
+[[nodiscard]] std::string FindScriptUrl(const RecordList<ScriptUrlEntry>& lstMulti,
+                                        std::string_view mainSite);
+
+/// What the posting tabs have in common. The main window's tab and the weaker copy in the import windows
+/// differ in the private functions below, and all the differences stay: scripts were written for both.
+class Posting {
+ public:
+  Posting(PostingNeeds needs, const PostingTab& tab) : needs_(std::move(needs)), tab_(tab) {}
+  virtual ~Posting() = default;
+  Posting(const Posting&) = delete;
+  Posting& operator=(const Posting&) = delete;
+
+  /// Sets the handlers of every control of the tab, but for txtPost's change.
+  void Wire();
+
+  /// Requests the script URL once for each row of List3, in the order of the view. Lets events run, and
+  /// nothing guards against a second press meanwhile: it starts a second walk inside the first. A walk
+  /// ends where the list has no further row, whatever happened to the list meanwhile.
+  void PostLinks();
+  /// Ends every walk in progress before its next row.
+  void Stop() { ++stops_; }
+
+  void optScript_Click(int index);
+  void cmdScriptAdd();
+  /// Removes the selected entry; failures are passed over.
+  void cmdScriptDel();
+  void cmdVariables();
+  void cmdExample();
+
+ protected:
+  /// One row as it goes into a script URL.
+  struct Values {
+    std::string MainSite;
+    std::string LinkingSite;
+    std::string Status;
+    std::string FoundOn;
+  };
+
+  PostingNeeds needs_;
+  PostingTab tab_;
+
+ private:
+  virtual void ShowWindow() = 0;
+  /// The script URL for a row; nothing passes the row over. `atStart` is what txtPost held when the run
+  /// started.
+  [[nodiscard]] virtual std::optional<std::string> ScriptFor(const LinkResult& row,
+                                                             const std::string& atStart) const = 0;
+  [[nodiscard]] virtual std::string BuildUrl(const std::string& script, const Values& values) const = 0;
+  [[nodiscard]] virtual bool MayAdd() const = 0;
+  /// What stands behind the words of a help box's title.
+  [[nodiscard]] virtual std::string TitleTail(std::string_view sentence) const = 0;
+  [[nodiscard]] virtual std::string PersonalExample() const = 0;
+
+  [[nodiscard]] bool EndedSince(int stops) const { return stops != stops_ || needs_.Ended(); }
+  [[nodiscard]] std::optional<std::string> UrlFor(const LinkResult& row, const std::string& atStart,
+                                                  std::string& linkingSite) const;
+  void ShowStatus(std::string text);
+  void Log(const std::string& text);
+
+  int stops_ = 0;
+};
+
+/// The "Post" tab of the main window.
+class MainPosting : public Posting {
+ public:
+  using Posting::Posting;
+
+ private:
+  void ShowWindow() override;
+  [[nodiscard]] std::optional<std::string> ScriptFor(const LinkResult& row,
+                                                     const std::string& atStart) const override;
+  [[nodiscard]] std::string BuildUrl(const std::string& script, const Values& values) const override;
+  [[nodiscard]] bool MayAdd() const override;
+  [[nodiscard]] std::string TitleTail(std::string_view sentence) const override;
+  [[nodiscard]] std::string PersonalExample() const override { return {}; }
+};
+
+/// The "Post Links" tab of an import window. Its own URL, read as the run starts, is the only script;
+/// "$MainSite" goes out unreplaced; the log fills without being shown.
+class ImportPosting : public Posting {
+ public:
+  /// `showForm4` shows the window Form4, which both import windows do.
+  ImportPosting(PostingNeeds needs, const PostingTab& tab, std::function<void()> showForm4)
+      : Posting(std::move(needs), tab), showForm4_(std::move(showForm4)) {}
+
+ private:
+  void ShowWindow() override { showForm4_(); }
+  [[nodiscard]] std::optional<std::string> ScriptFor(const LinkResult&,
+                                                     const std::string& atStart) const override {
+    return atStart;
+  }
+  [[nodiscard]] std::string BuildUrl(const std::string& script, const Values& values) const override;
+  [[nodiscard]] bool MayAdd() const override { return true; }
+  [[nodiscard]] std::string TitleTail(std::string_view) const override { return {}; }
+  [[nodiscard]] std::string PersonalExample() const override;
+
+  std::function<void()> showForm4_;
+};
+
+}  // namespace requite

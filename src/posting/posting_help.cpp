@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// The two help boxes of the posting tabs.
+#include "platform/text.h"
+#include "posting/posting.h"
+
+namespace requite {
+namespace {
+
+// A host of each kind that nobody has.
+constexpr std::string_view kMainHost = "main-site.example";
+constexpr std::string_view kLinkingHost = "linking-site.example";
+constexpr std::string_view kScriptUrl =
+    "http://script-host.example/getlinks.asp?mySite=$MainSite&&myURL=$LinkingSite&&myStatus=$Status"
+    "&&myLinkPage=$FoundOn";
+
+constexpr std::string_view kEncoded =
+    "These values will be URL Encoded in order to keep the integrity of the posting link.";
+constexpr std::string_view kByCreating =
+    "By creating a script enabled page (getlinks.asp in the above example) you can grab the results from "
+    "the URL when it is hit, and manipulate items in a link database or create an entire link page on the "
+    "fly based on these values.";
+
+std::string LinkPage() { return std::string(kLinkingHost) + "/links.htm"; }
+
+std::string WithSamples(std::string_view script) {
+  std::string url = Replace(script, "$MainSite", kMainHost, Compare::Text);
+  ReplaceIn(url, "$FoundOn", LinkPage(), Compare::Text);
+  ReplaceIn(url, "$LinkingSite", kLinkingHost, Compare::Text);
+  ReplaceIn(url, "$Status", "True", Compare::Text);
+  return url;
+}
+
+std::string FixedExample() {
+  return "Each place there is a variable (starting with a $) in your script URL it will be replaced by "
+         "actual "
+         "information from your results list.  The software will modify and hit your URL once for each item "
+         "in your results list, triggering your script for each item.\r\n"
+         "\r\n"
+         "For example, if your results list contained the following four items:\r\n"
+         "\r\n"
+         "Main Site: " +
+         std::string(kMainHost) + "\r\nLinking Site: " + std::string(kLinkingHost) +
+         "\r\nStatus: Direct Link\r\nActual Link URL: " + LinkPage() + "\r\n\r\n" + std::string(kScriptUrl) +
+         "\r\nwould become\r\n" + WithSamples(kScriptUrl) + "\r\n\r\n";
+}
+
+}  // namespace
+
+void Posting::cmdVariables() {
+  needs_.Dialogs.Show(
+      {"Where ever you place the following variables in your link, the software will replace them with the "
+       "actual results of your scan, and hit the resulting url once, for each item in your results list."
+       "\r\n\r\n"
+       "$MainSite - Inserts the Domain/URL of your Main Site \r\n"
+       "$LinkingSite - Inserts the Domain/URL from your Remote Site List\r\n"
+       "$Status - Inserts 'True' if a reciprocal link was found, otherwise inserts 'False'\r\n"
+       "$FoundOn - Inserts the Domain/URL of the page a reciprocal link was found on"
+       "\r\n\r\n",
+       "URL Variables" + TitleTail(kEncoded), Buttons::Ok, BoxIcon::None});
+}
+
+void Posting::cmdExample() {
+  needs_.Dialogs.Show({FixedExample() + PersonalExample(), "URL Example" + TitleTail(kByCreating),
+                       Buttons::Ok, BoxIcon::None});
+}
+
+// The second sentence stands in the title and not in the text. Kept as it is.
+std::string MainPosting::TitleTail(std::string_view sentence) const {
+  return "\r\n\r\n" + std::string(sentence);
+}
+
+std::string ImportPosting::PersonalExample() const {
+  const std::string& script = tab_.txtPost.Text();
+  if (script.empty() || script == "http://") {
+    return "\r\n\r\nEnter a test URL and click this button again to see it's variables replaced.";
+  }
+  return "\r\n\r\nIf the same site existed in your results list, the URL you entered\r\n" + script +
+         "\r\nwould become\r\n" + WithSamples(script) + "\r\nAfter replacing all variables in your URL.";
+}
+
+}  // namespace requite
