@@ -22,7 +22,11 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Web({TabStrip1, WebBrowser1, Sites.List3, Lists.lstErr, lblErr, txtURL}, services.Shell),
       Popup(Sites.List3, services.Clipboard, [this](const std::string& url) { Web.BrowseInWebTab(url); }),
       Saved(Sites.List3, folder, services.Dialogs),
-      Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder) {
+      Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder),
+      Pages(Sites, {optAll, Combo3, chkNewWin, chkBullet}, folder, services.Dialogs),
+      PostedLog(Windows),
+      Post(NeedsOfPosting(), {optScript, Sites.txtPost, Sites.lstMulti, cmbSites, txtPost2, cmdScriptAdd,
+                              cmdScriptDel, cmdPost, cmdVariables, cmdExample, StatusBar1}) {
   BuildIndex();
   WireScan();
   WireFiles();
@@ -30,6 +34,7 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
   WireMenus();
   WireWebTab();
   WirePages();
+  Post.Wire();
   WireReports();
   WireWindows();
 }
@@ -43,6 +48,11 @@ ScanWindow Form1::WindowOfScan() {
   return {Command1,   cmdStop,   cmdSkip,         cmdNextSearch, Command10, Command11, cmdNew,  cmdOpen,
           cmdSave,    cmdResume, cmdViewDatabase, Command2,      Command3,  Frame1,    mnuScan, mnuSkipPopup,
           StatusBar1, pb1,       txtDomain,       Text1};
+}
+
+PostingNeeds Form1::NeedsOfPosting() {
+  return {Sites.List3,      Settings,  Platform.Internet,         Platform.EventLoop,
+          Platform.Dialogs, PostedLog, [this] { return closed_; }};
 }
 
 void Form1::WireScan() {

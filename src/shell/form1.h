@@ -12,8 +12,10 @@
 #include "model/quick_save.h"
 #include "model/settings.h"
 #include "model/site_editing.h"
+#include "pagebuilder/page_builder.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "posting/posting.h"
 #include "results/report.h"
 #include "results/results_popup.h"
 #include "results/saved_files.h"
@@ -23,6 +25,7 @@
 #include "scan/scan_state.h"
 #include "shell/control_index.h"
 #include "shell/form1_controls.h"
+#include "shell/form5_log.h"
 #include "shell/windows.h"
 
 namespace requite {
@@ -66,6 +69,9 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void ResetSiteCounters() override { Figures.ResetSiteCounters(); }
   void GenerateLinkReport() override { Report.GenerateLinkReport(); }
 
+  /// What the posting tabs of all windows work with. Log and list are the main window's.
+  [[nodiscard]] PostingNeeds NeedsOfPosting();
+
   requite::Services& Platform;
   const ProgramFolder& Folder;
   requite::Settings Settings;
@@ -79,6 +85,9 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   ResultsPopup Popup;
   SavedFiles Saved;
   requite::Scan Scan;
+  PageBuilder Pages;
+  Form5Log PostedLog;
+  MainPosting Post;
   bool SimpleViewFlag = false;  ///< read at the start, used nowhere
   ControlIndex Controls;
   requite::Windows Windows;  ///< the last member: its windows refer to the others
@@ -101,7 +110,6 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void mnuScanItem_Click(int index);
   void mnuSkipItem_Click(int index);
   void optAll_Click(int index);
-  void optScript_Click(int index);
   void FillFromMainSites(ComboBox& box);
   void frmWebsite_Unload();
 

@@ -55,7 +55,8 @@ void Form1::WirePages() {
   chkNewWin.OnClick = [this] { Settings.SaveSetting(setting::chkNewWin, chkNewWin.Value()); };
   chkBullet.OnClick = [this] { Settings.SaveSetting(setting::chkBullet, chkBullet.Value()); };
   optAll.OnClick = [this](int index) { optAll_Click(index); };
-  optScript.OnClick = [this](int index) { optScript_Click(index); };
+  Command5.OnClick = [this] { Pages.GenerateLinks(); };
+  Command6.OnClick = [this] { Pages.SaveWebpage(); };
   Combo1.OnClick = [this] { Settings.SaveSetting(setting::Combo1, Combo1.ListIndex()); };
   Combo2.OnClick = [this] { Settings.SaveSetting(setting::Combo2, Combo2.ListIndex()); };
   cmbLastSearch.OnClick = [this] { Settings.SaveSetting(setting::cmbLastSearch, cmbLastSearch.ListIndex()); };
@@ -65,17 +66,6 @@ void Form1::WirePages() {
 void Form1::optAll_Click(int index) {
   Settings.SaveSetting(setting::optAll, index);
   Combo3.SetEnabled(index == 1);
-}
-
-void Form1::optScript_Click(int index) {
-  Settings.SaveSetting(setting::optScript, index);
-  const bool oneForEachSite = index == 1;
-  Sites.txtPost.SetEnabled(!oneForEachSite);
-  Sites.lstMulti.SetEnabled(oneForEachSite);
-  cmdScriptAdd.SetEnabled(oneForEachSite);
-  cmbSites.SetEnabled(oneForEachSite);
-  txtPost2.SetEnabled(oneForEachSite);
-  cmdScriptDel.SetEnabled(false);  // until a row is clicked
 }
 
 }  // namespace requite
