@@ -138,6 +138,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   PageConnection connection(poller, resolver, map);
   QtTimer timTimeout(guard);
   QtTimer timer1(guard);
+  QtTimer timBrowser(guard);
   BlockingGet internet(map);
   ConsoleDialogs dialogs;
   MemoryClipboard clipboard;
@@ -145,7 +146,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   QuietShell shell;
   SystemClock clock;
   Services services{events,  connection, timTimeout, timer1, internet, store,
-                    dialogs, clipboard,  sounds,     shell,  clock};
+                    dialogs, clipboard,  sounds,     shell,  clock,    timBrowser};
   Form1 form1(services, folder);
   project = &form1.Sites;
   ConsoleProgram program{form1, loop, store, dialogs, sounds, clipboard, kCodec, std::cout, std::cerr};

@@ -141,13 +141,16 @@ class Clock {
   virtual ~Clock() = default;
   [[nodiscard]] virtual std::string ShortDate() = 0;
   [[nodiscard]] virtual std::string ShortTime() = 0;
+  /// Local date and time in a form that sorts, whatever the locale: "2026-01-02 15:04:05".
+  [[nodiscard]] virtual std::string IsoDateTime() = 0;
   /// A number with exactly two digits behind the decimal sign, halves away from zero, with the
   /// locale's decimal and grouping signs.
   [[nodiscard]] virtual std::string TwoDecimals(double value) = 0;
 };
 
 /// All services, handed down by reference. The timers and the connection are those of the one
-/// page fetch (`timTimeout`, `wsc`) and of the main window (`Timer1`).
+/// page fetch (`timTimeout`, `wsc`), of the main window (`Timer1`) and of the view that fetches its pages
+/// by blocking GETs (`timBrowser`).
 struct Services {
   requite::EventLoop& EventLoop;
   requite::Connection& Connection;
@@ -160,6 +163,7 @@ struct Services {
   SoundPlayer& Sounds;
   requite::Shell& Shell;
   requite::Clock& Clock;
+  Timer& timBrowser;
 };
 
 }  // namespace requite

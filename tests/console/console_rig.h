@@ -71,7 +71,8 @@ struct ConsoleRig {
                         Clipboard,
                         Sounds,
                         Services.Shell,
-                        Services.Clock};
+                        Services.Clock,
+                        Services.timBrowser};
   requite::Form1 Form{All, Folder.Folder};
   std::ostringstream Out;
   std::ostringstream Err;

@@ -208,6 +208,7 @@ class ManualClock : public Clock {
  public:
   std::string ShortDate() override { return "1/2/2026"; }
   std::string ShortTime() override { return "3:04 PM"; }
+  std::string IsoDateTime() override { return "2026-01-02 15:04:05"; }
   std::string TwoDecimals(double value) override {
     std::string digits = std::to_string(static_cast<long long>(value * 100 + 0.5));
     while (digits.size() < 3) digits.insert(0, 1, '0');
@@ -228,8 +229,9 @@ struct FakeServices {
   FakeSounds Sounds;
   FakeShell Shell;
   ManualClock Clock;
+  ManualTimer timBrowser;
   Services All{EventLoop, Connection, timTimeout, Timer1, Internet, Store,
-               Dialogs,   Clipboard,  Sounds,     Shell,  Clock};
+               Dialogs,   Clipboard,  Sounds,     Shell,  Clock,    timBrowser};
 };
 
 /// A folder of its own for one test, removed with everything in it.

@@ -17,6 +17,10 @@ std::string SystemClock::ShortTime() {
   return FromUnicode(locale_.toString(QTime::currentTime(), QLocale::ShortFormat));
 }
 
+std::string SystemClock::IsoDateTime() {
+  return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
+}
+
 std::string SystemClock::TwoDecimals(double value) {
   // Rounded as it is written in decimal: 1.005 is a half to the reader, although its binary form lies
   // a little below.

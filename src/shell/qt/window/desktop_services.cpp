@@ -12,6 +12,7 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       connection_(poller_, resolver_, map),
       timTimeout_(guard),
       timer1_(guard),
+      timBrowser_(guard),
       internet_(map) {}
 
 }  // namespace requite

@@ -33,6 +33,7 @@ class DesktopServices {
   PageConnection connection_;
   QtTimer timTimeout_;
   QtTimer timer1_;
+  QtTimer timBrowser_;
   BlockingGet internet_;
   QtDialogs dialogs_;
   QtClipboard clipboard_;
@@ -42,7 +43,7 @@ class DesktopServices {
 
  public:
   Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
-               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
+               dialogs_, clipboard_,  sounds_,     shell_,  clock_,    timBrowser_};
 };
 
 }  // namespace requite

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// Picks e-mail addresses out of a saved page. Held in reserve: the page loop does not come here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "harvest/email_pattern.h"
+#include "harvest/mod_database.h"
+#include "scan/scan_context.h"
+
+namespace requite {
+
+class EmailHarvester {
+ public:
+  /// Both must outlive this object.
+  EmailHarvester(ScanContext& context, modDatabase& database) : context_(context), database_(database) {}
+
+  /// Reads the flat page file of a connection to its end, stores and counts each new address, and goes on
+  /// with ScanNextPage. Lets events run all the time; a scan that is stopped meanwhile ends it in the middle
+  /// of a line. Failures are passed over.
+  void ExtractEmails(std::int16_t connection);
+  [[nodiscard]] bool IsValidEmail(std::string_view text) const { return pattern_.IsValidEmail(text); }
+
+ private:
+  void ReadLines(std::int16_t connection);
+  [[nodiscard]] bool ReadLine(std::string line);
+  void TakeAddress(std::string candidate, const std::string& right);
+  void CountAddress(std::string_view right);
+  void QueueWebsite(std::string_view right);
+
+  ScanContext& context_;
+  modDatabase& database_;
+  EmailPattern pattern_;
+};
+
+}  // namespace requite

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// A browser view's engine that shows nothing: each page is the answer to one blocking GET.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/controls.h"
+#include "platform/services.h"
+
+namespace requite {
+
+/// A navigation returns at once; its page is fetched in a later event and is complete when the whole of it
+/// has come. A page that cannot be fetched is never complete.
+class PageFetcher : public BrowserEngine {
+ public:
+  /// The timer serves for "later" and is this object's from the first navigation to Stop. `stays` runs
+  /// around each fetch, which lets events run: the owner must not go before it has returned.
+  PageFetcher(BrowserView& view, Internet& internet, Timer& timer,
+              std::function<void(const std::function<void()>& fetch)> stays);
+  ~PageFetcher() override;
+  PageFetcher(const PageFetcher&) = delete;
+  PageFetcher& operator=(const PageFetcher&) = delete;
+
+  void Navigate(const std::string& url) override;
+  /// What is being fetched is dropped when it comes.
+  void Stop() override;
+  void Refresh() override;
+  /// There is no history: both throw InvalidArgument.
+  void GoBack() override;
+  void GoForward() override;
+
+  /// The text of the page at hand, as it was served.
+  [[nodiscard]] const std::string& Page() const { return page_; }
+
+ private:
+  void Fetch();
+
+  BrowserView& view_;
+  Internet& internet_;
+  Timer& timer_;
+  std::function<void(const std::function<void()>& fetch)> stays_;
+  std::string url_;
+  std::string page_;
+  int navigation_ = 0;
+  bool waiting_ = false;
+};
+
+}  // namespace requite
