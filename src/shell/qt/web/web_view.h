@@ -24,7 +24,7 @@ class WebViewEvents {
   virtual void RendererEnded() = 0;
   /// The page wanted something that is not given (a download); the page on show stays.
   virtual void Refused(const QString& what) = 0;
-  /// A link of a local page to `host`, without a scheme or with one that a view does not follow by itself.
+  /// A link that the view leaves to the program: one to a host without a scheme, one for a new window.
   virtual void LinkChosen(const QString& address) = 0;
 };
 

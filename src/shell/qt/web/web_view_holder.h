@@ -58,7 +58,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   const EventGuard& guard_;
   const QString modulePath_;
   WebView* view_ = nullptr;
-  bool asked_ = false;
+  QUrl failed_;
   QProgressBar* progress_ = nullptr;
   QLabel* line_ = nullptr;
   QLabel* noticeTitle_ = nullptr;

@@ -13,6 +13,7 @@
 #include "shell/qt/code_page.h"
 #include "shell/qt/freed_memory.h"
 #include "shell/qt/program_folder.h"
+#include "shell/qt/web/web_module.h"
 #include "shell/qt/window/desktop_services.h"
 #include "shell/qt/window/main_window.h"
 #include "shell/recovery.h"
@@ -92,6 +93,7 @@ int main(int argc, char** argv) {
     std::cerr << "requite: there is no display; requite-console scans from a terminal" << std::endl;
     return 1;
   }
+  requite::PrepareWebEngine();
   QApplication application(argc, argv);
   QApplication::setApplicationName("requite");
   QApplication::setDesktopFileName("requite");

@@ -13,8 +13,9 @@
 #include <QVBoxLayout>
 
 #include "shell/qt/code_page.h"
+#include "shell/qt/web/open_outside_button.h"
+#include "shell/qt/web/web_view_holder.h"
 #include "shell/qt/window/main_window.h"
-#include "shell/qt/window/text_browser_view.h"
 
 namespace requite {
 
@@ -76,8 +77,9 @@ QWidget* MainWindow::BuildWebPage() {
   auto* const go = new QPushButton(page);
   bar->addWidget(go);
   bind_.Bind(form_.cmdGo, *go);
+  bar->addWidget(new OpenOutsideButton(*address, form_.Platform.Shell, guard_, page));
   layout->addLayout(bar);
-  layout->addWidget(new TextBrowserView(form_.WebBrowser1, form_.Platform.Internet, guard_, page), 1);
+  layout->addWidget(new WebViewHolder(form_.WebBrowser1, form_.Platform.Internet, guard_, page), 1);
   return page;
 }
 
@@ -93,7 +95,7 @@ QWidget* MainWindow::BuildReportsPage() {
   }
   bar->addStretch();
   layout->addLayout(bar);
-  layout->addWidget(new TextBrowserView(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
+  layout->addWidget(new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
   return page;
 }
 

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Files come on show only when the program asks; links lead to the web and nowhere else.
+#include "engine_page.h"
+
+#include <QWebEngineCertificateError>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineNewWindowRequest>
+
+namespace requite {
+namespace {
+
+bool IsWeb(const QUrl& url) { return url.scheme() == "http" || url.scheme() == "https"; }
+
+}  // namespace
+
+EnginePage::EnginePage(EngineProfile& profile, WebViewEvents& events)
+    : QWebEnginePage(&profile), events_(events) {
+  connect(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
+    certificateFault_ = error.description();
+    error.rejectCertificate();
+  });
+  connect(this, &QWebEnginePage::newWindowRequested, this, [this](QWebEngineNewWindowRequest& request) {
+    if (request.isUserInitiated()) OpenHere(request.requestedUrl());
+  });
+  connect(this, &QWebEnginePage::featurePermissionRequested, this,
+          [this](const QUrl& origin, Feature feature) {
+            setFeaturePermission(origin, feature, PermissionDeniedByUser);
+          });
+  connect(this, &QWebEnginePage::loadStarted, this, [this] {
+    certificateFault_.clear();
+    endedInDownload_ = false;
+  });
+  connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* download) {
+    if (download->page() != this) return;
+    endedInDownload_ = true;
+    events_.Refused(
+        tr("%1 is no page but a file to download. Nothing was downloaded; use your own browser for it.")
+            .arg(download->url().toDisplayString()));
+  });
+}
+
+void EnginePage::Ask(const QUrl& url) {
+  if (url.isLocalFile() && !asked_.contains(url)) asked_.append(url);
+  load(url);
+}
+
+bool EnginePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+  const bool blank = url.scheme() == "about";
+  if (!isMainFrame) return blank || (IsWeb(url) && IsWeb(this->url()));
+  if (IsWeb(url) || blank) return true;
+  if (!url.isLocalFile()) return false;
+  // These come from the program alone: the load of an asked file, its reload, the way back to it.
+  const bool own =
+      type == NavigationTypeTyped || type == NavigationTypeReload || type == NavigationTypeBackForward;
+  if (own) return asked_.contains(url.adjusted(QUrl::RemoveFragment));
+  if (this->url().matches(url, QUrl::RemoveFragment)) return url.hasFragment();
+  if (type == NavigationTypeLinkClicked) OpenHere(url);
+  return false;
+}
+
+void EnginePage::OpenHere(const QUrl& url) {
+  const QString address = IsWeb(url) ? url.toString(QUrl::FullyEncoded) : HostMeantBy(url, this->url());
+  if (!address.isEmpty()) events_.LinkChosen(address);
+}
+
+}  // namespace requite

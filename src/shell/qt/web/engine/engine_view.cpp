@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// Tells the window how loads go, in sentences where one fails.
+#include "engine_view.h"
+
+#include <QAction>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+
+namespace requite {
+namespace {
+
+constexpr int kAborted = -3;  // the browser's number for a load that something else ended
+
+}  // namespace
+
+EngineView::EngineView(WebViewEvents& events, QWidget* parent)
+    : QWebEngineView(parent),
+      events_(events),
+      profile_(EngineProfile::Acquire()),
+      page_(std::make_unique<EnginePage>(profile_, events)) {
+  setPage(page_.get());
+  AddMenu();
+  connect(page_.get(), &QWebEnginePage::loadProgress, this,
+          [this](int percent) { events_.LoadProgress(percent); });
+  connect(page_.get(), &QWebEnginePage::loadingChanged, this, &EngineView::LoadingChanged);
+  connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this,
+          [this](QWebEnginePage::RenderProcessTerminationStatus status, int) {
+            if (status != QWebEnginePage::NormalTerminationStatus) events_.RendererEnded();
+          });
+}
+
+EngineView::~EngineView() {
+  page_->disconnect(this);
+  page_.reset();
+  profile_.Release();
+}
+
+/// The browser's own menu offers to save pages, to view sources and to open windows.
+void EngineView::AddMenu() {
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  for (const auto action : {QWebEnginePage::Back, QWebEnginePage::Forward, QWebEnginePage::Reload,
+                            QWebEnginePage::Copy, QWebEnginePage::CopyLinkToClipboard}) {
+    addAction(pageAction(action));
+  }
+}
+
+void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
+  switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus: return events_.LoadStarted();
+    case QWebEngineLoadingInfo::LoadSucceededStatus: return events_.PageComplete(info.url());
+    case QWebEngineLoadingInfo::LoadStoppedStatus:
+      if (!page_->isLoading()) events_.LoadStopped();
+      return;
+    case QWebEngineLoadingInfo::LoadFailedStatus: break;
+  }
+  // The page that a server sends with an error is a page.
+  if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
+    return events_.PageComplete(info.url());
+  if (!page_->CertificateFault().isEmpty()) {
+    return events_.PageFailed(info.url(),
+                              tr("Its certificate was refused: %1").arg(page_->CertificateFault()));
+  }
+  if (info.errorCode() == kAborted || page_->EndedInDownload()) {
+    if (!page_->isLoading()) events_.LoadStopped();
+    return;
+  }
+  events_.PageFailed(info.url(), info.errorString());
+}
+
+void EngineView::Reload() { page_->triggerAction(QWebEnginePage::Reload); }
+
+bool EngineView::Back() {
+  if (!page_->history()->canGoBack()) return false;
+  page_->triggerAction(QWebEnginePage::Back);
+  return true;
+}
+
+bool EngineView::Forward() {
+  if (!page_->history()->canGoForward()) return false;
+  page_->triggerAction(QWebEnginePage::Forward);
+  return true;
+}
+
+}  // namespace requite
+
+extern "C" Q_DECL_EXPORT requite::WebView* RequiteMakeWebView(requite::WebViewEvents& events,
+                                                              QWidget* parent) {
+  return new requite::EngineView(events, parent);
+}
