@@ -28,6 +28,8 @@ struct ProgramWindow {
   void Close();
   [[nodiscard]] bool Closed() const { return closed_; }
   [[nodiscard]] const std::string& Name() const { return Main.Name(); }
+  /// How many handlers (and widgets that show it) need the window to stay.
+  [[nodiscard]] int RunningCount() const { return running_; }
 
   Window Main;
   ControlIndex Controls;

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// What all windows beside the main one have in common on screen.
+#include "shell/qt/window/further_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QTableView>
+
+#include "shell/qt/code_page.h"
+
+namespace requite {
+namespace {
+
+QString GeometryKey(const ProgramWindow& window) {
+  return QString::fromStdString(window.Name()) + "/geometry";
+}
+
+}  // namespace
+
+FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& surroundings)
+    : QWidget(surroundings.MainWindow, Qt::Window),
+      window_(window),
+      surroundings_(surroundings),
+      bind_(refresh_, surroundings.Guard) {
+  setObjectName(QString::fromStdString(window.Name()));
+  setWindowTitle(ToUnicode(window.Main.Title()));
+}
+
+FurtherWindow::~FurtherWindow() {
+  QSettings("requite", "window").setValue(GeometryKey(window_), saveGeometry());
+}
+
+void FurtherWindow::RestoreSize(QSize first) {
+  const QSettings layout("requite", "window");
+  if (!restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) resize(first);
+}
+
+void FurtherWindow::closeEvent(QCloseEvent* event) {
+  surroundings_.Guard.Run([this] { window_.Close(); });
+  event->accept();
+}
+
+void FurtherWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+QLabel* FurtherWindow::NewLabel(TextBox& control, QWidget* buddy) {
+  auto* const label = new QLabel(this);
+  label->setBuddy(buddy);
+  bind_.BindLabel(control, *label);
+  return label;
+}
+
+QPushButton* FurtherWindow::NewButton(Button& control, const QString& mnemonic) {
+  auto* const button = new QPushButton(this);
+  bind_.Bind(control, *button, mnemonic);
+  return button;
+}
+
+QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, const QString& accessibleName) {
+  auto* const view = new QTableView(this);
+  ListTable& table = *tables_.emplace_back(std::make_unique<ListTable>(refresh_));
+  table.Show(&list);
+  WireTable(*view, table, surroundings_.Guard, emptyText);
+  bind_.BindState(list, *view);
+  view->setAccessibleName(accessibleName);
+  return view;
+}
+
+}  // namespace requite

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The base of every window on screen beside the main one.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "platform/services.h"
+#include "shell/program_window.h"
+#include "shell/qt/window/control_views.h"
+#include "shell/qt/window/list_table.h"
+
+class QLabel;
+class QPushButton;
+class QTableView;
+
+namespace requite {
+
+/// What a window on screen is made over; all of it outlives the window.
+struct WindowSurroundings {
+  const EventGuard& Guard;
+  Services& Platform;
+  QWidget* MainWindow;  ///< null for a window that may outlast it
+};
+
+/// Shows one ProgramWindow: derived classes lay out widgets and bind them. The close box and Escape close
+/// the ProgramWindow, which makes this window go. Size and position are remembered by the window's name.
+class FurtherWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  FurtherWindow(ProgramWindow& window, const WindowSurroundings& surroundings);
+  ~FurtherWindow() override;
+
+  [[nodiscard]] ProgramWindow& Shown() const { return window_; }
+  /// Takes the size of the last time, or this one at the first time.
+  void RestoreSize(QSize first);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+  /// Widgets bound to their controls; the caller lays them out. `mnemonic` is the caption with its "&".
+  QLabel* NewLabel(TextBox& control, QWidget* buddy = nullptr);
+  QPushButton* NewButton(Button& control, const QString& mnemonic = {});
+  QTableView* NewTable(ListView& list, const QString& emptyText, const QString& accessibleName);
+
+  const WindowSurroundings& Around() const { return surroundings_; }
+
+ private:
+  ProgramWindow& window_;
+  const ProgramWindow::Running keptWhileShown_{window_};
+  const WindowSurroundings surroundings_;
+  ViewRefresh refresh_;
+  std::vector<std::unique_ptr<ListTable>> tables_;
+
+ protected:
+  Binder bind_;
+};
+
+}  // namespace requite

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Brings the windows beside the main one on screen as the program shows them, and takes them off.
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <vector>
+
+#include "shell/qt/window/further_window.h"
+#include "shell/windows.h"
+
+namespace requite {
+
+class FurtherWindows : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All must outlive this object.
+  FurtherWindows(Windows& windows, const EventGuard& guard, Services& platform, QWidget& mainWindow);
+  ~FurtherWindows() override;
+
+ private:
+  void Show(ProgramWindow& window);
+  void TakeOff(const ProgramWindow& window);
+  void Sweep();
+
+  Windows& windows_;
+  const EventGuard& guard_;
+  Services& platform_;
+  QWidget& mainWindow_;
+  std::vector<std::unique_ptr<FurtherWindow>> shown_;
+  std::vector<std::unique_ptr<FurtherWindow>> leaving_;
+};
+
+}  // namespace requite

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// Lays out the small windows.
+#include "shell/qt/window/small_windows_view.h"
+
+#include <QFormLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "shell/qt/web/web_view_holder.h"
+#include "shell/qt/window/product_icon.h"
+
+namespace requite {
+
+AboutView::AboutView(frmAbout& window, const WindowSurroundings& surroundings)
+    : FurtherWindow(window, surroundings) {
+  auto* const picture = new QLabel(this);
+  picture->setPixmap(ProductIcon().pixmap(96, 96));
+  QLabel* const product = NewLabel(window.lblProduct);
+  QFont large = product->font();
+  large.setPointSizeF(large.pointSizeF() * 1.6);
+  large.setBold(true);
+  product->setFont(large);
+  QPushButton* const site = NewButton(window.lblWebsite);
+  site->setFlat(true);
+  site->setCursor(Qt::PointingHandCursor);
+  site->setToolTip(tr("Open the site in a small browser window"));
+
+  auto* const facts = new QFormLayout;
+  facts->addRow(product);
+  facts->addRow(tr("Version:"), NewLabel(window.lblVersion));
+  facts->addRow(tr("Owned By:"), NewLabel(window.lblCompany));
+  facts->addRow(tr("Website:"), site);
+  auto* const layout = new QHBoxLayout(this);
+  layout->setContentsMargins(24, 24, 24, 24);
+  layout->setSpacing(24);
+  layout->addWidget(picture, 0, Qt::AlignTop);
+  layout->addLayout(facts);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+WebsiteView::WebsiteView(frmWebsite& window, const WindowSurroundings& surroundings)
+    : FurtherWindow(window, surroundings) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(
+      new WebViewHolder(window.WebBrowser1, surroundings.Platform.Internet, surroundings.Guard, this));
+  RestoreSize({720, 520});
+}
+
+LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
+    : FurtherWindow(window, surroundings) {
+  auto* const text = new QPlainTextEdit(this);
+  text->setAccessibleName(tr("Log of the posting"));
+  text->setPlaceholderText(tr("The requests and what they returned appear here."));
+  bind_.Bind(window.Text4, *text);
+  // What the program writes is followed to its end; what the user types stays where it is.
+  connect(text->document(), &QTextDocument::contentsChanged, this, [this, text] {
+    if (text->signalsBlocked()) QTimer::singleShot(0, text, [text] { text->moveCursor(QTextCursor::End); });
+  });
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(text);
+  RestoreSize({640, 420});
+}
+
+}  // namespace requite
