@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// The generated link page: which rows get an entry, where its texts come from, and the saved file.
+#include "pagebuilder/page_builder.h"
+
+#include <gtest/gtest.h>
+
+#include "pagebuilder/link_pages.h"
+#include "support/fakes.h"
+
+namespace requite {
+namespace {
+
+class PageBuilderTest : public testing::Test {
+ protected:
+  PageBuilderTest() {
+    project_.AddMainSite("one.example");
+    project_.AddMainSite(" two.example ");
+    project_.List1(1).Add({"a.example", "1", "", "", ""});
+    project_.List1(1).Add({"a.example", "1", "https://a.example/x", "", " "});
+    project_.List1(1).Add({"a.example", "1", "later", "A & <b>\"a\"</b>", "first"});
+    project_.List1(1).Add({"www.b.example", "1", "http://b.example/x", "B", "b"});
+    project_.List1(2).Add({"a.example", "1", "HTTP://two/", "", "  "});
+    optAll_.Choose(0);
+  }
+
+  void Result(const std::string& main, const std::string& linking, const std::string& status) {
+    project_.List3.Add({main, linking, status, "001", linking});
+  }
+
+  /// The hosts (or the texts) that the generated links show, in order.
+  std::string Generated() {
+    builder_.GenerateLinks();
+    std::string shown;
+    std::string_view rest = project_.txtHTML2.Text();
+    for (std::size_t at = rest.find("\">"); at != std::string_view::npos; at = rest.find("\">")) {
+      rest.remove_prefix(at + 2);
+      shown += std::string(rest.substr(0, rest.find("</a>"))) + ";";
+    }
+    return shown;
+  }
+
+  test::TemporaryFolder folder_;
+  test::ScriptedDialogs dialogs_;
+  Project project_;
+  OptionGroup optAll_{"optAll", {"all", "one"}};
+  ComboBox Combo3_{"Combo3", "Select"};
+  CheckBox chkNewWin_{"chkNewWin", ""};
+  CheckBox chkBullet_{"chkBullet", ""};
+  PageBuilder builder_{project_, {optAll_, Combo3_, chkNewWin_, chkBullet_}, folder_.Folder, dialogs_};
+};
+
+TEST_F(PageBuilderTest, WithoutResultsTheTextStaysAndTheUserIsTold) {
+  project_.txtHTML2.SetText("mine");
+  builder_.GenerateLinks();
+  EXPECT_EQ(project_.txtHTML2.Text(), "mine");
+  ASSERT_EQ(dialogs_.Boxes.size(), 1U);
+  EXPECT_EQ(dialogs_.Boxes[0].Text,
+            "No links were found in your Links List to generate HTML from.  Please scan for links first.");
+}
+
+TEST_F(PageBuilderTest, AnEntryIsBuiltFromTheFirstFieldsThatHoldSomething) {
+  Result("one.example", "a.example", "Direct Link");
+  Result("two.example", "a.example", "Redirect Link");
+  Result("gone.example", "www.b.example", "Indirect Link");
+  builder_.GenerateLinks();
+  // A description of one blank is none, and the row with the next one is not asked: the blank is a value.
+  EXPECT_EQ(project_.txtHTML2.Text(),
+            "<a href=\"http://https://a.example/x\">A & <b>\"a\"</b></a><br><br>\r\n"
+            "<a href=\"HTTP://two/\">a.example</a><BR>  <br><br>\r\n"
+            "<a href=\"http://b.example/x\">B</a><BR>b<br><br>\r\n");
+  chkNewWin_.SetValue(1);
+  chkBullet_.SetValue(1);
+  project_.List3.Clear();
+  Result("one.example", "www.c.example/x", "DIRECT");
+  builder_.GenerateLinks();
+  const std::string whole =
+      "<li><a href=\"http://c.example\" target=\"_blank\">c.example</a></li><br><br>\r\n";
+  EXPECT_EQ(project_.txtHTML2.Text(), whole);
+  chkNewWin_.SetValue(2);
+  chkBullet_.SetValue(2);  // grey is off
+  builder_.GenerateLinks();
+  EXPECT_EQ(project_.txtHTML2.Text(), "<a href=\"http://c.example\">c.example</a><br><br>\r\n");
+}
+
+TEST_F(PageBuilderTest, OnlyWordsWithDirectInThemCountAndRepeatsStay) {
+  for (const char* status : {"Domain Link", "Missing 001", "None Found", ""})
+    Result("one.example", "x", status);
+  project_.txtHTML2.SetText("edited");
+  EXPECT_EQ(Generated(), "");
+  EXPECT_EQ(project_.txtHTML2.Text(), "");
+  for (int n = 0; n < 3; ++n) Result("one.example", "c.example", "Direct Link");
+  EXPECT_EQ(Generated(), "c.example;c.example;c.example;");
+}
+
+TEST_F(PageBuilderTest, AMainSiteThatIsTheHostOfAnEarlierEntryIsPassedOver) {
+  Result("", "first", "Direct Link");  // nothing has been used yet, so the empty text is still free
+  Result("", "x", "Direct Link");
+  Result("one.example", "two.example", "Direct Link");
+  Result("two.example", "x", "Direct Link");
+  Result("Two.example", "y", "Direct Link");
+  Result("one.example", "none.example", "None Found");
+  Result("none.example", "z", "Direct Link");
+  EXPECT_EQ(Generated(), "first;two.example;y;z;");
+}
+
+TEST_F(PageBuilderTest, OneMainSiteIsChosenByItsExactText) {
+  Result("one.example", "c", "Direct Link");
+  Result("One.example", "d", "Direct Link");
+  Result("Select", "e", "Direct Link");
+  optAll_.Choose(1);
+  EXPECT_EQ(Generated(), "e;");
+  Combo3_.UserSets("one.example");
+  EXPECT_EQ(Generated(), "c;");
+  Combo3_.UserSets("nowhere");
+  EXPECT_EQ(Generated(), "");
+}
+
+TEST_F(PageBuilderTest, MainSitesAreFoundTrimmedAndWithCase) {
+  project_.AddMainSite("one.example");
+  const LinkPages pages(project_);
+  EXPECT_EQ(pages.FindMainSiteIndex(" one.example"), 0);
+  EXPECT_EQ(pages.FindMainSiteIndex("two.example"), 1);
+  EXPECT_EQ(pages.FindMainSiteIndex("Two.example"), 0);
+  EXPECT_EQ(pages.FindMainSiteIndex(" "), 3);
+  LinkPages none(project_);
+  EXPECT_EQ(none.GetLinkPageUrl("www.a.example/x", 4), "a.example");
+  EXPECT_EQ(none.GetLinkPageDescription("a.example", 4), "");
+}
+
+TEST_F(PageBuilderTest, ThePageIsSavedOverAnOldOneWithoutAQuestion) {
+  project_.txtHTML1.SetText("<top>");
+  project_.txtHTML2.SetText("<links>");
+  project_.txtHTML3.SetText("\xE9");
+  const std::string name = folder_.File("page");
+  WriteFile(name, "an old page that is longer than the new one");
+  dialogs_.Names = {name, ""};
+  builder_.SaveWebpage();
+  EXPECT_EQ(ReadFile(name), "<top>\r\n\r\n<links>\r\n\r\n\xE9\r\n");
+  builder_.SaveWebpage();
+  EXPECT_TRUE(dialogs_.Boxes.empty());
+  ASSERT_EQ(dialogs_.FileDialogs.size(), 2U);
+  EXPECT_EQ(dialogs_.FileDialogs[0].Folder, folder_.Folder.Path);
+  EXPECT_EQ(dialogs_.FileDialogs[0].Filter,
+            "Web Files (*.htm, *.html, *.asp, *.php, *.txt)|*.htm;*.asp;*.php;*.html");
+  dialogs_.Names = {folder_.File("no such folder/page")};
+  EXPECT_THROW(builder_.SaveWebpage(), RuntimeFailure);
+}
+
+}  // namespace
+}  // namespace requite
