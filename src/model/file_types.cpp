@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads `filetypes.txt`.
+// Reads and writes `filetypes.txt`.
 #include "model/file_types.h"
 
 #include "platform/text.h"
@@ -19,6 +19,26 @@ std::vector<std::string> ReadFileTypes(const ProgramFolder& folder) {
   }
   if (joined.ends_with('|')) joined.pop_back();
   return Split(joined, "|");
+}
+
+std::vector<std::string> ListFileTypes(const ProgramFolder& folder) {
+  std::vector<std::string> listed;
+  const std::string path = folder.File(kFileTypesName);
+  if (!FileExists(path)) return listed;
+  const std::string text = ReadFile(path);
+  LineReader lines(text, LineEnds::Any);
+  while (const auto line = lines.Next()) {
+    if (!IsEmptyOrBlank(*line)) listed.emplace_back(*line);
+  }
+  return listed;
+}
+
+void SaveFileTypes(const ProgramFolder& folder, const std::vector<std::string>& lines) {
+  const std::string path = folder.File(kFileTypesName);
+  if (FileExists(path)) DeleteFile(path);
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append(kLineEnd);
+  AppendToFile(path, text);
 }
 
 }  // namespace requite

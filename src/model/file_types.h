@@ -17,4 +17,12 @@ inline constexpr std::string_view kFileTypesName = "filetypes.txt";
 /// Throws FileNotFound when the file is missing.
 [[nodiscard]] std::vector<std::string> ReadFileTypes(const ProgramFolder& folder);
 
+/// The lines of `filetypes.txt` as they are listed for editing: skipped like above, each line one entry.
+/// None when the file is missing; a file that cannot be read throws.
+[[nodiscard]] std::vector<std::string> ListFileTypes(const ProgramFolder& folder);
+
+/// Replaces `filetypes.txt` by these lines. Throws what the file system refuses; the old file may be
+/// gone by then.
+void SaveFileTypes(const ProgramFolder& folder, const std::vector<std::string>& lines);
+
 }  // namespace requite

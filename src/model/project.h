@@ -41,6 +41,9 @@ class Project {
   TextBox txtPost{"txtPost", "http://"};
 
   std::int16_t CurrentMainSite = 0;  ///< 1-based number of the Main Site on show
+  /// The row that an editor was asked for last: counted from 1 for a Linking Site, from 0 for a Main
+  /// Site. The editors share it.
+  std::int16_t CurrentEditIndex = 0;
   bool ProjectSaved = true;          ///< there are no unsaved edits
   bool JustLoaded = false;           ///< the next change of the Main Site entry box is no edit
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The windows that the main window opens.
 #include "shell/form1.h"
+#include "shell/form2.h"
+#include "shell/frm_options.h"
 #include "shell/product.h"
 #include "shell/small_windows.h"
 
@@ -13,6 +15,13 @@ void Form1::WireWindows() {
                                         [this] { frmWebsite_Unload(); });
   });
   Windows.Register("Form5", [this] { return std::make_unique<Form5>(Windows); });
+  Windows.Register("frmOptions", [this] {
+    return std::make_unique<frmOptions>(Windows, Settings, Folder, Platform.Dialogs);
+  });
+  RegisterEditors(Windows, Sites, Platform.Dialogs);
+  Command9.OnClick = [this] { Windows.Show("frmOptions"); };
+  cmdEdit.OnClick = [this] { requite::cmdEdit(Sites, Windows); };
+  cmdEditMain.OnClick = [this] { requite::cmdEditMain(Sites, Windows); };
   cmdWebsite.OnClick = [this] { Windows.Show("frmWebsite"); };
   mnuAbout.OnClick = [this](int) { Windows.Show("frmAbout"); };
 }
