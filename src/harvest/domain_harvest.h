@@ -61,12 +61,11 @@ class DomainHarvest {
  private:
   void BeginSearch();
   void ContinueSearch();
-  void End();
   void Keep(const std::string& domain);
-  void TryNextSearch();
+  void TellOfTooFew();
   void TrySearchAgain();
-  [[nodiscard]] std::string FirstRequest() const;
-  [[nodiscard]] std::string LaterRequest() const;
+  /// The request for the results from ResultOffset on.
+  [[nodiscard]] std::string Request() const;
 
   DomainHarvestNeeds window_;
   bool abandoned_ = false;

@@ -34,6 +34,7 @@ class EmailExport {
  private:
   [[nodiscard]] std::string AskFileName();
   [[nodiscard]] std::string_view Delimiter() const;
+  void AskAndDelete();
 
   EmailExportNeeds window_;
 };

@@ -25,9 +25,9 @@ class EmailHarvester {
  private:
   void ReadLines(std::int16_t connection);
   [[nodiscard]] bool ReadLine(std::string line);
-  void TakeAddress(std::string candidate, const std::string& right);
-  void CountAddress(std::string_view right);
-  void QueueWebsite(std::string_view right);
+  [[nodiscard]] bool Yield(std::size_t characters);
+  void TakeAddress(const std::string& left, const std::string& right);
+  void CountAddress(const std::string& right);
 
   ScanContext& context_;
   modDatabase& database_;

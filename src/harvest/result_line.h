@@ -2,6 +2,7 @@
 // From a line of a search engine's result page to the domain in it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,10 +12,9 @@ namespace requite {
 /// that of the line before.
 class ResultLines {
  public:
-  /// What the line holds of a domain of two labels, such as "example.com", or an empty text when the line is
-  /// dropped. `seenDomains` are those kept so far, joined with no separator.
-  /// A kept text can be empty itself; `kept` tells.
-  [[nodiscard]] std::string DomainOf(std::string_view line, std::string_view seenDomains, bool& kept);
+  /// The domain of two labels in the line, such as "example.com", or nothing when the line is dropped.
+  /// `seenDomains` are those kept so far, joined with no separator.
+  [[nodiscard]] std::optional<std::string> DomainOf(std::string_view line, std::string_view seenDomains);
 
  private:
   std::string suffix_;

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// The requests of a harvest, the reading of its pages and its three ends.
+#include "harvest/domain_harvest.h"
+
+#include "harvest/result_line.h"
+#include "platform/text.h"
+
+namespace requite {
+namespace {
+
+constexpr std::string_view kYahoo = "Yahoo";
+constexpr std::string_view kGoogle = "Google";
+constexpr std::size_t kShortestLocation = 9;
+constexpr std::int32_t kMostForNothing = 20;  ///< a harvest of so few starts no crawl
+
+std::int32_t TargetAt(int listIndex) {
+  switch (listIndex) {
+    case 1: return 200;
+    case 2: return 500;
+    case 3: return 1000;
+    case 4: return 5000;
+    case 5: return 10000;
+    default: return 100;
+  }
+}
+
+}  // namespace
+
+void DomainHarvest::Start() {
+  Finished = false;
+  UniqueResults = 0;
+  SeenDomains.clear();
+  SearchTerm = Replace(window_.txtSearch.Text(), " ", "+", Compare::Binary);
+  TargetResults = TargetAt(window_.Combo2.ListIndex());
+  Engine = window_.Combo1.Text() == "Yahoo Search" ? kYahoo : kGoogle;
+  ResultOffset = 1;
+  BeginSearch();
+}
+
+void DomainHarvest::BeginSearch() {
+  window_.Database.DeleteAllWebsites();
+  window_.WebBrowser1.Navigate(Request());
+}
+
+/// One engine's form ends in the offset and carries it as it is, the other ends in the term and carries the
+/// offset less one.
+std::string DomainHarvest::Request() const {
+  if (Engine == kYahoo) {
+    return "http://www.yahoo.com/search/dir?h=s&xargs=0&p=" + SearchTerm +
+           "&b=" + std::to_string(ResultOffset);
+  }
+  return "http://www.google.com/search?num=100&hl=en&lr=&ie=UTF-8&oe=UTF-8&safe=off&filter=0&start=" +
+         std::to_string(ResultOffset - 1) + "&sa=N&q=" + SearchTerm;
+}
+
+void DomainHarvest::OnResultPageComplete(std::string_view html) {
+  if (window_.WebBrowser1.LocationUrl().size() < kShortestLocation || Finished) return;
+  ExtractResultPage(html);
+}
+
+void DomainHarvest::ExtractResultPage(std::string_view html) {
+  PageResults = 0;
+  const std::string workFile = window_.Folder.File("SearchOutput.txt");
+  AppendToFile(workFile, Replace(html, "http://", "\r\nhttp://", Compare::Text) + std::string(kLineEnd));
+  // Lines that a harvest left there when it died are read again.
+  const std::string text = ReadFile(workFile);
+  LineReader lines(text, LineEnds::CarriageReturn);
+  ResultLines results;
+  while (const std::optional<std::string_view> line = lines.Next()) {
+    if (const std::optional<std::string> domain = results.DomainOf(*line, SeenDomains)) Keep(*domain);
+    window_.Text1.SetText("Extracted " + std::to_string(UniqueResults) + " unique results.");
+    window_.EventLoop.LetPendingEventsRun();
+    if (abandoned_) return;
+  }
+  DeleteFile(workFile);
+  ContinueSearch();
+}
+
+void DomainHarvest::Keep(const std::string& domain) {
+  ++PageResults;
+  SeenDomains += domain;
+  std::string url = domain;
+  window_.Database.AddWebsite(url);
+  window_.UpdateStats(1);
+  ++UniqueResults;
+}
+
+void DomainHarvest::ContinueSearch() {
+  // A page with nothing new ends the harvest as surely as reaching the target.
+  if (UniqueResults < TargetResults && PageResults >= 1) {
+    ResultOffset += Engine == kYahoo ? 20 : 100;
+    window_.WebBrowser1.Navigate(Request());
+    return;
+  }
+  Finished = true;
+  SeenDomains.clear();
+  window_.Text1.SetText("Finished! Extracted " + std::to_string(UniqueResults) + " results.");
+  window_.WebBrowser1.Stop();
+  window_.Hide();
+  if (UniqueResults > kMostForNothing) {
+    window_.cmdDoSearch_Click();
+    window_.Unload();
+  } else {
+    TellOfTooFew();
+  }
+}
+
+void DomainHarvest::TellOfTooFew() {
+  StatusBar& status = window_.StatusBar1;
+  status.SetPanel(1, "Stopped");
+  status.SetPanel(2, "Not enough results");
+  const bool isAnotherSite = window_.Sites.List1(window_.Sites.CurrentMainSite).RowCount() >= 2;
+  status.SetPanel(3, isAnotherSite ? "Trying next search" : "Add more search terms");
+  window_.EventLoop.LetPendingEventsRun();
+  if (isAnotherSite) {
+    TrySearchAgain();
+  } else {
+    window_.Unload();
+  }
+}
+
+/// Nothing follows, although the status bar says so; the window stays loaded and hidden.
+void DomainHarvest::TrySearchAgain() {}
+
+}  // namespace requite
