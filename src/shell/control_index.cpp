@@ -12,6 +12,8 @@ void ControlIndex::Add(Control& control) {
 
 void ControlIndex::AddLabel(TextBox& label) { byName_[label.Name()] = {&label, -1, true}; }
 
+void ControlIndex::AddDropDownList(ComboBox& list) { byName_[list.Name()] = {&list, -1, true}; }
+
 void ControlIndex::Add(OptionGroup& group) {
   Add(static_cast<Control&>(group));
   AddMembers(group, group.Name(), group.Captions.size());

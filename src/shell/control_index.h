@@ -15,7 +15,7 @@ namespace requite {
 struct NamedControl {
   Control* Which = nullptr;  ///< null: no control has the name
   int Index = -1;            ///< option or menu entry, counted from 0; -1: the control itself
-  bool ReadOnly = false;     ///< a label: nobody types into it
+  bool ReadOnly = false;     ///< a label or a list to pick from: nobody types into it
 
   explicit operator bool() const { return Which != nullptr; }
 };
@@ -27,6 +27,8 @@ class ControlIndex {
   /// Under the control's own name. A group of options or a menu brings its members in as well.
   void Add(Control& control);
   void AddLabel(TextBox& label);
+  /// A combo box whose rows can be picked but not typed.
+  void AddDropDownList(ComboBox& list);
   void Add(OptionGroup& group);
   /// A menu's entries have a name of their own, such as "mnuScanItem" for "mnuScan".
   void Add(Menu& menu, std::string_view itemName);

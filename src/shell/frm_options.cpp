@@ -59,6 +59,7 @@ void frmOptions::BuildControls() {
     each->SetFrame(&Frame1);
     Controls.Add(*each);
   }
+  Controls.AddDropDownList(cmbAdvance);
 }
 
 void frmOptions::Wire() {

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// The options: what is stored by opening them, by each change, and in the list of file types.
+#include "shell/frm_options.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "platform/runtime_failure.h"
+#include "shell/form1_rig.h"
+
+namespace requite {
+namespace {
+
+using test::Form1Rig;
+using testing::ElementsAre;
+
+class Options : public testing::Test {
+ protected:
+  frmOptions& Open() {
+    rig_.Form.Command9.Click();
+    return static_cast<frmOptions&>(*rig_.Form.Windows.Find("frmOptions"));
+  }
+  void Store(const char* key, const char* value) { rig_.Services.Store.Set(key, value); }
+  [[nodiscard]] std::string FileTypes() { return ReadFile(rig_.Folder.File("filetypes.txt")); }
+
+  Form1Rig rig_;
+};
+
+TEST_F(Options, TheFirstOpeningShowsAndStoresTheDefaults) {
+  frmOptions& options = Open();
+  EXPECT_EQ(options.txtTimeout.Text(), "60");
+  EXPECT_EQ(options.txtAutoSave.Text(), "5");
+  EXPECT_EQ(options.cmbAdvance.Text(), "500");
+  EXPECT_EQ(rig_.Setting("cmbAdvance"), "4");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "60");
+  std::string on;
+  for (const char* name : {"chkRedirect", "chkLog", "chkUpdate", "chkAuto", "chkAuto2", "chkAudioEmail",
+                           "chkAudioNext", "chkAudioFinished", "chkFileTypes", "chkAutoSave"}) {
+    on += std::to_string(static_cast<CheckBox&>(*options.Controls.Find(name).Which).Value());
+  }
+  EXPECT_EQ(on, "1011111110");
+  EXPECT_EQ(options.List1.At(0).Text, ".zip");
+  for (const char* name : {"Label5(0)", "chkAutoSave", "Label1", "txtAutoSave"}) {
+    EXPECT_FALSE(options.Controls.Find(name).Which->Visible()) << name;
+  }
+}
+
+TEST_F(Options, StoredValuesComeBackAndEachChangeIsStoredAtOnce) {
+  Store("txtAutoSave", "7");
+  Store("cmbAdvance", "12");
+  Store("chkLog", "1");
+  Store("chkUpdate", "0");
+  frmOptions& options = Open();
+  EXPECT_EQ(options.txtAutoSave.Text(), "7");
+  EXPECT_EQ(options.cmbAdvance.Text(), "500,000");
+  EXPECT_EQ(options.chkLog.Value(), 1);
+  options.chkLog.Click();
+  options.chkUpdate.Click();
+  options.cmbAdvance.SetListIndex(0);
+  EXPECT_EQ(rig_.Setting("chkLog") + rig_.Setting("chkUpdate") + rig_.Setting("cmbAdvance"), "010");
+}
+
+TEST_F(Options, AStoredValueThatFitsNoControlFailsAtTheOpening) {
+  const std::pair<const char*, const char*> bad[] = {
+      {"cmbAdvance", "13"}, {"cmbAdvance", "-1"}, {"cmbAdvance", "x"}, {"chkLog", "yes"}};
+  for (const auto& [key, value] : bad) {
+    Form1Rig rig;
+    rig.Services.Store.Set(key, value);
+    EXPECT_THROW(rig.Form.Command9.Click(), RuntimeFailure) << key << value;
+  }
+}
+
+TEST_F(Options, TheTimeoutIsCheckedAtEachCharacter) {
+  frmOptions& options = Open();
+  options.txtTimeout.UserSets("");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "60");
+  options.txtTimeout.UserTypes("4000");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "4000");
+  options.txtTimeout.UserTypes("0");
+  EXPECT_EQ(options.txtTimeout.Text(), "60");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "60");
+  options.txtTimeout.UserSets("-3");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "-3");
+  options.txtTimeout.UserTypes("x");
+  EXPECT_EQ(rig_.Setting("txtTimeout"), "60");
+  options.txtTimeout.UserSets(std::string(100'000, '9'));
+  EXPECT_EQ(options.txtTimeout.Text(), "60");
+}
+
+TEST_F(Options, TheAutoSaveBoxIsCheckedByTheTextOfTheOther) {
+  frmOptions& options = Open();
+  options.txtAutoSave.UserSets("often");
+  EXPECT_EQ(rig_.Setting("txtAutoSave"), "often");
+  options.txtTimeout.UserSets("");
+  options.txtAutoSave.UserSets("9");
+  EXPECT_EQ(options.txtAutoSave.Text(), "5");
+  EXPECT_EQ(rig_.Setting("txtAutoSave"), "often");
+}
+
+TEST_F(Options, FileTypesGetTheirDotAndAreWrittenAtEachChange) {
+  frmOptions& options = Open();
+  EXPECT_FALSE(options.cmdAdd2.Enabled());
+  options.txtDomain.UserPressesEnter();
+  ASSERT_EQ(rig_.Services.Dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(rig_.Services.Dialogs.Boxes[0].Text, "Please enter a file extension first.");
+  for (const char* typed : {"htm", "..php", "a...b", "page.x", " "}) {
+    options.txtDomain.UserSets(typed);
+    EXPECT_TRUE(options.cmdAdd2.Enabled());
+    options.txtDomain.UserPressesEnter();
+    EXPECT_FALSE(options.cmdAdd2.Enabled());
+  }
+  EXPECT_EQ(FileTypes(), ".zip\r\n.htm\r\n.php\r\na..b\r\npage.x\r\n. \r\n");
+  EXPECT_FALSE(options.cmdDelete.Enabled());
+  while (!options.List1.Empty()) {
+    Form1Rig::ClickRow(options.List1, 0);
+    options.cmdDelete.Click();
+  }
+  EXPECT_TRUE(options.cmdDelete.Enabled()) << "nothing disables it again";
+  EXPECT_EQ(FileTypes(), "");
+  options.List1.Add({"unsaved"});
+  options.cmdDelete.Click();
+  EXPECT_EQ(FileTypes(), "") << "without a chosen row nothing is saved";
+}
+
+TEST_F(Options, FileTypesAreListedFromAnyFileAndFailOnlyWhenTheyAreSaved) {
+  const std::string file = rig_.Folder.File("filetypes.txt");
+  WriteFile(file, std::string("\r\n \r\n.a|.b\n\0\xff\r\n  ", 17));
+  frmOptions& options = Open();
+  ASSERT_EQ(options.List1.RowCount(), 3U);
+  EXPECT_EQ(options.List1.At(0).Text, ".a|.b");
+  options.Close();
+  DeleteFile(file);
+  frmOptions& again = Open();
+  EXPECT_TRUE(again.List1.Empty());
+  std::filesystem::create_directory(file);
+  again.txtDomain.UserSets(".htm");
+  EXPECT_THROW(again.cmdAdd2.Click(), RuntimeFailure);
+  EXPECT_EQ(again.List1.RowCount(), 1U);
+}
+
+TEST_F(Options, TheButtonOpensTheGlobalRules) {
+  Open().Command1.Click();
+  EXPECT_THAT(rig_.Form.Windows.ShownNames(), ElementsAre("frmOptions", "Form2b"));
+}
+
+}  // namespace
+}  // namespace requite
