@@ -3,9 +3,12 @@
 #include "console/call_commands.h"
 
 #include "model/url_forms.h"
+#include "platform/text.h"
+#include "posting/url_encode.h"
 #include "scan/resolve.h"
 #include "scan/rules.h"
 #include "scan/seen_url.h"
+#include "shell/form3.h"
 
 namespace requite {
 namespace {
@@ -84,6 +87,46 @@ constexpr Variable kVariables[] = {
 #undef REQUITE_VARIABLE
 #undef REQUITE_PAGE_VARIABLE
 
+/// Variables of a window, which are there only while it is loaded.
+struct HarvestVariable {
+  std::string_view Name;
+  std::string (*Read)(const DomainHarvest& harvest);
+};
+
+#define REQUITE_HARVEST_VARIABLE(field)                                      \
+  HarvestVariable {                                                          \
+#field, [](const DomainHarvest& harvest) { return Text(harvest.field); } \
+  }
+
+constexpr HarvestVariable kHarvestVariables[] = {
+    REQUITE_HARVEST_VARIABLE(SearchTerm),    REQUITE_HARVEST_VARIABLE(Engine),
+    REQUITE_HARVEST_VARIABLE(TargetResults), REQUITE_HARVEST_VARIABLE(UniqueResults),
+    REQUITE_HARVEST_VARIABLE(PageResults),   REQUITE_HARVEST_VARIABLE(ResultOffset),
+    REQUITE_HARVEST_VARIABLE(SeenDomains),   REQUITE_HARVEST_VARIABLE(Finished),
+};
+
+#undef REQUITE_HARVEST_VARIABLE
+
+/// Nothing when Form3 is not loaded or has no variable of the name.
+std::optional<std::string> ReadHarvestVariable(Form1& form, std::string_view name) {
+  const auto* const window = dynamic_cast<Form3*>(form.Windows.Find("Form3"));
+  if (window == nullptr) return std::nullopt;
+  for (const HarvestVariable& each : kHarvestVariables) {
+    if (each.Name == name) return each.Read(window->Harvest);
+  }
+  return std::nullopt;
+}
+
+/// Reads the page file of a connection as a scan would.
+std::string ExtractEmails(Form1& form, std::string& argument) {
+  const std::int16_t connection = ReadInt16(argument);
+  const bool isInScan = form.State.Scanning;
+  form.State.Scanning = true;
+  form.Emails.ExtractEmails(connection);
+  if (!isInScan) form.State.Scanning = false;
+  return {};
+}
+
 /// An operation: its result as text. It may change its argument.
 struct Operation {
   std::string_view Name;
@@ -107,6 +150,16 @@ constexpr Operation kOperations[] = {
      [](Form1& form, std::string& argument) { return Text(IsSeenUrl(form.Scan.Context(), argument)); }},
     {"PassesRules",
      [](Form1& form, std::string& argument) { return Text(PassesRules(form.Scan.Context(), argument)); }},
+    {"UrlEncodeValue", [](Form1&, std::string& argument) { return UrlEncodeValue(argument); }},
+    {"IsValidEmail",
+     [](Form1& form, std::string& argument) { return Text(form.Emails.IsValidEmail(argument)); }},
+    {"EmailExists",
+     [](Form1& form, std::string& argument) { return Text(form.Database.EmailExists(argument)); }},
+    {"AddWebsite",
+     [](Form1& form, std::string& argument) { return Text(form.Database.AddWebsite(argument)); }},
+    {"DeleteAllEmails", [](Form1& form, std::string&) { return Text(form.Database.DeleteAllEmails()); }},
+    {"DeleteAllWebsites", [](Form1& form, std::string&) { return Text(form.Database.DeleteAllWebsites()); }},
+    {"ExtractEmails", ExtractEmails},
     {"GenerateLinkReport",
      [](Form1& form, std::string&) {
        form.GenerateLinkReport();
@@ -120,6 +173,10 @@ Complaint PrintVariable(ScriptSession& session, const Words& words) {
   for (const Variable& each : kVariables) {
     if (each.Name != words[0]) continue;
     session.Program.PrintLine(each.Read(session.Program.Form1));
+    return {};
+  }
+  if (const std::optional<std::string> value = ReadHarvestVariable(session.Program.Form1, words[0])) {
+    session.Program.PrintLine(*value);
     return {};
   }
   return "there is no variable \"" + words[0] + "\"";

@@ -5,13 +5,14 @@
 #include <cstdint>
 #include <string>
 
+#include "harvest/email_line.h"
 #include "harvest/email_pattern.h"
 #include "harvest/mod_database.h"
 #include "scan/scan_context.h"
 
 namespace requite {
 
-class EmailHarvester {
+class EmailHarvester : private EmailLineReader {
  public:
   /// Both must outlive this object.
   EmailHarvester(ScanContext& context, modDatabase& database) : context_(context), database_(database) {}
@@ -24,9 +25,8 @@ class EmailHarvester {
 
  private:
   void ReadLines(std::int16_t connection);
-  [[nodiscard]] bool ReadLine(std::string line);
-  [[nodiscard]] bool Yield(std::size_t characters);
-  void TakeAddress(const std::string& left, const std::string& right);
+  [[nodiscard]] bool GoesOn(std::size_t characters) override;
+  void TakeHalves(const std::string& left, const std::string& right) override;
   void CountAddress(const std::string& right);
 
   ScanContext& context_;

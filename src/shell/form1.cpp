@@ -23,6 +23,8 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Popup(Sites.List3, services.Clipboard, [this](const std::string& url) { Web.BrowseInWebTab(url); }),
       Saved(Sites.List3, folder, services.Dialogs),
       Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder),
+      Database(folder, services.Clock, Figures, Lists.List2),
+      Emails(Scan.Context(), Database),
       Pages(Sites, {optAll, Combo3, chkNewWin, chkBullet}, folder, services.Dialogs),
       PostedLog(Windows),
       Post(NeedsOfPosting(), {optScript, Sites.txtPost, Sites.lstMulti, cmbSites, txtPost2, cmdScriptAdd,
@@ -37,6 +39,7 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
   Post.Wire();
   WireReports();
   WireWindows();
+  WireHarvest();
 }
 
 Form1::~Form1() {

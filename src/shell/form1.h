@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "harvest/extract_emails.h"
+#include "harvest/mod_database.h"
 #include "model/auto_save.h"
 #include "model/project.h"
 #include "model/project_files.h"
@@ -85,6 +87,8 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   ResultsPopup Popup;
   SavedFiles Saved;
   requite::Scan Scan;
+  modDatabase Database;
+  EmailHarvester Emails;
   PageBuilder Pages;
   Form5Log PostedLog;
   MainPosting Post;
@@ -105,6 +109,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void WirePages();
   void WireReports();
   void WireWindows();
+  void WireHarvest();
 
   void mnuFile_Click(int index);
   void mnuScanItem_Click(int index);
@@ -112,6 +117,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void optAll_Click(int index);
   void FillFromMainSites(ComboBox& box);
   void frmWebsite_Unload();
+  void Command3_Click();
 
   bool closed_ = false;
   bool endsWithWebsite_ = false;

@@ -30,7 +30,7 @@ TEST(Form1Commands, AreSwitchedByTheStartAndTheEndOfAScan) {
   Form1Rig rig;
   rig.Form.Start();
   EXPECT_EQ(Commands(rig.Form),
-            "Command1 cmdNextSearch Command10 Command11 cmdNew cmdOpen cmdSave txtDomain List4 cmdResume "
+            "Command1 cmdNextSearch Command10 Command11 cmdNew cmdOpen cmdSave txtDomain List4 "
             "cmdViewDatabase Command2 Command3 ");
   rig.AddSites("main.example", {"partner.example"});
   rig.Form.Command1.Click();

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The window of a domain harvest. Its load starts the harvest; no command on screen opens it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "harvest/domain_harvest.h"
+#include "harvest/page_fetcher.h"
+#include "shell/program_window.h"
+
+namespace requite {
+
+/// What the window takes of the main one; all of it must outlive the window.
+struct Form3Needs {
+  const TextBox& txtSearch;
+  const ComboBox& Combo1;
+  const ComboBox& Combo2;
+  requite::StatusBar& StatusBar1;
+  Project& Sites;
+  modDatabase& Database;
+  Services& Platform;
+  const ProgramFolder& Folder;
+  std::function<void(std::int16_t kind)> UpdateStats;
+  std::function<void()> cmdDoSearch_Click;
+};
+
+struct Form3 : ProgramWindow {
+  Form3(Windows& windows, const Form3Needs& needs);
+  /// Throws RuntimeFailure when the database cannot be emptied.
+  void Load() override;
+  void Unload() override;
+
+  TextBox Text1{"Text1", "Status..."};
+  BrowserView WebBrowser1{"WebBrowser1"};
+  DomainHarvest Harvest;
+
+ private:
+  PageFetcher fetcher_;
+};
+
+}  // namespace requite
