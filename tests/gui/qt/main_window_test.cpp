@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTest>
-#include <QTreeView>
+#include <QTableView>
 
 #include "shell/qt/window/main_window.h"
 #include "support/fakes.h"
@@ -38,7 +38,7 @@ class MainWindowTest : public QObject {
     QTRY_VERIFY(Widget<QAbstractButton>("cmdStop")->isEnabled());
     QVERIFY(!Widget<QLineEdit>("txtDomain")->isEnabled());
     services_->Connection.Serve("HTTP/1.1 200 OK\r\n\r\n<a href=\"http://main.example/\">x</a>");
-    const auto* const results = Widget<QTreeView>("List3");
+    const auto* const results = Widget<QTableView>("List3");
     QTRY_COMPARE(results->model()->rowCount(), 1);
     QCOMPARE(results->model()->index(0, 2).data().toString(), QString("Direct Link"));
     QTRY_COMPARE(Widget<QLabel>("lblStats(2)")->text(), QString("1"));
@@ -47,10 +47,10 @@ class MainWindowTest : public QObject {
 
   void deletingAMainSiteEmptiesTheListsOnShow() {
     AddSites();
-    QTRY_COMPARE(Widget<QTreeView>("List1")->model()->rowCount(), 1);
+    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 1);
     Click("cmdDelete");
-    QTRY_COMPARE(Widget<QTreeView>("List4")->model()->rowCount(), 0);
-    QTRY_COMPARE(Widget<QTreeView>("List1")->model()->rowCount(), 0);
+    QTRY_COMPARE(Widget<QTableView>("List4")->model()->rowCount(), 0);
+    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 0);
     QTRY_VERIFY(!Widget<QLineEdit>("Text1")->isVisible());
   }
 
@@ -58,7 +58,7 @@ class MainWindowTest : public QObject {
     auto* const tabs = Widget<QTabBar>("TabStrip1");
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(3).center());
     QTRY_VERIFY(Widget<QAbstractButton>("Command8")->isVisible());
-    QVERIFY(!Widget<QTreeView>("List3")->isVisible());
+    QVERIFY(!Widget<QTableView>("List3")->isVisible());
     QTest::keyClicks(Widget<QLineEdit>("txtDomain"), "x");
     services_->Dialogs.Answers = {Answer::No};
     window_->close();
@@ -70,7 +70,7 @@ class MainWindowTest : public QObject {
     for (int i = 0; i < 100000; ++i) {
       form_->Sites.List3.Add({"m", std::to_string(i), "Direct Link", "001", "u"});
     }
-    const auto* const model = Widget<QTreeView>("List3")->model();
+    const auto* const model = Widget<QTableView>("List3")->model();
     QTRY_COMPARE(model->rowCount(), 100000);
     QCOMPARE(model->index(99999, 1).data().toString(), QString("99999"));
     form_->Sites.List3.Clear();

@@ -3,6 +3,7 @@
 #include "shell/qt/window/control_views.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCursor>
@@ -15,10 +16,27 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTabBar>
+#include <limits>
 
 #include "shell/qt/code_page.h"
+#include "shell/qt/window/shown_text.h"
 
 namespace requite {
+namespace {
+
+void ShowRows(const ComboBox& control, QComboBox& widget) {
+  QStringList items;
+  for (const std::string& item : control.Items()) items << ToUnicode(item);
+  QStringList shown;
+  for (int i = 0; i < widget.count(); ++i) shown << widget.itemText(i);
+  if (shown != items) {
+    widget.clear();
+    widget.addItems(items);
+  }
+  if (widget.currentIndex() != control.ListIndex()) widget.setCurrentIndex(control.ListIndex());
+}
+
+}  // namespace
 
 class Binder::View : public ControlView, public RefreshedView {
  public:
@@ -62,11 +80,16 @@ void Binder::Bind(Button& control, QAbstractButton& widget, const QString& mnemo
     const QString caption = mnemonic.isEmpty() ? ToUnicode(control.Caption()) : mnemonic;
     if (widget.text() != caption) widget.setText(caption);
   });
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget,
-                   [this, &control] { guard_.Run([&control] { control.Click(); }); });
+  QObject::connect(&widget, &QAbstractButton::clicked, &widget, [this, &control, &widget] {
+    guard_.Run([&control] { control.Click(); });
+    // A menu that it opened stands under the mouse, which is elsewhere when a key pressed the button.
+    QWidget* const popup = QApplication::activePopupWidget();
+    if (popup != nullptr && !widget.underMouse()) popup->move(widget.mapToGlobal(widget.rect().bottomLeft()));
+  });
 }
 
 void Binder::Bind(TextBox& control, QLineEdit& widget) {
+  widget.setMaxLength(std::numeric_limits<int>::max());  // a text from a file is not cut
   Keep(control, widget, [&control, &widget] {
     const QString text = ToUnicode(control.Text());
     if (widget.text() != text) widget.setText(text);
@@ -100,6 +123,17 @@ void Binder::BindLabel(TextBox& control, QLabel& widget) {
   });
 }
 
+void Binder::BindLine(TextBox& control, QLabel& widget) {
+  widget.setTextFormat(Qt::PlainText);
+  widget.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  Keep(control, widget, [&control, &widget] {
+    const QString text = OneLine(control.Text());
+    if (widget.text() == text) return;
+    widget.setText(text);
+    widget.setToolTip(ToolTipText(control.Text()));
+  });
+}
+
 void Binder::Bind(CheckBox& control, QCheckBox& widget) {
   widget.setText(ToUnicode(control.Caption));
   Keep(control, widget, [&control, &widget] { widget.setChecked(control.Value() == 1); });
@@ -122,19 +156,20 @@ void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& wid
   }
 }
 
+void Binder::BindDropDownList(ComboBox& control, QComboBox& widget) {
+  Keep(control, widget, [&control, &widget] { ShowRows(control, widget); });
+  QObject::connect(&widget, &QComboBox::activated, &widget,
+                   [this, &control](int index) { guard_.Run([&] { control.SetListIndex(index); }); });
+}
+
 void Binder::Bind(ComboBox& control, QComboBox& widget) {
   widget.setEditable(true);
   widget.setInsertPolicy(QComboBox::NoInsert);
+  // The names of sites do not set the width of the window.
+  widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  widget.setMinimumContentsLength(12);
   Keep(control, widget, [&control, &widget] {
-    QStringList items;
-    for (const std::string& item : control.Items()) items << ToUnicode(item);
-    QStringList shown;
-    for (int i = 0; i < widget.count(); ++i) shown << widget.itemText(i);
-    if (shown != items) {
-      widget.clear();
-      widget.addItems(items);
-    }
-    if (widget.currentIndex() != control.ListIndex()) widget.setCurrentIndex(control.ListIndex());
+    ShowRows(control, widget);
     const QString text = ToUnicode(control.Text());
     if (widget.currentText() != text) widget.setEditText(text);
   });
@@ -165,14 +200,18 @@ void Binder::Bind(StatusBar& control, QStatusBar& widget) {
   }
   Keep(control, widget, [&control, panels] {
     for (int i = 0; i < StatusBar::kPanels; ++i) {
-      panels[static_cast<std::size_t>(i)]->setText(ToUnicode(control.Panel(i + 1)));
+      QLabel& panel = *panels[static_cast<std::size_t>(i)];
+      const QString text = OneLine(control.Panel(i + 1));
+      if (panel.text() != text) panel.setText(text);
     }
   });
 }
 
-void Binder::Bind(TabStrip& control, QTabBar& widget, std::function<void(int number)> onShown) {
-  for (const TabStrip::Tab& tab : control.Tabs) {
-    const int index = widget.addTab(ToUnicode(tab.Caption));
+void Binder::Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>& mnemonics,
+                  std::function<void(int number)> onShown) {
+  for (std::size_t i = 0; i < control.Tabs.size(); ++i) {
+    const TabStrip::Tab& tab = control.Tabs[i];
+    const int index = widget.addTab(i < mnemonics.size() ? mnemonics[i] : ToUnicode(tab.Caption));
     widget.setTabToolTip(index, ToUnicode(tab.ToolTip));
   }
   Keep(control, widget, [&control, &widget, onShown = std::move(onShown)] {

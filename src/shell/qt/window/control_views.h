@@ -41,14 +41,19 @@ class Binder {
   void Bind(TextBox& control, QLineEdit& widget);
   void Bind(TextBox& control, QPlainTextEdit& widget);
   void BindLabel(TextBox& control, QLabel& widget);
+  /// A label of one line, whatever its text is, that never widens the window.
+  void BindLine(TextBox& control, QLabel& widget);
   void Bind(CheckBox& control, QCheckBox& widget);
   void Bind(OptionGroup& control, const std::vector<QAbstractButton*>& widgets);
   void Bind(ComboBox& control, QComboBox& widget);
+  /// A combo box whose rows are picked and never typed.
+  void BindDropDownList(ComboBox& control, QComboBox& widget);
   void Bind(ProgressBar& control, QProgressBar& widget);
   void Bind(StatusBar& control, QStatusBar& widget);
-  /// `onShown` gets the number of the tab on show, from 1.
-  void Bind(TabStrip& control, QTabBar& widget, std::function<void(int number)> onShown);
-  /// Fills the menu with the control's entries; "&" is put before the letter at `mnemonics[i]`.
+  /// `onShown` gets the number of the tab on show, from 1; `mnemonics` are the captions with their "&".
+  void Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>& mnemonics,
+            std::function<void(int number)> onShown);
+  /// Fills the menu with the control's entries; `texts` are the same with "&", and the keys after a tab.
   void Bind(Menu& control, QMenu& widget, const std::vector<QString>& texts = {});
 
   [[nodiscard]] const EventGuard& Guard() const { return guard_; }

@@ -2,32 +2,46 @@
 // Rows, colours and icons of a list as a table model.
 #include "shell/qt/window/list_table.h"
 
-#include <QApplication>
 #include <QBrush>
 #include <QIcon>
-#include <QPalette>
-#include <QStyle>
+#include <array>
+#include <utility>
 
 #include "shell/qt/code_page.h"
+#include "shell/qt/window/glyphs.h"
+#include "shell/qt/window/shown_text.h"
 
 namespace requite {
 namespace {
 
-/// The list's colours say what a row means; these shades of them can be read on the palette in use.
-QVariant Shade(std::uint32_t colour) {
-  const bool dark = QApplication::palette().color(QPalette::Base).lightness() < 128;
-  switch (colour) {
-    case kBlue: return QBrush(dark ? QColor(125, 170, 255) : QColor(0, 60, 200));
-    case kGreen: return QBrush(dark ? QColor(110, 220, 130) : QColor(0, 110, 30));
-    case kRed: return QBrush(dark ? QColor(255, 130, 120) : QColor(190, 0, 0));
-    default: return {};
+constexpr int kIconBad = 1;
+constexpr int kIconGood = 2;
+
+/// What a row says of its site, by colour, by picture and by word.
+struct Verdict {
+  std::uint32_t Colour;
+  Tone Shade;
+  Glyph Picture;
+  const char* Word;
+};
+
+constexpr std::array kVerdicts{
+    Verdict{kBlue, Tone::Blue, Glyph::Found, QT_TRANSLATE_NOOP("ListTable", "link found")},
+    Verdict{kGreen, Tone::Green, Glyph::Redirect, QT_TRANSLATE_NOOP("ListTable", "redirect link")},
+    Verdict{kRed, Tone::Red, Glyph::Missing, QT_TRANSLATE_NOOP("ListTable", "link missing")}};
+
+const Verdict* VerdictOf(std::uint32_t colour) {
+  for (const Verdict& each : kVerdicts) {
+    if (each.Colour == colour) return &each;
   }
+  return nullptr;
 }
 
-QVariant IconOf(int icon) {
-  if (icon == 1) return QApplication::style()->standardIcon(QStyle::SP_DialogCancelButton);
-  if (icon == 2) return QApplication::style()->standardIcon(QStyle::SP_DialogApplyButton);
-  return {};
+/// Rows that were loaded have an icon and no colour; Linking Sites have a colour and no icon.
+QVariant PictureOf(int icon, const Verdict* verdict) {
+  if (icon == kIconBad) return GlyphIcon(Glyph::Missing, Tone::Red);
+  if (icon == kIconGood) return GlyphIcon(Glyph::Found, Tone::Blue);
+  return verdict == nullptr ? QVariant() : GlyphIcon(verdict->Picture, verdict->Shade);
 }
 
 }  // namespace
@@ -39,14 +53,19 @@ ListTable::~ListTable() {
 
 void ListTable::Show(ListView* list) {
   if (list == list_) return;
+  applying_ = true;
   beginResetModel();
   if (list_ != nullptr) list_->SetObserver(nullptr);
   list_ = list;
-  if (list_ != nullptr) list_->SetObserver(this);
+  if (list_ != nullptr) {
+    list_->SetObserver(this);
+    captions_.clear();
+    for (std::size_t i = 0; i < list_->ColumnCount(); ++i) captions_ << ToUnicode(list_->Caption(i));
+  }
   shown_ = list_ == nullptr ? 0 : list_->RowCount();
-  onlyAppended_ = true;
   changed_ = false;
   endResetModel();
+  applying_ = false;
   if (OnRefreshed) OnRefreshed();
 }
 
@@ -55,63 +74,75 @@ int ListTable::rowCount(const QModelIndex& parent) const {
 }
 
 int ListTable::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() || list_ == nullptr ? 0 : static_cast<int>(list_->ColumnCount());
+  return parent.isValid() ? 0 : static_cast<int>(captions_.size());
 }
 
 QVariant ListTable::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
   // A row may be gone already, and the view does not know yet.
   if (list_ == nullptr || !index.isValid() || row >= list_->RowCount()) return {};
+  const auto text = [&]() -> const std::string& {
+    return list_->FieldAt(row, static_cast<std::size_t>(index.column()));
+  };
   switch (role) {
-    case Qt::DisplayRole:
-    case Qt::ToolTipRole: return ToUnicode(list_->FieldAt(row, static_cast<std::size_t>(index.column())));
-    case Qt::ForegroundRole: return Shade(list_->Colour(row));
-    case Qt::DecorationRole: return index.column() == 0 ? IconOf(list_->Icon(row)) : QVariant();
+    case Qt::DisplayRole: return OneLine(text());
+    case Qt::ToolTipRole:
+      // A list's own tool tip goes before those of its rows.
+      return list_->ToolTip.empty() ? QVariant(ToolTipText(text())) : QVariant();
+    case Qt::ForegroundRole:
+      if (const Verdict* const verdict = VerdictOf(list_->Colour(row)))
+        return QBrush(ShadeOf(verdict->Shade));
+      return {};
+    case Qt::DecorationRole:
+      return index.column() == 0 ? PictureOf(list_->Icon(row), VerdictOf(list_->Colour(row))) : QVariant();
+    case Qt::AccessibleDescriptionRole:
+      if (const Verdict* const verdict = VerdictOf(list_->Colour(row))) return tr(verdict->Word);
+      return {};
     default: return {};
   }
 }
 
 QVariant ListTable::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (list_ == nullptr || orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return ToUnicode(list_->Caption(static_cast<std::size_t>(section)));
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return captions_.value(section);
 }
 
 void ListTable::RowAdded(std::size_t row) {
-  if (row + 1 != list_->RowCount()) onlyAppended_ = false;
+  if (row + 1 != list_->RowCount()) changed_ = true;
   Mark();
 }
 
-void ListTable::RowRemoved(std::size_t) {
-  onlyAppended_ = false;
-  Mark();
-}
+void ListTable::RowRemoved(std::size_t) { ListReset(); }
 
-void ListTable::RowChanged(std::size_t) {
+void ListTable::RowChanged(std::size_t) { ListReset(); }
+
+void ListTable::ListReset() {
   changed_ = true;
   Mark();
 }
 
-void ListTable::ListReset() {
-  onlyAppended_ = false;
-  Mark();
-}
-
-void ListTable::Apply() {
-  const std::size_t rows = list_ == nullptr ? 0 : list_->RowCount();
-  if (!onlyAppended_ || rows < shown_) {
-    beginResetModel();
-    shown_ = rows;
-    endResetModel();
-  } else if (rows > shown_) {
+/// The view is told of rows at the end only. Rows that move between two refreshes are rows whose fields
+/// changed: nothing in the view holds on to a row but the selection, which follows the list's own. So a
+/// refresh costs the same however many rows there are, and the view stays where the user scrolled it.
+void ListTable::FollowRowCount(std::size_t rows) {
+  if (rows > shown_) {
     beginInsertRows({}, static_cast<int>(shown_), static_cast<int>(rows) - 1);
     shown_ = rows;
     endInsertRows();
+  } else if (rows < shown_) {
+    beginRemoveRows({}, static_cast<int>(rows), static_cast<int>(shown_) - 1);
+    shown_ = rows;
+    endRemoveRows();
   }
-  if (changed_ && shown_ > 0) {
+}
+
+void ListTable::Apply() {
+  applying_ = true;
+  FollowRowCount(list_ == nullptr ? 0 : list_->RowCount());
+  if (std::exchange(changed_, false) && shown_ > 0) {
     emit dataChanged(index(0, 0), index(static_cast<int>(shown_) - 1, columnCount() - 1));
   }
-  onlyAppended_ = true;
-  changed_ = false;
+  applying_ = false;
   if (OnRefreshed) OnRefreshed();
 }
 

@@ -3,12 +3,13 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <functional>
 
 #include "platform/list_view.h"
 #include "shell/qt/window/control_views.h"
 
-class QTreeView;
+class QTableView;
 
 namespace requite {
 
@@ -21,7 +22,8 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   explicit ListTable(ViewRefresh& refresh) : RefreshedView(refresh) {}
   ~ListTable() override;
 
-  /// Shows another list, or none. The list must be let go of before it ends.
+  /// Shows another list, or none. The list must be let go of before it ends. Without a list the columns
+  /// of the last one stay, and with them their widths.
   void Show(ListView* list);
   [[nodiscard]] ListView* List() const { return list_; }
 
@@ -37,18 +39,29 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   void SelectionChanged() override { Mark(); }
   void Apply() override;
 
-  /// Runs after each refresh: the selection of the list may be another.
+  /// Rows come and go under the view's hands: what it tells of its selection is not the user's doing.
+  [[nodiscard]] bool Applying() const { return applying_; }
+
+  /// Runs after each refresh: the selection or the sort of the list may be another.
   std::function<void()> OnRefreshed;
 
  private:
+  void FollowRowCount(std::size_t rows);
+
   ListView* list_ = nullptr;
-  std::size_t shown_ = 0;     ///< rows that the view knows of
-  bool onlyAppended_ = true;  ///< since the last refresh, rows came at the end and none went
-  bool changed_ = false;
+  QStringList captions_;
+  std::size_t shown_ = 0;  ///< rows that the view knows of
+  bool changed_ = false;   ///< since the last refresh, rows have moved or are others
+  bool applying_ = false;
 };
 
-/// Wires a tree view to a table: selection both ways, clicks, right clicks, double clicks, headers,
-/// label edits. `emptyText` is shown while the list has no rows.
-void WireTable(QTreeView& view, ListTable& table, const EventGuard& guard, const QString& emptyText);
+/// What a right press on a row does before the list hears of it.
+enum class RightPress { SelectsRow, SelectsNothing };
+
+/// Wires a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
+/// the keys that stand for them, double clicks, headers, label edits. `emptyText` is shown while the list
+/// has no rows.
+void WireTable(QTableView& view, ListTable& table, const EventGuard& guard, const QString& emptyText,
+               RightPress rightPress = RightPress::SelectsRow);
 
 }  // namespace requite

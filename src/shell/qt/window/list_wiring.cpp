@@ -1,101 +1,173 @@
 // SPDX-License-Identifier: MIT
-// What the user does in a table, told to its list; and the list's selection, shown in the table.
+// What the user does in a table, told to its list; and the list's selection and sort, shown in the table.
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTreeView>
+#include <QTableView>
+#include <QTimer>
 
 #include "shell/qt/window/list_table.h"
+#include "shell/qt/window/row_look.h"
 
 namespace requite {
 namespace {
 
-/// Watches a tree view's mouse and keyboard, and paints the words of an empty list.
+/// Watches a table view's mouse and keyboard, and paints the words of an empty list.
 class TableHand : public QObject {
  public:
-  TableHand(QTreeView& view, ListTable& table, const EventGuard& guard, QString emptyText)
-      : QObject(&view), view_(view), table_(table), guard_(guard), emptyText_(std::move(emptyText)) {
+  TableHand(QTableView& view, ListTable& table, const EventGuard& guard, QString emptyText,
+            RightPress rightPress)
+      : QObject(&view),
+        view_(view),
+        table_(table),
+        guard_(guard),
+        emptyText_(std::move(emptyText)),
+        rightPress_(rightPress) {
+    view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
-    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& now) { OnCurrent(now); });
-    connect(&view, &QTreeView::doubleClicked, this, [this](const QModelIndex& at) {
-      Tell([&](ListView& list) {
-        if (list.OnDoubleClick) list.OnDoubleClick(at.row());
-      });
+    connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { OnSelection(); });
+    connect(view.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+      Tell(&ListView::OnColumnClick, column);
+      ShowSort();  // a refused sort leaves the arrow where it was
     });
-    connect(view.header(), &QHeaderView::sectionClicked, this, [this](int column) {
-      Tell([&](ListView& list) {
-        if (list.OnColumnClick) list.OnColumnClick(column);
-      });
-    });
-    table_.OnRefreshed = [this] { ShowSelection(); };
+    labelEdit_.setSingleShot(true);
+    connect(&labelEdit_, &QTimer::timeout, this, [this] { Tell(&ListView::OnLabelEdit, SelectedRow()); });
+    table_.OnRefreshed = [this] { ShowState(); };
+    ShowState();
   }
 
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::MouseButtonPress) OnPress(*static_cast<QMouseEvent*>(event));
-    if (event->type() == QEvent::Paint && table_.rowCount() == 0) painting_ = true;
-    if (!painting_) return false;
-    painting_ = false;
-    PaintEmptyText();
-    return true;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == &view_) return OnViewEvent(*event);
+    switch (event->type()) {
+      case QEvent::MouseButtonPress: return OnPress(*static_cast<QMouseEvent*>(event));
+      case QEvent::MouseButtonDblClick: return OnDoubleClick(*static_cast<QMouseEvent*>(event));
+      case QEvent::Paint:
+        if (table_.rowCount() == 0) PaintEmptyText();
+        return table_.rowCount() == 0;
+      default: return false;
+    }
   }
 
  private:
-  template <class Act>
-  void Tell(Act&& act) {
-    if (ListView* const list = table_.List()) guard_.Run([&] { act(*list); });
+  using Handler = std::function<void(int)> ListView::*;
+
+  void Tell(Handler handler, int number) {
+    ListView* const list = table_.List();
+    if (list == nullptr || !(list->*handler)) return;
+    guard_.Run([&] { (list->*handler)(number); });
   }
 
-  void OnPress(const QMouseEvent& press) {
-    const QModelIndex at = view_.indexAt(press.pos());
-    const int row = at.isValid() ? at.row() : -1;
-    Tell([&](ListView& list) {
-      if (list.OnMouseDown) list.OnMouseDown(row);
-    });
-    if (press.button() == Qt::RightButton) {
-      Tell([&](ListView& list) {
-        if (list.OnRightButtonDown) list.OnRightButtonDown(row);
-      });
-    } else if (press.button() == Qt::LeftButton) {
-      const bool again = row >= 0 && table_.List() != nullptr && table_.List()->SelectedRow() == row;
-      if (again) {
+  [[nodiscard]] int SelectedRow() const {
+    return table_.List() == nullptr ? -1 : table_.List()->SelectedRow();
+  }
+
+  [[nodiscard]] int RowUnder(const QMouseEvent& mouse) const {
+    return view_.rowAt(mouse.position().toPoint().y());
+  }
+
+  bool OnPress(const QMouseEvent& press) {
+    const int row = RowUnder(press);
+    Tell(&ListView::OnMouseDown, row);
+    if (press.button() == Qt::LeftButton) {
+      if (row >= 0 && SelectedRow() == row) {
+        Tell(&ListView::OnItemClick, row);
         // A second, slow click on the selected row begins an edit of its label.
-        Tell([&](ListView& list) {
-          if (list.OnItemClick) list.OnItemClick(row);
-          if (list.OnLabelEdit) list.OnLabelEdit(row);
-        });
-      } else if (row < 0) {
-        Select(-1);
+        labelEdit_.start(QApplication::doubleClickInterval());
       }
+      return false;
+    }
+    // The view would select the row for any button.
+    if (press.button() == Qt::RightButton) {
+      view_.setFocus(Qt::MouseFocusReason);
+      if (rightPress_ == RightPress::SelectsRow && row >= 0) Select(row);
+      Tell(&ListView::OnRightButtonDown, row);
+    }
+    return true;
+  }
+
+  bool OnDoubleClick(const QMouseEvent& mouse) {
+    labelEdit_.stop();
+    if (mouse.button() != Qt::LeftButton) return true;
+    if (const int row = RowUnder(mouse); row >= 0) Tell(&ListView::OnDoubleClick, row);
+    return false;
+  }
+
+  bool OnViewEvent(const QEvent& event) {
+    if (event.type() == QEvent::ContextMenu) {
+      const auto& menu = static_cast<const QContextMenuEvent&>(event);
+      if (menu.reason() != QContextMenuEvent::Keyboard) return true;
+      PopUpAtRow();
+      return true;
+    }
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) view_.viewport()->update();
+    if (event.type() != QEvent::KeyPress || SelectedRow() < 0) return false;
+    switch (static_cast<const QKeyEvent&>(event).key()) {
+      case Qt::Key_Return:
+      case Qt::Key_Enter: Tell(&ListView::OnDoubleClick, SelectedRow()); return true;
+      case Qt::Key_F2: Tell(&ListView::OnLabelEdit, SelectedRow()); return true;
+      default: return false;
     }
   }
 
-  /// The keyboard and the mouse both move the current row.
-  void OnCurrent(const QModelIndex& now) {
-    if (showing_ || !now.isValid() || table_.List() == nullptr) return;
-    if (table_.List()->SelectedRow() != now.row()) Select(now.row());
+  /// The popup opens under the mouse, which is elsewhere when a key asks for it.
+  void PopUpAtRow() {
+    Tell(&ListView::OnRightButtonDown, SelectedRow());
+    QWidget* const popup = QApplication::activePopupWidget();
+    if (popup == nullptr) return;
+    const QRect row = view_.visualRect(table_.index(std::max(0, SelectedRow()), 0));
+    const QRect seen = view_.viewport()->rect();
+    const QPoint at(seen.left(), std::clamp(row.bottom(), seen.top(), seen.bottom()));
+    popup->move(view_.viewport()->mapToGlobal(at));
+  }
+
+  /// The keyboard and the mouse both change the selection; a focus that comes to the list does not.
+  void OnSelection() {
+    if (showing_ || table_.Applying() || table_.List() == nullptr) return;
+    const QModelIndexList rows = view_.selectionModel()->selectedRows();
+    if (rows.isEmpty()) return ShowSelection();  // a row is chosen by choosing another
+    if (rows.front().row() != SelectedRow()) Select(rows.front().row());
   }
 
   void Select(int row) {
-    Tell([&](ListView& list) {
-      if (row >= static_cast<int>(list.RowCount())) return;
-      list.SelectOnly(row);
-      if (list.OnItemClick) list.OnItemClick(row);
-    });
+    labelEdit_.stop();
+    ListView* const list = table_.List();
+    if (list == nullptr || row >= static_cast<int>(list->RowCount())) return;
+    list->SelectOnly(row);
+    Tell(&ListView::OnItemClick, row);
+  }
+
+  void ShowState() {
+    ShowSelection();
+    ShowSort();
   }
 
   void ShowSelection() {
-    const ListView* const list = table_.List();
-    const int row = list == nullptr ? -1 : list->SelectedRow();
+    const int row = SelectedRow();
+    const QModelIndexList shown = view_.selectionModel()->selectedRows();
+    if (row < 0 ? shown.isEmpty() : shown.size() == 1 && shown.front().row() == row) return;
     showing_ = true;
     if (row < 0) {
-      view_.selectionModel()->clear();
-    } else if (view_.currentIndex().row() != row) {
+      view_.clearSelection();
+    } else {
       view_.setCurrentIndex(table_.index(row, 0));
     }
     showing_ = false;
-    if (table_.rowCount() == 0) view_.viewport()->update();
+  }
+
+  void ShowSort() {
+    const ListView* const list = table_.List();
+    QHeaderView& header = *view_.horizontalHeader();
+    const bool sorted = list != nullptr && list->Sort().Sorted;
+    if (header.isSortIndicatorShown() != sorted) header.setSortIndicatorShown(sorted);
+    if (!sorted) return;
+    const auto order = list->Sort().SortOrder == 0 ? Qt::AscendingOrder : Qt::DescendingOrder;
+    if (header.sortIndicatorSection() != list->Sort().SortKey || header.sortIndicatorOrder() != order) {
+      header.setSortIndicator(list->Sort().SortKey, order);
+    }
   }
 
   void PaintEmptyText() {
@@ -105,28 +177,22 @@ class TableHand : public QObject {
                      emptyText_);
   }
 
-  QTreeView& view_;
+  QTableView& view_;
   ListTable& table_;
   const EventGuard& guard_;
   QString emptyText_;
+  RightPress rightPress_;
+  QTimer labelEdit_;
   bool showing_ = false;
-  bool painting_ = false;
 };
 
 }  // namespace
 
-void WireTable(QTreeView& view, ListTable& table, const EventGuard& guard, const QString& emptyText) {
+void WireTable(QTableView& view, ListTable& table, const EventGuard& guard, const QString& emptyText,
+               RightPress rightPress) {
   view.setModel(&table);
-  view.setRootIsDecorated(false);
-  view.setUniformRowHeights(true);
-  view.setAlternatingRowColors(true);
-  view.setAllColumnsShowFocus(true);
-  view.setSelectionBehavior(QAbstractItemView::SelectRows);
-  view.setSelectionMode(QAbstractItemView::SingleSelection);
-  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view.setTextElideMode(Qt::ElideMiddle);
-  view.header()->setSectionsClickable(true);
-  new TableHand(view, table, guard, emptyText);  // owned by the view
+  LookLikeAList(view);
+  new TableHand(view, table, guard, emptyText, rightPress);  // owned by the view
 }
 
 }  // namespace requite

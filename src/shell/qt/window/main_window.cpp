@@ -2,48 +2,44 @@
 // The frame of the main window: tool bar, menus, shortcuts, title and the close.
 #include "shell/qt/window/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QStyle>
+#include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
 
-#include "shell/qt/code_page.h"
+#include "shell/qt/window/glyphs.h"
+#include "shell/qt/window/product_icon.h"
+#include "shell/qt/window/shown_text.h"
+#include "shell/scan_share.h"
 
 namespace requite {
 
-/// The window's title, with the scan's progress in front of it while one runs.
+/// Hears that the title is another; it is written with the next refresh.
 class MainWindow::TitleView final : public ControlView, public RefreshedView {
  public:
-  TitleView(MainWindow& window, ViewRefresh& refresh) : RefreshedView(refresh), window_(window) {
-    window_.form_.Main.SetView(this);
-    Apply();
+  TitleView(Window& control, ViewRefresh& refresh) : RefreshedView(refresh), control_(control) {
+    control_.SetView(this);
   }
-  ~TitleView() override { window_.form_.Main.SetView(nullptr); }
+  ~TitleView() override { control_.SetView(nullptr); }
 
   void Refresh(const Control&) override { Mark(); }
-  void Apply() override {
-    const Form1& form = window_.form_;
-    QString title = ToUnicode(form.Main.Title());
-    if (form.State.Scanning) {
-      title = QString("%1, %2 links - %3")
-                  .arg(ToUnicode(form.StatusBar1.Panel(2)))
-                  .arg(form.Figures.LinksFound)
-                  .arg(title);
-    }
-    if (window_.windowTitle() != title) window_.setWindowTitle(title);
-  }
+  void Apply() override {}
 
  private:
-  MainWindow& window_;
+  Window& control_;
 };
 
-MainWindow::MainWindow(Form1& form, const EventGuard& guard) : form_(form), guard_(guard) {
+MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop)
+    : form_(form), guard_(guard) {
   setObjectName("Form1");
+  setWindowIcon(ProductIcon());
+  if (desktop != nullptr) notice_.emplace(*desktop);
   BuildToolBar();
   BuildMenus();
   columns_ = new QSplitter(Qt::Horizontal, this);
@@ -57,8 +53,9 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard) : form_(form), guar
   left_->setChildrenCollapsible(false);
   setCentralWidget(columns_);
   bind_.Bind(form_.StatusBar1, *statusBar());
-  title_ = std::make_unique<TitleView>(*this, refresh_);
-  // The figures change the main window's drawing lock at every count, which keeps the title fresh.
+  title_ = std::make_unique<TitleView>(form_.Main, refresh_);
+  refresh_.OnApplied = [this] { ShowScan(); };
+  ShowScan();
   form_.Sites.OnListDropped = [this](LinkingSiteList& list, int) {
     if (linkingSites_.List() == &list) linkingSites_.Show(nullptr);
   };
@@ -71,43 +68,57 @@ MainWindow::~MainWindow() {
   form_.Sites.OnListDropped = nullptr;
 }
 
+/// The title says how far a scan has come, and so does the task bar.
+void MainWindow::ShowScan() {
+  QString title = OneLine(form_.Main.Title());
+  if (form_.State.Scanning) {
+    title = QString("%1, %2 links - %3")
+                .arg(OneLine(form_.StatusBar1.Panel(2)))
+                .arg(form_.Figures.LinksFound)
+                .arg(title);
+  }
+  if (windowTitle() != title) setWindowTitle(title);
+  if (!notice_) return;
+  notice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr, ScanPercent(form_),
+                form_.Figures.LinksFound, form_.Figures.PagesScanned});
+}
+
 void MainWindow::BuildToolBar() {
   auto* const bar = addToolBar(tr("Commands"));
   bar->setObjectName("toolBar");
   bar->setMovable(false);
-  const auto add = [&](Button& control, QStyle::StandardPixmap icon, const QString& mnemonic) {
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  const auto add = [&](Button& control, Glyph glyph, const QString& mnemonic = {}, Tone tone = Tone::Text) {
     auto* const button = new QToolButton(bar);
-    button->setIcon(style()->standardIcon(icon));
+    button->setIcon(GlyphIcon(glyph, tone));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::TabFocus);
     bar->addWidget(button);
     bind_.Bind(control, *button, mnemonic);
-    return button;
   };
-  add(form_.Command1, QStyle::SP_MediaPlay, "S&tart Scan");
-  auto* const kind = add(form_.Command10, QStyle::SP_ArrowDown, {});
-  kind->setToolButtonStyle(Qt::ToolButtonIconOnly);
-  kind->setAccessibleName(ToUnicode(form_.Command10.ToolTip));
-  add(form_.cmdSkip, QStyle::SP_MediaSkipForward, "S&kip");
-  add(form_.cmdStop, QStyle::SP_MediaStop, "Sto&p");
+  add(form_.Command1, Glyph::Start, "S&tart Scan", Tone::Green);
+  add(form_.Command10, Glyph::More, "&V");
+  add(form_.cmdSkip, Glyph::Skip, "S&kip");
+  add(form_.cmdStop, Glyph::Stop, "Sto&p", Tone::Red);
   bar->addSeparator();
-  add(form_.Command9, QStyle::SP_FileDialogDetailedView, "&Options");
+  add(form_.Command9, Glyph::Options, "Optio&ns");
   bar->addSeparator();
-  add(form_.cmdOpen, QStyle::SP_DialogOpenButton, {});
-  add(form_.cmdSave, QStyle::SP_DialogSaveButton, {});
-  add(form_.cmdNew, QStyle::SP_FileIcon, {});
+  add(form_.cmdOpen, Glyph::Open);
+  add(form_.cmdSave, Glyph::Save);
+  add(form_.cmdNew, Glyph::New);
   bar->addSeparator();
-  add(form_.cmdWebsite, QStyle::SP_DriveNetIcon, {});
+  add(form_.cmdWebsite, Glyph::Site);
 }
 
 void MainWindow::BuildMenus() {
-  bind_.Bind(form_.mnuFile, *menuBar()->addMenu("&File"),
-             {"&New Project", "&Open Project", "&Import Project", "&Save Project", "E&xit"});
+  bind_.Bind(
+      form_.mnuFile, *menuBar()->addMenu("&File"),
+      {"&New Project\tCtrl+N", "&Open Project\tCtrl+O", "&Import Project", "&Save Project\tCtrl+S", "E&xit"});
   bind_.Bind(
       form_.mnuScan, *menuBar()->addMenu("Scan T&ype"),
       {"Scan &all main sites", "Just scan the selected &main site", "Just scan the selected &linking site"});
-  bind_.Bind(form_.mnuHelp, *menuBar()->addMenu("&Help"), {"View &Help File"});
-  bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("&About"), {"&About this software"});
+  bind_.Bind(form_.mnuHelp, *menuBar()->addMenu("&Help"), {"View &Help File\tF1"});
+  bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("A&bout"), {"&About this software"});
   for (Menu* popup : {&form_.mnuSkipPopup, &form_.Popup1, &form_.Popup2})
     bind_.Bind(*popup, *new QMenu(this));
 }
@@ -128,12 +139,21 @@ void MainWindow::AddShortcuts() {
   connect(help, &QShortcut::activated, this, [this] { guard_.Run([this] { form_.mnuHelp.Click(0); }); });
 }
 
+void MainWindow::PressOnDelete(QTableView& list, Button& control) {
+  auto* const shortcut = new QShortcut(QKeySequence::Delete, &list);
+  shortcut->setContext(Qt::WidgetShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this, &control] {
+    if (control.EnabledInEffect()) guard_.Run([&control] { control.Click(); });
+  });
+}
+
 /// Where the splitters stand is the window's own matter: it lies beside the program's settings.
 void MainWindow::RestoreLayout() {
   const QSettings layout("requite", "window");
-  resize(1100, 720);
-  columns_->setSizes({380, 720});
-  left_->setSizes({420, 220});
+  const QSize room = screen()->availableSize();
+  resize(QSize(1180, 760).boundedTo(room * 0.95));
+  columns_->setSizes({width() * 2 / 5, width() * 3 / 5});
+  left_->setSizes({height() * 3 / 5, height() * 2 / 5});
   if (!restoreGeometry(layout.value("geometry").toByteArray())) return;
   columns_->restoreState(layout.value("columns").toByteArray());
   left_->restoreState(layout.value("left").toByteArray());

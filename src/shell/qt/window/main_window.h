@@ -4,13 +4,16 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 
 #include "shell/form1.h"
 #include "shell/qt/window/control_views.h"
+#include "shell/qt/window/further_windows.h"
 #include "shell/qt/window/list_table.h"
+#include "shell/qt/window/scan_notice.h"
 
 class QSplitter;
-class QTreeView;
+class QTableView;
 
 namespace requite {
 
@@ -18,8 +21,8 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// Both must outlive the window.
-  MainWindow(Form1& form, const EventGuard& guard);
+  /// All must outlive the window; without a desktop nobody is told of a scan's progress and end.
+  MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop = nullptr);
   ~MainWindow() override;
 
  protected:
@@ -45,9 +48,18 @@ class MainWindow : public QMainWindow {
   void RestoreLayout();
   void SaveLayout() const;
   void ShowCurrentLinkingSites();
+  void ShowScan();
 
-  QTreeView* NewTable(ListView& list, ListTable& table, const QString& emptyText,
-                      const QString& accessibleName);
+  /// What a list of the window is called, says while it is empty, and how its columns share its width.
+  struct ListLook {
+    QString Name;
+    QString EmptyText;
+    std::vector<int> ColumnShares;
+    RightPress OnRightPress = RightPress::SelectsRow;
+  };
+  QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
+  /// The Delete key in the list presses the button, while that is enabled.
+  void PressOnDelete(QTableView& list, Button& control);
 
   Form1& form_;
   const EventGuard& guard_;
@@ -62,7 +74,9 @@ class MainWindow : public QMainWindow {
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
   std::unique_ptr<TitleView> title_;
+  std::optional<ScanNotice> notice_;
   Binder bind_{refresh_, guard_};
+  FurtherWindows further_{form_.Windows, guard_, form_.Platform, *this};
 };
 
 }  // namespace requite

@@ -4,13 +4,12 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTreeView>
+#include <QTableView>
 
 #include "shell/qt/code_page.h"
 #include "shell/qt/window/main_window.h"
@@ -93,9 +92,8 @@ QWidget* MainWindow::BuildPostPage() {
   layout->addWidget(siteUrl, 3, 1);
   layout->addWidget(NewButton(bind_, form_.cmdScriptAdd, page), 3, 2);
   layout->addWidget(NewButton(bind_, form_.cmdScriptDel, page), 3, 3);
-  QTreeView* const list =
-      NewTable(form_.Sites.lstMulti, scriptUrls_, tr("No script URLs yet."), tr("Script URLs"));
-  list->header()->resizeSection(0, 220);
+  QTableView* const list =
+      NewTable(form_.Sites.lstMulti, scriptUrls_, {tr("Script URLs"), tr("No script URLs yet."), {40, 60}});
   layout->addWidget(list, 4, 0, 1, 4);
   auto* const commands = new QHBoxLayout;
   for (Button* control : {&form_.cmdPost, &form_.cmdVariables, &form_.cmdExample}) {

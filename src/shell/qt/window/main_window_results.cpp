@@ -2,14 +2,13 @@
 // The right side of the main window: the tabs of the link results.
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
-#include <QTreeView>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include "shell/qt/code_page.h"
@@ -24,6 +23,8 @@ QWidget* MainWindow::BuildResults() {
   auto* const layout = new QVBoxLayout(box);
   auto* const tabs = new QTabBar(box);
   tabs->setExpanding(false);
+  tabs->setUsesScrollButtons(true);
+  tabs->setAccessibleName(ToUnicode(form_.Frame2.Caption));
   layout->addWidget(tabs);
   auto* const pages = new QStackedWidget(box);
   for (QWidget* page :
@@ -31,18 +32,20 @@ QWidget* MainWindow::BuildResults() {
     pages->addWidget(page);
   }
   layout->addWidget(pages, 1);
-  bind_.Bind(form_.TabStrip1, *tabs, [pages](int number) { pages->setCurrentIndex(number - 1); });
+  bind_.Bind(form_.TabStrip1, *tabs, {"&Links", "&Web", "Pa&ges", "Report&s", "P&ost"},
+             [pages](int number) { pages->setCurrentIndex(number - 1); });
   bind_.BindState(form_.Frame2, *box);
   return box;
 }
 
 QWidget* MainWindow::BuildLinksPage() {
   links_ = new QSplitter(Qt::Vertical, this);
-  QTreeView* const results =
-      NewTable(form_.Sites.List3, results_, tr("No results yet. Press Start Scan to look for links back."),
-               tr("Link results"));
-  const int widths[] = {150, 170, 190, 45};
-  for (int column = 0; column < 4; ++column) results->header()->resizeSection(column, widths[column]);
+  QTableView* const results =
+      NewTable(form_.Sites.List3, results_,
+               {tr("Link results"),
+                tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
+                {20, 22, 26, 0, 32},
+                RightPress::SelectsNothing});
   links_->addWidget(results);
   auto* const below = new QWidget(links_);
   auto* const layout = new QVBoxLayout(below);
@@ -50,9 +53,8 @@ QWidget* MainWindow::BuildLinksPage() {
   auto* const caption = new QLabel(below);
   bind_.BindLabel(form_.lblErr, *caption);
   layout->addWidget(caption);
-  QTreeView* const errors =
-      NewTable(form_.Lists.lstErr, errors_, tr("No errors."), tr("Errors and warnings"));
-  errors->header()->resizeSection(0, 220);
+  QTableView* const errors =
+      NewTable(form_.Lists.lstErr, errors_, {tr("Errors and warnings"), tr("No errors."), {40, 60}});
   layout->addWidget(errors, 1);
   links_->addWidget(below);
   links_->setSizes({420, 140});

@@ -7,14 +7,17 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTreeView>
+#include <QTableView>
 #include <initializer_list>
 
 #include "shell/qt/code_page.h"
+#include "shell/qt/window/column_fit.h"
 #include "shell/qt/window/main_window.h"
 
 namespace requite {
 namespace {
+
+constexpr int kLowestList = 56;  // keeps the whole window within 600 lines
 
 struct Command {
   Button* Control;
@@ -34,13 +37,14 @@ QHBoxLayout* RowOf(Binder& bind, QWidget* parent, std::initializer_list<Command>
 
 }  // namespace
 
-QTreeView* MainWindow::NewTable(ListView& list, ListTable& table, const QString& emptyText,
-                                const QString& accessibleName) {
-  auto* const view = new QTreeView(this);
+QTableView* MainWindow::NewTable(ListView& list, ListTable& table, const ListLook& look) {
+  auto* const view = new QTableView(this);
   table.Show(&list);
-  WireTable(*view, table, guard_, emptyText);
+  WireTable(*view, table, guard_, look.EmptyText, look.OnRightPress);
+  FitColumns(*view, look.ColumnShares);
+  view->setAccessibleName(look.Name);
+  view->setMinimumHeight(kLowestList);
   bind_.BindState(list, *view);
-  view->setAccessibleName(accessibleName);
   return view;
 }
 
@@ -66,11 +70,12 @@ QWidget* MainWindow::BuildMainSites() {
                           {{&form_.cmdAdd2, "&Add"},
                            {&form_.cmdDelete, "&Del"},
                            {&form_.cmdEditMain, "&Edit"},
-                           {&form_.cmdImport2, "&Import"}}));
-  QTreeView* const list =
+                           {&form_.cmdImport2, "I&mport"}}));
+  QTableView* const list =
       NewTable(form_.Sites.List4, mainSites_,
-               tr("No Main Sites yet. Type your own site above and press Add."), tr("Main Sites"));
-  list->setHeaderHidden(true);
+               {tr("Main Sites"), tr("No Main Sites yet. Type your own site above and press Add."), {100}});
+  list->horizontalHeader()->hide();
+  PressOnDelete(*list, form_.cmdDelete);
   layout->addWidget(list, 1);
   bind_.BindState(form_.innerFrame1, *block);
   return block;
@@ -81,8 +86,7 @@ QWidget* MainWindow::BuildLinkingSites() {
   auto* const layout = new QVBoxLayout(block);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* const caption = new QLabel(block);
-  caption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  bind_.BindLabel(form_.lblblah, *caption);
+  bind_.BindLine(form_.lblblah, *caption);
   layout->addWidget(caption);
   auto* const entry = new QLineEdit(block);
   entry->setPlaceholderText(tr("A site that ought to link back"));
@@ -92,15 +96,16 @@ QWidget* MainWindow::BuildLinkingSites() {
   layout->addLayout(RowOf(bind_, block,
                           {{&form_.cmdAdd, "Add"},
                            {&form_.cmbDel, "Del"},
-                           {&form_.cmdEdit, "Edit"},
-                           {&form_.cmdImport, "Import"}}));
-  auto* const view = new QTreeView(block);
+                           {&form_.cmdEdit, "Ed&it"},
+                           {&form_.cmdImport, "Impo&rt"}}));
+  auto* const view = new QTableView(block);
   view->setObjectName("List1");
   view->setAccessibleName(tr("Linking Sites"));
-  WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
+  view->setMinimumHeight(kLowestList);
   linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
-  view->header()->resizeSection(0, 190);
-  view->header()->resizeSection(1, 30);
+  WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
+  FitColumns(*view, {40, 0, 20, 20, 20});
+  PressOnDelete(*view, form_.cmbDel);
   layout->addWidget(view, 1);
   bind_.BindState(form_.innerFrame2, *block);
   // Which list is on show follows from the selected Main Site.
@@ -121,9 +126,9 @@ void MainWindow::ShowCurrentLinkingSites() {
 QWidget* MainWindow::BuildProgress() {
   auto* const box = new QGroupBox(ToUnicode(form_.Frame6.Caption), this);
   auto* const layout = new QGridLayout(box);
-  QTreeView* const queue =
-      NewTable(form_.Lists.List2, queue_, tr("No pages are queued."), tr("Queued pages"));
-  queue->setHeaderHidden(true);
+  QTableView* const queue =
+      NewTable(form_.Lists.List2, queue_, {tr("Queued pages"), tr("No pages are queued."), {100}});
+  queue->horizontalHeader()->hide();
   layout->addWidget(queue, 0, 0, 1, 4);
   layout->setRowStretch(0, 1);
   const auto figure = [&](int row, int column, const QString& caption, std::size_t index) {

@@ -2,13 +2,17 @@
 // One timer for all views.
 #include "shell/qt/window/view_refresh.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEvent>
 #include <algorithm>
 #include <utility>
 
 namespace requite {
 namespace {
 
-constexpr int kIntervalMilliseconds = 33;
+/// A refresh and the painting that follows it take one part in so many of the time.
+constexpr qint64 kRestFactor = 9;
 
 }  // namespace
 
@@ -22,16 +26,18 @@ void RefreshedView::Mark() {
   if (marked_) return;
   marked_ = true;
   refresh_.marked_.push_back(this);
-  if (!refresh_.timer_.isActive()) refresh_.timer_.start();
+  if (!refresh_.timer_.isActive()) refresh_.timer_.start(refresh_.pause_);
 }
 
 ViewRefresh::ViewRefresh() {
   timer_.setSingleShot(true);
-  timer_.setInterval(kIntervalMilliseconds);
+  timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timer_, &QTimer::timeout, [this] { ApplyAll(); });
 }
 
 void ViewRefresh::ApplyAll() {
+  QElapsedTimer clock;
+  clock.start();
   // Views are found by number: an applied view may mark others, or end them.
   for (std::size_t i = 0; i < marked_.size(); ++i) {
     RefreshedView* const view = std::exchange(marked_[i], nullptr);
@@ -40,6 +46,11 @@ void ViewRefresh::ApplyAll() {
     view->Apply();
   }
   marked_.clear();
+  if (OnApplied) OnApplied();
+  // Painted at once, so that its time counts: on a slow display the pictures come more rarely instead of
+  // keeping the scan from its work.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+  pause_ = std::max(kIntervalMilliseconds, static_cast<int>(clock.elapsed() * kRestFactor));
 }
 
 }  // namespace requite

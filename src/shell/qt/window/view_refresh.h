@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QTimer>
+#include <functional>
 #include <vector>
 
 namespace requite {
@@ -31,15 +32,21 @@ class RefreshedView {
 
 class ViewRefresh {
  public:
+  static constexpr int kIntervalMilliseconds = 33;  ///< the shortest
+
   ViewRefresh();
 
   /// Applies every marked view now.
   void ApplyAll();
 
+  /// Runs after each refresh, for what is shown of several controls together.
+  std::function<void()> OnApplied;
+
  private:
   friend class RefreshedView;
 
   QTimer timer_;
+  int pause_ = kIntervalMilliseconds;  ///< until the next refresh; grows with the time that one takes
   std::vector<RefreshedView*> marked_;
 };
 

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// What the desktop around the window is told, where there is one that listens.
+#pragma once
+
+#include <QString>
+
+namespace requite {
+
+/// Both calls return at once and never fail: without a listener nothing happens.
+class DesktopBus {
+ public:
+  static constexpr int kNoProgress = -1;
+
+  virtual ~DesktopBus() = default;
+  /// A notification; `body` is plain words of the program's own.
+  virtual void Notify(const QString& summary, const QString& body) = 0;
+  /// The progress on the program's button in the task bar, 0 to 100 or kNoProgress.
+  virtual void ShowProgress(int percent) = 0;
+};
+
+/// Over the session's message bus, which is not started when there is none.
+class SessionBus final : public DesktopBus {
+ public:
+  void Notify(const QString& summary, const QString& body) override;
+  void ShowProgress(int percent) override;
+};
+
+}  // namespace requite

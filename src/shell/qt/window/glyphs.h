@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The small pictures of commands and verdicts: drawn, so that they are sharp at any size and readable on
+// light and dark windows.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+
+namespace requite {
+
+enum class Glyph { Start, More, Skip, Stop, Options, Open, Save, New, Site, Found, Redirect, Missing };
+
+/// What a colour says; each has a shade for light and one for dark backgrounds.
+enum class Tone { Text, Blue, Green, Red };
+
+/// The shade of a tone that can be read on the application's palette as it is now. `Text` is its text.
+[[nodiscard]] QColor ShadeOf(Tone tone);
+
+/// Follows the palette: the icon is drawn anew for each use.
+[[nodiscard]] QIcon GlyphIcon(Glyph glyph, Tone tone = Tone::Text);
+
+}  // namespace requite
