@@ -31,6 +31,7 @@ EngineView::EngineView(WebViewEvents& events, QWidget* parent)
 
 EngineView::~EngineView() {
   page_->disconnect(this);
+  setPage(nullptr);
   page_.reset();
   profile_.Release();
 }
@@ -46,7 +47,7 @@ void EngineView::AddMenu() {
 
 void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
   switch (info.status()) {
-    case QWebEngineLoadingInfo::LoadStartedStatus: return events_.LoadStarted();
+    case QWebEngineLoadingInfo::LoadStartedStatus: failedOutside_ = false; return events_.LoadStarted();
     case QWebEngineLoadingInfo::LoadSucceededStatus: return events_.PageComplete(info.url());
     case QWebEngineLoadingInfo::LoadStoppedStatus:
       if (!page_->isLoading()) events_.LoadStopped();
@@ -56,20 +57,25 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
   // The page that a server sends with an error is a page.
   if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
     return events_.PageComplete(info.url());
-  if (!page_->CertificateFault().isEmpty()) {
-    return events_.PageFailed(info.url(),
-                              tr("Its certificate was refused: %1").arg(page_->CertificateFault()));
-  }
-  if (info.errorCode() == kAborted || page_->EndedInDownload()) {
+  const bool aborted = info.errorCode() == kAborted && page_->CertificateFault().isEmpty();
+  if (aborted || page_->EndedInDownload()) {
     if (!page_->isLoading()) events_.LoadStopped();
     return;
   }
-  events_.PageFailed(info.url(), info.errorString());
+  failedOutside_ = page_->history()->currentItem().url() != info.url();
+  const QString& fault = page_->CertificateFault();
+  events_.PageFailed(info.url(),
+                     fault.isEmpty() ? info.errorString() : tr("Its certificate was refused: %1").arg(fault));
 }
 
 void EngineView::Reload() { page_->triggerAction(QWebEnginePage::Reload); }
 
 bool EngineView::Back() {
+  if (failedOutside_ && page_->history()->count() > 0) {  // the page before the failed one is still there
+    failedOutside_ = false;
+    events_.PageComplete(page_->history()->currentItem().url());
+    return true;
+  }
   if (!page_->history()->canGoBack()) return false;
   page_->triggerAction(QWebEnginePage::Back);
   return true;

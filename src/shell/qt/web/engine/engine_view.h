@@ -31,6 +31,7 @@ class EngineView final : public QWebEngineView, public WebView {
 
   WebViewEvents& events_;
   EngineProfile& profile_;
+  bool failedOutside_ = false;  ///< the page that failed did not come into the history
   std::unique_ptr<EnginePage> page_;
 };
 
