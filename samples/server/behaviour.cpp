@@ -11,7 +11,7 @@
 namespace requite::samples {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Behaviour>, 12> kWords{{
+constexpr std::array<std::pair<std::string_view, Behaviour>, 13> kWords{{
     {"plain", Behaviour::Plain},
     {"move", Behaviour::Move},
     {"never-closes", Behaviour::NeverCloses},
@@ -24,6 +24,7 @@ constexpr std::array<std::pair<std::string_view, Behaviour>, 12> kWords{{
     {"nul-bytes", Behaviour::NulBytes},
     {"endless-header", Behaviour::EndlessHeader},
     {"endless-body", Behaviour::EndlessBody},
+    {"echo", Behaviour::Echo},
 }};
 
 Behaviour BehaviourOf(std::string_view word) {

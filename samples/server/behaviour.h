@@ -22,6 +22,7 @@ enum class Behaviour {
   NulBytes,       ///< "nul-bytes": a byte of 0 behind each line
   EndlessHeader,  ///< "endless-header": headers for ever
   EndlessBody,    ///< "endless-body": the page, and then text for ever
+  Echo,           ///< "echo": a script that answers with the query that it got
 };
 
 /// One line of "responses.txt".

@@ -2,6 +2,7 @@
 // Building the answers of the sample sites.
 #include "response.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <iterator>
@@ -112,7 +113,8 @@ Response Carry(const Instruction& instruction, const std::string& page, const fs
   const int status = instruction.Status;
   Response response = Whole(status, page);
   switch (instruction.Behaviour) {
-    case Behaviour::Plain: break;
+    case Behaviour::Plain:
+    case Behaviour::Echo: break;
     case Behaviour::Move:
       return Whole(status, MovedPage(status, instruction.Value), "\r\nLocation: " + instruction.Value);
     case Behaviour::NeverCloses: response.Ending = Ending::StayOpen; break;
@@ -171,6 +173,9 @@ Response Sites::Answer(std::string_view request) const {
     if (const auto found = FindInstruction(site, path)) instruction = *found;
   } catch (const std::runtime_error& error) {
     return Whole(500, std::string("<html><body>responses.txt: ") + error.what() + "</body></html>\n");
+  }
+  if (instruction.Behaviour == Behaviour::Echo) {
+    return Whole(instruction.Status, target.substr(std::min(target.size(), path.size() + 1)));
   }
   if (page) return Carry(instruction, *page, file);
   // A site may bring its own error pages, such as "404.html".

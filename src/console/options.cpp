@@ -65,10 +65,14 @@ std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
 }
 
 std::string TakeScan(ScanOptions& scan) {
-  for (std::string* path : {&scan.Project, &scan.Save, &scan.Report, &scan.Tab}) *path = AbsolutePath(*path);
+  for (std::string* path : {&scan.Project, &scan.Save, &scan.Report, &scan.Tab, &scan.Page}) {
+    *path = AbsolutePath(*path);
+  }
   if (std::string why = WhyNotReadable(scan.Project); !why.empty()) return why;
-  const std::pair<const char*, const std::string*> targets[] = {
-      {"--save: ", &scan.Save}, {"--report: ", &scan.Report}, {"--tab: ", &scan.Tab}};
+  const std::pair<const char*, const std::string*> targets[] = {{"--save: ", &scan.Save},
+                                                                {"--report: ", &scan.Report},
+                                                                {"--tab: ", &scan.Tab},
+                                                                {"--page: ", &scan.Page}};
   for (const auto& [option, path] : targets) {
     if (std::string why = WhyNotWritable(*path); !why.empty()) return option + why;
   }
@@ -97,6 +101,10 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   scanCommand.add_option("--save", scan.Save, "Save the project there when done")->type_name("FILE");
   scanCommand.add_option("--report", scan.Report, "Copy the Reciprocal Link Report there")->type_name("FILE");
   scanCommand.add_option("--tab", scan.Tab, "Write the tab-delimited results there")->type_name("FILE");
+  scanCommand.add_option("--page", scan.Page, "Generate the link page and write it there")->type_name("FILE");
+  scanCommand.add_flag("--post", scan.Post,
+                       "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
+                       "the URL of each Main Site");
   AddCommonOptions(scanCommand, common);
 
   CLI::App& scriptCommand = *app.add_subcommand("script", "Press the program's controls, as told by a file");

@@ -22,9 +22,11 @@ struct CommonOptions {
 
 struct ScanOptions {
   std::string Project;
-  std::string Save;  ///< empty: not asked for, like the two below
+  std::string Save;  ///< empty: not asked for, like the three below
   std::string Report;
   std::string Tab;
+  std::string Page;
+  bool Post = false;  ///< post the results to the project's script URLs
 };
 
 struct ScriptOptions {

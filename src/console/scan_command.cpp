@@ -79,7 +79,23 @@ bool WriteFilesAskedFor(ConsoleProgram& program, const ScanOptions& options) {
                               [&] { WriteFile(options.Report, ReadFile(form.Folder.File(kReportFile))); });
   const bool listed =
       Write(program, options.Tab, [&] { WriteFile(options.Tab, TabDelimitedText(form.Sites.List3)); });
-  return saved && reported && listed;
+  // Behind the save: generated links are not part of the project unless the user wants them to be.
+  const bool built = Write(program, options.Page, [&] {
+    form.Pages.GenerateLinks();
+    WriteFile(options.Page, form.Pages.WebPage());
+  });
+  return saved && reported && listed && built;
+}
+
+/// An interrupt ends it before the next request.
+void Post(Form1& form, Interrupt& interrupt) {
+  if (interrupt.Seen) return;
+  interrupt.OnInterrupt = [&form] {
+    form.Post.Stop();
+    form.Platform.Internet.Abort();
+  };
+  form.Post.PostLinks();
+  interrupt.OnInterrupt = nullptr;
 }
 
 }  // namespace
@@ -105,6 +121,7 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
 
   PrintResults(program);
   const bool written = WriteFilesAskedFor(program, options);
+  if (options.Post) Post(form, interrupt);
   if (interrupt.Seen) return ExitStatus::Interrupted;
   if (!written) return ExitStatus::Refused;
   return progress.AllLinkBack() && !stoodStill ? ExitStatus::Done : ExitStatus::LinksMissing;

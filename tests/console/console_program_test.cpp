@@ -115,7 +115,7 @@ TEST_F(ConsoleProgramTest, ARefusedScanWritesNothingItWasAskedFor) {
     EXPECT_FALSE(Has("r.html"));
   };
   refused({"scan", folder_.File("gone.prj")}, "gone.prj");
-  refused({"scan", Project(kFound), "--post"}, "--post");
+  refused({"scan", Project(kFound), "--page", folder_.Folder.Path}, "--page");
   EXPECT_FALSE(Has("settings")) << "a refused command line writes no setting";
   refused({"scan", Project("")}, "Please enter at least one website to search for links.");
   WriteFile(project_, "");

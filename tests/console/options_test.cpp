@@ -26,14 +26,17 @@ class CommandLine : public testing::Test {
 };
 
 TEST_F(CommandLine, AScanWithEverythingAskedFor) {
-  const auto read = Read({"scan", "--set", "txtTimeout=2", "--connect-to", "A.example:80:127.0.0.1:8080",
-                          project_, "--connect-to", "::127.0.0.1:9", "--set", "LastProject=", "--report",
-                          folder_.File("r.html"), "--program-folder", folder_.Folder.Path});
+  const auto read =
+      Read({"scan", "--set", "txtTimeout=2", "--connect-to", "A.example:80:127.0.0.1:8080", project_,
+            "--connect-to", "::127.0.0.1:9", "--set", "LastProject=", "--report", folder_.File("r.html"),
+            "--page", folder_.File("p.html"), "--post", "--program-folder", folder_.Folder.Path});
   ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
   const Options& options = std::get<Options>(read);
   const auto& scan = std::get<ScanOptions>(options.Command);
   EXPECT_EQ(scan.Project, project_);
   EXPECT_EQ(scan.Report, folder_.File("r.html"));
+  EXPECT_EQ(scan.Page, folder_.File("p.html"));
+  EXPECT_TRUE(scan.Post);
   EXPECT_EQ(scan.Save, "");
   EXPECT_EQ(options.Common.Settings,
             (std::vector<std::pair<std::string, std::string>>{{"txtTimeout", "2"}, {"LastProject", ""}}));
@@ -62,8 +65,8 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"scan"},
       {"scan", project_, "another.prj"},
       {"scan", project_, "--unknown"},
-      {"scan", project_, "--page", "p.html"},
-      {"scan", project_, "--post"},
+      {"scan", project_, "--page", dir},
+      {"scan", project_, "--post", "http://script.example"},
       {"scan", project_, "--set"},
       {"scan", project_, "--set", "novalue"},
       {"scan", project_, "--set", "=1"},

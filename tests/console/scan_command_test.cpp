@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// What `scan` does with the results: the page that is written and the requests that go to the user's script.
+#include "console/scan_command.h"
+
+#include <gtest/gtest.h>
+
+#include "console/console_rig.h"
+
+namespace requite {
+namespace {
+
+/// A scan of two sites, of which each answers with the same page.
+class ScanCommand : public testing::Test {
+ protected:
+  ScanCommand() {
+    options_.Project = rig_.Folder.File("a.prj");
+    WriteFile(options_.Project,
+              "main.example\r\na.example|1|http://a.example/in|A|\r\nb.example|1|||\r\n"
+              "HTML01:<top>\r\nHTML02:x\r\nHTML03:<end>\r\nPOSTSINGLE:http://s.example/$LinkingSite/"
+              "$Status\r\n\r\n");
+    rig_.Services.Connection.WhenConnecting = [this] {
+      rig_.Loop.After(1, [this] {
+        rig_.Services.Connection.Serve("HTTP/1.1 200 OK\r\n\r\n<a href=\"http://main.example\">m</a>");
+      });
+    };
+  }
+
+  ExitStatus Run() { return RunScan(rig_.Program, options_, ScanProgress::Output::Lines, interrupt_); }
+
+  [[nodiscard]] std::vector<std::string> Asked() { return rig_.Services.Internet.Asked; }
+
+  test::ConsoleRig rig_;
+  ScanOptions options_;
+  Interrupt interrupt_;
+};
+
+TEST_F(ScanCommand, ThePageIsWrittenAsTheButtonsWouldAndTheResultsArePosted) {
+  options_.Page = rig_.Folder.File("page.html");
+  options_.Save = rig_.Folder.File("saved.prj");
+  options_.Post = true;
+  EXPECT_EQ(Run(), ExitStatus::Done) << rig_.Err.str();
+  const std::string page = ReadFile(options_.Page);
+  EXPECT_EQ(page,
+            "<top>\r\n\r\n<a href=\"http://a.example/in\" target=\"_blank\">A</a><br><br>\r\n"
+            "<a href=\"http://b.example\" target=\"_blank\">b.example</a><br><br>\r\n\r\n\r\n<end>\r\n");
+  EXPECT_EQ(Asked(),
+            (std::vector<std::string>{"http://s.example/a.example/True", "http://s.example/b.example/True"}));
+  EXPECT_NE(ReadFile(options_.Save).find("HTML02:x\r\n"), std::string::npos) << "saved without the links";
+
+  const std::string byButton = rig_.Folder.File("by button");
+  rig_.Dialogs.LayReadyFile(byButton);
+  rig_.Form.Command6.Click();
+  EXPECT_EQ(ReadFile(byButton), page);
+}
+
+TEST_F(ScanCommand, PostingIsAskedForAndAnInterruptEndsIt) {
+  EXPECT_EQ(Run(), ExitStatus::Done);
+  EXPECT_TRUE(Asked().empty());
+  options_.Post = true;
+  rig_.Services.Internet.OnOpen = [this] {
+    rig_.Services.Internet.Aborts = 0;
+    interrupt_.Seen = true;
+    interrupt_.OnInterrupt();
+  };
+  EXPECT_EQ(Run(), ExitStatus::Interrupted);
+  EXPECT_EQ(Asked().size(), 1U);
+  EXPECT_EQ(rig_.Services.Internet.Aborts, 1);
+}
+
+}  // namespace
+}  // namespace requite
