@@ -22,6 +22,12 @@ TextBox* AsTextBox(const NamedControl& control) {
   return control.ReadOnly ? nullptr : box;
 }
 
+/// A combo box that can be typed in: lists to pick from are none.
+ComboBox* AsTypedCombo(const NamedControl& control) {
+  auto* const combo = As<ComboBox>(control);
+  return control.ReadOnly ? nullptr : combo;
+}
+
 Complaint PressFound(const NamedControl& control, const std::string& name) {
   if (auto* button = As<Button>(control)) {
     button->Click();
@@ -59,7 +65,7 @@ Complaint Set(ScriptSession& session, const Words& words) {
   std::string text = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
   if (TextBox* const box = AsTextBox(control)) {
     box->UserSets(std::move(text));
-  } else if (auto* combo = As<ComboBox>(control)) {
+  } else if (ComboBox* const combo = AsTypedCombo(control)) {
     combo->UserSets(std::move(text));
   } else {
     return NoUse(words[0]);
@@ -72,7 +78,7 @@ Complaint Enter(ScriptSession& session, const Words& words) {
   if (!control) return NoControl(words[0]);
   if (TextBox* const box = AsTextBox(control)) {
     box->UserPressesEnter();
-  } else if (auto* combo = As<ComboBox>(control)) {
+  } else if (ComboBox* const combo = AsTypedCombo(control)) {
     combo->UserPressesEnter();
   } else {
     return NoUse(words[0]);
@@ -167,11 +173,16 @@ Complaint Sort(ScriptSession& session, const Words& words) {
 }
 
 Complaint RightClick(ScriptSession& session, const Words& words) {
-  const ListRow found =
-      words.size() > 1 ? FindListRow(session, words[0], words[1]) : FindList(session, words[0]);
+  const auto find = [&] {
+    return words.size() > 1 ? FindListRow(session, words[0], words[1]) : FindList(session, words[0]);
+  };
+  ListRow found = find();
   if (found.List == nullptr) return found.Why;
   if (found.List->OnMouseDown) found.List->OnMouseDown(found.Row);
   if (found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
+  // The press may have dropped the list or its rows; the button goes up all the same.
+  found = find();
+  if (found.List != nullptr && found.List->OnRightButtonUp) found.List->OnRightButtonUp(found.Row);
   return {};
 }
 
@@ -200,9 +211,12 @@ Complaint Tab(ScriptSession& session, const Words& words) {
   if (words.size() > 1 && !session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
   const std::optional<int> number = ReadNumber(words.back());
   if (!number) return NoNumber(words.back());
-  TabStrip& tabs = session.Program.Form1.TabStrip1;
-  if (*number < 1 || *number > static_cast<int>(tabs.Tabs.size())) return "there is no tab " + words.back();
-  tabs.Select(*number);
+  const std::string name = words.size() > 1 ? words[0] + ".TabStrip1" : "TabStrip1";
+  auto* const tabs = As<TabStrip>(session.Find(name));
+  if (tabs == nullptr || *number < 1 || *number > static_cast<int>(tabs->Tabs.size())) {
+    return "there is no tab " + words.back();
+  }
+  tabs->Select(*number);
   return {};
 }
 

@@ -133,8 +133,9 @@ class CheckBox : public Control {
 /// A control array of option buttons, of which at most one is chosen.
 class OptionGroup : public Control {
  public:
-  OptionGroup(std::string name, std::vector<std::string> captions)
-      : Control(std::move(name)), Captions(std::move(captions)) {}
+  /// `chosen` is the option that stands chosen before anything was done; its action has not run.
+  OptionGroup(std::string name, std::vector<std::string> captions, int chosen = -1)
+      : Control(std::move(name)), Captions(std::move(captions)), chosen_(chosen) {}
 
   /// The chosen index, or -1.
   [[nodiscard]] int Chosen() const { return chosen_; }
@@ -146,7 +147,7 @@ class OptionGroup : public Control {
   std::function<void(int index)> OnClick;
 
  private:
-  int chosen_ = -1;
+  int chosen_;
 };
 
 /// A combo box: rows, a list index (-1 for none) and a text that may also be typed.

@@ -73,6 +73,7 @@ class ListView : public Control {
   std::function<void(int row)> OnItemClick;
   std::function<void(int row)> OnMouseDown;
   std::function<void(int row)> OnRightButtonDown;
+  std::function<void(int row)> OnRightButtonUp;
   std::function<void(int row)> OnDoubleClick;
   std::function<void(int row)> OnLabelEdit;
   std::function<void(int column)> OnColumnClick;

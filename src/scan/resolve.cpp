@@ -46,23 +46,22 @@ bool LooksLikeHost(std::string_view link) {
 }
 
 /// Puts the host or the directory of the page in front of a link that is relative to it.
-void MakeAbsolute(std::string& link, const std::string& pageHost, const std::string& pageDir,
-                  bool schemeNoted) {
+void MakeAbsolute(std::string& link, const LinkOrigin& origin, bool schemeNoted) {
   if (link.starts_with('/')) {
-    link.insert(0, pageHost);
+    link.insert(0, origin.Root);
     if (link.find("//") != kNowhere) ReplaceIn(link, "//", "/", Compare::Binary);
     return;
   }
   if (link.starts_with("..")) {
-    Climb(pageDir, link);
+    origin.StepUp(origin.Directory, link);
     return;
   }
   if (link.starts_with("./")) {
     // From the root of the host, not from the directory of the page; and the link goes on below.
     ReplaceIn(link, "./", "", Compare::Binary);
-    link.insert(0, 1, '/').insert(0, pageHost);
+    link.insert(0, 1, '/').insert(0, origin.DotRoot);
   }
-  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, 1, '/').insert(0, pageDir);
+  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, 1, '/').insert(0, origin.Directory);
 }
 
 /// What replacing "//" by "/" four times over gives: each run of slashes is a sixteenth as long, rounded up.
@@ -105,13 +104,18 @@ std::string_view RegisteredDomain(std::string_view host) {
 
 }  // namespace
 
-const std::string& ResolveLink(const ScanContext& context, std::string& link) {
+void ResolveLinkFrom(const LinkOrigin& origin, std::string& link) {
   const bool schemeNoted = TakeSchemesOff(link);
-  MakeAbsolute(link, context.State.Pages[0].PageHost, context.State.PageDir, schemeNoted);
+  MakeAbsolute(link, origin, schemeNoted);
   if (link.find('/') == kNowhere) link += '/';
   ShortenSlashRuns(link);
   constexpr std::size_t kShortestMended = 7;
   if (link.size() >= kShortestMended) MendEnding(link);
+}
+
+const std::string& ResolveLink(const ScanContext& context, std::string& link) {
+  const std::string& host = context.State.Pages[0].PageHost;
+  ResolveLinkFrom({host, host, context.State.PageDir, Climb}, link);
   return link;
 }
 

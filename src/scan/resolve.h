@@ -10,7 +10,20 @@
 
 namespace requite {
 
-/// Turns the value of an href into a no-scheme URL, in place, seen from the page in hand
+/// What a relative link is seen from. Only the import sees it from elsewhere than from the page in hand.
+struct LinkOrigin {
+  std::string_view Root;       ///< goes before a link that begins with "/"
+  std::string_view DotRoot;    ///< goes, with a "/", before one that begins with "./"
+  std::string_view Directory;  ///< goes, with a "/", before a name
+  /// Makes a link that begins with ".." absolute, in place.
+  void (*StepUp)(std::string_view directory, std::string& link);
+};
+
+/// Turns the value of an href into a no-scheme URL, in place, seen from `origin`, whose texts do not
+/// lie in `link`.
+void ResolveLinkFrom(const LinkOrigin& origin, std::string& link);
+
+/// The same, seen from the page in hand
 /// (`PageDir` and the host on connection 0). Returns `link` itself.
 const std::string& ResolveLink(const ScanContext& context, std::string& link);
 

@@ -2,6 +2,7 @@
 // The windows that the main window opens.
 #include "shell/form1.h"
 #include "shell/form2.h"
+#include "shell/form4.h"
 #include "shell/frm_options.h"
 #include "shell/product.h"
 #include "shell/small_windows.h"
@@ -19,6 +20,12 @@ void Form1::WireWindows() {
     return std::make_unique<frmOptions>(Windows, Settings, Folder, Platform.Dialogs);
   });
   RegisterEditors(Windows, Sites, Platform.Dialogs);
+  RegisterImports(
+      Windows, {Sites, State, Settings, Platform.Internet, Platform.EventLoop, Platform.Dialogs, Folder, {}},
+      NeedsOfPosting());
+  cmdImport.OnClick = [this] { Windows.Show("Form4"); };
+  Command7.OnClick = cmdImport.OnClick;
+  cmdImport2.OnClick = [this] { Windows.Show("Form4a"); };
   Command9.OnClick = [this] { Windows.Show("frmOptions"); };
   cmdEdit.OnClick = [this] { requite::cmdEdit(Sites, Windows); };
   cmdEditMain.OnClick = [this] { requite::cmdEditMain(Sites, Windows); };

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// The tags removed so far, found from their ends.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace requite {
+
+/// The tags that were removed, each with the numbers of the passes that removed it, as a tree over their
+/// characters from the last to the first. Ways without a fork are one node.
+class TagTree {
+ public:
+  using Pass = std::uint32_t;
+
+  /// Numbers are given in rising order.
+  void Add(std::string_view tag, Pass pass);
+
+  /// Tells of every tag that `text` ends with, shorter ones first: `visit(length, passes)`.
+  template <class Visit>
+  void ForEachEnding(std::string_view text, Visit&& visit) const {
+    std::size_t matched = 0;
+    for (NodeNumber node = 0;;) {
+      if (!nodes_[node].Passes.empty()) visit(matched, nodes_[node].Passes);
+      if (matched == text.size()) return;
+      node = ChildFor(node, text[text.size() - 1 - matched]);
+      if (node == kNone) return;
+      const std::string_view label = nodes_[node].Label;
+      if (!text.substr(0, text.size() - matched).ends_with(label)) return;
+      matched += label.size();
+    }
+  }
+
+ private:
+  using NodeNumber = std::uint32_t;
+  static constexpr NodeNumber kNone = 0;  // the root is nobody's child
+
+  struct Node {
+    std::string_view Label;  // as it stands in the tag; it is matched from its end
+    std::vector<Pass> Passes;
+  };
+
+  [[nodiscard]] static std::uint64_t Edge(NodeNumber node, char last) {
+    return std::uint64_t{node} << 8 | static_cast<unsigned char>(last);
+  }
+  [[nodiscard]] NodeNumber ChildFor(NodeNumber node, char last) const {
+    const auto found = children_.find(Edge(node, last));
+    return found == children_.end() ? kNone : found->second;
+  }
+  NodeNumber AddChild(NodeNumber node, std::string_view label);
+  NodeNumber SplitAt(NodeNumber parent, NodeNumber node, std::size_t length);
+
+  std::deque<std::string> tags_;  // the labels look into these
+  std::vector<Node> nodes_{Node{}};
+  std::unordered_map<std::uint64_t, NodeNumber> children_;  // by Edge
+};
+
+}  // namespace requite

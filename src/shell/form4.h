@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// The windows that fill the site lists: one for Linking Sites, one for Main Sites.
+#pragma once
+
+#include "import/import_links.h"
+#include "posting/posting.h"
+#include "shell/label.h"
+#include "shell/program_window.h"
+
+namespace requite {
+
+/// The named controls of an import window, as they stand before it has been opened.
+struct Form4Controls {
+  explicit Form4Controls(const ImportVersion& version);
+
+  TabStrip TabStrip1{"TabStrip1", {{"Get Links", ""}, {"Post Links", ""}}};
+  StatusBar StatusBar1{"StatusBar1"};
+
+  // "Get Links"
+  Frame Frame1{"Frame1"};
+  OptionGroup Option1;
+  TextBox Text1{"Text1"};
+  TextBox Text2{"Text2"};
+  ComboBox Combo1{"Combo1",
+                  std::string(kNoDelimiter),
+                  {"Vertical Bar Symbol", "Percent Symbol", "Comma", "Exclamation Point"}};
+  Button Command1{"Command1", "Get Links"};
+  RecordList<FoundLink> ListView1{"ListView1"};
+  Button cmdAdd{"cmdAdd", "Add Selected Links to My Link List"};
+  Frame Frame3{"Frame3"};
+  Label Label12;
+  Button Command4{"Command4", "Import"};
+
+  // "Post Links"
+  Frame framePost{"framePost"};
+  OptionGroup optScript{
+      "optScript",
+      {"Post results to one URL only:", "Post results to a different URL for each Main Site:"},
+      0};
+  TextBox txtPost{"txtPost"};
+  ComboBox cmbSites{"cmbSites", "Select"};
+  TextBox txtPost2{"txtPost2", "http://"};
+  Button cmdScriptAdd{"cmdScriptAdd", "Add"};
+  Button cmdScriptDel{"cmdScriptDel", "Del"};
+  RecordList<ScriptUrlEntry> lstMulti{"lstMulti"};
+  Button cmdPost{"cmdPost", "Post Links Now"};
+  Button cmdVariables{"cmdVariables", "View URL Variables"};
+  Button cmdExample{"cmdExample", "View Example"};
+};
+
+/// The window "Form4" or "Form4a", by its version. It holds nothing from one opening to the next but its
+/// settings, which both share.
+struct Form4 : ProgramWindow, Form4Controls {
+  /// `import` and `posting` are as the main window has them; their `Ended` is replaced by this window's.
+  Form4(Windows& windows, const ImportVersion& version, ImportNeeds import, PostingNeeds posting);
+
+  /// Fills cmbSites from the Main Sites and puts the settings into the controls.
+  void Load() override;
+  /// The click of the tab strip; a number outside 1 and 2 does nothing.
+  void ShowTab(int number);
+
+ private:
+  void BuildIndex();
+  void StayWhile(std::initializer_list<Button*> pressed);
+
+  const Project& project_;
+  requite::Settings settings_;
+  ImportLinks import_;
+  ImportPosting post_;
+};
+
+/// Registers both windows.
+void RegisterImports(Windows& windows, const ImportNeeds& import, const PostingNeeds& posting);
+
+}  // namespace requite
