@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Scans the sample project against the sample sites and compares every row with what the samples promise.
+# Scans the sample project against the sample sites and compares every row with what the samples promise; then
+# builds the link page and posts the results by the window's buttons, and compares what the script got.
 # Usage: scan_samples.sh SERVER CONSOLE SOURCE_FOLDER
 set -euo pipefail
 server="$1" console="$2" source="$3"
@@ -28,7 +29,7 @@ scan() {
   cp -r "$source/installed/." "$folder/"
   "$console" scan "$source/samples/sample.prj" --program-folder "$folder" --settings "$folder/settings" \
     --set txtTimeout=2 --set "$2" --connect-to "::127.0.0.1:$port" \
-    --tab "$folder/rows.tab" > "$work/$1.txt" 2> "$work/$1.err" || status=$?
+    --tab "$folder/rows.tab" --page "$folder/page.html" --save "$folder/scanned.prj" > "$work/$1.txt" 2> "$work/$1.err" || status=$?
   echo "$status" > "$work/$1.status"
 }
 
@@ -49,4 +50,27 @@ for name in plain noredirect; do
   [ "$(cat "$work/$name.status")" = 1 ] || { cat "$work/$name.status" "$work/$name.err"; failed=1; }
 done
 cmp "$work/plain.expected" "$work/noredirect.expected" > /dev/null && { echo "the two scans cannot differ"; failed=1; }
+
+folder="$work/plain"
+"$console" script --program-folder "$folder" --settings "$folder/settings" --connect-to "::127.0.0.1:$port" \
+  > "$work/script.txt" << END || failed=1
+answer file $folder/scanned.prj
+click cmdOpen
+click Command5
+answer file $folder/by-button.html
+click Command6
+click cmdPost
+print Form5.Text4
+END
+cmp "$folder/page.html" "$folder/by-button.html" || failed=1
+# A link for each row with "Direct" or "Redirect" in its status, in order.
+rows="$(tail -n +2 "$work/plain.expected")"
+diff <(awk -F '\t' 'tolower($3) ~ /direct/ { print $2 }' <<< "$rows") \
+     <(sed -n 's#^<a href="http://\([^"/]*\)" target="_blank">.*</a>.*<br><br>.$#\1#p' "$folder/page.html") || failed=1
+# The script echoes its query: for each row but the missing ones what was asked for and what came back.
+diff <(awk -F '\t' '$3 !~ /^Missing/ {
+         gsub("/", "%2F", $5)
+         query = "main=" $1 "&link=" $2 "&found=" $5 "&back=" (tolower($3) ~ /direct/ ? "True" : "False")
+         print "URL: http://script.example/echo.php?" query; print "Returned: " query }' <<< "$rows") \
+     <(sed 's/\\r\\n/\n/g' "$work/script.txt" | grep .) || failed=1
 exit "$failed"
