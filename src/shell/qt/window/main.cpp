@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The start of the window program: makes the services, shows the splash, then the main window.
 #include <QApplication>
-#include <QIcon>
 #include <QMessageBox>
-#include <QSplashScreen>
 #include <QTimer>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 #include "shell/product.h"
 #include "shell/qt/code_page.h"
@@ -16,6 +15,7 @@
 #include "shell/qt/web/web_module.h"
 #include "shell/qt/window/desktop_services.h"
 #include "shell/qt/window/main_window.h"
+#include "shell/qt/window/splash.h"
 #include "shell/recovery.h"
 
 namespace requite {
@@ -39,26 +39,26 @@ constexpr int kSplashInterval = 2;
   std::_Exit(kRunTimeFailure);
 }
 
-/// Without a display the toolkit would abort with a page of words.
-bool HasDisplay() {
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-    const char* const value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return true;
-  }
-  return false;
+/// Stands in for the toolkit's words while the application object is made: without a display that can be
+/// opened it would fill the terminal and abort.
+void OneLineWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QString&) {
+  if (kind != QtFatalMsg) return;
+  std::cerr << "requite: there is no display; requite-console scans from a terminal" << std::endl;
+  std::_Exit(1);
 }
 
 int Run(QApplication& application) {
   const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
   const Project* project = nullptr;
-  const EventGuard guard([&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder); });
+  bool ending = false;
+  const EventGuard guard([&](const RuntimeFailure& failure) {
+    // Events go on behind the report's box; what fails there fails for the first one's reason.
+    if (!std::exchange(ending, true)) EndWithReport(failure, project, folder);
+  });
   const ConnectMap map;
   DesktopServices services(guard, map, DefaultSettingsPath());
 
-  QPixmap picture(360, 180);
-  picture.fill(QColor(40, 60, 90));
-  QSplashScreen splash(picture);
-  splash.showMessage(ToUnicode(product::kName), Qt::AlignCenter, Qt::white);
+  Splash splash;
   splash.show();
 
   std::unique_ptr<Form1> form;
@@ -89,12 +89,12 @@ int Run(QApplication& application) {
 
 int main(int argc, char** argv) {
   requite::KeepFreedMemory();
-  if (!requite::HasDisplay()) {
-    std::cerr << "requite: there is no display; requite-console scans from a terminal" << std::endl;
-    return 1;
-  }
   requite::PrepareWebEngine();
+  qInstallMessageHandler(requite::OneLineWithoutDisplay);
   QApplication application(argc, argv);
+  qInstallMessageHandler(nullptr);
+  // The main window's close tells when the program ends: another window may outlive it.
+  QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName("requite");
   QApplication::setDesktopFileName("requite");
   return requite::Run(application);
