@@ -163,6 +163,9 @@ class WebViewTest : public QObject {
     QVERIFY(!QFile::exists(QDir::homePath() + "/x.zip") &&
             !QFile::exists(QDir::homePath() + "/Downloads/x.zip"));
     QCOMPARE(Title(), QString("a page"));
+    server_->Headers = "Content-Type: text/html\r\n";
+    Show(server_->Url("/page"));
+    QVERIFY(!Label("webLine")->isVisible());
   }
 
   void aCrashedRendererIsToldAndThePageComesBack() {

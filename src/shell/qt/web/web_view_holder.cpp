@@ -17,7 +17,7 @@ namespace requite {
 namespace {
 
 constexpr int kProgressHeight = 3;
-constexpr int kNoticeWidth = 480;
+constexpr int kNoticeWidth = 420;
 
 QLabel* NewText(const char* name, QWidget* parent) {
   auto* const label = new QLabel(parent);
@@ -85,11 +85,15 @@ QWidget* WebViewHolder::BuildNotice() {
   again_->setObjectName("webAgain");
   connect(again_, &QPushButton::clicked, this, [this] { guard_.Run([this] { Refresh(); }); });
   again_->hide();
-  layout->addStretch(1);
-  for (QWidget* each : std::initializer_list<QWidget*>{noticeTitle_, noticeText_, again_}) {
-    each->setMaximumWidth(kNoticeWidth);
-    layout->addWidget(each);
+  auto* const middle = new QVBoxLayout;
+  for (QLabel* each : {noticeTitle_, noticeText_}) {
+    each->setFixedWidth(kNoticeWidth);
+    middle->addWidget(each);
   }
+  middle->addWidget(again_, 0, Qt::AlignLeft);
+  layout->addStretch(1);
+  layout->addLayout(middle);
+  layout->setAlignment(middle, Qt::AlignHCenter);
   layout->addStretch(2);
   return notice;
 }
@@ -108,8 +112,8 @@ void WebViewHolder::MakeView() {
   view_ = MakeViewOfModule(modulePath_, *this, this);
   if (view_ == nullptr) {
     view_ = new TextBrowserView(*this, internet_, guard_, this);
-    line_->setText(tr("The web view (Qt WebEngine) is not installed: pages are shown as plain text."));
-    line_->show();
+    standing_ = tr("The web view (Qt WebEngine) is not installed: pages are shown as plain text.");
+    Tell(standing_);
   }
   pages_->addWidget(view_->Widget());
   setFocusProxy(view_->Widget());
@@ -149,6 +153,7 @@ void WebViewHolder::GoForward() {
 }
 
 void WebViewHolder::LoadStarted() {
+  Tell(standing_);
   LoadProgress(0);
   progress_->show();
 }
@@ -176,9 +181,11 @@ void WebViewHolder::RendererEnded() {
              tr("The process that showed it has ended. The program and your project are not touched by it."));
 }
 
-void WebViewHolder::Refused(const QString& what) {
-  line_->setText(what);
-  line_->show();
+void WebViewHolder::Refused(const QString& what) { Tell(what); }
+
+void WebViewHolder::Tell(const QString& line) {
+  line_->setText(line);
+  line_->setVisible(!line.isEmpty());
 }
 
 void WebViewHolder::LinkChosen(const QString& address) {

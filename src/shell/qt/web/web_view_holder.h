@@ -49,6 +49,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
 
   [[nodiscard]] QWidget* BuildNotice();
   void MakeView();
+  void Tell(const QString& line);
   void TellComplete(const QUrl& location);
   void ShowNotice(const QString& title, const QString& text);
   void ShowPage();
@@ -59,6 +60,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   const QString modulePath_;
   WebView* view_ = nullptr;
   QUrl failed_;
+  QString standing_;  ///< the line that stays from load to load
   QProgressBar* progress_ = nullptr;
   QLabel* line_ = nullptr;
   QLabel* noticeTitle_ = nullptr;

@@ -14,6 +14,7 @@
 #include "shell/qt/code_page.h"
 #include "shell/qt/web/open_outside_button.h"
 #include "shell/qt/web/web_view_holder.h"
+#include "shell/qt/window/glyphs.h"
 #include "shell/qt/window/main_window.h"
 
 namespace requite {
@@ -79,7 +80,9 @@ QWidget* MainWindow::BuildWebPage() {
   auto* const go = new QPushButton(page);
   bar->addWidget(go);
   bind_.Bind(form_.cmdGo, *go);
-  bar->addWidget(new OpenOutsideButton(*address, form_.Platform.Shell, guard_, page));
+  auto* const outside = new OpenOutsideButton(*address, form_.Platform.Shell, guard_, page);
+  outside->setIcon(GlyphIcon(Glyph::Site));
+  bar->addWidget(outside);
   layout->addLayout(bar);
   layout->addWidget(new WebViewHolder(form_.WebBrowser1, form_.Platform.Internet, guard_, page), 1);
   return page;
