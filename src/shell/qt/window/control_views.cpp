@@ -17,6 +17,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <limits>
+#include <utility>
 
 #include "shell/qt/code_page.h"
 #include "shell/qt/window/shown_text.h"
@@ -48,18 +49,25 @@ class Binder::View : public ControlView, public RefreshedView {
 
   void Refresh(const Control&) override { Mark(); }
   void TakeFocus() override { widget_.setFocus(Qt::OtherFocusReason); }
+  void MoveCursorToEnd() override {
+    cursorToEnd_ = true;
+    Mark();
+  }
   void Apply() override {
     // A frame around the widget brings its own state; the widget's is set by the control alone.
     if (widget_.isEnabledTo(widget_.parentWidget()) != control_.Enabled())
       widget_.setEnabled(control_.Enabled());
     if (widget_.isHidden() == control_.Visible()) widget_.setVisible(control_.Visible());
     if (show_) show_();
+    auto* const text = qobject_cast<QPlainTextEdit*>(&widget_);
+    if (std::exchange(cursorToEnd_, false) && text != nullptr) text->moveCursor(QTextCursor::End);
   }
 
  private:
   Control& control_;
   QWidget& widget_;
   std::function<void()> show_;
+  bool cursorToEnd_ = false;
 };
 
 Binder::Binder(ViewRefresh& refresh, const EventGuard& guard) : refresh_(refresh), guard_(guard) {}

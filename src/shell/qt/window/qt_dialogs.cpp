@@ -49,7 +49,8 @@ std::string NameOf(const QString& chosen) { return QFile::encodeName(chosen).toS
 
 Answer QtDialogs::Show(const MessageBox& box) {
   QMessageBox window(IconOf(box.Icon),
-                     box.Title.empty() ? QString(product::kName.data()) : ToUnicode(box.Title),
+                     // A title bar has one line: line ends in a title become blanks.
+                     box.Title.empty() ? QString(product::kName.data()) : ToUnicode(box.Title).simplified(),
                      ToUnicode(box.Text), ButtonsOf(box.Choice), QApplication::activeWindow());
   window.setTextFormat(Qt::PlainText);
   switch (window.exec()) {
@@ -70,7 +71,8 @@ std::string QtDialogs::AskSaveName(const FileDialog& dialog) {
       dialog.Folder.empty() ? dialog.DefaultName : dialog.Folder + "/" + dialog.DefaultName;
   // The program asks about overwriting itself where it does, in its own words.
   return NameOf(QFileDialog::getSaveFileName(QApplication::activeWindow(), {},
-                                             QFile::decodeName(start.c_str()), FilterOf(dialog.Filter)));
+                                             QFile::decodeName(start.c_str()), FilterOf(dialog.Filter),
+                                             nullptr, QFileDialog::DontConfirmOverwrite));
 }
 
 void QtClipboard::Clear() { QApplication::clipboard()->clear(); }

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "shell/qt/web/web_view_holder.h"
@@ -57,10 +56,6 @@ LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
   text->setAccessibleName(tr("Log of the posting"));
   text->setPlaceholderText(tr("The requests and what they returned appear here."));
   bind_.Bind(window.Text4, *text);
-  // What the program writes is followed to its end; what the user types stays where it is.
-  connect(text->document(), &QTextDocument::contentsChanged, this, [this, text] {
-    if (text->signalsBlocked()) QTimer::singleShot(0, text, [text] { text->moveCursor(QTextCursor::End); });
-  });
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(text);
