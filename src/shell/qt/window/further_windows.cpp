@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "shell/qt/window/editor_window.h"
+#include "shell/qt/window/options_window.h"
 #include "shell/qt/window/small_windows_view.h"
 
 namespace requite {
@@ -28,6 +30,10 @@ constexpr Entry kEntries[] = {
     {"frmAbout", Make<AboutView, frmAbout>},
     {"frmWebsite", Make<WebsiteView, frmWebsite>},
     {"Form5", Make<LogView, Form5>},
+    {"Form2", Make<EditorView, Form2>},
+    {"Form2a", Make<EditorView, Form2>},
+    {"Form2b", Make<EditorView, Form2>},
+    {"frmOptions", Make<OptionsView, frmOptions>},
 };
 
 }  // namespace

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// The editors and the options on screen, offscreen, by mouse and keyboard, over fake services.
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+
+#include "shell/qt/window/main_window.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+
+class EditorsWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() {
+    folder_ = std::make_unique<TemporaryFolder>();
+    services_ = std::make_unique<FakeServices>();
+    form_ = std::make_unique<Form1>(services_->All, folder_->Folder);
+    form_->Start();
+    form_->txtDomain.UserSets("main.example");
+    form_->cmdAdd2.Click();
+    form_->Text1.UserSets("partner.example");
+    form_->cmdAdd.Click();
+    window_ = std::make_unique<MainWindow>(*form_, guard_);
+    window_->show();
+  }
+  void cleanup() {
+    window_.reset();
+    form_.reset();
+    services_.reset();
+    folder_.reset();
+  }
+
+  void aSiteAndItsRulesAreEditedByKeyboard() {
+    QWidget* const editor = Open("Form2", [this] {
+      form_->Sites.List1(1).SelectOnly(0);
+      form_->cmdEdit.Click();
+    });
+    auto* const url = Part<QLineEdit>(editor, "Text1");
+    QCOMPARE(url->text(), QString("partner.example"));
+    QVERIFY(editor->focusWidget() == url);
+    for (const char* next : {"Text2", "Text3", "Text4", "Text5", "ListView1", "Option1(0)"}) {
+      QTest::keyClick(editor->focusWidget(), Qt::Key_Tab);
+      QCOMPARE(editor->focusWidget()->objectName(), QString(next));
+    }
+    QTest::keyClick(editor->focusWidget(), Qt::Key_Space);
+    QTest::keyClick(editor->focusWidget(), Qt::Key_Right);
+    auto* const value = Part<QLineEdit>(editor, "Text6");
+    QTest::keyClicks(value, "links");
+    QTest::keyClick(value, Qt::Key_Return);
+    const auto* const rules = Part<QAbstractItemView>(editor, "ListView1")->model();
+    QTRY_COMPARE(rules->rowCount(), 1);
+    QCOMPARE(rules->headerData(2, Qt::Horizontal).toString(), QString("Rule Type"));
+    QTRY_COMPARE(value->text(), QString());
+    QVERIFY(Part<QAbstractButton>(editor, "Option1(1)")->isChecked());
+    QTest::keyClicks(Part<QLineEdit>(editor, "Text5"), "words");
+    QTest::keyClick(Part<QLineEdit>(editor, "Text5"), Qt::Key_Return);
+    QVERIFY(form_->Windows.IsShown("Form2"));
+    QTest::keyClick(url, Qt::Key_Return);
+    QVERIFY(!form_->Windows.IsShown("Form2"));
+    QTRY_VERIFY(window_->findChild<QWidget*>("Form2") == nullptr);
+    QCOMPARE(form_->Sites.List1(1).At(0).Description, std::string("words"));
+    QCOMPARE(form_->Sites.lstRules.RowCount(), std::size_t{1});
+    QCOMPARE(form_->Sites.lstRules.At(0).RuleType, std::string("ExcludeDirectory"));
+  }
+
+  void escapeDropsWhatWasEnteredAndAnOpenEditorIsNotFilledAgain() {
+    QWidget* const editor = Open("Form2a", [this] { form_->cmdEditMain.Click(); });
+    QTest::keyClicks(Part<QLineEdit>(editor, "Text1"), "/x");
+    form_->cmdEditMain.Click();
+    QCOMPARE(Part<QLineEdit>(editor, "Text1")->text(), QString("main.example/x"));
+    QTest::keyClicks(Part<QLineEdit>(editor, "Text6"), "v");
+    QTest::keyClick(Part<QLineEdit>(editor, "Text6"), Qt::Key_Return);
+    QVERIFY(services_->Dialogs.Boxes.empty());
+    QTest::keyClick(editor, Qt::Key_Escape);
+    QVERIFY(!form_->Windows.IsShown("Form2a"));
+    QCOMPARE(form_->Sites.List4.At(0).Text, std::string("main.example"));
+  }
+
+  void optionsAreCheckedAndStoredAsTheyAreTyped() {
+    QWidget* const options = Open("frmOptions", [this] { form_->Command9.Click(); });
+    auto* const timeout = Part<QLineEdit>(options, "txtTimeout");
+    QCOMPARE(timeout->text(), QString("60"));
+    QTest::keyClick(timeout, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(timeout, "3x");
+    QTRY_COMPARE(timeout->text(), QString("60"));
+    QTest::keyClick(Part<QAbstractButton>(options, "chkLog"), Qt::Key_Space);
+    QCOMPARE(services_->Store.Read("chkLog").value_or(""), std::string("1"));
+    auto* const limit = Part<QComboBox>(options, "cmbAdvance");
+    QVERIFY(!limit->isEditable());
+    QTest::keyClick(limit, Qt::Key_Down);
+    QCOMPARE(services_->Store.Read("cmbAdvance").value_or(""), std::string("5"));
+    QVERIFY(Part<QAbstractButton>(options, "chkAuto2")->toolTip().startsWith("Skipping"));
+
+    auto* const entry = Part<QLineEdit>(options, "txtDomain");
+    QTest::keyClick(entry, Qt::Key_Return);
+    QCOMPARE(services_->Dialogs.Boxes.size(), std::size_t{1});
+    QTest::keyClicks(entry, "htm");
+    QTRY_VERIFY(Part<QAbstractButton>(options, "cmdAdd2")->isEnabled());
+    QTest::mouseClick(Part<QAbstractButton>(options, "cmdAdd2"), Qt::LeftButton);
+    auto* const types = Part<QAbstractItemView>(options, "List1");
+    QTRY_COMPARE(types->model()->rowCount(), 1);
+    QTest::mouseClick(types->viewport(), Qt::LeftButton, {},
+                      types->visualRect(types->model()->index(0, 0)).center());
+    QTRY_VERIFY(Part<QAbstractButton>(options, "cmdDelete")->isEnabled());
+    QTest::mouseClick(Part<QAbstractButton>(options, "cmdDelete"), Qt::LeftButton);
+    QTRY_COMPARE(types->model()->rowCount(), 0);
+
+    QWidget* const global = Open(
+        "Form2b", [&] { QTest::mouseClick(Part<QAbstractButton>(options, "Command1"), Qt::LeftButton); });
+    QCOMPARE(global->windowTitle(), QString("Global Rules Editor"));
+    QVERIFY(global->findChild<QLineEdit*>("Text1") == nullptr);
+  }
+
+ private:
+  template <class Act>
+  QWidget* Open(const char* name, Act&& act) {
+    act();
+    auto* const opened = window_->findChild<QWidget*>(name);
+    if (opened == nullptr || !opened->isVisible()) qFatal("%s is not on screen", name);
+    return opened;
+  }
+
+  template <class Kind>
+  static Kind* Part(QWidget* window, const char* name) {
+    auto* const found = window->findChild<Kind*>(name);
+    if (found == nullptr) qFatal("no widget %s", name);
+    return found;
+  }
+
+  const EventGuard guard_{[](const RuntimeFailure& failure) { qFatal("%s", failure.what()); }};
+  std::unique_ptr<TemporaryFolder> folder_;
+  std::unique_ptr<FakeServices> services_;
+  std::unique_ptr<Form1> form_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace requite::test
+
+QTEST_MAIN(requite::test::EditorsWindowTest)
+#include "editors_window_test.moc"
