@@ -1,0 +1,11 @@
+# The packages that ours depends on: those of the libraries that the executables are linked to. The web views'
+# library does not count: the program runs without a browser, which is therefore only recommended.
+file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*)
+set(folder ${CPACK_TOPLEVEL_DIRECTORY}/depends)
+file(WRITE ${folder}/debian/control "Source: requite\n\nPackage: requite\nArchitecture: any\n")
+execute_process(
+  COMMAND dpkg-shlibdeps -O ${programs}
+  WORKING_DIRECTORY ${folder}
+  OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE
+  COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "shlibs:Depends=" "" CPACK_DEBIAN_PACKAGE_DEPENDS "${depends}")
