@@ -65,15 +65,24 @@ qint64 ParentOf(qint64 process) {
   return stat.mid(stat.lastIndexOf(')') + 2).split(' ').value(1).toLongLong();
 }
 
-/// Kills the processes that draw pages: the children of this process's child from which they are forked.
+/// Kills the processes that draw pages: those at the ends of the tree below this process's own children, from
+/// which they are forked. False when there are none.
 bool KillRenderers() {
-  bool found = false;
+  std::set<qint64> ends;
+  std::set<qint64> parents;
   for (const QString& entry : QDir("/proc").entryList(QDir::Dirs)) {
     const qint64 process = entry.toLongLong();
-    if (process == 0 || ParentOf(ParentOf(process)) != QCoreApplication::applicationPid()) continue;
-    found |= kill(static_cast<pid_t>(process), SIGKILL) == 0;
+    qint64 ancestor = ParentOf(process);
+    parents.insert(ancestor);
+    while (ancestor > 1 && ParentOf(ancestor) != QCoreApplication::applicationPid())
+      ancestor = ParentOf(ancestor);
+    if (ancestor > 1) ends.insert(process);
   }
-  return found;
+  bool killed = false;
+  for (const qint64 process : ends) {
+    if (!parents.contains(process)) killed |= kill(static_cast<pid_t>(process), SIGKILL) == 0;
+  }
+  return killed;
 }
 
 class WebViewTest : public QObject {
