@@ -92,8 +92,11 @@ QWidget* WebViewHolder::BuildNotice() {
   }
   middle->addWidget(again_, 0, Qt::AlignLeft);
   layout->addStretch(1);
-  layout->addLayout(middle);
-  layout->setAlignment(middle, Qt::AlignHCenter);
+  auto* const row = new QHBoxLayout;  // an alignment of the column would cut off wrapped lines
+  row->addStretch();
+  row->addLayout(middle);
+  row->addStretch();
+  layout->addLayout(row);
   layout->addStretch(2);
   return notice;
 }
@@ -124,7 +127,10 @@ void WebViewHolder::MakeView() {
 void WebViewHolder::Navigate(const std::string& url) {
   if (view_ == nullptr) return;  // the control remembers it
   const auto target = UrlOfAddress(url);
-  if (!target) return ShowNotice(tr("This address cannot be shown."), ToUnicode(url));
+  if (!target) {
+    ShowNotice(tr("This address cannot be shown."), ToUnicode(url));
+    return again_->hide();
+  }
   if (target->isLocalFile() && !QFileInfo(target->toLocalFile()).isFile()) {
     failed_ = *target;
     return ShowNotice(tr("This file is not there."), Shortened(*target));

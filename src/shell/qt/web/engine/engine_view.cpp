@@ -11,6 +11,17 @@ namespace {
 
 constexpr int kAborted = -3;  // the browser's number for a load that something else ended
 
+/// In words where they are known, with the browser's own for whoever looks further.
+QString ReasonOf(const QWebEngineLoadingInfo& info) {
+  switch (info.errorDomain()) {
+    case QWebEngineLoadingInfo::DnsErrorDomain:
+      return EngineView::tr("No host of this name is known. (%1)").arg(info.errorString());
+    case QWebEngineLoadingInfo::ConnectionErrorDomain:
+      return EngineView::tr("The host does not answer. (%1)").arg(info.errorString());
+    default: return EngineView::tr("The browser says: %1").arg(info.errorString());
+  }
+}
+
 }  // namespace
 
 EngineView::EngineView(WebViewEvents& events, QWidget* parent)
@@ -65,7 +76,7 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
   failedOutside_ = page_->history()->currentItem().url() != info.url();
   const QString& fault = page_->CertificateFault();
   events_.PageFailed(info.url(),
-                     fault.isEmpty() ? info.errorString() : tr("Its certificate was refused: %1").arg(fault));
+                     fault.isEmpty() ? ReasonOf(info) : tr("Its certificate was refused: %1").arg(fault));
 }
 
 void EngineView::Reload() { page_->triggerAction(QWebEnginePage::Reload); }
