@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/records.h"
+#include "model/text_order.h"
 #include "platform/list_view.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -174,19 +175,24 @@ class RecordList : public ListView {
 
   /// Sorts by views of the one field that counts and moves each row once: rows are large.
   void PutInOrder() {
-    struct Place {
-      std::string_view Key;
-      std::size_t Row;
-    };
     const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
-    std::vector<Place> order;
-    order.reserve(rows_.size());
-    for (const Row& row : rows_) order.push_back({row.Value.*field, order.size()});
-    std::stable_sort(order.begin(), order.end(),
-                     [this](const Place& a, const Place& b) { return Before(a.Key, b.Key); });
-    std::deque<Row> sorted;
-    for (const Place& place : order) sorted.push_back(std::move(rows_[place.Row]));
-    rows_ = std::move(sorted);
+    std::vector<std::string_view> keys;
+    keys.reserve(rows_.size());
+    for (const Row& row : rows_) keys.push_back(row.Value.*field);
+    std::vector<std::uint32_t> from =
+        OrderOf(keys, sort_.SortOrder == 0 ? Direction::Ascending : Direction::Descending);
+    for (std::uint32_t start = 0; start < from.size(); ++start) {
+      if (from[start] == start) continue;
+      // Each place takes its row from the next one of its circle, up to the one that began it.
+      Row first = std::move(rows_[start]);
+      std::uint32_t at = start;
+      while (from[at] != start) {
+        rows_[at] = std::move(rows_[from[at]]);
+        at = std::exchange(from[at], at);
+      }
+      rows_[at] = std::move(first);
+      from[at] = at;
+    }
   }
 
   /// Behind the rows that do not sort after the record. Rows edited since the sort may stand out of
