@@ -30,7 +30,7 @@ TEST(EditorScript, RulesOfAllThreeScopesReachTheProject) {
             "main.example\ta.example\tExcludeDirectory\tone\n"
             "main.example\tGlobal\tLimitString\ttwo\n"
             "Global\tGlobal\tExcludeRoot\tthree\n"
-            "message\t\tPlease select a rule type before adding a rule.\tok\n");
+            "message\tRequite\tPlease select a rule type before adding a rule.\tok\n");
 }
 
 TEST(EditorScript, OptionsAreReachedByTheirNames) {

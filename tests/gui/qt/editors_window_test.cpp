@@ -41,6 +41,7 @@ class EditorsWindowTest : public QObject {
     });
     auto* const url = Part<QLineEdit>(editor, "Text1");
     QCOMPARE(url->text(), QString("partner.example"));
+    QVERIFY(QTest::qWaitForWindowActive(editor));
     QVERIFY(editor->focusWidget() == url);
     for (const char* next : {"Text2", "Text3", "Text4", "Text5", "ListView1", "Option1(0)"}) {
       QTest::keyClick(editor->focusWidget(), Qt::Key_Tab);
