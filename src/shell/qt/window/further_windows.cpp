@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "shell/qt/window/editor_window.h"
+#include "shell/qt/window/import_window.h"
 #include "shell/qt/window/options_window.h"
 #include "shell/qt/window/small_windows_view.h"
 
@@ -33,6 +34,8 @@ constexpr Entry kEntries[] = {
     {"Form2", Make<EditorView, Form2>},
     {"Form2a", Make<EditorView, Form2>},
     {"Form2b", Make<EditorView, Form2>},
+    {"Form4", Make<ImportView, Form4>},
+    {"Form4a", Make<ImportView, Form4>},
     {"frmOptions", Make<OptionsView, frmOptions>},
 };
 

@@ -12,6 +12,7 @@
 
 #include "shell/qt/window/list_table.h"
 #include "shell/qt/window/row_look.h"
+#include "shell/qt/window/row_selection.h"
 
 namespace requite {
 namespace {
@@ -44,6 +45,7 @@ class TableHand : public QObject {
     if (watched == &view_) return OnViewEvent(*event);
     switch (event->type()) {
       case QEvent::MouseButtonPress: return OnPress(*static_cast<QMouseEvent*>(event));
+      case QEvent::MouseButtonRelease: return OnRelease(*static_cast<QMouseEvent*>(event));
       case QEvent::MouseButtonDblClick: return OnDoubleClick(*static_cast<QMouseEvent*>(event));
       case QEvent::Paint:
         if (table_.rowCount() == 0) PaintEmptyText();
@@ -65,6 +67,10 @@ class TableHand : public QObject {
     return table_.List() == nullptr ? -1 : table_.List()->SelectedRow();
   }
 
+  [[nodiscard]] bool IsMultiple() const {
+    return view_.selectionMode() == QAbstractItemView::ExtendedSelection;
+  }
+
   [[nodiscard]] int RowUnder(const QMouseEvent& mouse) const {
     return view_.rowAt(mouse.position().toPoint().y());
   }
@@ -73,7 +79,7 @@ class TableHand : public QObject {
     const int row = RowUnder(press);
     Tell(&ListView::OnMouseDown, row);
     if (press.button() == Qt::LeftButton) {
-      if (row >= 0 && SelectedRow() == row) {
+      if (row >= 0 && SelectedRow() == row && !IsMultiple()) {
         Tell(&ListView::OnItemClick, row);
         // A second, slow click on the selected row begins an edit of its label.
         labelEdit_.start(QApplication::doubleClickInterval());
@@ -83,9 +89,15 @@ class TableHand : public QObject {
     // The view would select the row for any button.
     if (press.button() == Qt::RightButton) {
       view_.setFocus(Qt::MouseFocusReason);
-      if (rightPress_ == RightPress::SelectsRow && row >= 0) Select(row);
+      if (rightPress_ == RightPress::SelectsRow && row >= 0 && !IsMultiple()) Select(row);
       Tell(&ListView::OnRightButtonDown, row);
     }
+    return true;
+  }
+
+  bool OnRelease(const QMouseEvent& release) {
+    if (release.button() != Qt::RightButton) return false;
+    Tell(&ListView::OnRightButtonUp, RowUnder(release));
     return true;
   }
 
@@ -127,6 +139,11 @@ class TableHand : public QObject {
   /// The keyboard and the mouse both change the selection; a focus that comes to the list does not.
   void OnSelection() {
     if (showing_ || table_.Applying() || table_.List() == nullptr) return;
+    if (IsMultiple()) {
+      TakeSelectedRows(*view_.selectionModel(), *table_.List());
+      if (SelectedRow() >= 0) Tell(&ListView::OnItemClick, SelectedRow());
+      return;
+    }
     const QModelIndexList rows = view_.selectionModel()->selectedRows();
     if (rows.isEmpty()) return ShowSelection();  // a row is chosen by choosing another
     if (rows.front().row() != SelectedRow()) Select(rows.front().row());
@@ -146,6 +163,12 @@ class TableHand : public QObject {
   }
 
   void ShowSelection() {
+    if (IsMultiple()) {
+      showing_ = true;
+      ShowSelectedRows(*view_.selectionModel(), table_);
+      showing_ = false;
+      return;
+    }
     const int row = SelectedRow();
     const QModelIndexList shown = view_.selectionModel()->selectedRows();
     if (row < 0 ? shown.isEmpty() : shown.size() == 1 && shown.front().row() == row) return;
