@@ -223,7 +223,7 @@ TEST_F(PostingTest, ScriptUrlsAreAddedAndDeleted) {
 TEST_F(PostingTest, TheHelpOfTheMainWindowSpeaksInItsTitles) {
   cmdVariables_.Click();
   cmdExample_.Click();
-  const MessageBox& variables = Boxes().Boxes.at(0);
+  const MessageBox variables = Boxes().Boxes.at(0);
   EXPECT_TRUE(variables.Text.starts_with("Where ever you place the following variables in your link, "));
   EXPECT_TRUE(variables.Text.ends_with(
       "each item in your results list.\r\n\r\n$MainSite - Inserts the Domain/URL of your Main Site \r\n"
@@ -233,7 +233,7 @@ TEST_F(PostingTest, TheHelpOfTheMainWindowSpeaksInItsTitles) {
   EXPECT_EQ(variables.Title,
             "URL Variables\r\n\r\nThese values will be URL Encoded in order to keep the integrity of the "
             "posting link.");
-  const MessageBox& example = Boxes().Boxes.at(1);
+  const MessageBox example = Boxes().Boxes.at(1);
   EXPECT_NE(example.Text.find("?mySite=$MainSite&&myURL=$LinkingSite&&myStatus=$Status&&myLinkPage=$FoundOn"
                               "\r\nwould become\r\nhttp://"),
             std::string::npos);
