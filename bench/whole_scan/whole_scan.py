@@ -141,4 +141,5 @@ def main():
         measure(build, int(count), int(kilobytes))
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The real main window, offscreen, over fake services: widgets are found by their controls' names.
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTabBar>
-#include <QTest>
 #include <QTableView>
+#include <QTest>
+#include <map>
 
 #include "shell/qt/window/main_window.h"
 #include "support/fakes.h"
@@ -66,6 +71,111 @@ class MainWindowTest : public QObject {
     QCOMPARE(services_->Dialogs.Boxes[0].Title, std::string("Save Project?"));
   }
 
+  void keysDoWhatTheirButtonsDo() {
+    AddSites();
+    auto* const linking = Widget<QTableView>("List1");
+    QTRY_COMPARE(linking->model()->rowCount(), 1);
+    linking->setFocus(Qt::TabFocusReason);
+    QVERIFY(!form_->cmbDel.Enabled());  // a focus that comes chooses no row
+    QTest::keyClick(linking, Qt::Key_Delete);
+    QCOMPARE(form_->Sites.List1(1).RowCount(), std::size_t{1});
+    QTest::keyClick(window_.get(), Qt::Key_F5);
+    QVERIFY(form_->State.Scanning);
+    QTest::keyClick(window_.get(), Qt::Key_Escape);
+    QVERIFY(!form_->State.Scanning);
+    QTRY_VERIFY(linking->isEnabled());
+    linking->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(linking, Qt::Key_Down);
+    QTest::keyClick(linking, Qt::Key_Space);
+    QTRY_COMPARE(form_->Sites.List1(1).SelectedRow(), 0);
+    QTest::keyClick(linking, Qt::Key_Delete);
+    QCOMPARE(form_->Sites.List1(1).RowCount(), std::size_t{0});
+    QTest::keyClick(Widget<QTableView>("List4"), Qt::Key_Delete);
+    QCOMPARE(form_->Sites.List4.RowCount(), std::size_t{1});  // its button waits for a new choice
+  }
+
+  void popupsOpenByMouseAndKeyAndOnlyLinkingSitesAreChosenByThem() {
+    for (const char* site : {"a", "b"}) form_->Sites.List3.Add({site, "l", "Direct Link", "001", "u"});
+    AddSites();
+    for (const char* name : {"List3", "List1"}) {
+      auto* const list = Widget<QTableView>(name);
+      QTRY_VERIFY(list->model()->rowCount() > 0);
+      QTest::mouseClick(list->viewport(), Qt::RightButton, {},
+                        list->visualRect(list->model()->index(0, 0)).center());
+      ClosePopup(name);
+      QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+      QApplication::sendEvent(list, &menuKey);
+      ClosePopup(name);
+    }
+    QCOMPARE(form_->Sites.List3.SelectedRow(), -1);
+    QCOMPARE(form_->Sites.List1(1).SelectedRow(), 0);
+  }
+
+  void everythingThatTakesTheKeyboardHasAName() {
+    AddSites();
+    for (int tab = 1; tab <= 5; ++tab) {
+      form_->TabStrip1.Select(tab);
+      QTest::qWait(60);
+      std::map<QString, QString> owners;
+      const auto claim = [&](const QString& key, const QString& owner) {
+        if (key.isEmpty()) return;
+        const auto [at, isNew] = owners.emplace(key, owner);
+        QVERIFY2(isNew, qPrintable(key + ": " + at->second + ", " + owner));
+      };
+      for (const QAction* menu : window_->menuBar()->actions())
+        claim(QKeySequence::mnemonic(menu->text()).toString(), menu->text());
+      const auto* const tabs = Widget<QTabBar>("TabStrip1");
+      for (int i = 0; i < tabs->count(); ++i)
+        claim(QKeySequence::mnemonic(tabs->tabText(i)).toString(), tabs->tabText(i));
+      for (const QWidget* each : window_->findChildren<QWidget*>()) {
+        if (!each->isVisible() || each->focusPolicy() == Qt::NoFocus || each->focusProxy() != nullptr)
+          continue;
+        const QAccessibleInterface* const seen =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(each));
+        const bool partOfAnother =
+            each->objectName().startsWith("qt_") || each->parent()->inherits("QComboBox");
+        if (partOfAnother) continue;
+        QVERIFY2(seen != nullptr && !seen->text(QAccessible::Name).isEmpty(),
+                 qPrintable(each->objectName() + each->metaObject()->className() + QString::number(tab)));
+        const auto* const button = qobject_cast<const QAbstractButton*>(each);
+        if (button != nullptr) claim(button->shortcut().toString(), button->objectName());
+      }
+    }
+  }
+
+  void brokenTextsStayInTheirLine() {
+    AddSites();
+    const QSize before = window_->minimumSizeHint();
+    const std::string broken = std::string("a\0b\r\n\x07<img src='x'>", 21) + std::string(100'000, 'w');
+    form_->Sites.List3.Add({broken, broken, broken, broken, broken});
+    form_->Sites.AddMainSite(broken);
+    form_->SelectMainSite(1);
+    for (int panel = 1; panel <= 4; ++panel) form_->StatusBar1.SetPanel(panel, broken);
+    const auto* const results = Widget<QTableView>("List3");
+    QTRY_COMPARE(results->model()->rowCount(), 1);
+    const QModelIndex cell = results->model()->index(0, 0);
+    QVERIFY(cell.data().toString().startsWith("a b   <img"));
+    QVERIFY(cell.data().toString().size() < 1000);
+    QVERIFY(cell.data(Qt::ToolTipRole).toString().contains("&lt;img"));
+    QTRY_VERIFY(Widget<QLabel>("lblblah")->text().contains("www"));
+    QCOMPARE(window_->minimumSizeHint(), before);
+  }
+
+  void theDesktopHearsOfWhatIsNew() {
+    struct Bus final : DesktopBus {
+      void Notify(const QString&, const QString& body) override { Told << body; }
+      void ShowProgress(int percent) override { Told << QString::number(percent); }
+      QStringList Told;
+    } bus;
+    ScanNotice notice(bus);
+    notice.See({});
+    for (const int percent : {0, 50, 50, 250}) notice.See({true, true, percent, 0, 0});
+    notice.See({false, true, 0, 3, 4});
+    notice.See({true, false, 10, 0, 0});
+    for (int again = 0; again < 2; ++again) notice.See({false, false, 0, 3, 4});
+    QCOMPARE(bus.Told, QStringList({"0", "50", "100", "-1", "10", "-1", "3 links found on 4 pages."}));
+  }
+
   void aHundredThousandRowsAreShownAtOnce() {
     for (int i = 0; i < 100000; ++i) {
       form_->Sites.List3.Add({"m", std::to_string(i), "Direct Link", "001", "u"});
@@ -90,6 +200,12 @@ class MainWindowTest : public QObject {
     auto* const button = Widget<QAbstractButton>(name);
     QTRY_VERIFY(button->isVisible() && button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton);
+  }
+
+  static void ClosePopup(const char* of) {
+    auto* const popup = QApplication::activePopupWidget();
+    QVERIFY2(popup != nullptr, of);
+    popup->close();
   }
 
   void AddSites() {

@@ -81,7 +81,7 @@ QWidget* WebViewHolder::BuildNotice() {
   large.setBold(true);
   noticeTitle_->setFont(large);
   noticeText_ = NewText("webNotice", notice);
-  again_ = new QPushButton(tr("Try &again"), notice);
+  again_ = new QPushButton(tr("Try again"), notice);
   again_->setObjectName("webAgain");
   connect(again_, &QPushButton::clicked, this, [this] { guard_.Run([this] { Refresh(); }); });
   again_->hide();
