@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// The import windows on screen, offscreen, by mouse and keyboard, over fake services.
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
+
+#include "shell/qt/window/main_window.h"
+#include "support/fakes.h"
+
+namespace requite::test {
+
+class ImportWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() {
+    folder_ = std::make_unique<TemporaryFolder>();
+    services_ = std::make_unique<FakeServices>();
+    form_ = std::make_unique<Form1>(services_->All, folder_->Folder);
+    form_->Start();
+    form_->txtDomain.UserSets("main.example");
+    form_->cmdAdd2.Click();
+    window_ = std::make_unique<MainWindow>(*form_, guard_);
+    window_->show();
+  }
+  void cleanup() {
+    window_.reset();
+    form_.reset();
+    services_.reset();
+    folder_.reset();
+  }
+
+  void linksAreFoundSelectedAndAdded() {
+    std::string page(300, ' ');
+    for (int i = 0; i < 1000; ++i) page += "<a href=\"http://site" + std::to_string(i) + ".example\">";
+    services_->Internet.Bodies["http://me.example/links"] = page;
+    QWidget* const import = Open("cmdImport", "Form4");
+    auto* const url = Part<QLineEdit>(import, "Text1");
+    url->selectAll();
+    QTest::keyClicks(url, "me.example/links");
+    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
+    auto* const rows = Part<QAbstractItemView>(import, "ListView1");
+    QTRY_COMPARE(rows->model()->rowCount(), 1001);
+    QTRY_COMPARE(Part<QLabel>(import, "StatusBar1(1)")->text(),
+                 QString("Finished Downloading - 1001 links found."));
+
+    auto* const add = Part<QAbstractButton>(import, "cmdAdd");
+    const auto press = [&](int row, Qt::KeyboardModifiers keys) {
+      QTest::mouseClick(rows->viewport(), Qt::LeftButton, keys,
+                        rows->visualRect(rows->model()->index(row, 0)).center());
+    };
+    press(0, Qt::NoModifier);
+    press(2, Qt::ControlModifier);
+    press(4, Qt::ControlModifier | Qt::ShiftModifier);
+    add->click();
+    const LinkingSiteList& sites = form_->Sites.List1(1);
+    QCOMPARE(sites.RowCount(), std::size_t{4});
+    QCOMPARE(sites.At(1).WebsiteUrl, std::string("site2.example/"));
+
+    press(1, Qt::NoModifier);
+    QTest::mouseClick(rows->viewport(), Qt::RightButton, Qt::NoModifier, {5, 5});
+    QTRY_COMPARE(rows->selectionModel()->selectedRows().size(), 1001);
+    add->click();
+    QCOMPARE(sites.RowCount(), std::size_t{1004});
+
+    press(3, Qt::NoModifier);
+    QTest::keyClick(rows, Qt::Key_A, Qt::ControlModifier);
+    add->click();
+    QCOMPARE(sites.RowCount(), std::size_t{2004});
+
+    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
+    QTRY_COMPARE(rows->selectionModel()->selectedRows().size(), 0);
+  }
+
+  void tabsChangeByKeyboardAndEscapeCloses() {
+    QWidget* const import = Open("cmdImport2", "Form4a");
+    QCOMPARE(import->windowTitle(), QString("Import Main Sites"));
+    QVERIFY(Part<QWidget>(import, "Frame1")->isVisible());
+    QVERIFY(!Part<QWidget>(import, "framePost")->isVisible());
+    QTest::keyClick(Part<QTabBar>(import, "TabStrip1"), Qt::Key_Right);
+    QTRY_VERIFY(Part<QWidget>(import, "framePost")->isVisible());
+    QVERIFY(!Part<QWidget>(import, "Frame3")->isVisible());
+    QTest::keyClick(import, Qt::Key_Escape);
+    QTRY_VERIFY(!form_->Windows.IsShown("Form4a"));
+  }
+
+  void everyWidgetHasAName() {
+    QWidget* const import = Open("cmdImport", "Form4");
+    for (const QWidget* each : import->findChildren<QLineEdit*>()) {
+      const bool inCombo = !each->objectName().startsWith("T") && !each->objectName().startsWith("txt");
+      QVERIFY2(inCombo || !each->accessibleName().isEmpty(), qPrintable(each->objectName()));
+    }
+  }
+
+ private:
+  template <class Kind>
+  static Kind* Part(QWidget* window, const char* name) {
+    auto* const part = window->findChild<Kind*>(name);
+    if (part == nullptr) qFatal("%s is missing", name);
+    return part;
+  }
+
+  QWidget* Open(const char* button, const char* name) {
+    Part<QAbstractButton>(window_.get(), button)->click();
+    QWidget* const opened = window_->findChild<QWidget*>(name);
+    if (opened == nullptr || !QTest::qWaitForWindowActive(opened)) qFatal("%s did not open", name);
+    return opened;
+  }
+
+  const EventGuard guard_{[](const RuntimeFailure& failure) { qFatal("%s", failure.what()); }};
+  std::unique_ptr<TemporaryFolder> folder_;
+  std::unique_ptr<FakeServices> services_;
+  std::unique_ptr<Form1> form_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace requite::test
+
+QTEST_MAIN(requite::test::ImportWindowTest)
+#include "import_window_test.moc"

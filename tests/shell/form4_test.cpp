@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The import windows as they open beside the main window, and their weaker copy of the posting.
+#include "shell/form4.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "shell/form1_rig.h"
+
+namespace requite::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+struct ImportWindowRig : Form1Rig {
+  Form4& Open(Button& command) {
+    command.Click();
+    const std::string name = Form.Windows.ShownNames().back();
+    return static_cast<Form4&>(*Form.Windows.Find(name));
+  }
+};
+
+TEST(Form4, BothWindowsDifferInTheirWordsAlone) {
+  ImportWindowRig rig;
+  Form4& links = rig.Open(rig.Form.cmdImport);
+  EXPECT_EQ(links.Name(), "Form4");
+  EXPECT_EQ(links.Main.Title(), "Import Linking Sites");
+  EXPECT_EQ(links.Frame3.Caption, "Get linking sites from a file");
+  EXPECT_EQ(links.Command4.ToolTip, "Import websites from a file");
+  EXPECT_EQ(links.Command1.ToolTip, "Import websites from the URL entered above");
+  Form4& sites = rig.Open(rig.Form.cmdImport2);
+  EXPECT_EQ(sites.Name(), "Form4a");
+  EXPECT_EQ(sites.Main.Title(), "Import Main Sites");
+  EXPECT_EQ(sites.Frame3.Caption, "Get main sites from a file");
+  EXPECT_EQ(sites.Command4.ToolTip, "Import Main Sites from a file");
+  EXPECT_EQ(sites.Command1.ToolTip, "");
+  EXPECT_EQ(sites.Frame1.Caption, links.Frame1.Caption);
+  EXPECT_EQ(sites.cmdAdd.ToolTip, "Add the site you have entered above");
+  links.Close();
+  rig.Form.Command7.Click();
+  EXPECT_TRUE(rig.Form.Windows.IsShown("Form4"));
+}
+
+TEST(Form4, ReadsItsSettingsWhenItOpensAndWritesEachChange) {
+  ImportWindowRig rig;
+  Form4& first = rig.Open(rig.Form.cmdImport);
+  EXPECT_EQ(first.Text1.Text(), "http://");
+  EXPECT_EQ(first.Option1.Chosen(), 0);
+  EXPECT_EQ(first.Combo1.Text(), "Select or Type a Delimiter");
+  EXPECT_EQ(first.cmbSites.Text(), "Select");
+  first.Option1.Choose(1);
+  first.Text1.UserSets("page.example");
+  first.Text2.UserSets("script.example");
+  first.txtPost.UserSets("post.example");
+  first.Combo1.SetListIndex(3);
+  rig.AddSites("a.example", {});
+  rig.AddSites("b.example", {});
+
+  const Form4& second = rig.Open(rig.Form.cmdImport2);
+  EXPECT_EQ(second.Option1.Chosen(), 1);
+  EXPECT_EQ(second.Text1.Text(), "page.example");
+  EXPECT_EQ(second.Text2.Text(), "script.example");
+  EXPECT_EQ(second.txtPost.Text(), "post.example");
+  EXPECT_EQ(second.Combo1.Text(), "Exclamation Point");
+  EXPECT_EQ(second.cmbSites.Text(), "a.example");
+  EXPECT_THAT(second.cmbSites.Items(), ElementsAre("a.example", "b.example"));
+  first.Combo1.UserSets(";");
+  EXPECT_EQ(rig.Setting("getURLCombo"), "-1");
+}
+
+TEST(Form4, TabsShowTheirFrames) {
+  ImportWindowRig rig;
+  Form4& window = rig.Open(rig.Form.cmdImport);
+  EXPECT_TRUE(window.ListView1.VisibleInEffect());
+  EXPECT_FALSE(window.cmdPost.VisibleInEffect());
+  window.TabStrip1.Select(2);
+  EXPECT_FALSE(window.Command1.VisibleInEffect());
+  EXPECT_FALSE(window.Command4.VisibleInEffect());
+  EXPECT_TRUE(window.txtPost.VisibleInEffect());
+  window.TabStrip1.Select(1);
+  EXPECT_TRUE(window.Command4.VisibleInEffect());
+}
+
+TEST(Form4, PostsFromForm4aWithForm4OnShowAndItsOwnScript) {
+  ImportWindowRig rig;
+  rig.Form.Sites.List3.Add({"main.example", "a.example", "Direct Link", "001", "http://a.example/x"});
+  Form4& window = rig.Open(rig.Form.cmdImport2);
+  window.txtPost.UserSets("http://s.example/?m=$MainSite&l=$LinkingSite&s=$Status&f=$FoundOn");
+  window.cmdScriptAdd.Click();  // "Select" is no hindrance here
+  EXPECT_EQ(window.lstMulti.RowCount(), 1U);
+  window.cmdPost.Click();
+  EXPECT_THAT(rig.Services.Internet.Asked,
+              ElementsAre("http://s.example/?m=$MainSite&l=a.example&s=True&f=http://a.example%2Fx"));
+  EXPECT_TRUE(rig.Form.Windows.IsShown("Form4"));
+  EXPECT_FALSE(rig.Form.Windows.IsShown("Form5"));
+  EXPECT_EQ(window.StatusBar1.Panel(1), "Sending Site 1: a.example");
+}
+
+TEST(Form4, MayBeClosedInTheMiddleOfEveryRun) {
+  for (int yield = 1; yield < 9; ++yield) {
+    ImportWindowRig rig;
+    rig.AddSites("main.example", {});
+    rig.Services.Internet.Bodies["http://p.example"] =
+        "<a href=\"http://a.example\">\r<a href=\"http://b.example\">" + std::string(300, ' ');
+    Form4& window = rig.Open(rig.Form.cmdImport);
+    window.Text1.UserSets("http://p.example");
+    const int before = rig.Services.EventLoop.Yields;
+    rig.Services.EventLoop.AtYield(before + yield, [&] {
+      window.Close();
+      rig.Form.Windows.Show("Form4");  // another one takes its place and sweeps
+    });
+    window.Command1.Click();
+    const auto& next = static_cast<const Form4&>(*rig.Form.Windows.Find("Form4"));
+    EXPECT_NE(&next, &window);
+    EXPECT_TRUE(next.ListView1.Empty());
+  }
+}
+
+}  // namespace
+}  // namespace requite::test
