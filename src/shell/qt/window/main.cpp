@@ -13,8 +13,10 @@
 #include "shell/qt/freed_memory.h"
 #include "shell/qt/program_folder.h"
 #include "shell/qt/web/web_module.h"
+#include "shell/qt/window/desktop_bus.h"
 #include "shell/qt/window/desktop_services.h"
 #include "shell/qt/window/main_window.h"
+#include "shell/qt/window/product_icon.h"
 #include "shell/qt/window/splash.h"
 #include "shell/recovery.h"
 
@@ -57,6 +59,7 @@ int Run(QApplication& application) {
   });
   const ConnectMap map;
   DesktopServices services(guard, map, DefaultSettingsPath());
+  SessionBus desktop;
 
   Splash splash;
   splash.show();
@@ -72,7 +75,7 @@ int Run(QApplication& application) {
       form = std::make_unique<Form1>(services.All, folder);
       project = &form->Sites;
       form->OnEnd = [&] { application.quit(); };
-      window = std::make_unique<MainWindow>(*form, guard);
+      window = std::make_unique<MainWindow>(*form, guard, &desktop);
       window->show();
       splash.finish(window.get());
       form->Start();
@@ -97,5 +100,6 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName("requite");
   QApplication::setDesktopFileName("requite");
+  QApplication::setWindowIcon(requite::ProductIcon());
   return requite::Run(application);
 }

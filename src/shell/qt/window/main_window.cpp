@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QSettings>
 #include <QShortcut>
@@ -49,6 +50,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   columns_->addWidget(left_);
   columns_->addWidget(BuildResults());
   columns_->setStretchFactor(1, 1);
+  columns_->setContentsMargins(6, 4, 6, 0);
   columns_->setChildrenCollapsible(false);
   left_->setChildrenCollapsible(false);
   setCentralWidget(columns_);
@@ -61,6 +63,8 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   };
   AddShortcuts();
   RestoreLayout();
+  // The first thing to do is to type a site.
+  findChild<QLineEdit*>("txtDomain")->setFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -152,7 +156,7 @@ void MainWindow::RestoreLayout() {
   const QSettings layout("requite", "window");
   const QSize room = screen()->availableSize();
   resize(QSize(1180, 760).boundedTo(room * 0.95));
-  columns_->setSizes({width() * 2 / 5, width() * 3 / 5});
+  columns_->setSizes({width() * 36 / 100, width() * 64 / 100});
   left_->setSizes({height() * 3 / 5, height() * 2 / 5});
   if (!restoreGeometry(layout.value("geometry").toByteArray())) return;
   columns_->restoreState(layout.value("columns").toByteArray());

@@ -1,0 +1,113 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# The window program itself on a display: what it does when all is well, with two copies at once, and when
+# things are missing or broken. Keys come from the X server, as a user's would.
+# Usage: program_test.sh PROGRAM CONSOLE INSTALLED_FOLDER SAMPLE_PROJECT   (under xvfb-run)
+set -euo pipefail
+installed="$3" sample="$4"
+work="$(mktemp -d)"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  rm -rf "$work"
+}
+trap cleanup EXIT
+fail() { echo "program_test: $scenario: $1" >&2; exit 1; }
+
+# Laid out like an installation, so that the user's data folder is used.
+mkdir -p "$work/bin" "$work/share"
+ln "$1" "$work/bin/requite" 2>/dev/null || cp "$1" "$work/bin/requite"
+ln "$2" "$work/bin/requite-console" 2>/dev/null || cp "$2" "$work/bin/requite-console"
+cp -r "$installed" "$work/share/requite"
+mainTitle='Requite by'
+
+# scene NAME: from here on everything is another user's, who has no data yet.
+scene() {
+  scenario="$1"
+  export XDG_DATA_HOME="$work/$1/data" XDG_CONFIG_HOME="$work/$1/config"
+  mkdir -p "$XDG_DATA_HOME" "$XDG_CONFIG_HOME"
+}
+set_to() { printf 'put %s %s\n' "$@" | "$work/bin/requite-console" script || fail "settings cannot be written"; }
+setting() { printf 'get %s\n' "$1" | "$work/bin/requite-console" script; }
+start() { "$work/bin/requite" 2> "$work/err" & pids+=($!); pid=$!; }
+# window_of PID TITLE: waits for a window of that process with that title and gives it the keyboard.
+window_of() {
+  window="$(timeout 30 xdotool search --sync --all --onlyvisible --pid "$1" --name "$2" | head -1)" || true
+  [ -n "$window" ] || fail "no window '$2' came up"
+  xdotool windowfocus --sync "$window"
+}
+keys() { xdotool key --delay 50 "$@"; }
+# ended PID STATUS
+ended() {
+  local status=0
+  timeout 30 tail --pid="$1" -s 0.1 -f /dev/null || fail "process $1 does not end"
+  wait "$1" || status=$?
+  [ "$status" -eq "$2" ] || fail "ended with $status instead of $2: $(cat "$work/err")"
+}
+close_main() { window_of "$1" "$mainTitle"; keys alt+f x; }
+
+for display in "" ":0.nowhere"; do
+  scene "no display '$display'"
+  status=0
+  env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY="$display" "$work/bin/requite" 2> "$work/err" || status=$?
+  [ "$status" -eq 1 ] || fail "ended with $status"
+  [ "$(grep -c . "$work/err")" -eq 1 ] && grep -q '^requite: there is no display' "$work/err" || fail "$(cat "$work/err")"
+done
+
+scene two-copies
+start; first=$pid
+start; second=$pid
+window_of "$first" "$mainTitle"
+keys alt+y m
+window_of "$second" "$mainTitle"
+xdotool type --delay 20 two-copies.example
+keys Return ctrl+s
+window_of "$second" 'Save|Requite$'
+keys ctrl+a
+xdotool type --delay 20 "$work/both.prj"
+keys Return
+close_main "$first"; ended "$first" 0
+close_main "$second"; ended "$second" 0
+[ "$(setting ScanType)" = 1 ] || fail "the first copy's setting is lost"
+[ "$(setting LastProject)" = "$work/both.prj" ] || fail "the second copy's setting is lost"
+grep -q '^two-copies.example' "$work/both.prj" || fail "the project was not saved"
+[ -z "$(find "$XDG_CONFIG_HOME" -name '*damaged*')" ] || fail "the settings file was damaged"
+
+scene project-gone
+set_to LastProject "$work/gone/away.prj"
+start
+close_main "$pid"; ended "$pid" 0
+[ "$(setting LastProject)" = "$work/gone/away.prj" ] || fail "the setting changed"
+
+scene no-folder   # a file stands where the folders would have to be made, so that root cannot write either
+: > "$work/no-folder/file"
+export XDG_DATA_HOME="$work/no-folder/file" XDG_CONFIG_HOME="$work/no-folder/file"
+start
+window_of "$pid" "$mainTitle"
+xdotool type --delay 20 folder.example
+keys Return F5
+window_of "$pid" '^Requite$'
+keys Return
+close_main "$pid"
+window_of "$pid" '^Save Project\?$'
+keys alt+n
+ended "$pid" 0
+
+scene failure-at-start
+set_to ScanType abc
+start
+window_of "$pid" '^Requite$'
+keys Return
+ended "$pid" 70
+[ -z "$(find "$XDG_DATA_HOME" -name Recovered.prj)" ] || fail "nothing was edited, yet a project was recovered"
+
+scene failure-in-a-scan
+set_to LastProject "$sample" chkAutoSave abc
+start
+window_of "$pid" "$mainTitle"
+keys F5
+window_of "$pid" '^Requite$'
+keys Return
+ended "$pid" 70
+cmp "$sample" <(head -c "$(stat -c %s "$sample")" "$XDG_DATA_HOME/requite/Project Files/Recovered.prj") ||
+  fail "the recovered project differs"

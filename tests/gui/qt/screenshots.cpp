@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// Takes the pictures of the documentation: the real window, scanning the sample sites.
+// Usage: gui_screenshots FOLDER SUFFIX [all]; with "all" every picture, else the results alone.
+#include <QElapsedTimer>
+#include <QScreen>
+#include <QStyleFactory>
+#include <QTabBar>
+#include <QWindow>
+#include <iostream>
+
+#include "desk_rig.h"
+#include "shell/qt/web/web_module.h"
+
+namespace requite::test {
+namespace {
+
+constexpr QSize kUsual(1100, 720);
+constexpr QSize kSmall(1024, 600);
+constexpr int kScanMilliseconds = 120'000;
+
+QPalette DarkPalette() {
+  QPalette palette(QColor(53, 54, 58), QColor(45, 46, 50));
+  palette.setColor(QPalette::Base, QColor(32, 33, 36));
+  palette.setColor(QPalette::AlternateBase, QColor(41, 42, 46));
+  palette.setColor(QPalette::Highlight, QColor(61, 120, 190));
+  palette.setColor(QPalette::Link, QColor(130, 180, 255));
+  return palette;
+}
+
+class Photographer {
+ public:
+  Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {
+    FillProgramFolder(REQUITE_INSTALLED, program_.Path);
+    SettingsFile settings(program_.File("settings"));
+    // Silent sites of the samples are given up soon; the pictures need no sound and no help.
+    for (const auto& [key, value] : {std::pair{"txtTimeout", "2"},
+                                     {"chkAudioNext", "0"},
+                                     {"chkAudioEmail", "0"},
+                                     {"chkAudioFinished", "0"},
+                                     {"showHelp", "0"}}) {
+      settings.Write(key, value);
+    }
+  }
+
+  bool All() {
+    QElapsedTimer sinceSplash;
+    sinceSplash.start();
+    DeskProgram program(program_, server_.Map);
+    Wait([&] { return program.Window.windowHandle()->isExposed(); });
+    std::cout << "The window was on screen after " << sinceSplash.elapsed() << " ms." << std::endl;
+    program.Window.resize(kUsual);
+    Take(program, "empty");
+    Load(program);
+    Scan(program, [&] { return program.Form.Sites.List3.RowCount() >= 12; });
+    Take(program, "scanning");
+    Finish(program);
+    Take(program, "results");
+    ShowTab(program, 4);
+    Wait([&] { return program.Form.WebBrowser2.LocationUrl().ends_with("tempreport.html"); });
+    Take(program, "report");
+    ShowTab(program, 2);
+    Wait([&] { return program.Form.WebBrowser1.LocationUrl().ends_with(".html"); });
+    Take(program, "web");
+    ShowTab(program, 3);
+    Take(program, "pages");
+    ShowTab(program, 5);
+    Take(program, "post");
+    ShowTab(program, 1);
+    program.Window.resize(kSmall);
+    Take(program, "1024x600");
+    program.Window.resize(kUsual);
+    QApplication::setPalette(DarkPalette());
+    Take(program, "dark");
+    ShowTab(program, 4);
+    Take(program, "dark-report");
+    return good_;
+  }
+
+  bool ResultsOnly() {
+    DeskProgram program(program_, server_.Map);
+    program.Window.resize(kUsual);
+    Load(program);
+    Scan(program, [&] { return program.Form.Sites.List3.RowCount() >= 12; });
+    Take(program, "scanning");
+    return good_;
+  }
+
+ private:
+  static void Load(DeskProgram& program) { program.Form.Files.LoadProject(REQUITE_SAMPLES "/sample.prj"); }
+
+  void Scan(DeskProgram& program, const std::function<bool()>& until) {
+    program.Click("Command1");
+    Wait(until);
+  }
+
+  void Finish(DeskProgram& program) {
+    Wait([&] { return !program.Form.State.Scanning; });
+  }
+
+  static void ShowTab(DeskProgram& program, int number) {
+    auto* const tabs = program.Widget<QTabBar>("TabStrip1");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(number - 1).center());
+  }
+
+  void Wait(const std::function<bool()>& until) {
+    if (QTest::qWaitFor(until, kScanMilliseconds)) return;
+    std::cerr << "gui_screenshots: what the next picture shows did not come" << std::endl;
+    good_ = false;
+  }
+
+  /// What the display shows, so that views which other processes draw are on the picture too.
+  void Take(DeskProgram& program, const QString& name) {
+    QTest::qWait(500);
+    const QPixmap picture = program.Window.screen()->grabWindow(program.Window.winId());
+    good_ = picture.save(folder_ + '/' + name + suffix_ + ".png", "PNG", 0) && good_;
+  }
+
+  QString folder_;
+  QString suffix_;
+  QTemporaryDir place_;
+  const ProgramFolder program_{place_.path().toStdString()};
+  SampleServer server_;
+  bool good_ = true;
+};
+
+}  // namespace
+}  // namespace requite::test
+
+int main(int argc, char** argv) {
+  if (argc < 3) return 2;
+  requite::PrepareWebEngine();
+  QApplication application(argc, argv);
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  requite::test::Photographer photographer(argv[1], argv[2]);
+  return (argc > 3 ? photographer.All() : photographer.ResultsOnly()) ? 0 : 1;
+}
