@@ -87,14 +87,6 @@ class ImportWindowTest : public QObject {
     QTRY_VERIFY(!form_->Windows.IsShown("Form4a"));
   }
 
-  void everyWidgetHasAName() {
-    QWidget* const import = Open("cmdImport", "Form4");
-    for (const QWidget* each : import->findChildren<QLineEdit*>()) {
-      const bool inCombo = !each->objectName().startsWith("T") && !each->objectName().startsWith("txt");
-      QVERIFY2(inCombo || !each->accessibleName().isEmpty(), qPrintable(each->objectName()));
-    }
-  }
-
  private:
   template <class Kind>
   static Kind* Part(QWidget* window, const char* name) {
