@@ -118,6 +118,7 @@ void WebViewHolder::MakeView() {
     standing_ = tr("The web view (Qt WebEngine) is not installed: pages are shown as plain text.");
     Tell(standing_);
   }
+  view_->Widget()->setAccessibleName(tr("Web page"));
   pages_->addWidget(view_->Widget());
   setFocusProxy(view_->Widget());
   ShowPage();

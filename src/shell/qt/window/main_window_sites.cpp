@@ -17,7 +17,7 @@
 namespace requite {
 namespace {
 
-constexpr int kLowestList = 56;  // keeps the whole window within 600 lines
+constexpr int kLowestList = 44;  // keeps the window within a screen of 600 lines, frame and all
 
 struct Command {
   Button* Control;
@@ -104,7 +104,7 @@ QWidget* MainWindow::BuildLinkingSites() {
   view->setMinimumHeight(kLowestList);
   linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
   WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
-  FitColumns(*view, {40, 0, 20, 20, 20});
+  FitColumns(*view, {46, 0, 18, 18, 18});
   PressOnDelete(*view, form_.cmbDel);
   layout->addWidget(view, 1);
   bind_.BindState(form_.innerFrame2, *block);

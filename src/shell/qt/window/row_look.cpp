@@ -30,7 +30,9 @@ class RowPainter : public QStyledItemDelegate {
     const QColor pale = Between(option->palette.color(QPalette::Base),
                                 option->palette.color(QPalette::Active, QPalette::Highlight), 0.3);
     option->palette.setColor(QPalette::Highlight, pale);
-    option->palette.setColor(QPalette::HighlightedText, option->palette.color(QPalette::Text));
+    // Of a disabled list too: pale letters on a pale bar could not be read.
+    option->palette.setColor(QPalette::HighlightedText,
+                             option->palette.color(QPalette::Active, QPalette::Text));
   }
 
  private:
@@ -49,7 +51,7 @@ void LookLikeAList(QTableView& view) {
   view.setSelectionBehavior(QAbstractItemView::SelectRows);
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view.setTextElideMode(Qt::ElideMiddle);
+  view.setTextElideMode(Qt::ElideRight);
   view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   QHeaderView& rows = *view.verticalHeader();

@@ -12,7 +12,7 @@ namespace requite {
 namespace {
 
 /// A refresh and the painting that follows it take one part in so many of the time.
-constexpr qint64 kRestFactor = 9;
+constexpr qint64 kRestFactor = 12;
 
 }  // namespace
 
