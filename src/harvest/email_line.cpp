@@ -4,6 +4,7 @@
 #include "harvest/email_line.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 
@@ -15,13 +16,24 @@ namespace {
 
 constexpr std::size_t kLeftHalf = 40;  ///< characters kept up to an "@" that stands further in
 
-/// What is cleaned away; the right half loses its commas as well, and neither loses its "&".
-constexpr std::string_view kCleanedOfLeft = ":\" <>[]()?=*/-\r\n;";
-constexpr std::string_view kCleanedOfRight = ":\" <>[]()?=,*/-\r\n;";
+using Characters = std::array<bool, 256>;
 
-std::string Clean(std::string_view text, std::string_view cleaned) {
-  std::string clean(text);
-  std::erase_if(clean, [&](char c) { return cleaned.find(c) != std::string_view::npos; });
+constexpr Characters MakeCharacters(std::string_view members) {
+  Characters set{};
+  for (const char c : members) set[static_cast<unsigned char>(c)] = true;
+  return set;
+}
+
+/// What is cleaned away; the right half loses its commas as well, and neither loses its "&".
+constexpr Characters kCleanedOfLeft = MakeCharacters(":\" <>[]()?=*/-\r\n;");
+constexpr Characters kCleanedOfRight = MakeCharacters(":\" <>[]()?=,*/-\r\n;");
+
+std::string Clean(std::string_view text, const Characters& cleaned) {
+  std::string clean;
+  clean.reserve(text.size());
+  for (const char c : text) {
+    if (!cleaned[static_cast<unsigned char>(c)]) clean += c;
+  }
   return clean;
 }
 
@@ -52,6 +64,8 @@ std::string TakeToAt(EmailTail& tail) {
 
 }  // namespace
 
+std::string CleanRight(std::string_view right) { return Clean(right, kCleanedOfRight); }
+
 bool ReadEmailLine(std::string line, EmailLineReader& reader) {
   ReplaceIn(line, "%40", "@", Compare::Binary);
   ReplaceIn(line, "%20", " ", Compare::Binary);
@@ -62,8 +76,9 @@ bool ReadEmailLine(std::string line, EmailLineReader& reader) {
     const std::string piece = TakeToAt(tail);
     const std::size_t right = RightLength(tail);
     if (!reader.GoesOn(piece.size() + right)) return false;
-    reader.TakeHalves(Clean(LeftHalf(piece), kCleanedOfLeft),
-                      Clean(tail.Text().substr(0, right), kCleanedOfRight));
+    if (tail.HasDot()) {
+      reader.TakeHalves(Clean(LeftHalf(piece), kCleanedOfLeft), tail.Text().substr(0, right));
+    }
     // One character behind the stop goes too; where there is none to take, the text stays whole.
     const std::size_t cut = std::max<std::size_t>(right, 1) + 1;
     if (cut <= tail.Text().size()) tail.TakeFront(cut);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace requite {
 
@@ -13,9 +14,13 @@ class EmailLineReader {
   virtual ~EmailLineReader() = default;
   /// So many characters have been looked at since the last call: events may run. False ends the line.
   [[nodiscard]] virtual bool GoesOn(std::size_t characters) = 0;
-  /// The two halves around an "@", cleaned; either may be empty. Most are no address.
-  virtual void TakeHalves(const std::string& left, const std::string& right) = 0;
+  /// The two halves around an "@", the left one cleaned. Most are no address; those without a full stop on
+  /// the right, which never are, may be left out. Where no stop character comes, `right` is the whole rest.
+  virtual void TakeHalves(const std::string& left, std::string_view right) = 0;
 };
+
+/// The right half without what is cleaned away.
+[[nodiscard]] std::string CleanRight(std::string_view right);
 
 /// Reads the line to its end. False when the reader ended it before.
 bool ReadEmailLine(std::string line, EmailLineReader& reader);

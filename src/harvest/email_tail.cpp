@@ -4,15 +4,14 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 #include "platform/text.h"
 
 namespace requite {
 namespace {
 
-constexpr std::size_t kLargestTable = std::size_t{1} << 22;
-constexpr std::uint8_t kFull = 255;         ///< such a count is not known any more
-constexpr std::size_t kSearchesFirst = 16;  ///< whole lines searched before counting pays
+constexpr std::size_t kSearchesFirst = 16;  ///< whole lines searched before the tables pay
 
 constexpr std::array<bool, 256> MakeStops() {
   std::array<bool, 256> stops{};
@@ -27,44 +26,68 @@ std::uint64_t HashOf(std::string_view text) {
   return hash ^ hash >> 29;
 }
 
+std::uint32_t MarkOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32) | 1; }
+
 }  // namespace
 
 bool IsStopCharacter(char c) { return kStops[static_cast<unsigned char>(c)]; }
 
-std::size_t AtContexts::SlotOf(std::string_view context, std::size_t table) const {
-  return table * tableSize_ + (HashOf(context) & (tableSize_ - 1));
+void AtContexts::Clear() {
+  for (Table& table : tables_) table = Table();
 }
 
-/// Acts on the count of each context of an "@"; none reaches beyond the "@" before.
-template <class Act>
-void AtContexts::ForContexts(std::string_view text, std::size_t at, Act act) {
-  const std::size_t before = at == 0 ? std::string_view::npos : text.rfind('@', at - 1);
-  const std::size_t length = before == std::string_view::npos ? at : at - before - 1;
-  for (std::size_t table = 0; table < kContexts.size() && kContexts[table] <= length; ++table) {
-    act(counts_[SlotOf(text.substr(at - kContexts[table], kContexts[table]), table)]);
+AtContexts::Entry& AtContexts::EntryOf(Table& table, std::uint64_t hash) {
+  const std::uint32_t mark = MarkOf(hash);
+  std::size_t slot = hash & (table.size() - 1);
+  while (table[slot].Mark != 0 && table[slot].Mark != mark) slot = (slot + 1) & (table.size() - 1);
+  return table[slot];
+}
+
+void AtContexts::Build(Table& table, std::string_view text, std::size_t length) {
+  // No context reaches over the "@" before it.
+  const auto forEach = [&](auto act) {
+    std::size_t begin = 0;
+    for (std::size_t at = text.find('@'); at != std::string_view::npos; at = text.find('@', begin)) {
+      if (at - begin >= length) act(at);
+      begin = at + 1;
+    }
+  };
+  std::size_t count = 0;
+  forEach([&](std::size_t) { ++count; });
+  table.assign(std::bit_ceil(2 * count + 1), {});
+  forEach([&](std::size_t at) {
+    const std::uint64_t hash = HashOf(text.substr(at - length, length));
+    EntryOf(table, hash) = {MarkOf(hash), static_cast<std::uint32_t>(at)};
+  });
+}
+
+bool AtContexts::StandsBehind(std::string_view text, std::size_t at, std::string_view context) {
+  const auto longer = std::upper_bound(kLengths.begin(), kLengths.end(), context.size());
+  if (longer == kLengths.begin()) return true;
+  const std::size_t length = *(longer - 1);
+  Table& table = tables_[static_cast<std::size_t>(longer - kLengths.begin()) - 1];
+  if (table.empty()) Build(table, text, length);
+  const Entry& entry = EntryOf(table, HashOf(Right(context, length)));
+  return entry.Mark != 0 && entry.LastAt > at;
+}
+
+bool LastRuns::MayStandBehind(std::string_view text, std::size_t begin, std::size_t count) {
+  const auto slot = [&](std::size_t at) {
+    std::uint64_t run = 0;
+    std::memcpy(&run, text.data() + at, kRun);
+    return (run * 0x9E3779B97F4A7C15U >> 20) & (lastAt_.size() - 1);
+  };
+  if (lastAt_.empty()) {
+    lastAt_.resize(std::bit_ceil(text.size()));
+    for (std::size_t at = 0; at + kRun <= text.size(); ++at) {
+      lastAt_[slot(at)] = static_cast<std::uint32_t>(at);
+    }
   }
-}
-
-void AtContexts::Build(std::string_view text) {
-  const auto ats = static_cast<std::size_t>(std::count(text.begin(), text.end(), '@'));
-  tableSize_ = std::min(kLargestTable, std::bit_ceil(4 * ats + 1));
-  counts_.assign(kContexts.size() * tableSize_, 0);
-  for (std::size_t at = text.find('@'); at != std::string_view::npos; at = text.find('@', at + 1)) {
-    ForContexts(text, at, [](std::uint8_t& count) { count += count == kFull ? 0 : 1; });
+  // One run that does not stand further behind tells that the whole does not.
+  for (std::size_t at = begin; at + kRun <= begin + count; ++at) {
+    if (lastAt_[slot(at)] == at) return false;
   }
-  built_ = true;
-}
-
-void AtContexts::Leave(std::string_view text, std::size_t at) {
-  ForContexts(text, at, [](std::uint8_t& count) { count -= count == kFull ? 0 : 1; });
-}
-
-bool AtContexts::MayRepeat(std::string_view piece) const {
-  const std::string_view context = piece.substr(0, piece.size() - 1);
-  const auto longer = std::upper_bound(kContexts.begin(), kContexts.end(), context.size());
-  if (longer == kContexts.begin()) return true;
-  const auto table = static_cast<std::size_t>(longer - kContexts.begin()) - 1;
-  return counts_[SlotOf(Right(context, kContexts[table]), table)] > 1;
+  return true;
 }
 
 std::size_t EmailTail::FirstAt() {
@@ -78,39 +101,28 @@ std::size_t EmailTail::FirstStop() {
   return stop_ - begin_;
 }
 
-void EmailTail::TakeFront(std::size_t count) {
-  if (contexts_.Built()) {
-    const std::size_t end = begin_ + count;
-    for (std::size_t at = text_.find('@', begin_); at < end; at = text_.find('@', at + 1)) {
-      contexts_.Leave(text_, at);
-    }
-  }
-  begin_ += count;
-}
-
 std::string EmailTail::TakeEverywhere(std::size_t count) {
   const std::string piece(Text().substr(0, count));
-  const bool mayRepeat = MayRepeat(piece);
+  const bool mayStandBehind = MayStandBehind(piece);
   TakeFront(count);
-  if (!mayRepeat || !Contains(Text(), piece, Compare::Binary)) return piece;
+  if (!mayStandBehind || !Contains(Text(), piece, Compare::Binary)) return piece;
   text_ = Replace(Text(), piece, "", Compare::Binary);
   begin_ = at_ = stop_ = 0;
   searched_ = 0;
   contexts_.Clear();
+  runs_.Clear();
+  lastDot_ = text_.rfind('.');
   return piece;
 }
 
 /// Looking through the whole rest for each piece would be quadratic on a line of many "@".
-bool EmailTail::MayRepeat(std::string_view piece) {
-  if (piece.empty() || !piece.ends_with('@')) return !piece.empty();
-  if (!contexts_.Built()) {
-    searched_ += Text().size();
-    if (searched_ <= kSearchesFirst * text_.size()) return true;
-    text_.erase(0, begin_);  // what is gone is not to be counted
-    begin_ = at_ = stop_ = 0;
-    contexts_.Build(text_);
-  }
-  return contexts_.MayRepeat(piece);
+bool EmailTail::MayStandBehind(std::string_view piece) {
+  if (piece.empty()) return false;
+  searched_ += Text().size();
+  if (searched_ <= kSearchesFirst * text_.size()) return true;
+  if (piece.size() >= LastRuns::kRun && !runs_.MayStandBehind(text_, begin_, piece.size())) return false;
+  if (!piece.ends_with('@')) return true;
+  return contexts_.StandsBehind(text_, begin_ + piece.size() - 1, piece.substr(0, piece.size() - 1));
 }
 
 }  // namespace requite

@@ -14,34 +14,48 @@ namespace requite {
 /// The characters at which both halves of an address stop.
 [[nodiscard]] bool IsStopCharacter(char c);
 
-/// How often each text of some lengths stands before an "@"; the lengths are those of kContexts. Counts are
-/// by hash: they may be too large, never too small.
+/// Where the texts of some lengths stand last before an "@". Each length is looked through once, when it is
+/// first asked about.
 class AtContexts {
  public:
-  /// Takes the text's "@" in. The text must stay where it is as long as it is asked about.
-  void Build(std::string_view text);
-  void Clear() { built_ = false; }
-  [[nodiscard]] bool Built() const { return built_; }
-  /// Whether `piece`, which ends in its only "@", may stand more than once in what is left of the text.
-  [[nodiscard]] bool MayRepeat(std::string_view piece) const;
-  /// The "@" at this place of the text is gone.
-  void Leave(std::string_view text, std::size_t at);
+  /// Whether the text in front of the "@" at this place of `text`, as much of it as is kept, stands before
+  /// an "@" further behind as well. `context` is that text and holds no "@". The same `text` must be given
+  /// until Clear.
+  [[nodiscard]] bool StandsBehind(std::string_view text, std::size_t at, std::string_view context);
+  void Clear();
 
  private:
-  static constexpr std::array<std::size_t, 11> kContexts = {1, 2, 3, 4, 5, 6, 7, 8, 12, 20, 32};
+  static constexpr std::array<std::size_t, 11> kLengths = {1, 2, 3, 4, 5, 6, 7, 8, 12, 20, 32};
+  struct Entry {
+    std::uint32_t Mark = 0;    ///< of the context; 0: free
+    std::uint32_t LastAt = 0;  ///< the last "@" behind it
+  };
+  using Table = std::vector<Entry>;  // by hash, a power of two
 
-  [[nodiscard]] std::size_t SlotOf(std::string_view context, std::size_t table) const;
-  template <class Act>
-  void ForContexts(std::string_view text, std::size_t at, Act act);
+  static void Build(Table& table, std::string_view text, std::size_t length);
+  /// The entry of a context, or the free one where it belongs.
+  [[nodiscard]] static Entry& EntryOf(Table& table, std::uint64_t hash);
 
-  std::vector<std::uint8_t> counts_;  // one table a length, one behind the other
-  std::size_t tableSize_ = 0;
-  bool built_ = false;
+  std::array<Table, kLengths.size()> tables_;
+};
+
+/// Where each run of eight characters of a text stands last; runs that share a place count as one.
+class LastRuns {
+ public:
+  /// Whether the `count` characters at `begin` may stand further behind as well. The same `text` must be
+  /// given until Clear, and `count` must be at least kRun.
+  [[nodiscard]] bool MayStandBehind(std::string_view text, std::size_t begin, std::size_t count);
+  void Clear() { lastAt_ = {}; }
+
+  static constexpr std::size_t kRun = 8;
+
+ private:
+  std::vector<std::uint32_t> lastAt_;  // by hash, a power of two
 };
 
 class EmailTail {
  public:
-  explicit EmailTail(std::string line) : text_(std::move(line)) {}
+  explicit EmailTail(std::string line) : text_(std::move(line)), lastDot_(text_.rfind('.')) {}
 
   [[nodiscard]] std::string_view Text() const { return std::string_view(text_).substr(begin_); }
   /// The offset of the first "@", or npos.
@@ -50,12 +64,13 @@ class EmailTail {
   /// Returns the characters.
   std::string TakeEverywhere(std::size_t count);
   /// Takes the first `count` characters away, here only.
-  void TakeFront(std::size_t count);
+  void TakeFront(std::size_t count) { begin_ += count; }
+  [[nodiscard]] bool HasDot() const { return lastDot_ != std::string::npos && lastDot_ >= begin_; }
   /// The offset of the first stop character, or the length of the text.
   [[nodiscard]] std::size_t FirstStop();
 
  private:
-  [[nodiscard]] bool MayRepeat(std::string_view piece);
+  [[nodiscard]] bool MayStandBehind(std::string_view piece);
 
   std::string text_;
   std::size_t begin_ = 0;
@@ -63,6 +78,8 @@ class EmailTail {
   std::size_t stop_ = 0;  // the same of stop characters
   std::size_t searched_ = 0;
   AtContexts contexts_;
+  LastRuns runs_;
+  std::size_t lastDot_ = std::string::npos;  // place of the last full stop in text_
 };
 
 }  // namespace requite

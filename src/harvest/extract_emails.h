@@ -26,7 +26,7 @@ class EmailHarvester : private EmailLineReader {
  private:
   void ReadLines(std::int16_t connection);
   [[nodiscard]] bool GoesOn(std::size_t characters) override;
-  void TakeHalves(const std::string& left, const std::string& right) override;
+  void TakeHalves(const std::string& left, std::string_view right) override;
   void CountAddress(const std::string& right);
 
   ScanContext& context_;
