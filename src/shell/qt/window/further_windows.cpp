@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "shell/qt/window/editor_window.h"
+#include "shell/qt/window/harvest_windows.h"
 #include "shell/qt/window/import_window.h"
 #include "shell/qt/window/options_window.h"
 #include "shell/qt/window/small_windows_view.h"
@@ -37,6 +38,8 @@ constexpr Entry kEntries[] = {
     {"Form4", Make<ImportView, Form4>},
     {"Form4a", Make<ImportView, Form4>},
     {"frmOptions", Make<OptionsView, frmOptions>},
+    {"Form3", Make<HarvestView, Form3>},
+    {"frmExport", Make<ExportView, frmExport>},
 };
 
 }  // namespace
