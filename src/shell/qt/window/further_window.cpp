@@ -35,7 +35,11 @@ FurtherWindow::~FurtherWindow() {
 
 void FurtherWindow::RestoreSize(QSize first) {
   const QSettings layout("requite", "window");
-  if (!restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) resize(first);
+  if (restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) return;
+  resize(first);
+  if (const QWidget* const main = surroundings_.MainWindow; main != nullptr) {
+    move(main->frameGeometry().center() - rect().center());
+  }
 }
 
 void FurtherWindow::closeEvent(QCloseEvent* event) {

@@ -34,7 +34,7 @@ class FurtherWindow : public QWidget {
   ~FurtherWindow() override;
 
   [[nodiscard]] ProgramWindow& Shown() const { return window_; }
-  /// Takes the size of the last time, or this one at the first time.
+  /// Takes the size and place of the last time; at the first time this size, in the main window's middle.
   void RestoreSize(QSize first);
 
  protected:
