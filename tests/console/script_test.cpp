@@ -133,7 +133,7 @@ TEST(Script, WhatCannotBeDoneEndsItWithItsLine) {
                                   "wait idle",
                                   "wait busy 1",
                                   "after 5 press",
-                                  "load Form3",
+                                  "load Form9",
                                   "close Form2",
                                   "rows cmdStop",
                                   "style Combo1",
