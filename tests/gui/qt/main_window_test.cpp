@@ -148,7 +148,7 @@ class MainWindowTest : public QObject {
     const QSize before = window_->minimumSizeHint();
     QVERIFY2(before.width() <= 1024 && before.height() <= 570,
              qPrintable(QString("%1x%2 is too large").arg(before.width()).arg(before.height())));
-    const std::string broken = std::string("a\0b\r\n\x07<img src='x'>", 21) + std::string(100'000, 'w');
+    const std::string broken = std::string("a\0b\r\n\x07<img src='x'>", 19) + std::string(100'000, 'w');
     form_->Sites.List3.Add({broken, broken, broken, broken, broken});
     form_->Sites.AddMainSite(broken);
     form_->SelectMainSite(1);

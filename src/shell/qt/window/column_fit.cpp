@@ -13,6 +13,7 @@ namespace requite {
 namespace {
 
 constexpr int kNarrowest = 40;
+constexpr int kNarrowestNumbers = 30;
 
 class ColumnFit : public QObject {
  public:
@@ -38,7 +39,7 @@ class ColumnFit : public QObject {
     int left = view_.viewport()->width();
     for (int column = 0; column < columns; ++column) {
       if (shares_[static_cast<std::size_t>(column)] != 0) continue;
-      const int width = std::max(kNarrowest, header.sectionSizeHint(column));
+      const int width = std::max(kNarrowestNumbers, header.sectionSizeHint(column));
       header.resizeSection(column, width);
       left -= width;
     }

@@ -13,7 +13,7 @@
 namespace requite {
 namespace {
 
-constexpr QSize kSize(420, 200);
+constexpr QSize kSize(480, 200);
 constexpr QRectF kIconPlace(36, 52, 96, 96);
 constexpr qreal kTextLeft = 160;
 
