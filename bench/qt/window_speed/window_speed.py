@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Whole scans with the main window on screen, beside the same scans without it.
 
-Usage: bench/window_speed/window_speed.py BUILD_FOLDER [PAGES:KB ...]   (default 5000:5 2000:14 1000:96)
+Usage: bench/qt/window_speed/window_speed.py BUILD_FOLDER [PAGES:KB ...]   (default 5000:5 2000:14 1000:96)
 Needs a display (DISPLAY, or QT_QPA_PLATFORM=offscreen).
 """
 import importlib.util
@@ -20,7 +20,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 
 def whole_scan():
     """The sites and the server are those of the other benchmark of whole scans."""
-    spec = importlib.util.spec_from_file_location("whole_scan", HERE + "/../whole_scan/whole_scan.py")
+    spec = importlib.util.spec_from_file_location("whole_scan", HERE + "/../../whole_scan/whole_scan.py")
     module = importlib.util.module_from_spec(spec)
     spec.loader.exec_module(module)
     return module
@@ -42,7 +42,7 @@ def measure(sites, build, count, kilobytes):
         site, work = folder + "/site", folder + "/work"
         os.makedirs(work + "/Project Files")
         sites.make_site(site, count, kilobytes)
-        shutil.copy(HERE + "/../../installed/filetypes.txt", work)
+        shutil.copy(HERE + "/../../../installed/filetypes.txt", work)
         with open(work + "/bench.prj", "w", newline="") as file:
             file.write("nowhere-linked.example\r\n%s/d0/p00000.html|1|||||\r\n"
                        "HTML01:a\r\nHTML02:b\r\nHTML03:c\r\n\r\n" % sites.HOST)
