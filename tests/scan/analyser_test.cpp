@@ -38,9 +38,7 @@ struct DropRow {
 TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
   const DropRow rows[] = {
       {"a page of the site", "<a href=\"x.htm\">", {"site.example/d/x.htm"}, {}},
-      {"in single quotes", "<a href='/x.htm'>", {"site.example/x.htm"}, {}},
       {"without quotes", "<a href=x.htm>x", {"site.example/d/x.htm"}, {}},
-      {"in any tag", "<link HREF=\"/x.htm\"/>", {"site.example/x.htm"}, {}},
       {"in a comment", "<!-- href=/x.htm> -->", {"site.example/x.htm"}, {}},
       {"a value ends at its first blank", "<a href=\"/x.htm y\">", {"site.example/x.htm"}, {}},
       {"a blank before the equals sign hides a link", "<a href =\"/x.htm\">", {}, {}},
@@ -49,20 +47,11 @@ TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
       {"a cut type behind a listed one is mended", "<a href=/x.php?y.html", {"site.example/x.php?y.htm"}, {}},
       {"an end as last character counts as none", "<a href=/x.htmlz>", {"site.example/x.html"}, {}},
       {"one letter is a value", "<a href=\"?\">", {"site.example/d/?"}, {}},
-      {"no letter is none", "<a href=\"\">", {}, {}},
-      {"twice on a page", "<a href=/x.htm> <a href=/X.HTM>", {"site.example/x.htm"}, {}},
       {"the start of another Linking Site", "<a href=\"http://partner.example\">", {}, {}},
-      {"the page of another site", "<a href=\"http://other.com/\">", {}, {}},
       {"a script", "<a href=\"JavaScript:main.example/\">", {}, {}},
       {"a mail address at the Main Site", "<a href=\"mailto:me@main.example/\">", {}, {}},
       {"a fragment", "<a href=\"/x.htm#top\">", {}, {}},
-      {"a local file", "<a href=\"file:///x.htm\">", {}, {}},
-      {"a type that is not listed", "<a href=\"/x.zip\">", {}, {}},
-      {"a query without a dot", "<a href=\"/x?y\">", {"site.example/x?y"}, {}},
       {"a query with a dot needs a listed type", "<a href=\"/x?y.zip\">", {}, {}},
-      {"a folder", "<a href=\"/x.zip/\">", {"site.example/x.zip/"}, {}},
-      {"no dot and no query", "<a href=\"/x\">", {}, {}},
-      {"a link to the Main Site", "<a href=\"http://www.MAIN.example/\">", {}, {kDirectRow}},
       {"to the Main Site with a fragment", "<a href=\"http://main.example/x.htm#x\">", {}, {}},
       {"with a fragment and no listed type", "<a href=\"http://main.example/#x\">", {}, {kDirectRow}},
       {"to a type of the Main Site that is not listed",
@@ -115,50 +104,6 @@ TEST_F(AnalyserTest, ADomainLinkLeavesTheWebsiteUrl) {
   EXPECT_THAT(rig.Rig.Services.Sounds.Played, IsEmpty());
 }
 
-TEST_F(AnalyserTest, AFoundLinkLeavesAGapInTheSeenTable) {
-  state.SeenPages.Store(2, "site.example/stale.htm");
-  rig.Page("<a href=/a.htm ><a href=\"http://main.example/\"><a href=/stale.htm ><a href=/b.htm >");
-  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm", "site.example/b.htm"))
-      << "what stood in the gap before counts as seen";
-  EXPECT_EQ(state.PagesQueued, 3);
-}
-
-TEST_F(AnalyserTest, TheRestOfAPageIsLeftUnreadOnceTheLinksAreThere) {
-  state.LinksExpected = 1;
-  const std::string page =
-      "<a href=\"http://main.example/\"><a href=/x.htm ><a href=\"http://main.example/\">";
-  rig.Page(page);
-  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
-  EXPECT_THAT(rig.Queue(), IsEmpty());
-  rig.Page("<a href=/y.htm >" + page);
-  EXPECT_EQ(rig.Results().size(), 1U) << "of a later page only the first line is read";
-  rig.Page("href=/y.htm ><p>");
-  EXPECT_THAT(rig.Queue(), IsEmpty()) << "and the first line is what stands before its first href";
-}
-
-TEST_F(AnalyserTest, ARefusedUrlNotesTheRuleProblemAndCanStillBeALink) {
-  rig.Rig.Sites.lstRules.Add({"Global", "Global", "LimitDirectory", "links"});
-  rig.Page("<a href=/x.htm ><a href=/links/x.htm ><a href=\"http://main.example/\">");
-  EXPECT_EQ(state.ReasonNote, "Possible Rule Problem");
-  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/links/x.htm"));
-  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
-}
-
-TEST_F(AnalyserTest, AnyOtherTextThanOneSwitchesTheFileTypesOff) {
-  rig.Rig.Services.Store.Set("chkFileTypes", " 1");
-  rig.Page("<a href=/x.zip >");
-  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/x.zip"));
-}
-
-TEST_F(AnalyserTest, TheMainSitesTextWithoutALinkEndsTheSite) {
-  rig.Page("main.example <a href=/x.htm >");
-  EXPECT_THAT(rig.Steps.Calls, ElementsAre("NextSite"));
-  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/x.htm"));
-  rig.Rig.Services.Store.Set("chkRedirect", "0");
-  rig.Page("main.example");
-  EXPECT_THAT(rig.Steps.Calls, ElementsAre("NextSite", "ScanNextPage"));
-}
-
 struct MoveRow {
   const char* What;
   const char* Page;
@@ -169,8 +114,6 @@ TEST(MovedPage, FindsTheNewAddress) {
   constexpr MoveRow kRows[] = {
       {"the usual page", "<title>302 FOUND</title><a href=\"http://new.com/x y\">here</a></body>",
        "http://new.com/x"},
-      {"cut at the tag", "301 Moved Permanently<p>\r\n<a href=new.com<b>", "http://new.com"},
-      {"the mark behind the href on its line", "<a href='new.com'>302 Found", "http://new.com"},
       {"no href, and an empty last line", "<title>Object moved</title>\r\n", "http://site.example/d/p.htm"},
       {"no href: the last line", "<title>document moved</title>\r\nnew.com", "http://new.com"},
       {"nothing left of the address", "302 Found <a href=\"\" >", "http://site.example/d/p.htm"},
@@ -180,24 +123,10 @@ TEST(MovedPage, FindsTheNewAddress) {
     AnalysisRig rig;
     rig.Begin("main.example", {"site.example"}, "site.example/d/p.htm");
     rig.Page(row.Page);
-    if (row.Asked == nullptr) {
-      EXPECT_THAT(rig.Rig.Services.Internet.Asked, IsEmpty()) << row.What;
-    } else {
-      EXPECT_THAT(rig.Rig.Services.Internet.Asked, ElementsAre(row.Asked)) << row.What;
-    }
+    std::vector<std::string> asked;
+    if (row.Asked != nullptr) asked.emplace_back(row.Asked);
+    EXPECT_EQ(rig.Rig.Services.Internet.Asked, asked) << row.What;
   }
-}
-
-TEST_F(AnalyserTest, AMoveIsFollowedOnceAndReadAsThePageInHand) {
-  rig.Rig.Services.Internet.Bodies["http://new.com/"] =
-      "302 Found <a href=\"http://main.example/\">" + std::string(300, 'x');
-  rig.Page("302 Found <a href=\"new.com/\">");
-  EXPECT_THAT(rig.Rig.Services.Internet.Asked, ElementsAre("http://new.com/"));
-  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
-  EXPECT_FALSE(state.RedirectFollowed) << "the next page may move again";
-  EXPECT_THAT(rig.Steps.Calls, ElementsAre("ScanNextPage"));
-  rig.Page("302 Found <a href=\"new.com/\">");
-  EXPECT_EQ(rig.Rig.Services.Internet.Asked.size(), 2U);
 }
 
 TEST_F(AnalyserTest, AStopDuringTheMoveLeavesTheMoveNoted) {
@@ -290,18 +219,11 @@ TEST_F(AnalyserTest, ReadsTheOldWorkFileWhenTheNewOneCannotBeWritten) {
   EXPECT_THROW(rig.Steps.AnalysePage(0), RuntimeFailure);
 }
 
-TEST_F(AnalyserTest, ThePageInHandLosesSchemeLeftoversAtTheFirstRecord) {
-  rig.At(" tp://site.example/d/p.htm");
-  rig.Page("<a href=\"http://main.example/\">");
-  EXPECT_EQ(state.PageFull, "site.example/d/p.htm");
-  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
-}
-
 /// Both forms read the same pages of one site, one after the other.
 struct Pair {
   explicit Pair(PageGenerator& generate) {
     const std::string mainSite = generate.Below(4) == 0 ? "main.example/links" : "www.main.example";
-    const auto files = generate.Below(3) == 0 ? "0" : "1";
+    const auto files = generate.Below(3) == 0 ? " 1" : "1";  // any other text than one is off
     const bool rules = generate.Below(3) == 0;
     const int expected = generate.Below(3) == 0 ? generate.Below(3) : 1000;
     const std::string moved = generate.Page(6);

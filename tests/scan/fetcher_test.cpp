@@ -58,16 +58,13 @@ INSTANTIATE_TEST_SUITE_P(
     FetchPage, Addresses,
     ::testing::Values(Address{"a.example", "a.example", "/", "a.example/"},
                       Address{"a.example/", "a.example", "/", "a.example/"},
-                      Address{"http://a.example/", "a.example", "/", "a.example/"},
                       Address{"HTTPS://a.example/Dir/", "a.example", "/Dir/", "a.example/Dir/"},
-                      Address{"a.example/dir/", "a.example", "/dir/", "a.example/dir/"},
                       Address{"a.example/dir", "a.example", "/dir", "a.example/dir/"},
                       Address{"a.example/d/x.html", "a.example", "/d/x.html", "a.example/d/"},
                       Address{"a.example/x.d/", "a.example", "/x.d/", "a.example/"},
                       Address{"a.example/a.example/x", "a.example", "/x", "a.example/a.example/x/"},
                       Address{"a.example/?u=a.example/&v=1", "a.example", "/?u=&v=1",
                               "a.example/?u=a.example/&v=1/"},
-                      Address{"a.example/b/http://c", "a.example", "/b/c", "a.example/b/c/"},
                       Address{"a.example//", "a.example", "/", "a.example/"},
                       Address{"site:8080", "site:8080", "/", "site:8080/"}, Address{"", "", "/", "/"},
                       Address{"/x", "", "/x", "/x/"}));
@@ -131,7 +128,6 @@ TEST(OnConnect, LeavesTheRequestToThePageThatASkipHasBegun) {
 }
 
 struct Response {
-  std::string Name;
   std::string Bytes;
   std::string Header;
   std::string Body;
@@ -161,17 +157,15 @@ TEST_P(Responses, GiveTheSameHeaderAndBodyInEveryChunking) {
 const std::string kHead = "HTTP/1.1 200 OK\r\nContent-Length: 11\r\n\r\n";
 using namespace std::string_literals;
 
-INSTANTIATE_TEST_SUITE_P(
-    OnClose, Responses,
-    ::testing::Values(Response{"Plain", kHead + "hello world", kHead, "hello world"},
-                      Response{"Nothing", "", "", ""}, Response{"HeaderOnly", kHead, kHead, ""},
-                      Response{"NoHeaderEnd", "<html>\r\nx<HTy", "<ht", "ml>\r\nxy"},
-                      Response{"TwoBytes", "ab", "ab", ""},
-                      Response{"RepeatedHeader", kHead + "a" + Lower(kHead) + "b" + kHead, kHead, "ab"},
-                      Response{"ZeroBytes", kHead + "\0a\0\r\n\r\n\0"s, kHead, "\0a\0\r\n\r\n\0"s},
-                      Response{"EndAtOnce", "\r\n\r\nbody\r\n\r\n", "\r\n\r\n", "body"},
-                      Response{"ThreeLineEnds", "A\r\n\r\n\r\nb", "A\r\n\r\n", "\r\nb"}),
-    [](const auto& each) { return each.param.Name; });
+INSTANTIATE_TEST_SUITE_P(OnClose, Responses,
+                         ::testing::Values(Response{kHead + "hello world", kHead, "hello world"},
+                                           Response{"", "", ""}, Response{kHead, kHead, ""},
+                                           Response{"<html>\r\nx<HTy", "<ht", "ml>\r\nxy"},
+                                           Response{"ab", "ab", ""},
+                                           Response{kHead + "a" + Lower(kHead) + "b" + kHead, kHead, "ab"},
+                                           Response{kHead + "\0a\0\r\n\r\n\0"s, kHead, "\0a\0\r\n\r\n\0"s},
+                                           Response{"\r\n\r\nbody\r\n\r\n", "\r\n\r\n", "body"},
+                                           Response{"A\r\n\r\n\r\nb", "A\r\n\r\n", "\r\nb"}));
 
 TEST(OnDataArrival, ReadsTheLengthOfTheFirstFittingLineOnly) {
   for (const auto& [line, length] :

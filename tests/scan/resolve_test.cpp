@@ -23,35 +23,20 @@ TEST(ResolveLink, MendsEachKindOfLink) {
   rig.State.PageDir = "site.example/b/c/";
   rig.State.Pages[0].PageHost = "site.example";
   constexpr LinkRow kRows[] = {
-      {"a slash alone", "/", "site.example/"},
-      {"an empty value", "", "site.example/b/c/"},
-      {"a host without path", "http://site.example", "site.example/"},
       {"a scheme in capitals", "HTTP://Site.example/X", "Site.example/X"},
-      {"every scheme goes", "http://a.example/http://b", "a.example/b"},
       {"a secure link to an unknown ending is a page of the site", "https://foo.example/x",
        "site.example/b/c/foo.example/x"},
       {"a secure link to a known ending is a host", "https://foo.com/x", "foo.com/x"},
-      {"a relative name", "page.html", "site.example/b/c/page.html"},
       {"a relative name taken for a host", "page.com.html", "page.com.html/"},
       {"a host known by its front", "WW2.foo.example", "WW2.foo.example/"},
-      {"an ending without its dot is none", "xcom/www", "site.example/b/c/xcom/www"},
-      {"from the root", "/x/y.htm", "site.example/x/y.htm"},
       {"another host without scheme, taken for a path", "//foo.com/x", "site.example/foo.com/x"},
-      {"one up", "../x.html", "site.example/b/x.html"},
-      {"two up", "../../x.html", "site.example/x.html"},
-      {"no further than the root", "../../../../x", "site.example/x"},
-      {"two dots alone", "..", "site.example/b/"},
       {"a dot means the root of the host, and then the directory comes in front", "./x.html",
        "site.example/b/c/site.example/x.html"},
       {"a dot before a known ending", "./x.com/y", "site.example/x.com/y"},
       {"sixteen slashes are one", "http://a.example////////////////x", "a.example/x"},
       {"seventeen slashes are two", "http://a.example/////////////////x", "a.example//x"},
-      {"a cut .asp", "/x.as", "site.example/x.asp"},
       {"a cut .htm in capitals", "/X.HT", "site.example/X.htm"},
-      {"a cut .php", "/x.ph", "site.example/x.php"},
       {"the repair reaches every occurrence", "http://site.example/x.ash/y.as", "site.example/x.asph/y.asp"},
-      {"the head of the next href", "http://site.example/x/hre", "site.example/x"},
-      {"the head of the next href, longer", "http://site.example/x/HREF", "site.example/x"},
       {"the head of the next URL", "http://site.example/http:", "site.example"},
       {"one repair after the other", "http://site.example/x/http/href", "site.example/x"},
       {"short texts are not mended", "http://a/.ht", "a/.ht"},
@@ -104,25 +89,6 @@ struct SiteRow {
   bool Answer;
 };
 
-TEST(SiteTests, IsLinkToMainSiteFindsTheTextAnywhere) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
-  SiteTests sites(rig.Context);
-  constexpr SiteRow kRows[] = {
-      {"the site", "main.example", "main.example/", true},
-      {"in another case", "main.example", "www.MAIN.example/x", true},
-      {"in a query of another site", "main.example", "other.example/?u=main.example", true},
-      {"another path", "main.example/a", "main.example/b", false},
-      {"its own path", "main.example/a", "main.example/a/b", true},
-      {"no Main Site is held by every text", "", "x", true},
-      {"an empty text holds nothing", "", "", false},
-  };
-  for (const SiteRow& row : kRows) {
-    rig.State.MainSiteKey = row.Site;
-    EXPECT_EQ(sites.IsLinkToMainSite(row.Url), row.Answer) << row.What;
-  }
-}
-
 TEST(SiteTests, IsOnLinkingSiteComparesTheRegisteredDomainBothWays) {
   RecordedSteps steps;
   ScanRig rig(steps);
@@ -131,12 +97,9 @@ TEST(SiteTests, IsOnLinkingSiteComparesTheRegisteredDomainBothWays) {
   SiteTests sites(rig.Context);
   constexpr SiteRow kRows[] = {
       {"in a query of another host", "www.site.example", "other.example/?u=site.example", true},
-      {"a sub-domain", "site.example", "a.b.SITE.example/x", true},
-      {"a row with scheme and path", "https://www.site.example/d/x.html", "site.example/y", true},
       {"a suffix of two labels lets everything in", "site.example.uk", "another.example.uk/", true},
       {"the domain holds the URL", "site.example", "example", true},
       {"an empty URL", "site.example", "", true},
-      {"another site", "site.example", "other.example/", false},
       {"an empty row", "", "x", true},
       {"an empty row and URL", "", "", false},
   };
@@ -153,11 +116,9 @@ TEST(SiteTests, IsSameDomainTakesSchemeAndPathOffItsArgument) {
   ScanRig rig(steps);
   SiteTests sites(rig.Context);
   constexpr SiteRow kRows[] = {
-      {"the domain", "site.example", "http://www.site.example/x", true},
       {"a Main Site with a path matches none", "site.example/x", "http://www.site.example/x", false},
       {"a sub-domain of the Main Site", "shop.site.example", "site.example", true},
       {"letter case counts", "site.example", "Site.example", false},
-      {"one label", "localhost", "localhost/x", true},
       {"more labels than the Main Site's", "localhost", "a.localhost", false},
   };
   for (const SiteRow& row : kRows) {

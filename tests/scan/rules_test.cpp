@@ -34,23 +34,15 @@ TEST_F(RulesTest, EachTypeTestsItsText) {
     bool Passes;
   };
   constexpr Row kRows[] = {
-      {"LimitDirectory", "links", "site.example/links/x.html", true},
       {"LimitDirectory", "links", "site.example/linkspage.html", false},
       {"LimitDirectory", "/links/", "site.example/LINKS/x.html", true},
       {"LimitDirectory", "links", "site.example/links", false},
-      {"ExcludeDirectory", "links", "site.example/links/x.html", false},
-      {"ExcludeDirectory", "links", "site.example/links", true},
       {"ExcludeDirectory", "", "site.example/", false},
       {"LimitString", "ink", "site.example/LINKS", true},
-      {"LimitString", "ink", "site.example/", false},
-      {"ExcludeString", "ink", "site.example/links", false},
       {"ExcludeString", "", "site.example/", false},
-      {"LimitString", "", "site.example/", true},
       {"LimitRoot", "deep", "site.example/a/deep/", true},
-      {"LimitRoot", "deep", "site.example/", false},
       {"ExcludeRoot", "deep", "site.example/a/deep/", false},
       {"excludestring", "site", "site.example/", true},
-      {"Something", "site", "site.example/", true},
   };
   for (const Row& row : kRows) {
     Only({"Global", "Global", row.Type, row.Value});
@@ -65,14 +57,10 @@ TEST_F(RulesTest, AScopeIsComparedExactlyWithTheTextsAsTyped) {
     bool Applies;
   };
   constexpr Row kRows[] = {
-      {"Global", "Global", true},
-      {"www.Main.example", "Global", true},
       {"www.main.example", "Global", false},
-      {"Main.example", "Global", false},
       {"www.Main.example", "site.example/start", true},
       {"Global", "site.example/start", true},
       {"Global", "site.example", false},
-      {"Global", "other.example", false},
       {"global", "Global", false},
   };
   for (const Row& row : kRows) {

@@ -79,15 +79,6 @@ TEST(WholeScan, GivesTheSameResultsInEveryChunking) {
   }
 }
 
-TEST(WholeScan, TakesOnePageASiteAtTheLowestLimit) {
-  WholeScan scan;
-  scan.Services.Store.Set("cmbAdvance", "0");
-  scan.Services.Store.Set("txtTimeout", "1");
-  scan.Road.StartScan();
-  ASSERT_TRUE(scan.Run());
-  EXPECT_EQ(scan.Services.Connection.Connects, 4);
-}
-
 enum class Command { Stop, Skip, Restart, TimeOut };
 
 class CommandAtEveryYield : public ::testing::TestWithParam<Command> {};
