@@ -9,23 +9,13 @@
 
 #include <filesystem>
 
-#include "platform/runtime_failure.h"
+#include "support/failure_number.h"
 #include "support/fakes.h"
 
 namespace requite::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-template <class Action>
-int NumberOf(Action action) {
-  try {
-    action();
-    return 0;
-  } catch (const RuntimeFailure& failure) {
-    return failure.Number;
-  }
-}
 
 TEST(Files, WriteReplacesAppendAddsReadGivesEveryByte) {
   const TemporaryFolder folder;
@@ -108,15 +98,6 @@ TEST(xcopyFile, OverwritesAndKeepsSilent) {
   xcopyFile(folder.File("source"), folder.File("source"));
   EXPECT_EQ(ReadFile(folder.File("target")), "new");
   EXPECT_EQ(ReadFile(folder.File("source")), "new");
-}
-
-TEST(FileNameOfPath, IsWhatStandsBehindTheLastSeparator) {
-  EXPECT_EQ(FileNameOfPath("/home/me/a.prj"), "a.prj");
-  EXPECT_EQ(FileNameOfPath("a.prj"), "a.prj");
-  EXPECT_EQ(FileNameOfPath("/home/me/"), "");
-  EXPECT_EQ(FileNameOfPath("C:\\x\\a.prj"), "C:\\x\\a.prj");
-  EXPECT_EQ(FileNameOfPath(""), "");
-  EXPECT_EQ(ProgramFolder{"/opt/x"}.File("sounds/a.wav"), "/opt/x/sounds/a.wav");
 }
 
 TEST(MoveToBackup, KeepsTheNewestOfEachName) {
