@@ -44,8 +44,8 @@ class Project {
   /// The row that an editor was asked for last: counted from 1 for a Linking Site, from 0 for a Main
   /// Site. The editors share it.
   std::int16_t CurrentEditIndex = 0;
-  bool ProjectSaved = true;          ///< there are no unsaved edits
-  bool JustLoaded = false;           ///< the next change of the Main Site entry box is no edit
+  bool ProjectSaved = true;  ///< there are no unsaved edits
+  bool JustLoaded = false;   ///< the next change of the Main Site entry box is no edit
 
   /// The Linking Sites of Main Site k, counted from 1; List1(0) is the template, which holds nothing.
   /// Throws Subscript for a list that does not exist. The reference ends with the list.

@@ -21,7 +21,7 @@ QString GeometryKey(const ProgramWindow& window) {
 }  // namespace
 
 FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& surroundings)
-    : QWidget(surroundings.MainWindow, Qt::Window),
+    : QWidget(surroundings.Owner, Qt::Window),
       window_(window),
       surroundings_(surroundings),
       bind_(refresh_, surroundings.Guard) {
@@ -37,9 +37,7 @@ void FurtherWindow::RestoreSize(QSize first) {
   const QSettings layout("requite", "window");
   if (restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) return;
   resize(first);
-  if (const QWidget* const main = surroundings_.MainWindow; main != nullptr) {
-    move(main->frameGeometry().center() - rect().center());
-  }
+  move(surroundings_.MainWindow.frameGeometry().center() - rect().center());
 }
 
 void FurtherWindow::closeEvent(QCloseEvent* event) {

@@ -21,7 +21,8 @@ namespace requite {
 struct WindowSurroundings {
   const EventGuard& Guard;
   Services& Platform;
-  QWidget* MainWindow;  ///< null for a window that may outlast it
+  QWidget& MainWindow;
+  QWidget* Owner;  ///< the main window; null for a window that may outlast it
 };
 
 /// Shows one ProgramWindow: derived classes lay out widgets and bind them. The close box and Escape close

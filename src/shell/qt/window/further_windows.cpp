@@ -65,7 +65,7 @@ void FurtherWindows::Show(ProgramWindow& window) {
     if (entry == std::end(kEntries)) return;
     // The site's window may outlast the main window, so it does not belong to it.
     QWidget* const owner = window.Name() == "frmWebsite" ? nullptr : &mainWindow_;
-    shown_.push_back(entry->MakeView(window, {guard_, platform_, owner}));
+    shown_.push_back(entry->MakeView(window, {guard_, platform_, mainWindow_, owner}));
     at = shown_.end() - 1;
   }
   FurtherWindow& view = **at;

@@ -9,6 +9,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTableView>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "shell/qt/code_page.h"
@@ -68,18 +69,21 @@ QWidget* MainWindow::BuildWebPage() {
   auto* const layout = new QVBoxLayout(page);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* const bar = new QHBoxLayout;
-  for (Button* control : {&form_.cmdBack, &form_.cmdForward, &form_.cmdWebStop, &form_.cmdRefresh}) {
-    auto* const button = new QPushButton(page);
+  // Tool buttons are as narrow as their words, which leaves the room to the address.
+  const auto add = [&](Button& control) {
+    auto* const button = new QToolButton(page);
+    button->setFocusPolicy(Qt::StrongFocus);
     bar->addWidget(button);
-    bind_.Bind(*control, *button);
+    bind_.Bind(control, *button);
+  };
+  for (Button* control : {&form_.cmdBack, &form_.cmdForward, &form_.cmdWebStop, &form_.cmdRefresh}) {
+    add(*control);
   }
   auto* const address = new QLineEdit(page);
   address->setAccessibleName(tr("Address"));
   bind_.Bind(form_.txtURL, *address);
   bar->addWidget(address, 1);
-  auto* const go = new QPushButton(page);
-  bar->addWidget(go);
-  bind_.Bind(form_.cmdGo, *go);
+  add(form_.cmdGo);
   auto* const outside = new OpenOutsideButton(*address, form_.Platform.Shell, guard_, page);
   outside->setIcon(GlyphIcon(Glyph::Site));
   bar->addWidget(outside);

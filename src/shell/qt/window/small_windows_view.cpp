@@ -25,6 +25,7 @@ AboutView::AboutView(frmAbout& window, const WindowSurroundings& surroundings)
   product->setFont(large);
   QPushButton* const site = NewButton(window.lblWebsite);
   site->setFlat(true);
+  site->setStyleSheet("text-align: left; padding: 0; color: palette(link); text-decoration: underline");
   site->setCursor(Qt::PointingHandCursor);
   site->setToolTip(tr("Open the site in a small browser window"));
 
@@ -39,6 +40,7 @@ AboutView::AboutView(frmAbout& window, const WindowSurroundings& surroundings)
   layout->addWidget(picture, 0, Qt::AlignTop);
   layout->addLayout(facts);
   layout->setSizeConstraint(QLayout::SetFixedSize);
+  RestoreSize(sizeHint());
 }
 
 WebsiteView::WebsiteView(frmWebsite& window, const WindowSurroundings& surroundings)
