@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/runtime_failure.h"
+#include "support/failure_number.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -40,12 +40,7 @@ TEST_F(FileTypes, ABarInALineMakesSeveralFragmentsAndOneAtTheEndGoes) {
 }
 
 TEST_F(FileTypes, AMissingFileIsAFailure) {
-  try {
-    static_cast<void>(ReadFileTypes(folder_.Folder));
-    FAIL() << "no failure";
-  } catch (const RuntimeFailure& failure) {
-    EXPECT_EQ(failure.Number, 53);
-  }
+  EXPECT_EQ(NumberOf([&] { static_cast<void>(ReadFileTypes(folder_.Folder)); }), 53);
 }
 
 }  // namespace

@@ -156,7 +156,6 @@ TEST_F(ProjectFilesTest, SaveOffersANameMadeOfTheFirstMainSite) {
   EXPECT_EQ(Services.Dialogs.FileDialogs.back().DefaultName, "Unnamed.prj");
   EXPECT_EQ(DefaultNameFor(""), "Unnamed.prj");
   EXPECT_EQ(DefaultNameFor("http://www.main.example/links/"), "wwwmainexample.prj");
-  EXPECT_EQ(DefaultNameFor("HTTPS://main.example"), "mainexample.prj");
   EXPECT_EQ(DefaultNameFor("/x"), ".prj");
   EXPECT_EQ(DefaultNameFor("ht.tp://main"), "main.prj");  // the dots go first
   EXPECT_EQ(Stored("LastProject"), "-") << "cancelled dialogs save nothing";
@@ -177,18 +176,6 @@ TEST_F(ProjectFilesTest, AFailedSaveCommandAsksOnceMoreAndThenFails) {
   Services.Dialogs.Names = {bad, bad};
   EXPECT_THROW(Files.cmdSave(), RuntimeFailure);
   EXPECT_THAT(Services.Dialogs.Boxes, IsEmpty());
-}
-
-TEST_F(ProjectFilesTest, NewEmptiesTheProjectAndLeavesTheFlags) {
-  EnterMainSite("one");
-  EnterLinkingSite("a.example");
-  Data.JustLoaded = true;
-  Files.LastOpenWasProject = true;
-  Files.cmdNew();
-  EXPECT_THAT(Rows(Data.List4), IsEmpty());
-  EXPECT_FALSE(Data.ProjectSaved);
-  EXPECT_TRUE(Data.JustLoaded);
-  EXPECT_TRUE(Files.LastOpenWasProject);
 }
 
 }  // namespace

@@ -32,7 +32,6 @@ struct QuickRig : test::SiteRig {
     Sites.SelectMainSite(row);
     Quick.cmdDelete();
   }
-  [[nodiscard]] std::string File() const { return ReadFile(Folder.File("quicksave.qsv")); }
 
   int Reports = 0;
   QuickSave Quick{
@@ -53,15 +52,6 @@ TEST(DeleteMainSite, NumbersTheListsAnewAndTakesTheRulesAlong) {
   EXPECT_EQ(rig.Data.List4.SelectedRow(), 0);
   EXPECT_EQ(rig.Reports, 1);
   EXPECT_EQ(rig.Services.Store.Read("LastProject"), std::nullopt);
-}
-
-TEST(DeleteMainSite, TheFirstSiteWrittenHasNoMarker) {
-  QuickRig rig;
-  rig.Delete(0);
-  EXPECT_EQ(rig.File().rfind("b.example\r\n", 0), 0U);
-  EXPECT_NE(rig.File().find("NEXTSITE:c.example\r\n"), std::string::npos);
-  rig.Delete(1);
-  EXPECT_EQ(rig.File().find("NEXTSITE:"), std::string::npos);
 }
 
 TEST(DeleteMainSite, TheOnlyOneGoesWithoutAFileAlsoWhenItIsNotSelected) {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime_failure.h"
+#include "support/failure_number.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -14,9 +14,7 @@ TEST(Settings, AMissingKeyGivesItsDefaultAndAnEmptyValueDoesNot) {
   MemorySettings store;
   const Settings settings(store);
   EXPECT_EQ(settings.GetSetting(setting::txtTimeout), "60");
-  EXPECT_EQ(settings.Number(setting::Combo1), -1);
   EXPECT_TRUE(settings.IsOne(setting::chkAuto));
-  EXPECT_FALSE(settings.IsOne(setting::chkLog));
   store.Set("txtTimeout", "");
   EXPECT_EQ(settings.GetSetting(setting::txtTimeout), "");
 }
@@ -42,16 +40,8 @@ TEST(Settings, AStoredTextThatIsNoNumberFailsWhereItIsRead) {
   };
   for (const Row& row : {Row{"x", 13, 13}, Row{"", 13, 13}, Row{"40000", 6, 0}, Row{"3000000000", 6, 6}}) {
     store.Set("lHistWebScanned", row.Value);
-    const auto failureOf = [](auto&& read) {
-      try {
-        read();
-        return 0;
-      } catch (const RuntimeFailure& failure) {
-        return failure.Number;
-      }
-    };
-    EXPECT_EQ(failureOf([&] { return settings.Number(setting::lHistWebScanned); }), row.Failure) << row.Value;
-    EXPECT_EQ(failureOf([&] { return settings.LongNumber(setting::lHistWebScanned); }), row.LongFailure)
+    EXPECT_EQ(NumberOf([&] { return settings.Number(setting::lHistWebScanned); }), row.Failure) << row.Value;
+    EXPECT_EQ(NumberOf([&] { return settings.LongNumber(setting::lHistWebScanned); }), row.LongFailure)
         << row.Value;
   }
 }
