@@ -64,19 +64,6 @@ TEST(Sorting, AFailureIsToldInItsOwnBox) {
   EXPECT_EQ(dialogs.Boxes[0].Icon, BoxIcon::Information);
 }
 
-TEST(Sorting, LinkingSitesAreNotSortedDuringAScan) {
-  RecordList<LinkingSite> list("List1(1)");
-  ScriptedDialogs dialogs;
-  list.Add({"a", "1", "", "", ""});
-  list.Add({"b", "1", "", "", ""});
-  SortLinkingSites(list, 1, true, dialogs);
-  ASSERT_EQ(dialogs.Boxes.size(), 1U);
-  EXPECT_EQ(dialogs.Boxes[0].Text, "You cannot sort this column while a search is running.");
-  EXPECT_EQ(Column(list, 0), "a b ");
-  SortLinkingSites(list, 1, false, dialogs);
-  EXPECT_EQ(Column(list, 0), "b a ");
-}
-
 struct LinksTab {
   RecordList<LinkResult> List3{"List3"};
   RecordList<ErrorEntry> lstErr{"lstErr"};
@@ -95,14 +82,6 @@ struct LinksTab {
               kRed);
   }
 };
-
-TEST(ResultsPopup, HasItsEntriesInOrder) {
-  const std::vector<std::string> captions = ResultsPopup::Captions();
-  ASSERT_EQ(captions.size(), 9U);
-  EXPECT_EQ(captions[2], "Browse Found On");
-  EXPECT_EQ(captions[6], "-");
-  EXPECT_EQ(captions[8], "Mark as None Found");
-}
 
 TEST(ResultsPopup, BrowsesAndCopiesTheFieldsOfTheSelectedRow) {
   LinksTab tab;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -48,22 +50,18 @@ TEST(SavedFiles, ACancelledDialogWritesNothing) {
 }
 
 TEST(SavedFiles, AnExtensionAnywhereInTheNameIsEnough) {
-  struct Case {
-    const char* typed;
-    const char* written;
-  };
-  for (const Case& each : {Case{"a", "a.htm"}, Case{"b.html", "b.html"}, Case{"C.HTM", "C.HTM"},
-                           Case{"d.htm.old", "d.htm.old"}, Case{"e.txt", "e.txt.htm"}}) {
+  const std::array<std::string, 3> rows[] = {{"a", "a.htm", "report"},
+                                             {"b.html", "b.html", "report"},
+                                             {"C.HTM", "C.HTM", "report"},
+                                             {"d.htm.old", "d.htm.old", "report"},
+                                             {"a", "a.tab", kHeader + "\r\n"},
+                                             {"B.TAB", "B.TAB", kHeader + "\r\n"},
+                                             {"c.tab.1", "c.tab.1", kHeader + "\r\n"}};
+  for (const auto& [typed, written, text] : rows) {
     SaveRig rig;
-    rig.Dialogs.Names = {rig.Folder.File(each.typed)};
-    rig.Saved.Command8();
-    EXPECT_EQ(rig.Text(each.written), "report") << each.typed;
-  }
-  for (const Case& each : {Case{"a", "a.tab"}, Case{"B.TAB", "B.TAB"}, Case{"c.tab.1", "c.tab.1"}}) {
-    SaveRig rig;
-    rig.Dialogs.Names = {rig.Folder.File(each.typed)};
-    rig.Saved.Command8a();
-    EXPECT_EQ(rig.Text(each.written), kHeader + "\r\n") << each.typed;
+    rig.Dialogs.Names = {rig.Folder.File(typed)};
+    text == "report" ? rig.Saved.Command8() : rig.Saved.Command8a();
+    EXPECT_EQ(rig.Text(written), text) << typed;
   }
 }
 
