@@ -10,15 +10,6 @@
 namespace requite::test {
 namespace {
 
-TEST(StripTags, RemovesEachTagEverywhere) {
-  EXPECT_EQ(StripTags("<b>one</b>,<b>two</b>"), "one,two");
-  EXPECT_EQ(StripTags("a>b<i>c"), "a>b<i>c") << "a stray sign ends it";
-  EXPECT_EQ(StripTags("<a>x<b<a>>y"), "xy") << "what is left joins to a new tag";
-  EXPECT_EQ(StripTags("<b>x<a<b>c>y"), "xy");
-  EXPECT_EQ(StripTags("<b>x>y<b>z<i>"), "x>yz<i>") << "a tag seen before a stray sign goes behind it too";
-  EXPECT_EQ(StripTags(""), "");
-}
-
 TEST(StripTags, AgreesWithThePlainLoopOnRandomTexts) {
   std::mt19937 random(4711);
   const std::vector<std::vector<std::string>> alphabets = {

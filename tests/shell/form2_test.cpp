@@ -200,13 +200,6 @@ TEST_F(Editors, ARowThatHasGoneFailsAtTheWriteAndKeepsTheWindow) {
   EXPECT_THAT(Rows(Sites().lstRules), ElementsAre("Global,Global,LimitString,z"));
 }
 
-TEST_F(Editors, WithoutAChosenRowNothingOpens) {
-  rig_.Form.cmdEdit.Click();
-  Sites().List4.SelectOnly(-1);
-  rig_.Form.cmdEditMain.Click();
-  EXPECT_THAT(rig_.Form.Windows.ShownNames(), IsEmpty());
-}
-
 TEST_F(Editors, AHundredThousandRulesAreReplacedInOnePass) {
   for (int i = 0; i < 100'000; ++i) {
     const std::string value = std::to_string(i);
