@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QLoggingCategory>
 
 namespace requite {
 namespace {
@@ -26,6 +27,8 @@ void PrepareWebEngine() {
   QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
   if (!flags.contains("--disable-gpu"))
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", (flags + " --disable-gpu").trimmed());
+  // That there is no driver is then no news for the terminal.
+  QLoggingCategory::setFilterRules("qt.webenginecontext=false");
   // The sandbox refuses to start for root.
   if (geteuid() == 0) SetUnlessSet("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }

@@ -3,10 +3,10 @@
 #include "shell/qt/window/further_window.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
+#include <QShortcut>
 #include <QTableView>
 
 #include "shell/qt/code_page.h"
@@ -27,6 +27,8 @@ FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& su
       bind_(refresh_, surroundings.Guard) {
   setObjectName(QString::fromStdString(window.Name()));
   setWindowTitle(ToUnicode(window.Main.Title()));
+  // A shortcut, because a web page takes the keys for itself.
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 }
 
 FurtherWindow::~FurtherWindow() {
@@ -43,14 +45,6 @@ void FurtherWindow::RestoreSize(QSize first) {
 void FurtherWindow::closeEvent(QCloseEvent* event) {
   surroundings_.Guard.Run([this] { window_.Close(); });
   event->accept();
-}
-
-void FurtherWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    close();
-  } else {
-    QWidget::keyPressEvent(event);
-  }
 }
 
 QLabel* FurtherWindow::NewLabel(TextBox& control, QWidget* buddy) {

@@ -40,7 +40,6 @@ class FurtherWindow : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
   /// Widgets bound to their controls; the caller lays them out. `mnemonic` is the caption with its "&".
   QLabel* NewLabel(TextBox& control, QWidget* buddy = nullptr);
