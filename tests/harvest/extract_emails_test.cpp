@@ -32,25 +32,8 @@ std::vector<std::string> Candidates(const std::string& line) {
 
 TEST(EmailLine, IsReadAsItsPlainWordingSays) {
   std::mt19937 random(7);
-  const std::string pieces[] = {"@",
-                                "a",
-                                "b1",
-                                ".",
-                                "-",
-                                " ",
-                                ";",
-                                "&",
-                                ",",
-                                "\"",
-                                "%40",
-                                "%20",
-                                "&lt;",
-                                "&rt;",
-                                "a.b@",
-                                "ab@c",
-                                "\n",
-                                "mailto:",
-                                "0123456789012345678901234567"};
+  const std::vector<std::string> pieces =
+      Split("@|a|b1|.|-| |;|&|,|\"|%40|%20|&lt;|&rt;|a.b@|ab@c|\n|mailto:|0123456789012345678901234567", "|");
   for (int run = 0; run < 1500; ++run) {
     // Some lines use few of the pieces, so that much of them stands there twice.
     const std::size_t kinds = 1 + random() % std::size(pieces);
