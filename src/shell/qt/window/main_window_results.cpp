@@ -46,7 +46,7 @@ QWidget* MainWindow::BuildLinksPage() {
       NewTable(form_.Sites.List3, results_,
                {tr("Link results"),
                 tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
-                {20, 24, 26, 0, 30},
+                {16, 24, 34, 0, 26},
                 RightPress::SelectsNothing});
   links_->addWidget(results);
   auto* const below = new QWidget(links_);
