@@ -52,14 +52,5 @@ TEST(EditorScript, OptionsAreReachedByTheirNames) {
   EXPECT_EQ(ReadFile(rig.Folder.File("filetypes.txt")), ".htm\r\n");
 }
 
-TEST(EditorScript, WhatNobodyCanDoEndsTheScript) {
-  for (const char* line : {"set frmOptions.cmbAdvance 7", "click frmOptions.cmdAdd2",
-                           "set frmOptions.Label6 x", "set Form2a.Text2 x", "print Form2.Text1"}) {
-    ConsoleRig rig;
-    const std::string opened = "set txtDomain m\nclick cmdAdd2\nclick Command9\nclick cmdEditMain\n";
-    EXPECT_EQ(rig.Run(opened + line), ExitStatus::Refused) << line;
-  }
-}
-
 }  // namespace
 }  // namespace requite

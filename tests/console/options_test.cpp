@@ -61,18 +61,13 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
   const std::string dir = folder_.Folder.Path;
   const std::vector<std::string> mistakes[] = {
       {},
-      {"press"},
       {"scan"},
-      {"scan", project_, "another.prj"},
       {"scan", project_, "--unknown"},
       {"scan", project_, "--page", dir},
       {"scan", project_, "--post", "http://script.example"},
-      {"scan", project_, "--set"},
       {"scan", project_, "--set", "novalue"},
       {"scan", project_, "--set", "=1"},
-      {"scan", project_, "--connect-to", "a:b"},
       {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
-      {"scan", dir},
       {"scan", dir + "/gone.prj"},
       {"scan", project_, "--save", dir},
       {"scan", project_, "--tab", dir + "/no such folder/t.tab"},
@@ -80,10 +75,8 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"scan", project_, "--program-folder", project_},
       {"script", "--settings", dir},
       {"script", "--settings", project_ + "/below a file"},
-      {"script", dir + "/gone.txt"},
       {"script", "--save", "x.prj"},
       {"open", dir + "/gone.prj"},
-      {"open", dir},
       {"open", project_, "--settings", dir + "/settings"},
   };
   for (const auto& words : mistakes) {
@@ -100,22 +93,13 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
 }
 
 TEST_F(CommandLine, HelpAndVersionEndWell) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{{"--help"},
-                                                                                     {"--version"},
-                                                                                     {"scan", "--help"},
-                                                                                     {"scan", "--version"},
-                                                                                     {"script", "--help"},
-                                                                                     {"open", "--help"}}) {
+  using Words = std::vector<std::string>;
+  for (const Words& words : {Words{"--help"}, Words{"--version"}, Words{"scan", "--help"}}) {
     const auto read = Read(words);
     ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << testing::PrintToString(words);
     EXPECT_EQ(std::get<EndAtOnce>(read).Status, ExitStatus::Done);
     EXPECT_NE(std::get<EndAtOnce>(read).Text.find("requite-console"), std::string::npos);
   }
-}
-
-TEST_F(CommandLine, ASettingsFileMayComeIntoBeingWithItsFolder) {
-  const auto read = Read({"script", "--settings", folder_.File("new/folder/settings")});
-  EXPECT_TRUE(std::holds_alternative<Options>(read));
 }
 
 }  // namespace

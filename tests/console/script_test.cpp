@@ -11,7 +11,7 @@ namespace {
 using test::ConsoleRig;
 
 struct Case {
-  const char* Script;
+  std::string Script;
   const char* Printed;
 };
 
@@ -52,27 +52,21 @@ TEST(Script, ControlsArePrintedByKind) {
 
 TEST(Script, TheHandActsOnListsAndBoxes) {
   const std::string sites = kTwoSites;
-  const std::string scripts[] = {
-      sites + "rows List4\nrows List1\nrows List1(1)",
-      sites + "select List1 2\nindex List1\nclick mnuPopup1Item(0)\nrows List1\nindex List1",
-      sites + "sort List1 1\nrows List1",
-      sites + "select List4\nindex List4\nvar CurrentMainSite",
-      "type txtURL ab\ntrace txtURL\ntype txtURL cd\nset txtURL x\nset txtURL",
-      "click mnuScanItem(2)\nget ScanType\nchecked mnuScanItem(0)\nchecked mnuScanItem(2)",
-      "click chkBullet\nget chkBullet\nclick chkBullet\nprint chkBullet",
-      "tab 5\nstate framePost\nstate List3\ntab Form1 1\nstate List3",
+  const Case cases[] = {
+      {sites + "rows List4\nrows List1\nrows List1(1)",
+       "main.example\na.example\t1\t\t\t\nb.example\t1\t\t\t\na.example\t1\t\t\t\nb.example\t1\t\t\t\n"},
+      {sites + "select List1 2\nindex List1\nclick mnuPopup1Item(0)\nrows List1\nindex List1",
+       "2\na.example\t1\t\t\t\n0\n"},
+      {sites + "sort List1 1\nrows List1", "b.example\t1\t\t\t\na.example\t1\t\t\t\n"},
+      {sites + "select List4\nindex List4\nvar CurrentMainSite", "0\n0\n"},
+      {"type txtURL ab\ntrace txtURL\ntype txtURL cd\nset txtURL x\nset txtURL",
+       "txtURL: abc\ntxtURL: abcd\ntxtURL: x\ntxtURL: \n"},
+      {"click mnuScanItem(2)\nget ScanType\nchecked mnuScanItem(0)\nchecked mnuScanItem(2)", "2\n0\n1\n"},
+      {"click chkBullet\nget chkBullet\nclick chkBullet\nprint chkBullet", "1\n0\n"},
+      {"tab 5\nstate framePost\nstate List3\ntab Form1 1\nstate List3",
+       "enabled visible\nenabled hidden\nenabled visible\n"},
   };
-  const char* const printed[] = {
-      "main.example\na.example\t1\t\t\t\nb.example\t1\t\t\t\na.example\t1\t\t\t\nb.example\t1\t\t\t\n",
-      "2\na.example\t1\t\t\t\n0\n",
-      "b.example\t1\t\t\t\na.example\t1\t\t\t\n",
-      "0\n0\n",
-      "txtURL: abc\ntxtURL: abcd\ntxtURL: x\ntxtURL: \n",
-      "2\n0\n1\n",
-      "1\n0\n",
-      "enabled visible\nenabled hidden\nenabled visible\n",
-  };
-  for (std::size_t i = 0; i < std::size(scripts); ++i) ExpectPrinted({{scripts[i].c_str(), printed[i]}});
+  ExpectPrinted(cases);
 }
 
 TEST(Script, AnswersWaitInOrderAndMessagesAreForgottenOncePrinted) {
@@ -83,14 +77,11 @@ TEST(Script, AnswersWaitInOrderAndMessagesAreForgottenOncePrinted) {
           "set Text1 http://\nenter Text1\nanswer file " + path +
           "\nclick cmdSave\nclick cmdOpen\nset txtDomain x\nanswer no\nmessages\nclose Form1\nmessages\n"),
       ExitStatus::Done);
-  EXPECT_EQ(rig.Out.str(),
+  EXPECT_EQ(Replace(rig.Out.str(), path, "@", Compare::Binary),
             "message\tRequite\tPlease enter the Website URL first.\tok\n"
-            "save\t\tUnnamed.prj\tfile " +
-                path +
-                "\n"
-                "open\t\t\tcancel\n"
-                "question\tSave Project?\tThe current project has been edited but has not been saved.\\r\\n"
-                "Would you like to save now?\tno\n");
+            "save\t\tUnnamed.prj\tfile @\nopen\t\t\tcancel\n"
+            "question\tSave Project?\tThe current project has been edited but has not been saved.\\r\\n"
+            "Would you like to save now?\tno\n");
   EXPECT_TRUE(FileExists(path));
 }
 
@@ -103,56 +94,15 @@ TEST(Script, AfterCloseOnlyTheRecordsAreLeft) {
 }
 
 TEST(Script, WhatCannotBeDoneEndsItWithItsLine) {
-  const std::string mistakes[] = {"press cmdStop",
-                                  "click",
-                                  "click cmdGone",
-                                  "click cmdStop",
-                                  "click txtDomain",
-                                  "click mnuFile(5)",
-                                  "click mnuFile",
-                                  "type lblErr x",
-                                  "set lblStats(0) 1",
-                                  "set cmdStop x",
-                                  "enter cmdStop",
-                                  "choose Combo1 2",
-                                  "choose Combo1 -1",
-                                  "choose txtURL 0",
-                                  "select List4 1",
-                                  "select txtURL",
-                                  "sort List3 6",
-                                  "sort List3 x",
-                                  "rightclick List3 1",
-                                  "doubleclick List3 0",
-                                  "editlabel lstErr 1",
-                                  "tab 6",
-                                  "tab Form2 1",
-                                  "answer maybe",
-                                  "answer yes x",
-                                  "run",
-                                  "run -1",
-                                  "wait idle",
-                                  "wait busy 1",
-                                  "after 5 press",
-                                  "load Form9",
-                                  "close Form2",
-                                  "rows cmdStop",
-                                  "style Combo1",
-                                  "print List3",
-                                  "index txtURL",
-                                  "checked cmdStop",
-                                  "checked mnuScan",
-                                  "tip Gone",
-                                  "title Form4",
-                                  "state List1",
-                                  "trace List3",
-                                  "trace StatusBar1(5)",
-                                  "var Nothing",
-                                  "call Nothing x",
-                                  "echo \\x",
-                                  "panels 1",
-                                  "print Form2.Text1",
-                                  "print List1(1)"};
-  for (const std::string& mistake : mistakes) {
+  const std::string_view mistakes =
+      "press cmdStop|click|click cmdGone|click cmdStop|click txtDomain|click mnuFile(5)|click mnuFile|"
+      "type lblErr x|set lblStats(0) 1|set cmdStop x|enter cmdStop|choose Combo1 2|choose Combo1 -1|"
+      "choose txtURL 0|select List4 1|select txtURL|sort List3 6|sort List3 x|rightclick List3 1|"
+      "doubleclick List3 0|editlabel lstErr 1|tab 6|tab Form2 1|answer maybe|answer yes x|run|run -1|"
+      "wait idle|wait busy 1|after 5 press|load Form9|close Form2|rows cmdStop|style Combo1|print List3|"
+      "index txtURL|checked cmdStop|checked mnuScan|tip Gone|title Form4|state List1|trace List3|"
+      "trace StatusBar1(5)|var Nothing|call Nothing x|echo \\x|panels 1|print Form2.Text1|print List1(1)";
+  for (const std::string& mistake : Split(mistakes, "|")) {
     ConsoleRig rig;
     EXPECT_EQ(rig.Run("# first\n\n" + mistake + "\necho not reached\n"), ExitStatus::Refused) << mistake;
     EXPECT_EQ(rig.Out.str(), "") << mistake;
@@ -175,22 +125,19 @@ TEST(Script, ACommandMayRunLaterAndItsFaultEndsTheScript) {
 
 TEST(Script, StateAndOperationsAreAtHand) {
   const std::string started = std::string(kTwoSites) + "click Command1\n";
-  const std::string scripts[] = {
-      "call BareHost http://www.site.example/x\ncall ParentDir site.example/x/y/\ncall GenerateLinkReport",
-      started +
-          "var Scanning\nvar LinksExpected\nvar PageHost\nvar FileTypes\nvar PageLimit\nvar ProjectSaved",
-      started +
-          "call ResolveLink x.html\ncall IsLinkToMainSite http://MAIN.example/y\n"
-          "call IsOnLinkingSite sub.a.example/z\ncall IsSameDomain http://www.main.example/q\n"
-          "call IsSeenUrl http://b.example\ncall PassesRules any.example",
+  const Case cases[] = {
+      {"call BareHost http://www.site.example/x\ncall ParentDir site.example/x/y/\ncall GenerateLinkReport",
+       "site.example\tsite.example\nsite.example/x/\tsite.example/x/y/\n\t\n"},
+      {started +
+           "var Scanning\nvar LinksExpected\nvar PageHost\nvar FileTypes\nvar PageLimit\nvar ProjectSaved",
+       "True\n1\na.example\n.zip\n500\nFalse\n"},
+      {started + "call ResolveLink x.html\ncall IsLinkToMainSite http://MAIN.example/y\n"
+                 "call IsOnLinkingSite sub.a.example/z\ncall IsSameDomain http://www.main.example/q\n"
+                 "call IsSeenUrl http://b.example\ncall PassesRules any.example",
+       "a.example/x.html\ta.example/x.html\nTrue\thttp://MAIN.example/y\n"
+       "True\tsub.a.example/z\nTrue\twww.main.example\nTrue\tb.example\nTrue\tany.example\n"},
   };
-  const char* const printed[] = {
-      "site.example\tsite.example\nsite.example/x/\tsite.example/x/y/\n\t\n",
-      "True\n1\na.example\n.zip\n500\nFalse\n",
-      "a.example/x.html\ta.example/x.html\nTrue\thttp://MAIN.example/y\n"
-      "True\tsub.a.example/z\nTrue\twww.main.example\nTrue\tb.example\nTrue\tany.example\n",
-  };
-  for (std::size_t i = 0; i < std::size(scripts); ++i) ExpectPrinted({{scripts[i].c_str(), printed[i]}});
+  ExpectPrinted(cases);
 }
 
 TEST(Script, WaitingEndsWithTheScanOrWithItsTime) {
@@ -218,17 +165,11 @@ TEST(Script, SoundsClipboardAndNavigationsAreRecorded) {
           "navigations"),
       ExitStatus::Done)
       << rig.Err.str();
-  const std::string folder = rig.Folder.Folder.Path;
-  EXPECT_EQ(rig.Out.str(),
+  EXPECT_EQ(Replace(rig.Out.str(), rig.Folder.Folder.Path, "@", Compare::Binary),
             "nextsearch.wav\nnextsearch.wav\n"  // the finished sound has no file
-            "WebBrowser1\t" +
-                folder +
-                "/welcome.html\n"
-                "WebBrowser2\t" +
-                folder +
-                "/tempreport.html\n"
-                "main.example\ta.example\tNone Found (Skipped)\t000\ta.example\n1\t255\n"
-                "a.example\nhttp://a.example\nWebBrowser1\thttp://a.example\n");
+            "WebBrowser1\t@/welcome.html\nWebBrowser2\t@/tempreport.html\n"
+            "main.example\ta.example\tNone Found (Skipped)\t000\ta.example\n1\t255\n"
+            "a.example\nhttp://a.example\nWebBrowser1\thttp://a.example\n");
 }
 
 TEST(Script, FailuresThatNothingHandlesLeaveTheScript) {
