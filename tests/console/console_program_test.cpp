@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "console/child_process.h"
+#include "platform/text.h"
 #include "server.h"
 #include "support/fakes.h"
 
@@ -32,15 +33,11 @@ class ConsoleProgramTest : public testing::Test {
   }
 
   [[nodiscard]] std::vector<std::string> With(std::vector<std::string> arguments) const {
-    const std::string common[] = {"--program-folder",
-                                  folder_.Folder.Path,
-                                  "--settings",
-                                  folder_.File("settings"),
-                                  "--connect-to",
-                                  "::127.0.0.1:" + std::to_string(server_.Port()),
-                                  "--set",
-                                  "txtTimeout=30"};
-    arguments.insert(arguments.end(), std::begin(common), std::end(common));
+    const auto common =
+        Split("--program-folder|" + folder_.Folder.Path + "|--settings|" + folder_.File("settings") +
+                  "|--set|txtTimeout=30|--connect-to|::127.0.0.1:" + std::to_string(server_.Port()),
+              "|");
+    arguments.insert(arguments.end(), common.begin(), common.end());
     return arguments;
   }
 

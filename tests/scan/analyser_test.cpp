@@ -73,28 +73,6 @@ TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
   }
 }
 
-TEST_F(AnalyserTest, RecordsADirectLinkWithAllItChanges) {
-  rig.Page("<a href=\"http://main.example/\">");
-  EXPECT_THAT(rig.Results(), ElementsAre(kDirectRow));
-  const LinkResult& row = rig.Rig.Sites.List3.At(0);
-  EXPECT_EQ(row.Main, "main.example");
-  EXPECT_EQ(row.Linking, "site.example");
-  EXPECT_EQ(state.CurrentLinkingUrl, "site.example") << "stays a bare host";
-  EXPECT_EQ(rig.Rig.Sites.List3.Colour(0), kBlue);
-  EXPECT_EQ(rig.Rig.Sites.List3.Icon(0), kIconGood);
-  EXPECT_EQ(Sites().At(0).WebsiteUrl, "site.example/d/p.htm");
-  EXPECT_EQ(Sites().Colour(0), kBlue);
-  EXPECT_TRUE(state.LinkFound);
-  EXPECT_EQ(state.LinksOnSite, 1);
-  EXPECT_EQ(state.LinksCounted, 1);
-  EXPECT_EQ(state.PagesQueued, 1) << "a found link counts as a page";
-  EXPECT_EQ(rig.Rig.Host.Raised[2], 1);
-  EXPECT_THAT(rig.Rig.Services.Sounds.Played, ElementsAre("foundemail.wav"));
-  EXPECT_EQ(rig.Rig.Controls.StatusBar1.Panel(3), "Found 1 links");
-  EXPECT_EQ(rig.Rig.Controls.StatusBar1.Panel(2), "");
-  EXPECT_THAT(rig.Steps.Calls, ElementsAre("ScanNextPage")) << "a site with a link goes on";
-}
-
 TEST_F(AnalyserTest, ADomainLinkLeavesTheWebsiteUrl) {
   state.MainSiteKey = "shop.main.example";
   rig.Rig.Services.Store.Set("chkAudioEmail", "0");
@@ -227,10 +205,15 @@ struct Pair {
     const bool rules = generate.Below(3) == 0;
     const int expected = generate.Below(3) == 0 ? generate.Below(3) : 1000;
     const std::string moved = generate.Page(6);
+    std::map<std::string, std::string> options;
+    for (const char* key : {"chkRedirect", "chkUpdate", "chkAudioEmail"}) {
+      options[key] = generate.Below(4) == 0 ? "0" : "1";
+    }
     for (AnalysisRig* rig : {&program, &plain}) {
       rig->Begin(mainSite, {"http://www.partner.example/x", "other.com/a", "x.htm"},
                  "partner.example/d/p.htm");
       rig->Rig.Services.Store.Set("chkFileTypes", files);
+      for (const auto& [key, value] : options) rig->Rig.Services.Store.Set(key, value);
       rig->Rig.State.LinksExpected = static_cast<std::int16_t>(expected);
       if (rules) rig->Rig.Sites.lstRules.Add({"Global", "Global", "ExcludeString", "links"});
       FakeInternet& internet = rig->Rig.Services.Internet;

@@ -2,7 +2,6 @@
 // Look-ups that hang, fail and succeed, and all addresses of a host tried in turn.
 #include "shell/qt/name_resolver.h"
 
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -15,15 +14,6 @@
 namespace requite::test {
 namespace {
 
-SocketAddress Numeric(const char* text) {
-  SocketAddress address;
-  auto& storage = reinterpret_cast<sockaddr_in&>(address.Storage);
-  storage.sin_family = AF_INET;
-  ::inet_pton(AF_INET, text, &storage.sin_addr);
-  address.Length = sizeof(storage);
-  return address;
-}
-
 // Worker threads may outlive a test, so what they touch lives as long as the program.
 std::atomic<int> lookUps = 0;
 std::atomic<bool> hang = false;
@@ -34,7 +24,7 @@ SocketAddresses TestLookUp(const std::string& host) {
   ++lookUps;
   if (host.starts_with("mute")) hang.wait(true);
   if (host == "unknown") return {};
-  return {Numeric("127.0.0.2"), Numeric("127.0.0.1")};
+  return {NumericAddress("127.0.0.2")[0], NumericAddress("127.0.0.1")[0]};
 }
 
 class NameResolverTest : public testing::Test {

@@ -229,21 +229,6 @@ TEST_F(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
   EXPECT_EQ(recorder_.Data.size(), kSize);
 }
 
-TEST_F(PageConnectionTest, TheFirstMatchingRuleSaysWhereAConnectionGoes) {
-  LocalServer server([](ServedConnection& client) {
-    client.ReadRequest();
-    client.Send("mapped");
-  });
-  map_.Add({"Site.Example", 80, {"127.0.0.1", server.Port()}});
-  map_.Add({"", std::nullopt, {"127.0.0.1", RefusingPort()}});
-  connection_.Connect("SITE.example", 80);
-  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
-  EXPECT_EQ(recorder_.Data, "mapped");
-  connection_.Connect("other.example", 80);
-  rig_.Settle();
-  EXPECT_EQ(recorder_.Closes, 1);
-}
-
 TEST_F(PageConnectionTest, AFailureInAHandlerEndsAtTheEdgeOfTheLoop) {
   LocalServer server([](ServedConnection& client) { client.ReadRequest(); });
   recorder_.OnConnected = [] { throw RuntimeFailure(Failure::TypeMismatch); };

@@ -84,19 +84,6 @@ TEST_F(SettingsFileTest, ItsFileIsForItsUserAlone) {
   EXPECT_EQ(status.st_mode & 0777U, 0700U);
 }
 
-TEST_F(SettingsFileTest, AKillAfterAWriteLosesNothing) {
-  for (int run = 0; run < 20; ++run) {
-    const std::string value = std::to_string(run);
-    WaitFor(Start([&] {
-      SettingsFile store(path_);
-      store.Write("first" + value, value);
-      store.Write("second", value);
-    }));
-    EXPECT_EQ(Reread("first" + value), value);
-    EXPECT_EQ(Reread("second"), value);
-  }
-}
-
 TEST_F(SettingsFileTest, AKillInTheMiddleOfManyWritesKeepsWhatWasWritten) {
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
