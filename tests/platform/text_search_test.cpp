@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <memory>
+#include <random>
 
 #include "platform/fold_table.h"
 #include "platform/needle_set.h"
@@ -38,22 +39,13 @@ std::size_t PlainFind(std::string_view text, std::string_view what, Compare comp
   return kNowhere;
 }
 
-/// Small repeatable noise.
-class Noise {
- public:
-  std::uint32_t Below(std::uint32_t limit) {
-    state_ = state_ * 1664525U + 1013904223U;
-    return (state_ >> 8U) % limit;
-  }
+using Noise = std::mt19937;
 
- private:
-  std::uint32_t state_ = 1;
-};
-
+std::uint32_t Below(Noise& noise, std::uint32_t limit) { return static_cast<std::uint32_t>(noise() % limit); }
 std::string RandomText(Noise& noise, std::string_view alphabet, std::size_t length) {
   std::string text;
   while (text.size() < length) {
-    text += alphabet[noise.Below(static_cast<std::uint32_t>(alphabet.size()))];
+    text += alphabet[Below(noise, static_cast<std::uint32_t>(alphabet.size()))];
   }
   return text;
 }
@@ -109,9 +101,9 @@ TEST(TextSearch, AgreesWithThePlainSearchOnNoise) {
                                    allBytes};
   for (const std::string& alphabet : alphabets) {
     for (int round = 0; round < 4000; ++round) {
-      const ExactCopy text(RandomText(noise, alphabet, noise.Below(round % 8 == 0 ? 700 : 90)));
-      const ExactCopy what(RandomText(noise, alphabet, noise.Below(round % 2 == 0 ? 4 : 20)));
-      const std::size_t from = noise.Below(8);
+      const ExactCopy text(RandomText(noise, alphabet, Below(noise, round % 8 == 0 ? 700 : 90)));
+      const ExactCopy what(RandomText(noise, alphabet, Below(noise, round % 2 == 0 ? 4 : 20)));
+      const std::size_t from = Below(noise, 8);
       for (const Compare compare : {Compare::Text, Compare::Binary}) {
         const std::size_t expected = PlainFind(text.View(), what.View(), compare, from);
         ASSERT_EQ(Find(text.View(), what.View(), compare, from), expected)
@@ -173,15 +165,15 @@ TEST(SearchBlock, PlainAndFastFormsAgree) {
   for (int round = 0; round < 20000; ++round) {
     const auto anchor = [&] {
       const unsigned char bits[] = {0, 0x20, 0x10, 0x60};
-      const unsigned char bit = bits[noise.Below(4)];
-      return SearchAnchors::Anchor{noise.Below(3), bit, static_cast<unsigned char>(noise.Below(256) | bit)};
+      const unsigned char bit = bits[Below(noise, 4)];
+      return SearchAnchors::Anchor{Below(noise, 3), bit, static_cast<unsigned char>(Below(noise, 256) | bit)};
     };
     const SearchAnchors anchors{anchor(), anchor()};
     // Bytes near the wanted ones, so that many of them fit.
     std::string text;
     for (int i = 0; i < 66; ++i) {
       const unsigned value = (i % 2 == 0 ? anchors.First : anchors.Second).Value;
-      text += static_cast<char>(value ^ (noise.Below(2) * (1U << noise.Below(8))));
+      text += static_cast<char>(value ^ (Below(noise, 2) * (1U << Below(noise, 8))));
     }
     const ExactCopy copy(text);
     std::uint64_t expected = 0;
@@ -197,8 +189,8 @@ TEST(Needle, IsInWhereTheSearchFindsIt) {
   Noise noise;
   const std::string alphabet = "abcXYZ./:?=&\x8A\x9A\x9F\xFF\x01\t|^{";
   for (int round = 0; round < 20000; ++round) {
-    const std::string text = RandomText(noise, alphabet, noise.Below(60));
-    const std::string what = RandomText(noise, alphabet, noise.Below(4));
+    const std::string text = RandomText(noise, alphabet, Below(noise, 60));
+    const std::string what = RandomText(noise, alphabet, Below(noise, 4));
     ASSERT_EQ(Needle(what).IsIn(text, LettersOf(text)), Contains(text, what, Compare::Text)) << text << what;
   }
 }
