@@ -104,7 +104,7 @@ QWidget* MainWindow::BuildLinkingSites() {
   view->setMinimumHeight(kLowestList);
   linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
   WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
-  FitColumns(*view, {40, 0, 20, 19, 21});
+  FitColumns(*view, {33, 0, 21, 23, 23});
   PressOnDelete(*view, form_.cmbDel);
   layout->addWidget(view, 1);
   bind_.BindState(form_.innerFrame2, *block);
