@@ -98,8 +98,8 @@ TEST_F(RulesTest, AgreeWithThePlainWording) {
       "LimitRoot",      "ExcludeRoot",      "None"};
   constexpr std::array<std::string_view, 5> kMains = {"Global", "www.Main.example", "global",
                                                       "www.main.example", "Main.example"};
-  constexpr std::array<std::string_view, 5> kRemotes = {"Global", "site.example/start", "other.example",
-                                                        "site.example", "global"};
+  constexpr std::array<std::string_view, 6> kRemotes = {"Global",       "site.example/start", "other.example",
+                                                        "site.example", "Site.example/start", "global"};
   for (int round = 0; round < 2000; ++round) {
     rig.Sites.lstRules.Clear();
     for (int i = generate.Below(4); i > 0; --i) {
