@@ -26,9 +26,9 @@ struct Extraction {
 TEST(ExtractLinks, AgreesWithItsPlainWordingOnRandomPages) {
   std::mt19937 random(815);
   const std::vector<std::string> pieces = {
-      "href=",  "HREF=", "\"",      "'",        ">",         "\r",      "\n",   " ",        "..",
-      "./",     "/",     "http://", "https://", "www.",      ".com",    "home", ".example", "a",
-      "mailto", ".js",   "#",       ".ht",      "\r\nhref=", "href=\"", "/hre", ","};
+      "href=", "HREF=",  "\"",      "'",        ">",    "\r",        "\n",      " ",    "..",
+      "./",    "/",      "http://", "https://", "www.", ".com",      "home",    "HOME", ".example",
+      "a",     "mailto", ".js",     "#",        ".ht",  "\r\nhref=", "href=\"", "/hre", ","};
   for (int round = 0; round < 10000; ++round) {
     const std::string html = RandomText(random, pieces, 16);
     const std::string base = round % 7 == 0 ? "" : round % 2 == 0 ? "home.example/" : "home";
