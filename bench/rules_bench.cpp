@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "support/analysis_bench_rig.h"
+#include "analysis_bench_rig.h"
 
 namespace requite::test {
 namespace {

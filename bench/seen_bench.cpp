@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "scan/seen_url.h"
-#include "support/analysis_bench_rig.h"
+#include "analysis_bench_rig.h"
 
 namespace requite::test {
 namespace {
