@@ -4,35 +4,24 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTest>
 
-#include "shell/qt/window/main_window.h"
-#include "support/fakes.h"
+#include "window_rig.h"
 
 namespace requite::test {
 
-class EditorsWindowTest : public QObject {
+class EditorsWindowTest : public QObject, private WindowRig {
   Q_OBJECT
 
  private slots:
   void init() {
-    folder_ = std::make_unique<TemporaryFolder>();
-    services_ = std::make_unique<FakeServices>();
-    form_ = std::make_unique<Form1>(services_->All, folder_->Folder);
-    form_->Start();
-    form_->txtDomain.UserSets("main.example");
-    form_->cmdAdd2.Click();
-    form_->Text1.UserSets("partner.example");
-    form_->cmdAdd.Click();
-    window_ = std::make_unique<MainWindow>(*form_, guard_);
-    window_->show();
+    Start([](Form1& form) {
+      form.txtDomain.UserSets("main.example");
+      form.cmdAdd2.Click();
+      form.Text1.UserSets("partner.example");
+      form.cmdAdd.Click();
+    });
   }
-  void cleanup() {
-    window_.reset();
-    form_.reset();
-    services_.reset();
-    folder_.reset();
-  }
+  void cleanup() { End(); }
 
   void aSiteAndItsRulesAreEditedByKeyboard() {
     QWidget* const editor = Open("Form2", [this] {
@@ -76,6 +65,7 @@ class EditorsWindowTest : public QObject {
     QTest::keyClicks(Part<QLineEdit>(editor, "Text6"), "v");
     QTest::keyClick(Part<QLineEdit>(editor, "Text6"), Qt::Key_Return);
     QVERIFY(services_->Dialogs.Boxes.empty());
+    QVERIFY(QTest::qWaitForWindowActive(editor));
     QTest::keyClick(editor, Qt::Key_Escape);
     QVERIFY(!form_->Windows.IsShown("Form2a"));
     QCOMPARE(form_->Sites.List4.At(0).Text, std::string("main.example"));
@@ -103,12 +93,12 @@ class EditorsWindowTest : public QObject {
     QTRY_VERIFY(Part<QAbstractButton>(options, "cmdAdd2")->isEnabled());
     QTest::mouseClick(Part<QAbstractButton>(options, "cmdAdd2"), Qt::LeftButton);
     auto* const types = Part<QAbstractItemView>(options, "List1");
-    QTRY_COMPARE(types->model()->rowCount(), 1);
+    QTRY_COMPARE(types->model()->rowCount(), 2);
     QTest::mouseClick(types->viewport(), Qt::LeftButton, {},
                       types->visualRect(types->model()->index(0, 0)).center());
     QTRY_VERIFY(Part<QAbstractButton>(options, "cmdDelete")->isEnabled());
     QTest::mouseClick(Part<QAbstractButton>(options, "cmdDelete"), Qt::LeftButton);
-    QTRY_COMPARE(types->model()->rowCount(), 0);
+    QTRY_COMPARE(types->model()->rowCount(), 1);
 
     QWidget* const global = Open(
         "Form2b", [&] { QTest::mouseClick(Part<QAbstractButton>(options, "Command1"), Qt::LeftButton); });
@@ -148,19 +138,6 @@ class EditorsWindowTest : public QObject {
     if (opened == nullptr || !opened->isVisible()) qFatal("%s is not on screen", name);
     return opened;
   }
-
-  template <class Kind>
-  static Kind* Part(QWidget* window, const char* name) {
-    auto* const found = window->findChild<Kind*>(name);
-    if (found == nullptr) qFatal("no widget %s", name);
-    return found;
-  }
-
-  const EventGuard guard_{[](const RuntimeFailure& failure) { qFatal("%s", failure.what()); }};
-  std::unique_ptr<TemporaryFolder> folder_;
-  std::unique_ptr<FakeServices> services_;
-  std::unique_ptr<Form1> form_;
-  std::unique_ptr<MainWindow> window_;
 };
 
 }  // namespace requite::test

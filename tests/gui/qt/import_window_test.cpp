@@ -5,33 +5,22 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
-#include <QTest>
 
-#include "shell/qt/window/main_window.h"
-#include "support/fakes.h"
+#include "window_rig.h"
 
 namespace requite::test {
 
-class ImportWindowTest : public QObject {
+class ImportWindowTest : public QObject, private WindowRig {
   Q_OBJECT
 
  private slots:
   void init() {
-    folder_ = std::make_unique<TemporaryFolder>();
-    services_ = std::make_unique<FakeServices>();
-    form_ = std::make_unique<Form1>(services_->All, folder_->Folder);
-    form_->Start();
-    form_->txtDomain.UserSets("main.example");
-    form_->cmdAdd2.Click();
-    window_ = std::make_unique<MainWindow>(*form_, guard_);
-    window_->show();
+    Start([](Form1& form) {
+      form.txtDomain.UserSets("main.example");
+      form.cmdAdd2.Click();
+    });
   }
-  void cleanup() {
-    window_.reset();
-    form_.reset();
-    services_.reset();
-    folder_.reset();
-  }
+  void cleanup() { End(); }
 
   void linksAreFoundSelectedAndAdded() {
     std::string page(300, ' ');
@@ -88,25 +77,12 @@ class ImportWindowTest : public QObject {
   }
 
  private:
-  template <class Kind>
-  static Kind* Part(QWidget* window, const char* name) {
-    auto* const part = window->findChild<Kind*>(name);
-    if (part == nullptr) qFatal("%s is missing", name);
-    return part;
-  }
-
   QWidget* Open(const char* button, const char* name) {
     Part<QAbstractButton>(window_.get(), button)->click();
     QWidget* const opened = window_->findChild<QWidget*>(name);
     if (opened == nullptr || !QTest::qWaitForWindowActive(opened)) qFatal("%s did not open", name);
     return opened;
   }
-
-  const EventGuard guard_{[](const RuntimeFailure& failure) { qFatal("%s", failure.what()); }};
-  std::unique_ptr<TemporaryFolder> folder_;
-  std::unique_ptr<FakeServices> services_;
-  std::unique_ptr<Form1> form_;
-  std::unique_ptr<MainWindow> window_;
 };
 
 }  // namespace requite::test

@@ -9,33 +9,20 @@
 #include <QMenuBar>
 #include <QTabBar>
 #include <QTableView>
-#include <QTest>
 #include <map>
 
-#include "shell/qt/window/main_window.h"
-#include "support/fakes.h"
+#include "window_rig.h"
 
 namespace requite::test {
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public QObject, private WindowRig {
   Q_OBJECT
 
  private slots:
   void init() {
-    folder_ = std::make_unique<TemporaryFolder>();
-    WriteFile(folder_->File("filetypes.txt"), ".htm\r\n");
-    services_ = std::make_unique<FakeServices>();
-    form_ = std::make_unique<Form1>(services_->All, folder_->Folder);
-    form_->Start();
-    window_ = std::make_unique<MainWindow>(*form_, guard_);
-    window_->show();
+    Start([](Form1&) {});
   }
-  void cleanup() {
-    window_.reset();
-    form_.reset();
-    services_.reset();
-    folder_.reset();
-  }
+  void cleanup() { End(); }
 
   void aScanFromTypingToTheVerdict() {
     AddSites();
@@ -193,9 +180,7 @@ class MainWindowTest : public QObject {
  private:
   template <class Kind>
   Kind* Widget(const char* name) {
-    auto* const found = window_->findChild<Kind*>(name);
-    if (found == nullptr) qFatal("no widget %s", name);
-    return found;
+    return Part<Kind>(window_.get(), name);
   }
 
   void Click(const char* name) {
@@ -218,12 +203,6 @@ class MainWindowTest : public QObject {
     QTest::keyClicks(linking, "partner.example");
     Click("cmdAdd");
   }
-
-  const EventGuard guard_{[](const RuntimeFailure& failure) { qFatal("%s", failure.what()); }};
-  std::unique_ptr<TemporaryFolder> folder_;
-  std::unique_ptr<FakeServices> services_;
-  std::unique_ptr<Form1> form_;
-  std::unique_ptr<MainWindow> window_;
 };
 
 }  // namespace requite::test
