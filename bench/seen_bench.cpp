@@ -2,8 +2,8 @@
 // The seen tests of one new link, by the number of pages that were queued on the site before.
 #include <benchmark/benchmark.h>
 
-#include "scan/seen_url.h"
 #include "analysis_bench_rig.h"
+#include "scan/seen_url.h"
 
 namespace requite::test {
 namespace {
