@@ -102,7 +102,7 @@ std::size_t EmailTail::FirstStop() {
 }
 
 std::string EmailTail::TakeEverywhere(std::size_t count) {
-  const std::string piece(Text().substr(0, count));
+  std::string piece(Text().substr(0, count));
   const bool mayStandBehind = MayStandBehind(piece);
   TakeFront(count);
   if (!mayStandBehind || !Contains(Text(), piece, Compare::Binary)) return piece;
