@@ -90,6 +90,7 @@ QWidget* WebViewHolder::BuildNotice() {
     each->setFixedWidth(kNoticeWidth);
     middle->addWidget(each);
   }
+  noticeText_->hide();
   middle->addWidget(again_, 0, Qt::AlignLeft);
   layout->addStretch(1);
   auto* const row = new QHBoxLayout;  // an alignment of the column would cut off wrapped lines
@@ -209,6 +210,7 @@ void WebViewHolder::TellComplete(const QUrl& location) {
 void WebViewHolder::ShowNotice(const QString& title, const QString& text) {
   noticeTitle_->setText(title);
   noticeText_->setText(text);
+  noticeText_->show();
   again_->show();
   pages_->setCurrentIndex(0);
 }
