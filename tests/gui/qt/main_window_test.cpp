@@ -59,6 +59,7 @@ class MainWindowTest : public QObject, private WindowRig {
   }
 
   void keysDoWhatTheirButtonsDo() {
+    QVERIFY(QTest::qWaitForWindowActive(window_.get()));  // shortcuts are those of the active window
     AddSites();
     auto* const linking = Widget<QTableView>("List1");
     QTRY_COMPARE(linking->model()->rowCount(), 1);
@@ -79,6 +80,21 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(form_->Sites.List1(1).RowCount(), std::size_t{0});
     QTest::keyClick(Widget<QTableView>("List4"), Qt::Key_Delete);
     QCOMPARE(form_->Sites.List4.RowCount(), std::size_t{1});  // its button waits for a new choice
+  }
+
+  void theWindowIsUpToDateWhenAHandlerEnds() {
+    AddSites();
+    auto* const site = Widget<QLineEdit>("txtDomain");
+    QTest::keyClicks(site, "second.example\rthird");
+    QCOMPARE(site->text(), QString("third"));
+    auto* const stop = Widget<QAbstractButton>("cmdStop");
+    QTest::mouseClick(Widget<QAbstractButton>("Command1"), Qt::LeftButton);
+    QVERIFY(stop->isEnabled() && !site->isEnabled());
+    form_->Scan.cmdStop();
+    const auto sites = form_->Figures.MainSitesScanned;
+    QVERIFY(stop->isEnabled());  // what the scan changes by itself is shown a little later
+    QTest::mouseClick(stop, Qt::LeftButton);
+    QCOMPARE(form_->Figures.MainSitesScanned, sites);
   }
 
   void popupsOpenByMouseAndKeyAndOnlyLinkingSitesAreChosenByThem() {

@@ -70,7 +70,7 @@ class Binder::View : public ControlView, public RefreshedView {
   bool cursorToEnd_ = false;
 };
 
-Binder::Binder(ViewRefresh& refresh, const EventGuard& guard) : refresh_(refresh), guard_(guard) {}
+Binder::Binder(ViewRefresh& refresh, const UserEvents& user) : refresh_(refresh), user_(user) {}
 
 Binder::~Binder() = default;
 
@@ -89,7 +89,8 @@ void Binder::Bind(Button& control, QAbstractButton& widget, const QString& mnemo
     if (widget.text() != caption) widget.setText(caption);
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [this, &control, &widget] {
-    guard_.Run([&control] { control.Click(); });
+    // A press may have been on its way when the logic disabled the button.
+    if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
     // A menu that it opened stands under the mouse, which is elsewhere when a key pressed the button.
     QWidget* const popup = QApplication::activePopupWidget();
     if (popup != nullptr && !widget.underMouse()) popup->move(widget.mapToGlobal(widget.rect().bottomLeft()));
@@ -103,10 +104,10 @@ void Binder::Bind(TextBox& control, QLineEdit& widget) {
     if (widget.text() != text) widget.setText(text);
   });
   QObject::connect(&widget, &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
-    guard_.Run([&] { control.UserSets(FromUnicode(text)); });
+    user_.Run([&] { control.UserSets(FromUnicode(text)); });
   });
   QObject::connect(&widget, &QLineEdit::returnPressed, &widget,
-                   [this, &control] { guard_.Run([&control] { control.UserPressesEnter(); }); });
+                   [this, &control] { user_.Run([&control] { control.UserPressesEnter(); }); });
 }
 
 void Binder::Bind(TextBox& control, QPlainTextEdit& widget) {
@@ -119,7 +120,7 @@ void Binder::Bind(TextBox& control, QPlainTextEdit& widget) {
   });
   QObject::connect(&widget, &QPlainTextEdit::textChanged, &widget, [this, &control, &widget, shown] {
     if (widget.toPlainText() == shown()) return;
-    guard_.Run([&] { control.UserSets(FromUnicode(widget.toPlainText().replace("\n", "\r\n"))); });
+    user_.Run([&] { control.UserSets(FromUnicode(widget.toPlainText().replace("\n", "\r\n"))); });
   });
 }
 
@@ -146,7 +147,7 @@ void Binder::Bind(CheckBox& control, QCheckBox& widget) {
   widget.setText(ToUnicode(control.Caption));
   Keep(control, widget, [&control, &widget] { widget.setChecked(control.Value() == 1); });
   QObject::connect(&widget, &QCheckBox::clicked, &widget,
-                   [this, &control] { guard_.Run([&control] { control.Click(); }); });
+                   [this, &control] { user_.Run([&control] { control.Click(); }); });
 }
 
 void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& widgets) {
@@ -154,7 +155,7 @@ void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& wid
     const int index = static_cast<int>(i);
     widgets[i]->setText(ToUnicode(control.Captions[i]));
     QObject::connect(widgets[i], &QAbstractButton::clicked, widgets[i],
-                     [this, &control, index] { guard_.Run([&] { control.Choose(index); }); });
+                     [this, &control, index] { user_.Run([&] { control.Choose(index); }); });
   }
   Keep(control, *widgets.front(), [&control, widgets] {
     if (control.Chosen() >= 0) widgets[static_cast<std::size_t>(control.Chosen())]->setChecked(true);
@@ -167,7 +168,7 @@ void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& wid
 void Binder::BindDropDownList(ComboBox& control, QComboBox& widget) {
   Keep(control, widget, [&control, &widget] { ShowRows(control, widget); });
   QObject::connect(&widget, &QComboBox::activated, &widget,
-                   [this, &control](int index) { guard_.Run([&] { control.SetListIndex(index); }); });
+                   [this, &control](int index) { user_.Run([&] { control.SetListIndex(index); }); });
 }
 
 void Binder::Bind(ComboBox& control, QComboBox& widget) {
@@ -182,12 +183,12 @@ void Binder::Bind(ComboBox& control, QComboBox& widget) {
     if (widget.currentText() != text) widget.setEditText(text);
   });
   QObject::connect(&widget, &QComboBox::activated, &widget,
-                   [this, &control](int index) { guard_.Run([&] { control.SetListIndex(index); }); });
+                   [this, &control](int index) { user_.Run([&] { control.SetListIndex(index); }); });
   QObject::connect(widget.lineEdit(), &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
-    guard_.Run([&] { control.UserSets(FromUnicode(text)); });
+    user_.Run([&] { control.UserSets(FromUnicode(text)); });
   });
   QObject::connect(widget.lineEdit(), &QLineEdit::returnPressed, &widget,
-                   [this, &control] { guard_.Run([&control] { control.UserPressesEnter(); }); });
+                   [this, &control] { user_.Run([&control] { control.UserPressesEnter(); }); });
 }
 
 void Binder::Bind(ProgressBar& control, QProgressBar& widget) {
@@ -229,10 +230,10 @@ void Binder::Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>
   });
   // A press on the tab on show counts as well: each visit of Pages adds to its list.
   QObject::connect(&widget, &QTabBar::tabBarClicked, &widget, [this, &control](int index) {
-    if (index >= 0) guard_.Run([&] { control.Select(index + 1); });
+    if (index >= 0) user_.Run([&] { control.Select(index + 1); });
   });
   QObject::connect(&widget, &QTabBar::currentChanged, &widget, [this, &control](int index) {
-    if (index + 1 != control.Selected()) guard_.Run([&] { control.Select(index + 1); });
+    if (index + 1 != control.Selected()) user_.Run([&] { control.Select(index + 1); });
   });
 }
 
@@ -246,7 +247,7 @@ void Binder::Bind(Menu& control, QMenu& widget, const std::vector<QString>& text
     QAction* const action = widget.addAction(i < texts.size() ? texts[i] : ToUnicode(control.Items[i]));
     const int index = static_cast<int>(i);
     QObject::connect(action, &QAction::triggered, &widget,
-                     [this, &control, index] { guard_.Run([&] { control.Click(index); }); });
+                     [this, &control, index] { user_.Run([&] { control.Click(index); }); });
     QObject::connect(&widget, &QMenu::aboutToShow, action, [action, &control, index] {
       action->setCheckable(control.Checked(index));
       action->setChecked(control.Checked(index));

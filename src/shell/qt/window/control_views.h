@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/controls.h"
-#include "shell/qt/event_guard.h"
+#include "shell/qt/window/user_events.h"
 #include "shell/qt/window/view_refresh.h"
 
 class QAbstractButton;
@@ -29,7 +29,7 @@ namespace requite {
 /// tool tip, and its enabled and visible state; the widgets must outlive the binder's last refresh.
 class Binder {
  public:
-  Binder(ViewRefresh& refresh, const EventGuard& guard);
+  Binder(ViewRefresh& refresh, const UserEvents& user);
   ~Binder();
   Binder(const Binder&) = delete;
   Binder& operator=(const Binder&) = delete;
@@ -56,16 +56,13 @@ class Binder {
   /// Fills the menu with the control's entries; `texts` are the same with "&", and the keys after a tab.
   void Bind(Menu& control, QMenu& widget, const std::vector<QString>& texts = {});
 
-  [[nodiscard]] const EventGuard& Guard() const { return guard_; }
-  [[nodiscard]] ViewRefresh& Refresh() { return refresh_; }
-
  private:
   class View;
 
   void Keep(Control& control, QWidget& widget, std::function<void()> show);
 
   ViewRefresh& refresh_;
-  const EventGuard& guard_;
+  const UserEvents& user_;
   std::vector<std::unique_ptr<View>> views_;
 };
 

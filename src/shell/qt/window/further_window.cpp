@@ -24,7 +24,7 @@ FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& su
     : QWidget(surroundings.Owner, Qt::Window),
       window_(window),
       surroundings_(surroundings),
-      bind_(refresh_, surroundings.Guard) {
+      bind_(surroundings.Refresh, surroundings.User) {
   setObjectName(QString::fromStdString(window.Name()));
   setWindowTitle(ToUnicode(window.Main.Title()));
   // A shortcut, because a web page takes the keys for itself.
@@ -43,7 +43,7 @@ void FurtherWindow::RestoreSize(QSize first) {
 }
 
 void FurtherWindow::closeEvent(QCloseEvent* event) {
-  surroundings_.Guard.Run([this] { window_.Close(); });
+  surroundings_.User.Run([this] { window_.Close(); });
   event->accept();
 }
 
@@ -62,9 +62,9 @@ QPushButton* FurtherWindow::NewButton(Button& control, const QString& mnemonic) 
 
 QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, const QString& accessibleName) {
   auto* const view = new QTableView(this);
-  ListTable& table = *tables_.emplace_back(std::make_unique<ListTable>(refresh_));
+  ListTable& table = *tables_.emplace_back(std::make_unique<ListTable>(surroundings_.Refresh));
   table.Show(&list);
-  WireTable(*view, table, surroundings_.Guard, emptyText);
+  WireTable(*view, table, surroundings_.User, emptyText);
   bind_.BindState(list, *view);
   view->setAccessibleName(accessibleName);
   return view;

@@ -20,6 +20,8 @@ namespace requite {
 /// What a window on screen is made over; all of it outlives the window.
 struct WindowSurroundings {
   const EventGuard& Guard;
+  const UserEvents& User;
+  ViewRefresh& Refresh;  ///< one for all windows: a handler of one of them may change what others show
   Services& Platform;
   QWidget& MainWindow;
   QWidget* Owner;  ///< the main window; null for a window that may outlast it
@@ -52,7 +54,6 @@ class FurtherWindow : public QWidget {
   ProgramWindow& window_;
   const ProgramWindow::Running keptWhileShown_{window_};
   const WindowSurroundings surroundings_;
-  ViewRefresh refresh_;
   std::vector<std::unique_ptr<ListTable>> tables_;
 
  protected:

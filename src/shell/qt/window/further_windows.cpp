@@ -44,9 +44,8 @@ constexpr Entry kEntries[] = {
 
 }  // namespace
 
-FurtherWindows::FurtherWindows(Windows& windows, const EventGuard& guard, Services& platform,
-                               QWidget& mainWindow)
-    : windows_(windows), guard_(guard), platform_(platform), mainWindow_(mainWindow) {
+FurtherWindows::FurtherWindows(Windows& windows, const WindowSurroundings& surroundings)
+    : windows_(windows), surroundings_(surroundings) {
   windows_.OnShow = [this](ProgramWindow& window) { Show(window); };
   windows_.OnClosed = [this](ProgramWindow& window) { TakeOff(window); };
 }
@@ -64,8 +63,9 @@ void FurtherWindows::Show(ProgramWindow& window) {
                                            [&](const Entry& each) { return each.Name == window.Name(); });
     if (entry == std::end(kEntries)) return;
     // The site's window may outlast the main window, so it does not belong to it.
-    QWidget* const owner = window.Name() == "frmWebsite" ? nullptr : &mainWindow_;
-    shown_.push_back(entry->MakeView(window, {guard_, platform_, mainWindow_, owner}));
+    WindowSurroundings surroundings = surroundings_;
+    if (window.Name() == "frmWebsite") surroundings.Owner = nullptr;
+    shown_.push_back(entry->MakeView(window, surroundings));
     at = shown_.end() - 1;
   }
   FurtherWindow& view = **at;

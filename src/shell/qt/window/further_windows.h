@@ -15,8 +15,8 @@ class FurtherWindows : public QObject {
   Q_OBJECT
 
  public:
-  /// All must outlive this object.
-  FurtherWindows(Windows& windows, const EventGuard& guard, Services& platform, QWidget& mainWindow);
+  /// The surroundings are those of a window that belongs to the main one. All must outlive this object.
+  FurtherWindows(Windows& windows, const WindowSurroundings& surroundings);
   ~FurtherWindows() override;
 
  private:
@@ -25,9 +25,7 @@ class FurtherWindows : public QObject {
   void Sweep();
 
   Windows& windows_;
-  const EventGuard& guard_;
-  Services& platform_;
-  QWidget& mainWindow_;
+  const WindowSurroundings surroundings_;
   std::vector<std::unique_ptr<FurtherWindow>> shown_;
   std::vector<std::unique_ptr<FurtherWindow>> leaving_;
 };

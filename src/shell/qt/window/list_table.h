@@ -61,7 +61,7 @@ enum class RightPress { SelectsRow, SelectsNothing };
 /// Wires a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
 /// the keys that stand for them, double clicks, headers, label edits. `emptyText` is shown while the list
 /// has no rows. In a view set to extended selection afterwards, several rows can be selected.
-void WireTable(QTableView& view, ListTable& table, const EventGuard& guard, const QString& emptyText,
+void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText,
                RightPress rightPress = RightPress::SelectsRow);
 
 }  // namespace requite

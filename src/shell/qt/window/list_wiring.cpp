@@ -20,12 +20,12 @@ namespace {
 /// Watches a table view's mouse and keyboard, and paints the words of an empty list.
 class TableHand : public QObject {
  public:
-  TableHand(QTableView& view, ListTable& table, const EventGuard& guard, QString emptyText,
+  TableHand(QTableView& view, ListTable& table, const UserEvents& user, QString emptyText,
             RightPress rightPress)
       : QObject(&view),
         view_(view),
         table_(table),
-        guard_(guard),
+        user_(user),
         emptyText_(std::move(emptyText)),
         rightPress_(rightPress) {
     view.installEventFilter(this);
@@ -60,7 +60,7 @@ class TableHand : public QObject {
   void Tell(Handler handler, int number) {
     ListView* const list = table_.List();
     if (list == nullptr || !(list->*handler)) return;
-    guard_.Run([&] { (list->*handler)(number); });
+    user_.Run([&] { (list->*handler)(number); });
   }
 
   [[nodiscard]] int SelectedRow() const {
@@ -202,7 +202,7 @@ class TableHand : public QObject {
 
   QTableView& view_;
   ListTable& table_;
-  const EventGuard& guard_;
+  const UserEvents& user_;
   QString emptyText_;
   RightPress rightPress_;
   QTimer labelEdit_;
@@ -211,11 +211,11 @@ class TableHand : public QObject {
 
 }  // namespace
 
-void WireTable(QTableView& view, ListTable& table, const EventGuard& guard, const QString& emptyText,
+void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText,
                RightPress rightPress) {
   view.setModel(&table);
   LookLikeAList(view);
-  new TableHand(view, table, guard, emptyText, rightPress);  // owned by the view
+  new TableHand(view, table, user, emptyText, rightPress);  // owned by the view
 }
 
 }  // namespace requite

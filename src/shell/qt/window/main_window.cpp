@@ -131,7 +131,7 @@ void MainWindow::AddShortcuts() {
   const auto press = [this](const QKeySequence& keys, Button& control) {
     auto* const shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this, [this, &control] {
-      if (control.EnabledInEffect()) guard_.Run([&control] { control.Click(); });
+      if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
     });
   };
   press(QKeySequence::New, form_.cmdNew);
@@ -140,14 +140,14 @@ void MainWindow::AddShortcuts() {
   press(Qt::Key_F5, form_.Command1);
   press(Qt::Key_Escape, form_.cmdStop);
   auto* const help = new QShortcut(QKeySequence::HelpContents, this);
-  connect(help, &QShortcut::activated, this, [this] { guard_.Run([this] { form_.mnuHelp.Click(0); }); });
+  connect(help, &QShortcut::activated, this, [this] { user_.Run([this] { form_.mnuHelp.Click(0); }); });
 }
 
 void MainWindow::PressOnDelete(QTableView& list, Button& control) {
   auto* const shortcut = new QShortcut(QKeySequence::Delete, &list);
   shortcut->setContext(Qt::WidgetShortcut);
   connect(shortcut, &QShortcut::activated, this, [this, &control] {
-    if (control.EnabledInEffect()) guard_.Run([&control] { control.Click(); });
+    if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
   });
 }
 
@@ -173,7 +173,7 @@ void MainWindow::SaveLayout() const {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  guard_.Run([this] { form_.Close(); });
+  user_.Run([this] { form_.Close(); });
   event->accept();
 }
 

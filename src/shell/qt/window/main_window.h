@@ -64,6 +64,7 @@ class MainWindow : public QMainWindow {
   Form1& form_;
   const EventGuard& guard_;
   ViewRefresh refresh_;
+  const UserEvents user_{guard_, refresh_};
   ListTable mainSites_{refresh_};
   ListTable linkingSites_{refresh_};
   ListTable queue_{refresh_};
@@ -75,8 +76,8 @@ class MainWindow : public QMainWindow {
   QSplitter* links_ = nullptr;
   std::unique_ptr<TitleView> title_;
   std::optional<ScanNotice> notice_;
-  Binder bind_{refresh_, guard_};
-  FurtherWindows further_{form_.Windows, guard_, form_.Platform, *this};
+  Binder bind_{refresh_, user_};
+  FurtherWindows further_{form_.Windows, {guard_, user_, refresh_, form_.Platform, *this, this}};
 };
 
 }  // namespace requite

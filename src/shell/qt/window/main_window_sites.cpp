@@ -40,7 +40,7 @@ QHBoxLayout* RowOf(Binder& bind, QWidget* parent, std::initializer_list<Command>
 QTableView* MainWindow::NewTable(ListView& list, ListTable& table, const ListLook& look) {
   auto* const view = new QTableView(this);
   table.Show(&list);
-  WireTable(*view, table, guard_, look.EmptyText, look.OnRightPress);
+  WireTable(*view, table, user_, look.EmptyText, look.OnRightPress);
   FitColumns(*view, look.ColumnShares);
   view->setAccessibleName(look.Name);
   view->setMinimumHeight(kLowestList);
@@ -103,7 +103,7 @@ QWidget* MainWindow::BuildLinkingSites() {
   view->setAccessibleName(tr("Linking Sites"));
   view->setMinimumHeight(kLowestList);
   linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
-  WireTable(*view, linkingSites_, guard_, tr("No Linking Sites yet. Type a site above and press Add."));
+  WireTable(*view, linkingSites_, user_, tr("No Linking Sites yet. Type a site above and press Add."));
   FitColumns(*view, {33, 0, 21, 23, 23});
   PressOnDelete(*view, form_.cmbDel);
   layout->addWidget(view, 1);

@@ -32,12 +32,11 @@ void RefreshedView::Mark() {
 ViewRefresh::ViewRefresh() {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
-  QObject::connect(&timer_, &QTimer::timeout, [this] { ApplyAll(); });
+  QObject::connect(&timer_, &QTimer::timeout, [this] { ApplyAndPaint(); });
 }
 
-void ViewRefresh::ApplyAll() {
-  QElapsedTimer clock;
-  clock.start();
+void ViewRefresh::ApplyMarked() {
+  if (marked_.empty()) return;
   // Views are found by number: an applied view may mark others, or end them.
   for (std::size_t i = 0; i < marked_.size(); ++i) {
     RefreshedView* const view = std::exchange(marked_[i], nullptr);
@@ -47,6 +46,12 @@ void ViewRefresh::ApplyAll() {
   }
   marked_.clear();
   if (OnApplied) OnApplied();
+}
+
+void ViewRefresh::ApplyAndPaint() {
+  QElapsedTimer clock;
+  clock.start();
+  ApplyMarked();
   // Painted at once, so that its time counts: on a slow display the pictures come more rarely instead of
   // keeping the scan from its work.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Brings what the logic changed to the screen some thirty times a second, however often it changes.
+// Brings what the logic changed to the screen: some thirty times a second, however often it changes, and
+// after each of the user's events.
 #pragma once
 
 #include <QTimer>
@@ -36,14 +37,16 @@ class ViewRefresh {
 
   ViewRefresh();
 
-  /// Applies every marked view now.
-  void ApplyAll();
+  /// Applies every marked view now; does nothing when none is.
+  void ApplyMarked();
 
   /// Runs after each refresh, for what is shown of several controls together.
   std::function<void()> OnApplied;
 
  private:
   friend class RefreshedView;
+
+  void ApplyAndPaint();
 
   QTimer timer_;
   int pause_ = kIntervalMilliseconds;  ///< until the next refresh; grows with the time that one takes
