@@ -10,6 +10,7 @@ enum class ExitStatus : int {
   NotStarted = 1,       ///< `open`: there is no window program that could be started
   Refused = 2,          ///< the command line, the script or a file named there is wrong
   NotIdleInTime = 3,    ///< `wait idle` ran out of time
+  PostFailed = 4,       ///< a row that `--post` sent got no answer
   RunTimeFailure = 70,  ///< a failure that nothing handled
   Interrupted = 130,
 };

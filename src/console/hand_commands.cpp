@@ -221,17 +221,23 @@ Complaint Tab(ScriptSession& session, const Words& words) {
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"click", "click NAME", 1, 1, Click},
-    {"type", "type NAME TEXT", 2, 2, Type},
-    {"set", "set NAME TEXT", 1, 2, Set},
-    {"enter", "enter NAME", 1, 1, Enter},
-    {"choose", "choose NAME INDEX", 2, 2, Choose},
-    {"select", "select NAME ROW...", 1, 2, Select},
-    {"sort", "sort NAME COLUMN", 2, 2, Sort},
-    {"rightclick", "rightclick NAME [ROW]", 1, 2, RightClick},
-    {"doubleclick", "doubleclick NAME ROW", 2, 2, DoubleClick},
-    {"editlabel", "editlabel NAME ROW", 2, 2, EditLabel},
-    {"tab", "tab [WINDOW] NUMBER", 1, 2, Tab},
+    {"click", "click NAME",
+     "presses a button, menu entry, option or check box; a disabled one ends the script", 1, 1, Click},
+    {"type", "type NAME TEXT", "types TEXT at the end of a text box, one change for each character", 2, 2,
+     Type},
+    {"set", "set NAME TEXT",
+     "makes TEXT the whole text of a text box or combo box, in one change; without TEXT empties it", 1, 2,
+     Set},
+    {"enter", "enter NAME", "presses Enter in a text box or combo box", 1, 1, Enter},
+    {"choose", "choose NAME INDEX", "picks a row of a combo box, counted from 0", 2, 2, Choose},
+    {"select", "select NAME ROW...", "clicks on rows of a list, counted from 1; without rows selects none", 1,
+     2, Select},
+    {"sort", "sort NAME COLUMN", "clicks a column header, counted from 1", 2, 2, Sort},
+    {"rightclick", "rightclick NAME [ROW]",
+     "presses the right mouse button on a list, at ROW or beside the rows", 1, 2, RightClick},
+    {"doubleclick", "doubleclick NAME ROW", "double-clicks a row of a list", 2, 2, DoubleClick},
+    {"editlabel", "editlabel NAME ROW", "begins to edit a row's label", 2, 2, EditLabel},
+    {"tab", "tab [WINDOW] NUMBER", "picks a tab, counted from 1", 1, 2, Tab},
 };
 
 }  // namespace

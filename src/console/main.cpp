@@ -112,9 +112,9 @@ ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsolePr
   if (const auto* scan = std::get_if<ScanOptions>(&options.Command)) {
     Interrupt interrupt;
     const InterruptWatch watch(interrupt, guard);
-    const auto output =
+    const auto shown =
         ::isatty(STDERR_FILENO) != 0 ? ScanProgress::Output::Terminal : ScanProgress::Output::Lines;
-    return RunScan(program, *scan, output, interrupt);
+    return RunScan(program, *scan, options.Common.Quiet ? ScanProgress::Output::None : shown, interrupt);
   }
   const std::string& file = std::get<ScriptOptions>(options.Command).File;
   if (file.empty()) return RunScript(program, std::cin);
@@ -126,8 +126,11 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   const Project* project = nullptr;
   const EventGuard guard([&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder); });
   const std::string& settingsFile = options.Common.SettingsFile;
-  SettingsFile store(settingsFile.empty() ? DefaultSettingsPath() : settingsFile);
-  for (const auto& [key, value] : options.Common.Settings) store.Write(FromUtf8(key), FromUtf8(value));
+  SettingsFile store(settingsFile.empty() ? DefaultSettingsPath() : settingsFile,
+                     options.Common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared);
+  for (const auto& [key, value] : options.Common.Settings) {
+    store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
+  }
   ConnectMap map;
   for (const ConnectRule& rule : options.Common.ConnectTo) map.Add(rule);
 
@@ -149,7 +152,8 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
                     dialogs, clipboard,  sounds,     shell,  clock,    timBrowser};
   Form1 form1(services, folder);
   project = &form1.Sites;
-  ConsoleProgram program{form1, loop, store, dialogs, sounds, clipboard, kCodec, std::cout, std::cerr};
+  ConsoleProgram program{form1,     loop,   store,     dialogs,   sounds,
+                         clipboard, kCodec, std::cout, std::cerr, ::isatty(STDOUT_FILENO) != 0};
   ExitStatus status = ExitStatus::Done;
   guard.Run([&] { status = RunCommand(options, guard, program); });
   return status;

@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "console/path_checks.h"
+#include "console/script_commands.h"
+#include "console/unknown_word.h"
 #include "shell/product.h"
 
 namespace requite {
@@ -17,11 +19,13 @@ struct RawCommon {
   std::string SettingsFile;
   std::vector<std::string> Settings;
   std::vector<std::string> ConnectTo;
+  bool Private = false;
+  bool Quiet = false;
 };
 
 void AddRepeatable(CLI::App& app, const char* name, std::vector<std::string>& values, const char* words,
                    const char* form) {
-  // One value each time: the words behind it belong to the command again.
+  // One value each time: the words after it belong to the command again.
   app.add_option(name, values, words)
       ->type_name(form)
       ->allow_extra_args(false)
@@ -29,9 +33,9 @@ void AddRepeatable(CLI::App& app, const char* name, std::vector<std::string>& va
 }
 
 void AddEndFlags(CLI::App& app) {
-  app.set_version_flag("--version", "requite-console " + std::string(product::kVersion),
+  app.set_version_flag("-V,--version", "requite-console " + std::string(product::kVersion),
                        "Print the version and exit");
-  app.set_help_flag("--help", "Print this help and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
 }
 
 void AddCommonOptions(CLI::App& app, RawCommon& common) {
@@ -43,6 +47,8 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   AddRepeatable(app, "--connect-to", common.ConnectTo,
                 "Send connections to HOST:PORT to ADDRESS:PORT2 (an empty HOST or PORT matches any)",
                 "HOST:PORT:ADDRESS:PORT2");
+  app.add_flag("--private", common.Private, "Use a copy of the settings that is thrown away at the end");
+  app.add_flag("-q,--quiet", common.Quiet, "No progress and no summary on standard error");
 }
 
 /// The first problem of the common options, or an empty text when they are in order.
@@ -57,24 +63,35 @@ std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
     if (!rule) return "--connect-to: \"" + each + "\" is not HOST:PORT:ADDRESS:PORT2";
     common.ConnectTo.push_back(*std::move(rule));
   }
+  common.Private = raw.Private;
+  common.Quiet = raw.Quiet;
   common.ProgramFolder = AbsolutePath(raw.ProgramFolder);
   common.SettingsFile = AbsolutePath(raw.SettingsFile);
   if (std::string why = WhyNoFolder(common.ProgramFolder); !why.empty()) return "--program-folder: " + why;
-  if (std::string why = WhyNoSettings(common.SettingsFile); !why.empty()) return "--settings: " + why;
-  return {};
+  if (common.SettingsFile.empty()) return {};
+  // A copy needs no settings file that can be written, nor one at all.
+  const std::string why =
+      common.Private ? WhyNoCopy(common.SettingsFile) : WhyNoSettings(common.SettingsFile);
+  return why.empty() ? why : "--settings: " + why;
 }
 
+/// The first problem of the files that a scan reads and writes, or an empty text.
 std::string TakeScan(ScanOptions& scan) {
-  for (std::string* path : {&scan.Project, &scan.Save, &scan.Report, &scan.Tab, &scan.Page}) {
-    *path = AbsolutePath(*path);
-  }
+  scan.Project = AbsolutePath(scan.Project);
   if (std::string why = WhyNotReadable(scan.Project); !why.empty()) return why;
-  const std::pair<const char*, const std::string*> targets[] = {{"--save: ", &scan.Save},
-                                                                {"--report: ", &scan.Report},
-                                                                {"--tab: ", &scan.Tab},
-                                                                {"--page: ", &scan.Page}};
+  const std::pair<const char*, std::string*> targets[] = {
+      {"--save", &scan.Save}, {"--report", &scan.Report}, {"--tab", &scan.Tab}, {"--page", &scan.Page}};
+  const char* onOutput = nullptr;
   for (const auto& [option, path] : targets) {
-    if (std::string why = WhyNotWritable(*path); !why.empty()) return option + why;
+    if (*path == kStandardStream) {
+      if (onOutput != nullptr) {
+        return std::string(onOutput) + " and " + option + " cannot both be standard output";
+      }
+      onOutput = option;
+      continue;
+    }
+    *path = AbsolutePath(*path);
+    if (std::string why = WhyNotWritable(*path); !why.empty()) return std::string(option) + ": " + why;
   }
   return {};
 }
@@ -84,41 +101,48 @@ EndAtOnce Refuse(std::string why) {
   return {ExitStatus::Refused, "requite-console: " + why};
 }
 
-}  // namespace
+void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
+  CLI::App& command = *app.add_subcommand("scan", "Run one scan of a project, start to end");
+  command.add_option("PROJECT", scan.Project, "The project file")->required();
+  command.add_option("--save", scan.Save, "Save the project there when done (- is standard output)")
+      ->type_name("FILE");
+  command.add_option("--report", scan.Report, "Write the Reciprocal Link Report there (or -)")
+      ->type_name("FILE");
+  command.add_option("--tab", scan.Tab, "Write the tab-delimited results there (or -)")->type_name("FILE");
+  command.add_option("--page", scan.Page, "Generate the link page and write it there (or -)")
+      ->type_name("FILE");
+  command.add_flag("--post", scan.Post,
+                   "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
+                   "the URL of each Main Site");
+  AddCommonOptions(command, common);
+  command.footer(
+      "The result rows go to standard output, unless one of the files does.\n"
+      "Exit status: 0 every site links back as often as expected, 1 at least one does not, 2 the command "
+      "line or a file is wrong, 4 a posted row got no answer, 70 a failure ended the program, 130 after "
+      "an interrupt.");
+}
 
-std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* argv) {
-  RawCommon common;
-  ScanOptions scan;
-  ScriptOptions script;
-  OpenOptions open;
-  CLI::App app("Requite without its windows: scans for links back from a terminal or a nightly job.");
-  app.name("requite-console");
-  app.require_subcommand(1);
-  AddEndFlags(app);
+void AddScript(CLI::App& app, ScriptOptions& script, bool& listsCommands, RawCommon& common) {
+  CLI::App& command = *app.add_subcommand("script", "Press the program's controls, as told by a file");
+  command.add_option("FILE", script.File, "The script; standard input when left out or -");
+  command.add_flag("--commands", listsCommands, "Print the commands of a script and exit");
+  AddCommonOptions(command, common);
+  command.footer(
+      "Exit status: 0 the script ran, 2 the command line or a line of the script is wrong, 3 \"wait idle\" "
+      "ran out of time, 70 a failure ended the program.");
+}
 
-  CLI::App& scanCommand = *app.add_subcommand("scan", "Run one scan of a project, start to end");
-  scanCommand.add_option("PROJECT", scan.Project, "The project file")->required();
-  scanCommand.add_option("--save", scan.Save, "Save the project there when done")->type_name("FILE");
-  scanCommand.add_option("--report", scan.Report, "Copy the Reciprocal Link Report there")->type_name("FILE");
-  scanCommand.add_option("--tab", scan.Tab, "Write the tab-delimited results there")->type_name("FILE");
-  scanCommand.add_option("--page", scan.Page, "Generate the link page and write it there")->type_name("FILE");
-  scanCommand.add_flag("--post", scan.Post,
-                       "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
-                       "the URL of each Main Site");
-  AddCommonOptions(scanCommand, common);
-
-  CLI::App& scriptCommand = *app.add_subcommand("script", "Press the program's controls, as told by a file");
-  scriptCommand.add_option("FILE", script.File, "The script; standard input when left out");
-  AddCommonOptions(scriptCommand, common);
-
-  CLI::App& openCommand = *app.add_subcommand("open", "Start the window program with a project");
-  openCommand.add_option("FILE", open.Project, "The project file; the one of the last time when left out");
-  openCommand.footer(
+void AddOpen(CLI::App& app, OpenOptions& open) {
+  CLI::App& command = *app.add_subcommand("open", "Start the window program with a project");
+  command.add_option("FILE", open.Project, "The project file; the one of the last time when left out");
+  command.footer(
       "Exit status: 0 the window program was started, 1 there is none that could be started, 2 FILE cannot "
-      "be "
-      "read.");
-  AddEndFlags(openCommand);
+      "be read.");
+  AddEndFlags(command);
+}
 
+/// What the words say to do at once: print help, or refuse them. Nothing when they can be followed.
+std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& help) {
@@ -128,19 +152,45 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
     while (words.ends_with('\n')) words.pop_back();
     return EndAtOnce{ExitStatus::Done, words};
   } catch (const CLI::ParseError& error) {
+    // A word that means nothing explains whatever else is found wrong.
+    std::string unknown = UnknownWord(app);
+    if (!unknown.empty()) return Refuse(std::move(unknown));
+    if (app.get_subcommands().empty())
+      return Refuse("a command is missing: scan, script or open (see --help)");
     return Refuse(error.what());
   }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* argv) {
+  RawCommon common;
+  ScanOptions scan;
+  ScriptOptions script;
+  OpenOptions open;
+  bool listsCommands = false;
+  CLI::App app("Requite without its windows: scans for links back from a terminal or a nightly job.");
+  app.name("requite-console");
+  app.require_subcommand(1);
+  AddEndFlags(app);
+  AddScan(app, scan, common);
+  AddScript(app, script, listsCommands, common);
+  AddOpen(app, open);
+  if (std::optional<EndAtOnce> end = Parse(app, argc, argv)) return *std::move(end);
+  if (listsCommands) return EndAtOnce{ExitStatus::Done, CommandTable()};
 
   Options options;
   std::string why = TakeCommon(common, options.Common);
-  if (why.empty() && scanCommand.parsed()) {
+  if (why.empty() && app.got_subcommand("scan")) {
     why = TakeScan(scan);
     options.Command = scan;
-  } else if (openCommand.parsed()) {
+  } else if (app.got_subcommand("open")) {
     open.Project = AbsolutePath(open.Project);
     if (!open.Project.empty()) why = WhyNotReadable(open.Project);
     options.Command = open;
   } else if (why.empty()) {
+    if (script.File == kStandardStream) script.File.clear();
     if (!script.File.empty()) why = WhyNotReadable(script.File);
     options.Command = script;
   }

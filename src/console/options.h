@@ -18,11 +18,16 @@ struct CommonOptions {
   std::string SettingsFile;   ///< empty: the user's own
   std::vector<std::pair<std::string, std::string>> Settings;
   std::vector<ConnectRule> ConnectTo;
+  bool Private = false;  ///< settings are a copy that ends with the run
+  bool Quiet = false;    ///< no progress and no summary on standard error
 };
+
+/// As the name of a file: standard output, or standard input of `script`.
+inline constexpr const char* kStandardStream = "-";
 
 struct ScanOptions {
   std::string Project;
-  std::string Save;  ///< empty: not asked for, like the three below
+  std::string Save;  ///< empty: not asked for; kStandardStream: standard output; like the three below
   std::string Report;
   std::string Tab;
   std::string Page;
@@ -30,7 +35,7 @@ struct ScanOptions {
 };
 
 struct ScriptOptions {
-  std::string File;  ///< empty: standard input
+  std::string File;  ///< empty or kStandardStream: standard input
 };
 
 struct OpenOptions {

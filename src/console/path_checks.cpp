@@ -57,6 +57,10 @@ std::string WhyNoSettings(const std::string& path) {
   return ::access(folder.c_str(), W_OK | X_OK) == 0 ? std::string() : Words(folder, errno);
 }
 
+std::string WhyNoCopy(const std::string& path) {
+  return ::access(path.c_str(), F_OK) == 0 ? WhyNotReadable(path) : std::string();
+}
+
 std::string WhyNoFolder(const std::string& path) {
   if (path.empty() || IsFolder(path)) return {};
   return Words(path, ::access(path.c_str(), F_OK) == 0 ? ENOTDIR : errno);

@@ -15,6 +15,8 @@ namespace requite {
 [[nodiscard]] std::string WhyNotWritable(const std::string& path);
 /// A settings file that does not stand yet is made together with its folder.
 [[nodiscard]] std::string WhyNoSettings(const std::string& path);
+/// A file that is to be copied if it is there.
+[[nodiscard]] std::string WhyNoCopy(const std::string& path);
 [[nodiscard]] std::string WhyNoFolder(const std::string& path);
 
 /// Whether a scan finds what it needs in the program's folder.

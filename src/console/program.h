@@ -25,13 +25,20 @@ struct ConsoleProgram {
   TextCodec Codec;
   std::ostream& Out;
   std::ostream& Err;
+  bool OutIsTerminal = false;
 
   /// A text of the program, escaped and in UTF-8.
   [[nodiscard]] std::string Outside(std::string_view text) const { return Codec.ToUtf8(Escaped(text)); }
   /// Prints one line; fields are parted by a tab. Lines leave at once: who reads them may be waiting.
   void PrintLine(const std::vector<std::string>& fields);
   void PrintLine(std::string_view text);
+  /// One line on standard error, after the program's name. UTF-8.
+  void Complain(std::string_view utf8);
 };
+
+/// A value for the settings store: the text in the program's code page, but for LastProject, which is a
+/// path and so keeps its bytes.
+[[nodiscard]] std::string SettingValue(const TextCodec& codec, std::string_view key, std::string_view utf8);
 
 /// The fields of one row of a list.
 [[nodiscard]] std::vector<std::string> RowFields(const ListView& list, std::size_t row);

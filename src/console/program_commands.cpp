@@ -87,8 +87,8 @@ Complaint Get(ScriptSession& session, const Words& words) {
 
 Complaint Put(ScriptSession& session, const Words& words) {
   const TextCodec& codec = session.Program.Codec;
-  const std::string value = words.size() > 1 ? codec.FromUtf8(words[1]) : std::string();
-  session.Program.Store.Write(codec.FromUtf8(words[0]), value);
+  const std::string value = words.size() > 1 ? words[1] : std::string();
+  session.Program.Store.Write(codec.FromUtf8(words[0]), SettingValue(codec, words[0], value));
   return {};
 }
 
@@ -98,17 +98,23 @@ Complaint Echo(ScriptSession& session, const Words& words) {
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"answer", "answer WORD", 1, 2, LayAnswer},
-    {"run", "run MS", 1, 1, RunFor},
-    {"wait", "wait idle SECONDS", 2, 2, Wait},
-    {"after", "after MS COMMAND", 2, 2, After, false, Escapes::Keep},
-    {"load", "load WINDOW", 1, 1, Load},
-    {"close", "close WINDOW", 1, 1, Close},
-    {"get", "get KEY", 1, 1, Get, true},
-    {"put", "put KEY VALUE", 1, 2, Put, true},
-    {"var", "var NAME", 1, 1, PrintVariable},
-    {"call", "call OPERATION TEXT", 1, 2, CallOperation},
-    {"echo", "echo TEXT", 0, 1, Echo, true},
+    {"answer", "answer WORD", "answers the next message box or dialog: ok, cancel, yes, no, or file PATH", 1,
+     2, LayAnswer},
+    {"run", "run MS", "lets events run for MS milliseconds", 1, 1, RunFor},
+    {"wait", "wait idle SECONDS",
+     "lets events run until no scan is in progress; exit status 3 if SECONDS pass first", 2, 2, Wait},
+    {"after", "after MS COMMAND",
+     "runs COMMAND once MS milliseconds have passed, at the next place where events run", 2, 2, After, false,
+     Escapes::Keep},
+    {"load", "load WINDOW", "loads a window that no command on screen opens", 1, 1, Load},
+    {"close", "close WINDOW", "closes a window; \"close Form1\" closes the program", 1, 1, Close},
+    {"get", "get KEY", "prints a setting; an empty line for a missing key", 1, 1, Get, true},
+    {"put", "put KEY VALUE", "writes a setting", 1, 2, Put, true},
+    {"var", "var NAME", "prints a field of the scan state or a counter by its name", 1, 1, PrintVariable},
+    {"call", "call OPERATION TEXT",
+     "calls an operation of the program and prints its result and the argument after the call", 1, 2,
+     CallOperation},
+    {"echo", "echo TEXT", "prints TEXT", 0, 1, Echo, true},
 };
 
 }  // namespace

@@ -36,7 +36,7 @@ ScanProgress::ScanProgress(ConsoleProgram& program, Output output)
       sites_(program.Form1.lblStats[kLinkingSitesLabel], [this] { SiteFinished(); }),
       panels_(program.Form1.StatusBar1, [this] { Redraw(); }) {}
 
-ScanProgress::~ScanProgress() { Finish(); }
+ScanProgress::~ScanProgress() { Clear(); }
 
 /// The figure rises before the site's state is cleared, so that state still tells how it went.
 void ScanProgress::SiteFinished() {
@@ -44,7 +44,9 @@ void ScanProgress::SiteFinished() {
   if (figures.LinkingSitesScanned <= finished_) return;
   finished_ = figures.LinkingSitesScanned;
   const bool linksBack = SiteLinksBack();
-  allLinkBack_ = allLinkBack_ && linksBack;
+  if (linksBack) ++linkBack_;
+  if (!linksBack && SiteNotReached()) ++notReached_;
+  if (output_ == Output::None) return;
   if (output_ == Output::Terminal) return Redraw();
   const ScanState& state = program_.Form1.State;
   const std::string reason = linksBack || state.ReasonNote.empty() ? "" : " (" + state.ReasonNote + ")";
@@ -57,9 +59,16 @@ void ScanProgress::SiteFinished() {
 bool ScanProgress::SiteLinksBack() const {
   const ScanState& state = program_.Form1.State;
   if (state.LinksCounted >= state.LinksExpected) return true;
-  // A link behind a redirect is one link, where such links are looked for.
+  // A link that goes through a redirect is one link, where such links are looked for.
   return !state.LinkFound && state.RedirectSuspected && state.LinksExpected == 1 &&
          program_.Form1.Settings.IsOne(setting::chkRedirect);
+}
+
+/// Nothing came of the site's first page: its name is unknown, it refuses, or it is silent.
+bool ScanProgress::SiteNotReached() const {
+  const ScanState& state = program_.Form1.State;
+  const bool givenUp = state.ReasonNote == "Timeout" || state.ReasonNote == "Skipped";
+  return givenUp && state.PagesDone <= 1 && state.LinksCounted == 0;
 }
 
 std::int32_t ScanProgress::SitesToScan() const {
@@ -92,11 +101,22 @@ void ScanProgress::Redraw() {
 
 void ScanProgress::Draw(const std::string& text) {
   // A line that reaches the last column would wrap, and the next one could not be drawn over it.
-  program_.Err << '\r' << program_.Outside(text.substr(0, TerminalColumns() - 1)) << "\x1b[K" << std::flush;
+  program_.Err << '\r' << program_.Codec.ToUtf8(Escaped(text).substr(0, TerminalColumns() - 1)) << "\x1b[K"
+               << std::flush;
   lineOnShow_ = true;
 }
 
-void ScanProgress::Finish() {
+void ScanProgress::Summarise() {
+  Clear();
+  if (output_ == Output::None) return;
+  const std::int32_t all = SitesToScan();
+  program_.Err << finished_ << (finished_ < all ? " of " + std::to_string(all) : "")
+               << (std::max(finished_, all) == 1 ? " site: " : " sites: ") << linkBack_ << " link back, "
+               << finished_ - linkBack_ - notReached_ << " do not, " << notReached_ << " not reached"
+               << std::endl;
+}
+
+void ScanProgress::Clear() {
   if (!lineOnShow_) return;
   program_.Err << "\r\x1b[K" << std::flush;
   lineOnShow_ = false;

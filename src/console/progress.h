@@ -11,10 +11,10 @@
 namespace requite {
 
 /// Watches the main window's figures. On a terminal one line is redrawn in place, elsewhere there is
-/// one line a finished site.
+/// one line a finished site. At the end comes one line that counts.
 class ScanProgress {
  public:
-  enum class Output { Terminal, Lines };
+  enum class Output { Terminal, Lines, None };
 
   /// Watches from here on until the end of its life.
   ScanProgress(ConsoleProgram& program, Output output);
@@ -22,10 +22,12 @@ class ScanProgress {
   ScanProgress(const ScanProgress&) = delete;
   ScanProgress& operator=(const ScanProgress&) = delete;
 
-  /// The scan has come to its end: takes the redrawn line away.
-  void Finish();
+  /// Takes the redrawn line away, so that another line can be written. It comes back with the next change.
+  void Clear();
+  /// The scan has come to its end: tells how the sites did.
+  void Summarise();
   /// Whether every site finished so far links back as often as expected.
-  [[nodiscard]] bool AllLinkBack() const { return allLinkBack_; }
+  [[nodiscard]] bool AllLinkBack() const { return linkBack_ == finished_; }
   [[nodiscard]] std::int32_t SitesFinished() const { return finished_; }
 
  private:
@@ -47,6 +49,7 @@ class ScanProgress {
   void Redraw();
   void Draw(const std::string& text);
   [[nodiscard]] bool SiteLinksBack() const;
+  [[nodiscard]] bool SiteNotReached() const;
   [[nodiscard]] std::int32_t SitesToScan() const;
   [[nodiscard]] std::string Position(std::int32_t number) const;
 
@@ -55,7 +58,8 @@ class ScanProgress {
   std::chrono::steady_clock::time_point start_;
   std::chrono::steady_clock::time_point drawn_;
   std::int32_t finished_ = 0;
-  bool allLinkBack_ = true;
+  std::int32_t linkBack_ = 0;
+  std::int32_t notReached_ = 0;
   bool lineOnShow_ = false;
   Watch sites_;
   Watch panels_;

@@ -4,10 +4,10 @@
 
 #include <ostream>
 
+#include "console/scan_files.h"
+#include "model/project_reader.h"
 #include "platform/files.h"
 #include "platform/runtime_failure.h"
-#include "results/report.h"
-#include "results/saved_files.h"
 
 namespace requite {
 namespace {
@@ -19,8 +19,8 @@ class BoxPrinter {
  public:
   BoxPrinter(ConsoleProgram& program, ScanProgress& progress) : program_(program) {
     program_.Dialogs.OnShown = [this, &progress](const ConsoleDialogs::Shown& box) {
-      progress.Finish();
-      program_.Err << "requite-console: " << program_.Outside(box.Text) << std::endl;
+      progress.Clear();
+      program_.Complain(program_.Outside(box.Text));
       ++shown_;
     };
   }
@@ -35,15 +35,24 @@ class BoxPrinter {
   int shown_ = 0;
 };
 
+std::size_t LineThatEndsReading(const std::string& path) {
+  std::size_t line = 0;
+  PassOver([&] {
+    Project unused;
+    ReadProjectText(ReadFile(path), unused, &line);
+  });
+  return line;
+}
+
 void Load(ConsoleProgram& program, const ScanOptions& options) {
   Form1& form = program.Form1;
   form.StartWithoutProject();
   form.Files.LoadProject(options.Project);
   // A load that comes to the end of the file selects the first Main Site.
   if (form.Sites.List4.SelectedRow() >= 0 || form.Sites.List4.Empty()) return;
-  program.Err << "requite-console: \"" << options.Project
-              << "\" could be read in part only: what follows the first line that cannot be read is missing"
-              << std::endl;
+  program.Complain("\"" + options.Project + "\" is damaged: line " +
+                   std::to_string(LineThatEndsReading(options.Project)) +
+                   " cannot be read, and nothing after it was loaded");
 }
 
 void Stop(Form1& form) {
@@ -60,42 +69,31 @@ void PrintResults(ConsoleProgram& program) {
   for (std::size_t row = 0; row < results.RowCount(); ++row) program.PrintLine(RowFields(results, row));
 }
 
-/// Runs one step that writes a file; tells a failure and returns false.
-bool Write(ConsoleProgram& program, const std::string& path, const std::function<void()>& step) {
-  if (path.empty()) return true;
-  try {
-    step();
-    return true;
-  } catch (const RuntimeFailure& failure) {
-    program.Err << "requite-console: \"" << path << "\": " << failure.Description << std::endl;
-    return false;
-  }
-}
-
-bool WriteFilesAskedFor(ConsoleProgram& program, const ScanOptions& options) {
+/// Posts the rows and tells how many got an answer; an interrupt ends it before the next request. Returns
+/// false when a request got none.
+bool Post(ConsoleProgram& program, ScanProgress::Output output, Interrupt& interrupt) {
+  if (interrupt.Seen) return true;
   Form1& form = program.Form1;
-  const bool saved = Write(program, options.Save, [&] { form.Files.SaveProject(options.Save); });
-  const bool reported = Write(program, options.Report,
-                              [&] { WriteFile(options.Report, ReadFile(form.Folder.File(kReportFile))); });
-  const bool listed =
-      Write(program, options.Tab, [&] { WriteFile(options.Tab, TabDelimitedText(form.Sites.List3)); });
-  // Behind the save: generated links are not part of the project unless the user wants them to be.
-  const bool built = Write(program, options.Page, [&] {
-    form.Pages.GenerateLinks();
-    WriteFile(options.Page, form.Pages.WebPage());
-  });
-  return saved && reported && listed && built;
-}
-
-/// An interrupt ends it before the next request.
-void Post(Form1& form, Interrupt& interrupt) {
-  if (interrupt.Seen) return;
   interrupt.OnInterrupt = [&form] {
     form.Post.Stop();
     form.Platform.Internet.Abort();
   };
+  const int rows = form.Post.RowsToPost();
+  int answered = 0;
+  int unanswered = 0;
+  form.Post.OnPosted = [&](const std::string& site, const std::string& url, bool hasAnswer) {
+    ++(hasAnswer ? answered : unanswered);
+    if (!hasAnswer) program.Complain("no answer for " + program.Outside(site) + ": " + program.Outside(url));
+  };
   form.Post.PostLinks();
+  form.Post.OnPosted = nullptr;
   interrupt.OnInterrupt = nullptr;
+  if (output != ScanProgress::Output::None) {
+    program.Err << "Posted " << answered << " of " << rows;
+    if (unanswered > 0) program.Err << ", " << unanswered << " got no answer";
+    program.Err << std::endl;
+  }
+  return unanswered == 0;
 }
 
 }  // namespace
@@ -106,6 +104,7 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   Load(program, options);
   ScanProgress progress(program, output);
   const BoxPrinter boxes(program, progress);
+  ScanFiles files(program, options);
   interrupt.OnInterrupt = [&form] { Stop(form); };
 
   form.Command1.Click();
@@ -116,14 +115,16 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   const bool stoodStill = form.State.Scanning;
   Stop(form);
   interrupt.OnInterrupt = nullptr;
-  progress.Finish();
+  progress.Clear();
   if (refused) return ExitStatus::Refused;
 
-  PrintResults(program);
-  const bool written = WriteFilesAskedFor(program, options);
-  if (options.Post) Post(form, interrupt);
+  if (!files.TakeOutput()) PrintResults(program);
+  const bool written = files.Write();
+  const bool answered = !options.Post || Post(program, output, interrupt);
+  progress.Summarise();
   if (interrupt.Seen) return ExitStatus::Interrupted;
   if (!written) return ExitStatus::Refused;
+  if (!answered) return ExitStatus::PostFailed;
   return progress.AllLinkBack() && !stoodStill ? ExitStatus::Done : ExitStatus::LinksMissing;
 }
 

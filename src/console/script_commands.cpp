@@ -2,10 +2,36 @@
 // Finding a command by its word, and the words that several commands complain with.
 #include "console/script_commands.h"
 
+#include <algorithm>
+#include <array>
+
 namespace requite {
 
+namespace {
+
+std::array<std::span<const ScriptCommand>, 3> Tables() {
+  return {HandCommands(), PrintCommands(), ProgramCommands()};
+}
+
+}  // namespace
+
+std::string CommandTable() {
+  std::size_t width = 0;
+  for (const auto& table : Tables()) {
+    for (const ScriptCommand& command : table) width = std::max(width, command.Form.size());
+  }
+  std::string text;
+  for (const auto& table : Tables()) {
+    for (const ScriptCommand& command : table) {
+      if (!text.empty()) text += '\n';
+      text.append(command.Form).append(width + 2 - command.Form.size(), ' ').append(command.Does);
+    }
+  }
+  return text;
+}
+
 const ScriptCommand* FindCommand(std::string_view name) {
-  for (const std::span<const ScriptCommand> table : {HandCommands(), PrintCommands(), ProgramCommands()}) {
+  for (const auto& table : Tables()) {
     for (const ScriptCommand& command : table) {
       if (command.Name == name) return &command;
     }

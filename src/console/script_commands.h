@@ -18,12 +18,16 @@ using Words = std::vector<std::string>;
 struct ScriptCommand {
   std::string_view Name;
   std::string_view Form;  ///< as it is written in a script
+  std::string_view Does;  ///< what it does, for the table of commands
   std::size_t LeastArguments;
   std::size_t MostArguments;  ///< the last one runs to the end of the line
   Complaint (*Run)(ScriptSession& session, const Words& words);
   bool WorksAfterClose = false;
   Escapes OfArguments = Escapes::Replace;
 };
+
+/// Every command, one a line: its form and what it does.
+[[nodiscard]] std::string CommandTable();
 
 /// Null for a word that is no command.
 [[nodiscard]] const ScriptCommand* FindCommand(std::string_view name);

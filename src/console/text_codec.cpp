@@ -3,6 +3,45 @@
 #include "console/text_codec.h"
 
 namespace requite {
+namespace {
+
+/// C0 and DEL, and the five bytes of the code page that stand for controls of C1.
+bool IsControl(unsigned char byte) {
+  switch (byte) {
+    case 0x7F:
+    case 0x81:
+    case 0x8D:
+    case 0x8F:
+    case 0x90:
+    case 0x9D: return true;
+    default: return byte < 0x20;
+  }
+}
+
+void AppendVisible(std::string& text, char c) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const auto byte = static_cast<unsigned char>(c);
+  if (IsControl(byte)) {
+    text.append("\\x").append(1, kDigits[byte / 16]).append(1, kDigits[byte % 16]);
+  } else {
+    text += c;
+  }
+}
+
+}  // namespace
+
+std::string Visible(std::string_view text) {
+  std::string visible;
+  visible.reserve(text.size());
+  for (const char c : text) {
+    if (c == '\t' || c == '\r' || c == '\n') {
+      visible += c;
+    } else {
+      AppendVisible(visible, c);
+    }
+  }
+  return visible;
+}
 
 std::string Escaped(std::string_view text) {
   std::string escaped;
@@ -13,7 +52,7 @@ std::string Escaped(std::string_view text) {
       case '\n': escaped += "\\n"; break;
       case '\r': escaped += "\\r"; break;
       case '\\': escaped += "\\\\"; break;
-      default: escaped += c;
+      default: AppendVisible(escaped, c);
     }
   }
   return escaped;

@@ -15,10 +15,15 @@ struct TextCodec {
 };
 
 /// Tab, line feed, carriage return and backslash as `\t`, `\n`, `\r` and `\\`, so that a field is
-/// always one field of one line.
+/// always one field of one line; other control characters as `\xNN`, so that no text of a stranger steers
+/// the terminal. The text is in the program's code page.
 [[nodiscard]] std::string Escaped(std::string_view text);
 
-/// The reverse; `\s` stands for a blank. Nothing for a backslash with anything else behind it.
+/// A text of many lines for a terminal: control characters as `\xNN`, but for tabs and line ends.
+[[nodiscard]] std::string Visible(std::string_view text);
+
+/// The reverse of the first four of Escaped; `\s` stands for a blank. Nothing for a backslash with anything
+/// else after it.
 [[nodiscard]] std::optional<std::string> Unescaped(std::string_view text);
 
 }  // namespace requite

@@ -167,15 +167,22 @@ class SortOnceAtEnd {
 
 }  // namespace
 
-bool ReadProjectText(std::string_view text, Project& project) {
+bool ReadProjectText(std::string_view text, Project& project, std::size_t* lastLine) {
+  std::size_t ignored = 0;
+  std::size_t& line = lastLine == nullptr ? ignored : *lastLine;
+  line = 0;
   LineReader lines(text, LineEnds::CarriageReturn);
   const auto first = lines.Next();
   if (!first) return false;
+  line = 1;
   const SortOnceAtEnd resultsInOrder(project.List3);
   return EndSilently([&] {
     project.AddMainSite(std::string(*first));
     LineTaker taker(project);
-    while (const auto line = lines.Next()) taker.Take(*line);
+    while (const auto next = lines.Next()) {
+      ++line;
+      taker.Take(*next);
+    }
   });
 }
 

@@ -48,10 +48,20 @@ void Posting::PostLinks() {
     if (EndedSince(stops)) return;
     const std::string reply = HttpGetText(*url, needs_.Internet, needs_.EventLoop);
     if (EndedSince(stops)) return;
+    if (OnPosted) OnPosted(linkingSite, *url, !reply.empty());
     Log("\r\nURL: " + *url + "\r\n");
     if (!reply.empty()) Log("\r\nReturned: " + reply + "\r\n");
     needs_.Log.Text4().MoveCursorToEnd();
   }
+}
+
+int Posting::RowsToPost() const {
+  int rows = 0;
+  for (std::size_t row = 0; row < needs_.List3.RowCount(); ++row) {
+    std::string linkingSite;
+    if (UrlFor(needs_.List3.At(row), tab_.txtPost.Text(), linkingSite)) ++rows;
+  }
+  return rows;
 }
 
 std::optional<std::string> Posting::UrlFor(const LinkResult& row, const std::string& atStart,

@@ -75,6 +75,11 @@ class Posting {
   void PostLinks();
   /// Ends every walk in progress before its next row.
   void Stop() { ++stops_; }
+  /// The rows of List3, as it is now, that PostLinks would request a URL for.
+  [[nodiscard]] int RowsToPost() const;
+  /// Told after each request: the row's Linking field as it went out, the URL, and whether anything came
+  /// back.
+  std::function<void(const std::string& linkingSite, const std::string& url, bool answered)> OnPosted;
 
   void optScript_Click(int index);
   void cmdScriptAdd();

@@ -67,7 +67,7 @@ void WriteAverages(std::string& page, const ReportFigures& figures, std::int32_t
 /// The old file goes first; a failure from here on leaves none.
 void WriteReport(const std::string& path, const std::string& page) {
   if (xfileExists(path)) DeleteFile(path);
-  AppendToFile(path, page + std::string(kLineEnd));
+  AppendToFile(path, page);
 }
 
 }  // namespace
@@ -81,6 +81,8 @@ void LinkReport::GenerateLinkReport() {
   WriteAverages(page, figures, pagesScanned, parts_.Clock);
   Line(page, "<h1>Main Site Specific Overviews</h1>");
   ReportSections(parts_.Project, parts_.EventLoop).WriteTo(page);
+  page += kLineEnd;
+  if (OnGenerated) OnGenerated(page);
 
   const std::string path = parts_.Folder.File(kReportFile);
   WriteReport(path, page);

@@ -2,6 +2,7 @@
 // The Reciprocal Link Report: one HTML page on how many Linking Sites link back, and from where.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "model/project.h"
@@ -36,6 +37,9 @@ class LinkReport {
   /// writes a second copy into "Project Files" under the name of the last project. Lets events run
   /// while it builds the page. File failures go to the caller; a missing "Project Files" folder is one.
   void GenerateLinkReport();
+
+  /// Gets the whole text of each report before its files are written.
+  std::function<void(const std::string& page)> OnGenerated;
 
  private:
   ReportParts parts_;

@@ -64,7 +64,9 @@ TEST_F(ConsoleProgramTest, AScanWithEveryLinkFoundEndsWithZero) {
   EXPECT_EQ(scan.Out,
             "Main\tLinking\tStatus\tNo.\tLink URL\n"
             "harbour-books.example\trope-and-sail.example\tDirect Link\t001\trope-and-sail.example\n");
-  EXPECT_EQ(scan.Err, "Linking Site 1 of 1: rope-and-sail.example: 1 of 1 links\n");
+  EXPECT_EQ(scan.Err,
+            "Linking Site 1 of 1: rope-and-sail.example: 1 of 1 links\n"
+            "1 site: 1 link back, 0 do not, 0 not reached\n");
   EXPECT_EQ(ReadFile(folder_.File("r.html")), ReadFile(folder_.File("tempreport.html")));
   EXPECT_EQ(ReadFile(folder_.File("t.tab")).rfind("Main\tLinking", 0), 0U);
   EXPECT_NE(ReadFile(folder_.File("saved.prj")).find("RESULT:2|harbour-books"), std::string::npos);
@@ -74,6 +76,40 @@ TEST_F(ConsoleProgramTest, AScanWithALinkMissingEndsWithOne) {
   ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kNothing)}));
   EXPECT_EQ(scan.Wait(), 1) << scan.Err;
   EXPECT_NE(scan.Out.find("\tNone Found\t000\tseaside-walks.example\n"), std::string::npos) << scan.Out;
+}
+
+TEST_F(ConsoleProgramTest, AFileOnStandardOutputTakesThePlaceOfTheRows) {
+  ChildProcess scan(REQUITE_CONSOLE,
+                    With({"scan", Project(kFound), "-q", "--tab", "-", "--report", folder_.File("r")}));
+  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
+  EXPECT_EQ(scan.Out,
+            "Main\tLinking\tStatus\tNo.\tLink URL\r\n\r\n"
+            "harbour-books.example\trope-and-sail.example\tDirect Link\t001\trope-and-sail.example\r\n\r\n");
+  EXPECT_EQ(scan.Err, "");
+  EXPECT_EQ(ReadFile(folder_.File("r")), ReadFile(folder_.File("tempreport.html")));
+}
+
+TEST_F(ConsoleProgramTest, APrivateRunLeavesTheSettingsAlone) {
+  ChildProcess before(REQUITE_CONSOLE, With({"script"}), "put LastProject /\xc5\x81\xff.prj\n");
+  EXPECT_EQ(before.Wait(), 0) << before.Err;
+  const std::string settings = ReadFile(folder_.File("settings"));
+  EXPECT_NE(settings.find("/\xc5\x81\xff.prj"), std::string::npos) << "a path keeps its bytes";
+  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(kFound), "--private", "--set", "cmbAdvance=0"}));
+  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
+  EXPECT_EQ(ReadFile(folder_.File("settings")), settings);
+  DeleteFile(folder_.File("settings"));
+  ChildProcess none(REQUITE_CONSOLE, With({"script", "--private", "-"}), "get txtTimeout\n");
+  EXPECT_EQ(none.Wait(), 0) << none.Err;
+  EXPECT_EQ(none.Out, "30\n");
+  EXPECT_FALSE(Has("settings"));
+}
+
+TEST_F(ConsoleProgramTest, ADamagedProjectIsOneLine) {
+  ChildProcess scan(REQUITE_CONSOLE,
+                    With({"scan", Project(std::string(kFound) + "RESULT:x|a|b|c\r\n"), "-q"}));
+  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
+  EXPECT_EQ(scan.Err, "requite-console: \"" + project_ +
+                          "\" is damaged: line 3 cannot be read, and nothing after it was loaded\n");
 }
 
 TEST_F(ConsoleProgramTest, ALinkBehindARedirectIsOneLink) {

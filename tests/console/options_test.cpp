@@ -26,10 +26,27 @@ class CommandLine : public testing::Test {
 };
 
 TEST_F(CommandLine, AScanWithEverythingAskedFor) {
-  const auto read =
-      Read({"scan", "--set", "txtTimeout=2", "--connect-to", "A.example:80:127.0.0.1:8080", project_,
-            "--connect-to", "::127.0.0.1:9", "--set", "LastProject=", "--report", folder_.File("r.html"),
-            "--page", folder_.File("p.html"), "--post", "--program-folder", folder_.Folder.Path});
+  const auto read = Read({"scan",
+                          "--set",
+                          "txtTimeout=2",
+                          "--connect-to",
+                          "A.example:80:127.0.0.1:8080",
+                          project_,
+                          "--connect-to",
+                          "::127.0.0.1:9",
+                          "--set",
+                          "LastProject=",
+                          "--report",
+                          folder_.File("r.html"),
+                          "--page",
+                          folder_.File("p.html"),
+                          "--post",
+                          "--program-folder",
+                          folder_.Folder.Path,
+                          "--save",
+                          "-",
+                          "-q",
+                          "--private"});
   ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
   const Options& options = std::get<Options>(read);
   const auto& scan = std::get<ScanOptions>(options.Command);
@@ -37,7 +54,9 @@ TEST_F(CommandLine, AScanWithEverythingAskedFor) {
   EXPECT_EQ(scan.Report, folder_.File("r.html"));
   EXPECT_EQ(scan.Page, folder_.File("p.html"));
   EXPECT_TRUE(scan.Post);
-  EXPECT_EQ(scan.Save, "");
+  EXPECT_EQ(scan.Save, "-");
+  EXPECT_EQ(scan.Tab, "");
+  EXPECT_TRUE(options.Common.Quiet && options.Common.Private);
   EXPECT_EQ(options.Common.Settings,
             (std::vector<std::pair<std::string, std::string>>{{"txtTimeout", "2"}, {"LastProject", ""}}));
   ASSERT_EQ(options.Common.ConnectTo.size(), 2U);
@@ -60,9 +79,7 @@ TEST_F(CommandLine, PathsAreTakenFromTheRootOn) {
 TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
   const std::string dir = folder_.Folder.Path;
   const std::vector<std::string> mistakes[] = {
-      {},
       {"scan"},
-      {"scan", project_, "--unknown"},
       {"scan", project_, "--page", dir},
       {"scan", project_, "--post", "http://script.example"},
       {"scan", project_, "--set", "novalue"},
@@ -92,9 +109,29 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
   EXPECT_EQ(files, 1);
 }
 
+TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
+  const std::pair<std::vector<std::string>, const char*> mistakes[] = {
+      {{"--bogus"}, "unknown option --bogus"},
+      {{"scna", project_}, "unknown command scna, did you mean scan?"},
+      {{"frobnicate"}, "unknown command frobnicate"},
+      {{"scan", "--bogus"}, "unknown option --bogus"},
+      {{"scan", project_, "--reprot=r.html"}, "unknown option --reprot, did you mean --report?"},
+      {{"--private", "scan", project_}, "option --private belongs after its command, such as scan"},
+      {{"scan", project_, "other.prj"}, "unexpected argument other.prj"},
+      {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
+      {{}, "a command is missing: scan, script or open (see --help)"},
+  };
+  for (const auto& [words, complaint] : mistakes) {
+    const auto read = Read(words);
+    ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << complaint;
+    EXPECT_EQ(std::get<EndAtOnce>(read).Text, std::string("requite-console: ") + complaint);
+  }
+}
+
 TEST_F(CommandLine, HelpAndVersionEndWell) {
   using Words = std::vector<std::string>;
-  for (const Words& words : {Words{"--help"}, Words{"--version"}, Words{"scan", "--help"}}) {
+  for (const Words& words :
+       {Words{"--help"}, Words{"--version"}, Words{"scan", "--help"}, Words{"-h"}, Words{"open", "-V"}}) {
     const auto read = Read(words);
     ASSERT_TRUE(std::holds_alternative<EndAtOnce>(read)) << testing::PrintToString(words);
     EXPECT_EQ(std::get<EndAtOnce>(read).Status, ExitStatus::Done);

@@ -38,6 +38,8 @@ TEST_F(ScanCommand, ThePageIsWrittenAsTheButtonsWouldAndTheResultsArePosted) {
   options_.Page = rig_.Folder.File("page.html");
   options_.Save = rig_.Folder.File("saved.prj");
   options_.Post = true;
+  rig_.Services.Internet.Bodies = {{"http://s.example/a.example/True", "ok"},
+                                   {"http://s.example/b.example/True", "ok"}};
   EXPECT_EQ(Run(), ExitStatus::Done) << rig_.Err.str();
   const std::string page = ReadFile(options_.Page);
   EXPECT_EQ(page,
@@ -45,12 +47,36 @@ TEST_F(ScanCommand, ThePageIsWrittenAsTheButtonsWouldAndTheResultsArePosted) {
             "<a href=\"http://b.example\" target=\"_blank\">b.example</a><br><br>\r\n\r\n\r\n<end>\r\n");
   EXPECT_EQ(Asked(),
             (std::vector<std::string>{"http://s.example/a.example/True", "http://s.example/b.example/True"}));
+  EXPECT_NE(rig_.Err.str().find("Posted 2 of 2\n2 sites: 2 link back, 0 do not, 0 not reached\n"),
+            std::string::npos)
+      << rig_.Err.str();
   EXPECT_NE(ReadFile(options_.Save).find("HTML02:x\r\n"), std::string::npos) << "saved without the links";
 
   const std::string byButton = rig_.Folder.File("by button");
   rig_.Dialogs.LayReadyFile(byButton);
   rig_.Form.Command6.Click();
   EXPECT_EQ(ReadFile(byButton), page);
+}
+
+TEST_F(ScanCommand, ARowWithoutAnAnswerIsNamedAndHasAStatusOfItsOwn) {
+  options_.Post = true;
+  rig_.Services.Internet.Bodies["http://s.example/b.example/True"] = "ok";
+  EXPECT_EQ(Run(), ExitStatus::PostFailed);
+  EXPECT_NE(rig_.Err.str().find("requite-console: no answer for a.example: http://s.example/a.example/True\n"
+                                "Posted 1 of 2, 1 got no answer\n"),
+            std::string::npos)
+      << rig_.Err.str();
+}
+
+TEST_F(ScanCommand, ASiteThatNeverAnswersIsNotReached) {
+  rig_.Services.Connection.WhenConnecting = [this] {
+    rig_.Loop.After(1, [this] {
+      for (int second = 0; second < 60; ++second) rig_.Services.timTimeout.Tick();
+    });
+  };
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_NE(rig_.Err.str().find("\n2 sites: 0 link back, 0 do not, 2 not reached\n"), std::string::npos)
+      << rig_.Err.str();
 }
 
 TEST_F(ScanCommand, PostingIsAskedForAndAnInterruptEndsIt) {

@@ -56,5 +56,11 @@ TEST(TextCodec, EveryTextSurvivesEscaping) {
   EXPECT_EQ(Unescaped(Escaped(text)), text);
 }
 
+TEST(TextCodec, ControlCharactersAreShown) {
+  const std::string hostile("\x1b]0;x\x07\0\x7f\x90\x9f\xe9", 11);
+  EXPECT_EQ(Escaped(hostile), "\\x1B]0;x\\x07\\x00\\x7F\\x90\x9f\xe9");
+  EXPECT_EQ(Visible("a\tb\r\n\x1b"), "a\tb\r\n\\x1B");
+}
+
 }  // namespace
 }  // namespace requite

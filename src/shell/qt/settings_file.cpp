@@ -58,7 +58,13 @@ bool SettingsFile::FoldedEqual::operator()(std::string_view a, std::string_view 
   return a == b || Equals(a, b, Compare::Text);
 }
 
-SettingsFile::SettingsFile(const std::string& path) : path_(WithoutLinks(path)) { Open(); }
+SettingsFile::SettingsFile(const std::string& path, Use use) : path_(WithoutLinks(path)), use_(use) {
+  if (use_ == Use::Copy) {
+    TakeCopy();
+  } else {
+    Open();
+  }
+}
 
 SettingsFile::~SettingsFile() { Release(); }
 
@@ -70,6 +76,7 @@ std::optional<std::string> SettingsFile::Read(std::string_view key) {
 void SettingsFile::Write(std::string_view key, std::string_view value) {
   Value& latest = Put(key, value);
   latest.Saved = false;
+  if (use_ == Use::Copy) return;
   bool appended = false;
   for (int attempt = 0; attempt < 2 && !appended; ++attempt) {
     if (file_ < 0) {
@@ -147,6 +154,14 @@ void SettingsFile::Open() {
     Release();
     if (result == Attempt::Failed) return;
   }
+}
+
+/// Without a file, or with a damaged one, the copy has what can be read.
+void SettingsFile::TakeCopy() {
+  file_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+  struct stat status {};
+  if (file_ >= 0 && ::fstat(file_, &status) == 0 && S_ISREG(status.st_mode)) CatchUp();
+  Release();
 }
 
 SettingsFile::Attempt SettingsFile::TryOpen() {

@@ -29,7 +29,10 @@ class SettingsFile : public SettingsStore {
   /// process uses it.
   static constexpr off_t kCompactionSize = 256 * 1024;
 
-  explicit SettingsFile(const std::string& path);
+  /// A copy takes the values that the file holds now; it writes nothing to the disk, not even the file.
+  enum class Use { Shared, Copy };
+
+  explicit SettingsFile(const std::string& path, Use use = Use::Shared);
   ~SettingsFile() override;
   SettingsFile(const SettingsFile&) = delete;
   SettingsFile& operator=(const SettingsFile&) = delete;
@@ -53,6 +56,7 @@ class SettingsFile : public SettingsStore {
   enum class Attempt { Opened, Again, Failed };
 
   void Open();
+  void TakeCopy();
   Attempt TryOpen();
   Attempt UseAlone();
   bool OpenJournal();
@@ -72,6 +76,7 @@ class SettingsFile : public SettingsStore {
   Attempt Compact();
 
   std::string path_;
+  Use use_;
   int file_ = -1;           ///< held with a shared lock all the time
   off_t applied_ = 0;       ///< the journal up to here is in values_
   bool hasHeader_ = false;  ///< the journal has its first line

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Writing what a scan was asked for. Files have the bytes that the window's buttons write.
+#include "console/scan_files.h"
+
+#include <ostream>
+
+#include "model/project_text.h"
+#include "platform/files.h"
+#include "platform/runtime_failure.h"
+#include "platform/text.h"
+#include "results/saved_files.h"
+
+namespace requite {
+
+ScanFiles::ScanFiles(ConsoleProgram& program, const ScanOptions& options)
+    : program_(program), options_(options) {
+  // The text itself, not the program's own report file: another program may have put something else there.
+  program_.Form1.Report.OnGenerated = [this](const std::string& page) {
+    reported_ = WriteOne(options_.Report, [&] { Put(options_.Report, page); });
+  };
+}
+
+ScanFiles::~ScanFiles() { program_.Form1.Report.OnGenerated = nullptr; }
+
+bool ScanFiles::TakeOutput() const {
+  for (const std::string* path : {&options_.Save, &options_.Report, &options_.Tab, &options_.Page}) {
+    if (*path == kStandardStream) return true;
+  }
+  return false;
+}
+
+bool ScanFiles::Write() {
+  Form1& form = program_.Form1;
+  if (!reported_ && !options_.Report.empty()) program_.Complain("there is no report to write");
+  const bool saved = WriteOne(options_.Save, [&] {
+    if (options_.Save == kStandardStream) {
+      Put(options_.Save, ProjectText(form.Sites) + std::string(kLineEnd));
+    } else {
+      form.Files.SaveProject(options_.Save);
+    }
+  });
+  const bool listed = WriteOne(options_.Tab, [&] { Put(options_.Tab, TabDelimitedText(form.Sites.List3)); });
+  // After the save: generated links are not part of the project unless the user wants them to be.
+  const bool built = WriteOne(options_.Page, [&] {
+    form.Pages.GenerateLinks();
+    Put(options_.Page, form.Pages.WebPage());
+  });
+  return saved && listed && built && (reported_ || options_.Report.empty());
+}
+
+bool ScanFiles::WriteOne(const std::string& path, const std::function<void()>& step) {
+  if (path.empty()) return true;
+  try {
+    step();
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    program_.Complain("\"" + path + "\": " + failure.Description);
+    return false;
+  }
+}
+
+void ScanFiles::Put(const std::string& path, const std::string& text) {
+  if (path != kStandardStream) return WriteFile(path, text);
+  program_.Out << (program_.OutIsTerminal ? program_.Codec.ToUtf8(Visible(text)) : text) << std::flush;
+}
+
+}  // namespace requite
