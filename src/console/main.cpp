@@ -95,14 +95,20 @@ int Code(ExitStatus status) { return static_cast<int>(status); }
 
 /// Ends the program for a failure that nothing handled. The user's unsaved work goes to a file first.
 [[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
-                                const ProgramFolder& folder) {
+                                const ProgramFolder& folder, const std::string& settingsFile) {
   std::cout << std::flush;
   std::cerr << "requite-console: run-time failure " << failure.Number << ": " << ToUtf8(failure.Description)
             << std::endl;
-  if (project != nullptr) {
-    if (const auto path = WriteRecovered(*project, folder)) {
-      std::cerr << "requite-console: the unsaved project was written to " << *path << std::endl;
-    }
+  if (!failure.Remedy.empty()) {
+    std::cerr << "requite-console: " << ToUtf8(failure.Remedy) << " It can be corrected in the settings file "
+              << settingsFile << std::endl;
+  }
+  const Recovered recovered =
+      project == nullptr ? Recovered{} : WriteRecovered(*project, folder, HomeFolder());
+  if (!recovered.Path.empty()) {
+    std::cerr << "requite-console: the unsaved project was written to " << recovered.Path << std::endl;
+  } else if (recovered.Needed) {
+    std::cerr << "requite-console: the unsaved project could not be written to a file" << std::endl;
   }
   // Handlers may stand on the stack that would use what is being taken down.
   std::_Exit(Code(ExitStatus::RunTimeFailure));
@@ -124,9 +130,11 @@ ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsolePr
 
 ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
   const Project* project = nullptr;
-  const EventGuard guard([&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder); });
-  const std::string& settingsFile = options.Common.SettingsFile;
-  SettingsFile store(settingsFile.empty() ? DefaultSettingsPath() : settingsFile,
+  const std::string settingsFile =
+      options.Common.SettingsFile.empty() ? DefaultSettingsPath() : options.Common.SettingsFile;
+  const EventGuard guard(
+      [&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder, settingsFile); });
+  SettingsFile store(settingsFile,
                      options.Common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared);
   for (const auto& [key, value] : options.Common.Settings) {
     store.Write(FromUtf8(key), SettingValue(kCodec, key, value));

@@ -3,6 +3,7 @@
 #include "model/file_types.h"
 
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace requite {
 
@@ -34,11 +35,9 @@ std::vector<std::string> ListFileTypes(const ProgramFolder& folder) {
 }
 
 void SaveFileTypes(const ProgramFolder& folder, const std::vector<std::string>& lines) {
-  const std::string path = folder.File(kFileTypesName);
-  if (FileExists(path)) DeleteFile(path);
   std::string text;
   for (const std::string& line : lines) text.append(line).append(kLineEnd);
-  AppendToFile(path, text);
+  WriteWhole(folder.File(kFileTypesName), text, Flush::Yes);
 }
 
 }  // namespace requite

@@ -21,8 +21,8 @@ inline constexpr std::string_view kFileTypesName = "filetypes.txt";
 /// None when the file is missing; a file that cannot be read throws.
 [[nodiscard]] std::vector<std::string> ListFileTypes(const ProgramFolder& folder);
 
-/// Replaces `filetypes.txt` by these lines. Throws what the file system refuses; the old file may be
-/// gone by then.
+/// Replaces `filetypes.txt` by these lines. Throws what the file system refuses; the old file is then
+/// still there.
 void SaveFileTypes(const ProgramFolder& folder, const std::vector<std::string>& lines);
 
 }  // namespace requite

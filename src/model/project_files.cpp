@@ -8,6 +8,7 @@
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace requite {
 namespace {
@@ -25,14 +26,8 @@ void RequireNoWriteProtection(const std::string& path) {
 }  // namespace
 
 void ProjectFiles::SaveProject(const std::string& path) {
-  // The old file goes first, whatever becomes of the new one; a copy is kept out of the way.
-  if (FileExists(path)) {
-    RequireNoWriteProtection(path);
-    MoveToBackup(folder_, path);
-  }
-  std::string text = ProjectText(project_);
-  text += kLineEnd;
-  AppendToFile(path, text);
+  if (FileExists(path)) RequireNoWriteProtection(path);
+  ReplaceKeepingBackup(folder_, path, [this] { return ProjectText(project_) + std::string(kLineEnd); });
   project_.ProjectSaved = true;
   settings_.SaveSetting(setting::LastProject, path);
 }
@@ -70,7 +65,9 @@ void ProjectFiles::cmdSave() {
 }
 
 void ProjectFiles::AskAndSave(const std::string& defaultName) {
-  const std::string name = dialogs_.AskSaveName(ProjectDialog(defaultName));
+  FileDialog dialog = ProjectDialog(defaultName);
+  dialog.Habits = {"prj", true, settings_.GetSetting(setting::LastProject)};
+  const std::string name = dialogs_.AskSaveName(dialog);
   if (!name.empty()) SaveProject(name);
 }
 

@@ -28,10 +28,10 @@ class ProjectFiles {
         folder_(folder),
         WebBrowser2_(webBrowser2) {}
 
-  /// Replaces the file at `path`. The old one is gone before the new text is written: it lies in the
-  /// folder "Backup" of the program's folder then. On success ProjectSaved is set and the path becomes
-  /// the setting LastProject. Throws RuntimeFailure for what the file system refused, a
-  /// write-protected file included.
+  /// Replaces the file at `path`; on return the new one is on the disk, and the old one lies in the
+  /// folder "Backup" of the program's folder. On success ProjectSaved is set and the path becomes the
+  /// setting LastProject. Throws RuntimeFailure for what the file system refused, a write-protected
+  /// file included. After a failure to write there is no file at `path`: the old one is in "Backup".
   void SaveProject(const std::string& path);
 
   /// Whether a load empties the project before it reads. Every command does.

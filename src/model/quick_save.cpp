@@ -8,6 +8,7 @@
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace requite {
 
@@ -40,7 +41,8 @@ bool QuickSave::QuickSaveProject(int leaveOutRow) {
   try {
     std::string text = ProjectText(project_, leaveOutRow);
     text += kLineEnd;
-    AppendToFile(path, text);
+    // It is read back at once and never again, so it need not be on the disk.
+    WriteWhole(path, text, Flush::No);
     return true;
   } catch (const RuntimeFailure& failure) {
     dialogs_.Say(std::to_string(failure.Number) + " " + failure.Description);

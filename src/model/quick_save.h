@@ -36,7 +36,8 @@ class QuickSave {
   void cmdDelete();
 
   /// Writes the project without one Main Site, by its row in List4 counted from 0. Returns whether the
-  /// file was written; a failure is told in a message box. Throws when the old file cannot be removed.
+  /// file was written; after a failure, told in a message box, there is none. Throws when the old file
+  /// cannot be removed.
   bool QuickSaveProject(int leaveOutRow);
 
   /// Replaces the project by the file's. Returns whether the end of the file was reached; a failure

@@ -2,12 +2,36 @@
 // Settings read as numbers.
 #include "model/settings.h"
 
+#include "platform/runtime_failure.h"
 #include "platform/text.h"
 
 namespace requite {
+namespace {
 
-std::int16_t Settings::Number(const SettingKey& key) const { return ReadInt16(GetSetting(key)); }
+constexpr std::size_t kMostShown = 100;
 
-std::int32_t Settings::LongNumber(const SettingKey& key) const { return ReadInt32(GetSetting(key)); }
+/// Only the user can mend a stored value, and has to be told which one.
+template <class Read>
+auto ReadNumber(const SettingKey& key, const std::string& value, Read&& read) {
+  try {
+    return read(value);
+  } catch (RuntimeFailure& failure) {
+    std::string shown(Left(value, kMostShown));
+    for (char& each : shown) each = each >= '\0' && each < ' ' ? '?' : each;
+    failure.Remedy = "The setting " + std::string(key.Name) + " holds \"" + shown +
+                     "\", which is not a valid number for it.";
+    throw;
+  }
+}
+
+}  // namespace
+
+std::int16_t Settings::Number(const SettingKey& key) const {
+  return ReadNumber(key, GetSetting(key), ReadInt16);
+}
+
+std::int32_t Settings::LongNumber(const SettingKey& key) const {
+  return ReadNumber(key, GetSetting(key), ReadInt32);
+}
 
 }  // namespace requite

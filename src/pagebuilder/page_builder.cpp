@@ -7,6 +7,7 @@
 
 #include "pagebuilder/link_pages.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace requite {
 namespace {
@@ -80,8 +81,12 @@ void PageBuilder::SaveWebpage() {
   const std::string name = dialogs_.AskSaveName(
       {folder_.Path, "Web Files (*.htm, *.html, *.asp, *.php, *.txt)|*.htm;*.asp;*.php;*.html", ""});
   if (name.empty()) return;
-  if (xfileExists(name)) DeleteFile(name);
-  AppendToFile(name, page);
+  // A hidden file or none is added to; any other is replaced without a question.
+  if (xfileExists(name)) {
+    WriteWhole(name, page, Flush::No);
+  } else {
+    AppendToFile(name, page);
+  }
 }
 
 }  // namespace requite

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
+#include <utility>
 
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -29,19 +29,6 @@ bool LiesInFolder(const std::string& path) {
   return at == std::string::npos || FolderExists(path.substr(0, at + 1));
 }
 
-[[noreturn]] void ThrowFileFailure(const std::string& path, int error) {
-  switch (error) {
-    case ENOENT: throw RuntimeFailure(LiesInFolder(path) ? Failure::FileNotFound : Failure::PathNotFound);
-    case ENOTDIR: throw RuntimeFailure(Failure::PathNotFound);
-    case EACCES:
-    case EPERM:
-    case EROFS: throw RuntimeFailure(Failure::PermissionDenied);
-    case ENOSPC:
-    case EDQUOT: throw RuntimeFailure(Failure::DiskFull);
-    default: throw RuntimeFailure(Failure::PathFileAccess);
-  }
-}
-
 /// An open file that is closed when the operation ends. It is opened without waiting: a pipe that
 /// nobody reads or writes must not hold the program up.
 class FileHandle {
@@ -50,19 +37,19 @@ class FileHandle {
       : path_(path), fd_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666)) {
     if (fd_ < 0) ThrowFileFailure(path, errno);
   }
-  ~FileHandle() { ::close(fd_); }
+  ~FileHandle() {
+    if (fd_ >= 0) ::close(fd_);
+  }
   FileHandle(const FileHandle&) = delete;
   FileHandle& operator=(const FileHandle&) = delete;
 
   [[nodiscard]] int Descriptor() const { return fd_; }
 
-  void Write(std::string_view text) const {
-    while (!text.empty()) {
-      const ssize_t written = ::write(fd_, text.data(), text.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) ThrowFileFailure(path_, errno);
-      text.remove_prefix(static_cast<std::size_t>(written));
-    }
+  void Write(std::string_view text) const { WriteBytes(fd_, path_, text); }
+
+  /// Some file systems tell only here that there was no room.
+  void Close() {
+    if (::close(std::exchange(fd_, -1)) != 0) ThrowFileFailure(path_, errno);
   }
 
   /// Drops what lies behind the first `size` bytes.
@@ -78,20 +65,36 @@ class FileHandle {
   int fd_;
 };
 
-/// A move to another file system. The target is complete at each moment, the old one or the new one.
-void CopyAndDelete(const std::string& path, const std::string& target) {
-  const std::string halfWay = target + ".new";
-  std::error_code error;
-  std::filesystem::copy_file(path, halfWay, std::filesystem::copy_options::overwrite_existing, error);
-  if (!error) std::filesystem::rename(halfWay, target, error);
-  if (error) {
-    ::unlink(halfWay.c_str());
-    ThrowFileFailure(halfWay, error.value());
-  }
-  DeleteFile(path);
+/// Takes back what was added to a normal file after its first `size` bytes.
+void TakeBack(const std::string& path, off_t size) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  static_cast<void>(size == 0 ? ::unlink(path.c_str()) : ::truncate(path.c_str(), size));
 }
 
 }  // namespace
+
+void ThrowFileFailure(const std::string& path, int error) {
+  switch (error) {
+    case ENOENT: throw RuntimeFailure(LiesInFolder(path) ? Failure::FileNotFound : Failure::PathNotFound);
+    case ENOTDIR: throw RuntimeFailure(Failure::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS: throw RuntimeFailure(Failure::PermissionDenied);
+    case ENOSPC:
+    case EDQUOT: throw RuntimeFailure(Failure::DiskFull);
+    default: throw RuntimeFailure(Failure::PathFileAccess);
+  }
+}
+
+void WriteBytes(int descriptor, const std::string& path, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) ThrowFileFailure(path, errno);
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
 
 std::string ProgramFolder::File(std::string_view name) const { return Path + kSeparator + std::string(name); }
 
@@ -154,27 +157,19 @@ void OverwriteFile(const std::string& path, std::string_view text) {
 }
 
 void AppendToFile(const std::string& path, std::string_view text) {
-  FileHandle(path, O_WRONLY | O_CREAT | O_APPEND).Write(text);
+  FileHandle file(path, O_WRONLY | O_CREAT | O_APPEND);
+  const off_t size = ::lseek(file.Descriptor(), 0, SEEK_END);
+  try {
+    file.Write(text);
+    file.Close();
+  } catch (const RuntimeFailure&) {
+    if (size >= 0) TakeBack(path, size);
+    throw;
+  }
 }
 
 void DeleteFile(const std::string& path) {
   if (::unlink(path.c_str()) != 0) ThrowFileFailure(path, errno);
-}
-
-void MoveToBackup(const ProgramFolder& folder, const std::string& path) {
-  struct stat status {};
-  if (::lstat(path.c_str(), &status) != 0) ThrowFileFailure(path, errno);
-  if (S_ISDIR(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
-  const std::string backup = folder.File("Backup");
-  if (::mkdir(backup.c_str(), 0777) != 0 && errno != EEXIST) ThrowFileFailure(backup, errno);
-
-  std::string target = backup + kSeparator + FileNameOfPath(path);
-  std::error_code none;
-  // A move of a file onto itself would leave it in place, where it is about to be written anew.
-  if (std::filesystem::equivalent(path, target, none)) target += ".old";
-  if (::rename(path.c_str(), target.c_str()) == 0) return;
-  if (errno != EXDEV) ThrowFileFailure(target, errno);
-  CopyAndDelete(path, target);
 }
 
 bool FileExists(const std::string& path) {
@@ -187,11 +182,6 @@ bool xfileExists(const std::string& path) {
   const std::string name = FileNameOfPath(path);
   const bool hidden = name.starts_with('.');
   return !hidden && ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-void xcopyFile(const std::string& source, const std::string& target) {
-  std::error_code ignored;
-  std::filesystem::copy_file(source, target, std::filesystem::copy_options::overwrite_existing, ignored);
 }
 
 std::string FileNameOfPath(std::string_view path) {

@@ -46,22 +46,21 @@ void WriteFile(const std::string& path, std::string_view text);
 /// cut off, which spares the file system the waits of emptying a file first (milliseconds on some).
 /// After a failure the file may hold new text followed by old.
 void OverwriteFile(const std::string& path, std::string_view text);
+/// Adds the text whole or not at all: after a failure the file has its old length, and one that was
+/// empty or not there is gone.
 void AppendToFile(const std::string& path, std::string_view text);
 void DeleteFile(const std::string& path);
 
-/// Moves a file into the folder "Backup" of the program's folder, over the one of that name which lies
-/// there. A file that lies there itself gets ".old" behind its name. Throws RuntimeFailure; the file is
-/// then still where it was.
-void MoveToBackup(const ProgramFolder& folder, const std::string& path);
+/// Writes the whole text to an open file; `path` is what a failure is about.
+void WriteBytes(int descriptor, const std::string& path, std::string_view text);
+/// Throws the classic failure for an error number of the system.
+[[noreturn]] void ThrowFileFailure(const std::string& path, int error);
 
 /// True for a file of any kind that is no folder. Never fails.
 [[nodiscard]] bool FileExists(const std::string& path);
 
 /// True for a normal file of exactly that path: no folder, no hidden file, no pattern. Never fails.
 [[nodiscard]] bool xfileExists(const std::string& path);
-
-/// Copies a file over any existing target. A failure is passed over, and the caller cannot learn of it.
-void xcopyFile(const std::string& source, const std::string& target);
 
 /// The text after the last path separator; a text without one is its own result.
 [[nodiscard]] std::string FileNameOfPath(std::string_view path);

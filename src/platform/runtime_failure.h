@@ -35,6 +35,8 @@ class RuntimeFailure : public std::exception {
 
   int Number;
   std::string Description;
+  /// What the report of a failure that nothing handled tells besides: where to mend it. Mostly empty.
+  std::string Remedy = {};
 };
 
 /// Runs one statement; a failure of it is passed over and the caller goes on with its next statement.

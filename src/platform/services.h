@@ -92,11 +92,19 @@ struct MessageBox {
   BoxIcon Icon = BoxIcon::None;
 };
 
+/// What a save dialog does by itself with the name that the user chose.
+struct SaveHabits {
+  std::string DefaultSuffix;      ///< without its dot, added to a name that has none; empty: nothing is
+  bool AsksToReplace = false;     ///< whether it asks before it gives the name of an existing file
+  std::string ReplacedUnasked{};  ///< the path that it never asks about
+};
+
 /// A file dialog. `Filter` has the form "Words (*.x)|*.x".
 struct FileDialog {
   std::string Folder;
   std::string Filter;
   std::string DefaultName;
+  SaveHabits Habits{};
 };
 
 /// Message boxes and file dialogs.

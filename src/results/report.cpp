@@ -2,7 +2,10 @@
 // The page of the Reciprocal Link Report and its files.
 #include "results/report.h"
 
+#include <fstream>
+
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "results/report_figures.h"
 #include "results/report_sections.h"
 
@@ -14,6 +17,8 @@ void Line(std::string& page, std::string_view text) { page.append(text).append(k
 void Line(std::string& page, std::string_view before, std::string_view value, std::string_view behind) {
   page.append(before).append(value).append(behind).append(kLineEnd);
 }
+
+constexpr std::string_view kBegin = "<html>\r\n<head>\r\n<title>Reciprocal Link Report</title>";
 
 /// There is no closing head tag, nor one of the body or the page at the end.
 void WriteHead(std::string& page, Clock& clock) {
@@ -70,6 +75,18 @@ void WriteReport(const std::string& path, const std::string& page) {
   AppendToFile(path, page);
 }
 
+bool IsReport(const std::string& path) {
+  std::string begin(kBegin.size(), '\0');
+  std::ifstream(path, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  return begin == kBegin;
+}
+
+/// A project that was saved without ".prj" has the name that its report's copy gets. Only a project is
+/// kept: the copy of the last scan's report must not push it out of "Backup".
+void KeepProjectOf(const ProgramFolder& folder, const std::string& copy) {
+  if (FileExists(copy) && !IsReport(copy)) MoveToBackup(folder, copy);
+}
+
 }  // namespace
 
 void LinkReport::GenerateLinkReport() {
@@ -88,11 +105,13 @@ void LinkReport::GenerateLinkReport() {
   WriteReport(path, page);
   parts_.WebBrowser2.Navigate(path);
 
-  std::string project = parts_.Settings.GetSetting(setting::LastProject);
+  const std::string project = parts_.Settings.GetSetting(setting::LastProject);
   if (project.empty()) return;
+  const std::string report = Replace(project, ".prj", ".html", Compare::Text);
   // The copy lies in the program's folder, wherever the project itself lies.
-  ReplaceIn(project, ".prj", ".html", Compare::Text);
-  WriteReport(parts_.Folder.File("Project Files/" + FileNameOfPath(project)), page);
+  const std::string copy = parts_.Folder.File("Project Files/" + FileNameOfPath(report));
+  if (report == project) KeepProjectOf(parts_.Folder, copy);
+  WriteReport(copy, page);
 }
 
 }  // namespace requite

@@ -34,8 +34,9 @@ class LinkReport {
   explicit LinkReport(ReportParts parts) : parts_(parts) {}
 
   /// Builds the page from the lists as they stand, writes it to the report's file, shows it, and
-  /// writes a second copy into "Project Files" under the name of the last project. Lets events run
-  /// while it builds the page. File failures go to the caller; a missing "Project Files" folder is one.
+  /// writes a second copy into "Project Files" under the name of the last project; a project file of the very
+  /// same name, one without ".prj" in it, is moved to "Backup" first. Lets events run while it builds the
+  /// page. File failures go to the caller; a missing "Project Files" folder is one.
   void GenerateLinkReport();
 
   /// Gets the whole text of each report before its files are written.

@@ -4,6 +4,7 @@
 
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "results/report.h"
 
 namespace requite {

@@ -2,7 +2,6 @@
 // What is saved of the user's work when a failure that nothing handles ends the program.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "model/project.h"
@@ -10,9 +9,15 @@
 
 namespace requite {
 
-/// Writes a project with unsaved edits to "Recovered.prj" in the folder for project files, by a
-/// temporary file and a rename, so that an older one is never lost for a broken one. Returns the
-/// path; nothing when there are no unsaved edits or when nothing could be written.
-[[nodiscard]] std::optional<std::string> WriteRecovered(const Project& project, const ProgramFolder& folder);
+struct Recovered {
+  bool Needed = false;  ///< there were unsaved edits
+  std::string Path;     ///< where they lie; empty when they could not be written anywhere
+};
+
+/// Writes a project with unsaved edits to "Recovered.prj" in the first folder that takes it: the one for
+/// project files, the program's folder, the user's home. An older one is replaced whole or not at all,
+/// and the new one is on the disk on return. Never throws.
+[[nodiscard]] Recovered WriteRecovered(const Project& project, const ProgramFolder& folder,
+                                       const std::string& home);
 
 }  // namespace requite

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // File operations and their failure numbers, in a folder of the test's own.
-#include "platform/files.h"
+#include "platform/whole_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

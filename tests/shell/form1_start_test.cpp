@@ -137,17 +137,22 @@ TEST(Form1Close, ASavedProjectIsNotAskedAbout) {
 TEST(Recovery, OnlyUnsavedWorkIsWrittenAndItCanBeLoaded) {
   Form1Rig rig;
   rig.Form.Start();
-  EXPECT_FALSE(WriteRecovered(rig.Form.Sites, rig.Folder.Folder).has_value());
+  const std::string home = rig.Folder.File("home");
+  EXPECT_FALSE(WriteRecovered(rig.Form.Sites, rig.Folder.Folder, home).Needed);
   rig.AddSites("main.example", {"partner.example"});
-  const auto path = WriteRecovered(rig.Form.Sites, rig.Folder.Folder);
+  const std::string path = WriteRecovered(rig.Form.Sites, rig.Folder.Folder, home).Path;
   ASSERT_EQ(path, rig.Folder.File("Project Files/Recovered.prj"));
-  EXPECT_FALSE(FileExists(*path + ".new"));
-  rig.Form.Files.LoadProject(*path);
+  rig.Form.Files.LoadProject(path);
   ASSERT_EQ(rig.Form.Sites.ListCount(), 1);
   EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "partner.example");
 
   rig.Form.Sites.ProjectSaved = false;
-  EXPECT_FALSE(WriteRecovered(rig.Form.Sites, {rig.Folder.File("no such folder")}).has_value());
+  std::filesystem::remove_all(rig.Folder.File("Project Files"));
+  EXPECT_EQ(WriteRecovered(rig.Form.Sites, rig.Folder.Folder, home).Path, rig.Folder.File("Recovered.prj"));
+  const ProgramFolder none{rig.Folder.File("no such folder")};
+  EXPECT_EQ(WriteRecovered(rig.Form.Sites, none, home).Path, "");
+  std::filesystem::create_directory(home);
+  EXPECT_EQ(WriteRecovered(rig.Form.Sites, none, home).Path, home + "/Recovered.prj");
 }
 
 }  // namespace

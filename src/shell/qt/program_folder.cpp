@@ -8,7 +8,8 @@
 #include <QFile>
 #include <cstdlib>
 #include <filesystem>
-#include <vector>
+
+#include "platform/whole_file.h"
 
 namespace requite {
 namespace {
@@ -20,17 +21,7 @@ namespace fs = std::filesystem;
 std::string UserFolder(const char* variable, const std::string& fallback) {
   const char* named = std::getenv(variable);
   if (named != nullptr && named[0] == '/') return named;
-  const char* home = std::getenv("HOME");
-  return (home == nullptr ? std::string() : std::string(home)) + fallback;
-}
-
-std::vector<fs::path> EntriesOf(const fs::path& folder) {
-  std::vector<fs::path> entries;
-  std::error_code ignored;
-  for (fs::directory_iterator one(folder, ignored), end; !ignored && one != end; one.increment(ignored)) {
-    entries.push_back(one->path());
-  }
-  return entries;
+  return HomeFolder() + fallback;
 }
 
 }  // namespace
@@ -60,13 +51,21 @@ void FillProgramFolder(const std::string& installed, const std::string& folder) 
   std::error_code ignored;
   fs::create_directories(folder, ignored);
   if (fs::equivalent(installed, folder, ignored)) return;
-  const std::vector<fs::path> entries = EntriesOf(installed);
-  for (const fs::path& entry : entries) {
-    if (fs::exists(folder / entry.filename(), ignored)) return;
+  std::error_code error;
+  for (fs::recursive_directory_iterator one(installed, error), end; !error && one != end;
+       one.increment(error)) {
+    const fs::path target = folder / one->path().lexically_relative(installed);
+    if (one->is_directory(ignored)) {
+      fs::create_directory(target, ignored);
+    } else if (fs::symlink_status(target, ignored).type() == fs::file_type::not_found) {
+      xcopyFile(one->path(), target);
+    }
   }
-  for (const fs::path& entry : entries) {
-    fs::copy(entry, folder / entry.filename(), fs::copy_options::recursive, ignored);
-  }
+}
+
+std::string HomeFolder() {
+  const char* home = std::getenv("HOME");
+  return home == nullptr ? std::string() : std::string(home);
 }
 
 std::string DefaultSettingsPath() { return UserFolder("XDG_CONFIG_HOME", "/.config") + "/requite/settings"; }

@@ -20,12 +20,15 @@ struct ProgramPlaces {
 };
 
 /// The user's data folder, which is made, for an installed program and for one whose own folder cannot
-/// be written; else the executable's folder. A chosen folder that holds none of the installed files gets
-/// them all; later nothing is brought back.
+/// be written; else the executable's folder. Installed files that are missing there are copied to it.
 [[nodiscard]] ProgramFolder ChooseProgramFolder(const ProgramPlaces& places);
 
-/// Copies the installed files into a folder that holds none of them yet, and makes it when missing.
+/// Copies each installed file that is missing in the folder, one that the user deleted included. What
+/// is there is left as it is. Failures are passed over: the next start tries again.
 void FillProgramFolder(const std::string& installed, const std::string& folder);
+
+/// `$HOME`; empty when the environment does not name it.
+[[nodiscard]] std::string HomeFolder();
 
 /// `$XDG_CONFIG_HOME/requite/settings`, by default `~/.config/requite/settings`.
 [[nodiscard]] std::string DefaultSettingsPath();

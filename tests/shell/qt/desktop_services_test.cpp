@@ -43,15 +43,17 @@ TEST_F(ProgramFolderTest, ACopyThatWasNotInstalledUsesItsOwnFolderWhereItCan) {
   EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
 }
 
-TEST_F(ProgramFolderTest, AnInstalledProgramFillsTheUsersFolderAtItsFirstStartOnly) {
+TEST_F(ProgramFolderTest, AnInstalledProgramFillsWhatIsMissingInTheUsersFolder) {
   ASSERT_EQ(::access(places_.Executable.c_str(), W_OK), 0)
       << "as it is for root, whose files go there neither";
   EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
   EXPECT_TRUE(fs::exists(places_.UserData + "/sounds/finished.wav"));
   EXPECT_TRUE(fs::is_empty(places_.Executable));
   fs::remove(places_.UserData + "/filetypes.txt");
+  WriteFile(places_.UserData + "/sounds/finished.wav", "the user's own");
   EXPECT_EQ(ChooseProgramFolder(places_).Path, places_.UserData);
-  EXPECT_FALSE(fs::exists(places_.UserData + "/filetypes.txt")) << "what the user deleted stays deleted";
+  EXPECT_EQ(ReadFile(places_.UserData + "/filetypes.txt"), ReadFile(folder_.File("share/filetypes.txt")));
+  EXPECT_EQ(ReadFile(places_.UserData + "/sounds/finished.wav"), "the user's own");
 }
 
 TEST(DefaultSettingsPathTest, OnlyAnAbsoluteFolderOfTheEnvironmentCounts) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The start of the window program: makes the services, shows the splash, then the main window.
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 #include <QTimer>
 #include <cstdlib>
@@ -31,10 +32,16 @@ constexpr int kSplashInterval = 2;
 [[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
                                 const ProgramFolder& folder) {
   QString text = QString("Run-time failure %1: %2").arg(failure.Number).arg(ToUnicode(failure.Description));
-  if (project != nullptr) {
-    if (const auto path = WriteRecovered(*project, folder)) {
-      text += "\n\nThe unsaved project was written to\n" + QString::fromLocal8Bit(path->c_str());
-    }
+  if (!failure.Remedy.empty()) {
+    text += "\n\n" + ToUnicode(failure.Remedy) + " It can be corrected in the settings file\n" +
+            QFile::decodeName(DefaultSettingsPath().c_str());
+  }
+  const Recovered recovered =
+      project == nullptr ? Recovered{} : WriteRecovered(*project, folder, HomeFolder());
+  if (!recovered.Path.empty()) {
+    text += "\n\nThe unsaved project was written to\n" + QFile::decodeName(recovered.Path.c_str());
+  } else if (recovered.Needed) {
+    text += "\n\nThe unsaved project could not be written to a file.";
   }
   QMessageBox::critical(nullptr, ToUnicode(product::kName), text);
   // Handlers may stand on the stack that would use what is being taken down.

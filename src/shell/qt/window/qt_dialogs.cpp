@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 #include "shell/product.h"
@@ -45,6 +46,17 @@ QString FilterOf(const std::string& filter) {
 /// Names of files are bytes of the file system all through the program.
 std::string NameOf(const QString& chosen) { return QFile::encodeName(chosen).toStdString(); }
 
+/// Asks in the toolkit's own words, which are there in the user's language.
+bool MayReplace(QFileDialog& dialog, const QString& path, const SaveHabits& habits) {
+  const QFileInfo chosen(path);
+  if (!habits.AsksToReplace || !chosen.exists()) return true;
+  const QFileInfo unasked(QFile::decodeName(habits.ReplacedUnasked.c_str()));
+  if (!habits.ReplacedUnasked.empty() && chosen == unasked) return true;
+  const QString question = QFileDialog::tr("%1 already exists.\nDo you want to replace it?");
+  return QMessageBox::warning(&dialog, dialog.windowTitle(), question.arg(chosen.fileName()),
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
 }  // namespace
 
 Answer QtDialogs::Show(const MessageBox& box) {
@@ -67,12 +79,19 @@ std::string QtDialogs::AskOpenName(const FileDialog& dialog) {
 }
 
 std::string QtDialogs::AskSaveName(const FileDialog& dialog) {
-  const std::string start =
-      dialog.Folder.empty() ? dialog.DefaultName : dialog.Folder + "/" + dialog.DefaultName;
-  // The program asks about overwriting itself where it does, in its own words.
-  return NameOf(QFileDialog::getSaveFileName(QApplication::activeWindow(), {},
-                                             QFile::decodeName(start.c_str()), FilterOf(dialog.Filter),
-                                             nullptr, QFileDialog::DontConfirmOverwrite));
+  QFileDialog window(QApplication::activeWindow(), {}, QFile::decodeName(dialog.Folder.c_str()),
+                     FilterOf(dialog.Filter));
+  window.setAcceptMode(QFileDialog::AcceptSave);
+  window.setFileMode(QFileDialog::AnyFile);
+  window.setDefaultSuffix(ToUnicode(dialog.Habits.DefaultSuffix));
+  // Its own question knows no exception; and for some files the program asks itself, in its own words.
+  window.setOption(QFileDialog::DontConfirmOverwrite);
+  window.selectFile(QFile::decodeName(dialog.DefaultName.c_str()));
+  while (window.exec() == QDialog::Accepted) {
+    const QString chosen = window.selectedFiles().value(0);
+    if (MayReplace(window, chosen, dialog.Habits)) return NameOf(chosen);
+  }
+  return {};
 }
 
 void QtClipboard::Clear() { QApplication::clipboard()->clear(); }
