@@ -165,29 +165,37 @@ void WriteWhole(const std::string& path, std::string_view text, Flush flush) {
   file.PutInPlace(flush);
 }
 
+namespace {
+
+/// A second name or a copy of the file in "Backup", over an older one. Not flushed.
 void KeepInBackup(const ProgramFolder& folder, const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) ThrowFileFailure(path, errno);
   if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
   const std::string backup = folder.File("Backup/");
-  if (::mkdir(backup.c_str(), 0777) == 0) {
-    FlushFolder(folder.Path + '/');
-  } else if (errno != EEXIST) {
-    ThrowFileFailure(backup, errno);
-  }
+  if (::mkdir(backup.c_str(), 0777) != 0 && errno != EEXIST) ThrowFileFailure(backup, errno);
   std::string target = backup + FileNameOfPath(path);
   // The copy of a file that lies there has to outlive the file itself, under another name.
   const std::string file = BehindLinks(path);
   std::error_code none;
   if (std::filesystem::equivalent(FolderOf(file) + ".", backup, none)) target += ".old";
-  if (LinkOver(file, target)) return FlushFolder(backup);
+  if (LinkOver(file, target)) return;
   WholeFile copy(target);
   copy.CopyFrom(path);
   copy.PutInPlace(Flush::Yes);
 }
 
+/// The name of the folder is flushed too: it may have been made just now.
+void FlushBackup(const ProgramFolder& folder) {
+  FlushFolder(folder.File("Backup/"));
+  FlushFolder(folder.Path + '/');
+}
+
+}  // namespace
+
 void MoveToBackup(const ProgramFolder& folder, const std::string& path) {
   KeepInBackup(folder, path);
+  FlushBackup(folder);
   const std::string file = BehindLinks(path);
   DeleteFile(file);
   FlushFolder(FolderOf(file));
@@ -211,10 +219,17 @@ void ReplaceKeepingBackup(const ProgramFolder& folder, const std::string& path,
     file.PutInPlace(Flush::No);
   } catch (const RuntimeFailure&) {
     // To whoever looks, the old file went first: a failed save leaves none.
-    if (file.Replaces()) PassOver([&] { DeleteFile(file.Target()); });
+    if (file.Replaces()) {
+      PassOver([&] {
+        FlushBackup(folder);
+        DeleteFile(file.Target());
+      });
+    }
     throw;
   }
+  // The first flush takes along what the second one asks for where both folders are on one disk.
   FlushFolder(FolderOf(file.Target()));
+  if (file.Replaces()) FlushBackup(folder);
 }
 
 void xcopyFile(const std::string& source, const std::string& target) {

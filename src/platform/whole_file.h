@@ -72,17 +72,15 @@ class WholeFile {
 /// Replaces the file at `path`, or makes it. After a failure the old file is untouched.
 void WriteWhole(const std::string& path, std::string_view text, Flush flush);
 
-/// Keeps the file at `path` in the folder "Backup" of the program's folder as well, over the one of
-/// that name that lies there, and returns when the disk has it. A file that lies there itself is kept
-/// with ".old" at the end of its name. Throws RuntimeFailure; the older copy is then still there.
-void KeepInBackup(const ProgramFolder& folder, const std::string& path);
-
-/// KeepInBackup, and deletes the file at `path` after it. A failure leaves the file where it was.
+/// Moves the file at `path` into the folder "Backup" of the program's folder, over the one of that name
+/// that lies there, and returns when the disk has it. A file that lies there itself gets ".old" at the
+/// end of its name. Throws RuntimeFailure; the file is then still where it was.
 void MoveToBackup(const ProgramFolder& folder, const std::string& path);
 
 /// Replaces a file whose old text must survive whatever happens: it is kept in "Backup". The new text
 /// is on the disk on return. After a failure to make or write the text there is no file at `path`, the
-/// old one lies in "Backup"; only when it cannot be kept there does it stay in place, untouched.
+/// old one lies in "Backup"; only when it cannot be kept there does it stay in place, untouched. A
+/// failure to flush the folders is thrown too, with the new text in place.
 void ReplaceKeepingBackup(const ProgramFolder& folder, const std::string& path,
                           const std::function<std::string()>& makeText);
 
