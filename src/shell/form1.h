@@ -57,7 +57,10 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   /// There is no way to cancel it. Runs once; a second call does nothing.
   void Close();
   [[nodiscard]] bool Closed() const { return closed_; }
-  /// Runs at the very end of Close: the program is to end.
+  /// Runs in Close when all is asked and ended: the window goes off the screen, whatever still keeps the
+  /// program running. What is entered after that would be lost.
+  std::function<void()> OnClosed;
+  /// Runs at the very end of Close, or when the site's window closes after it: the program is to end.
   std::function<void()> OnEnd;
 
   /// The click of the tab strip; a number outside 1 to 5 does nothing.

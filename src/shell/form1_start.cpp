@@ -92,6 +92,7 @@ void Form1::Close() {
   Platform.Internet.Abort();
   for (const char* window : {"Form3", "Form4", "frmExport"}) Windows.Close(window);
   endsWithWebsite_ = Windows.Find("frmWebsite") != nullptr;
+  if (OnClosed) OnClosed();
   if (!endsWithWebsite_ && OnEnd) OnEnd();
 }
 

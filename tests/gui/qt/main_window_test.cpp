@@ -58,8 +58,11 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(services_->Dialogs.Boxes[0].Title, std::string("Save Project?"));
   }
 
-  void keysDoWhatTheirButtonsDo() {
+  void keysDoWhatTheirButtonsAndEntriesDo() {
     QVERIFY(QTest::qWaitForWindowActive(window_.get()));  // shortcuts are those of the active window
+    form_->Files.LastOpenWasProject = false;
+    QTest::keyClick(window_.get(), Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(form_->Files.LastOpenWasProject);
     AddSites();
     auto* const linking = Widget<QTableView>("List1");
     QTRY_COMPARE(linking->model()->rowCount(), 1);
@@ -80,6 +83,21 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(form_->Sites.List1(1).RowCount(), std::size_t{0});
     QTest::keyClick(Widget<QTableView>("List4"), Qt::Key_Delete);
     QCOMPARE(form_->Sites.List4.RowCount(), std::size_t{1});  // its button waits for a new choice
+  }
+
+  void aMinimisedWindowComesBackAndTheExitTakesAllButTheSitesWindowOff() {
+    form_->Windows.Show("frmOptions");
+    auto* const options = Widget<QWidget>("frmOptions");
+    options->showMinimized();
+    form_->Windows.Show("frmOptions");
+    QVERIFY(options->isVisible() && !options->isMinimized());
+    form_->Windows.Show("frmWebsite");
+    bool ended = false;
+    form_->OnEnd = [&ended] { ended = true; };
+    form_->mnuFile.Click(4);
+    QVERIFY(!window_->isVisible() && !options->isVisible() && !ended);
+    form_->Windows.Close("frmWebsite");
+    QVERIFY(ended);
   }
 
   void theWindowIsUpToDateWhenAHandlerEnds() {

@@ -244,7 +244,9 @@ void Binder::Bind(Menu& control, QMenu& widget, const std::vector<QString>& text
       widget.addSeparator();
       continue;
     }
-    QAction* const action = widget.addAction(i < texts.size() ? texts[i] : ToUnicode(control.Items[i]));
+    const QString text = i < texts.size() ? texts[i] : ToUnicode(control.Items[i]);
+    QAction* const action = widget.addAction(text.section('\t', 0, 0));
+    action->setShortcut(QKeySequence::fromString(text.section('\t', 1)));
     const int index = static_cast<int>(i);
     QObject::connect(action, &QAction::triggered, &widget,
                      [this, &control, index] { user_.Run([&] { control.Click(index); }); });

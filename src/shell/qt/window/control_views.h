@@ -53,7 +53,8 @@ class Binder {
   /// `onShown` gets the number of the tab on show, from 1; `mnemonics` are the captions with their "&".
   void Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>& mnemonics,
             std::function<void(int number)> onShown);
-  /// Fills the menu with the control's entries; `texts` are the same with "&", and the keys after a tab.
+  /// Fills the menu with the control's entries; `texts` are the same with "&", and after a tab the keys
+  /// that do what the entry does, whenever the menu's window is the active one.
   void Bind(Menu& control, QMenu& widget, const std::vector<QString>& texts = {});
 
  private:

@@ -10,6 +10,7 @@
 #include <QTableView>
 
 #include "shell/qt/code_page.h"
+#include "shell/qt/window/screen_fit.h"
 
 namespace requite {
 namespace {
@@ -37,9 +38,11 @@ FurtherWindow::~FurtherWindow() {
 
 void FurtherWindow::RestoreSize(QSize first) {
   const QSettings layout("requite", "window");
-  if (restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) return;
-  resize(first);
-  move(surroundings_.MainWindow.frameGeometry().center() - rect().center());
+  if (!restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) {
+    resize(first);
+    move(surroundings_.MainWindow.frameGeometry().center() - rect().center());
+  }
+  FitToScreen(*this, *surroundings_.MainWindow.screen());
 }
 
 void FurtherWindow::closeEvent(QCloseEvent* event) {

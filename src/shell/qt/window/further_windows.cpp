@@ -69,9 +69,16 @@ void FurtherWindows::Show(ProgramWindow& window) {
     at = shown_.end() - 1;
   }
   FurtherWindow& view = **at;
+  view.setWindowState(view.windowState() & ~Qt::WindowMinimized);  // show() alone would keep it minimised
   view.show();
   view.raise();
   view.activateWindow();
+}
+
+void FurtherWindows::HideOwned() {
+  for (const auto& each : shown_) {
+    if (each->parentWidget() != nullptr) each->hide();
+  }
 }
 
 void FurtherWindows::TakeOff(const ProgramWindow& window) {

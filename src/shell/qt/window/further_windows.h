@@ -19,6 +19,9 @@ class FurtherWindows : public QObject {
   FurtherWindows(Windows& windows, const WindowSurroundings& surroundings);
   ~FurtherWindows() override;
 
+  /// Takes the windows that belong to the main window off the screen, without closing them.
+  void HideOwned();
+
  private:
   void Show(ProgramWindow& window);
   void TakeOff(const ProgramWindow& window);

@@ -60,7 +60,9 @@ int Run(QApplication& application) {
   const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
   const Project* project = nullptr;
   bool ending = false;
+  Splash splash;
   const EventGuard guard([&](const RuntimeFailure& failure) {
+    splash.close();  // the report must not lie under it
     // Events go on behind the report's box; what fails there fails for the first one's reason.
     if (!std::exchange(ending, true)) EndWithReport(failure, project, folder);
   });
@@ -68,7 +70,6 @@ int Run(QApplication& application) {
   DesktopServices services(guard, map, DefaultSettingsPath());
   SessionBus desktop;
 
-  Splash splash;
   splash.show();
 
   std::unique_ptr<Form1> form;
@@ -83,9 +84,9 @@ int Run(QApplication& application) {
       project = &form->Sites;
       form->OnEnd = [&] { application.quit(); };
       window = std::make_unique<MainWindow>(*form, guard, &desktop);
+      form->Start();
       window->show();
       splash.finish(window.get());
-      form->Start();
     });
   });
   timer2.start(kSplashInterval);

@@ -16,6 +16,7 @@
 
 #include "shell/qt/window/glyphs.h"
 #include "shell/qt/window/product_icon.h"
+#include "shell/qt/window/screen_fit.h"
 #include "shell/qt/window/shown_text.h"
 #include "shell/scan_share.h"
 
@@ -61,6 +62,10 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   form_.Sites.OnListDropped = [this](LinkingSiteList& list, int) {
     if (linkingSites_.List() == &list) linkingSites_.Show(nullptr);
   };
+  form_.OnClosed = [this] {
+    hide();
+    further_.HideOwned();
+  };
   AddShortcuts();
   RestoreLayout();
   // The first thing to do is to type a site.
@@ -70,6 +75,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
 MainWindow::~MainWindow() {
   SaveLayout();
   form_.Sites.OnListDropped = nullptr;
+  form_.OnClosed = nullptr;
 }
 
 /// The title says how far a scan has come, and so does the task bar.
@@ -134,13 +140,8 @@ void MainWindow::AddShortcuts() {
       if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
     });
   };
-  press(QKeySequence::New, form_.cmdNew);
-  press(QKeySequence::Open, form_.cmdOpen);
-  press(QKeySequence::Save, form_.cmdSave);
   press(Qt::Key_F5, form_.Command1);
   press(Qt::Key_Escape, form_.cmdStop);
-  auto* const help = new QShortcut(QKeySequence::HelpContents, this);
-  connect(help, &QShortcut::activated, this, [this] { user_.Run([this] { form_.mnuHelp.Click(0); }); });
 }
 
 void MainWindow::PressOnDelete(QTableView& list, Button& control) {
@@ -158,7 +159,9 @@ void MainWindow::RestoreLayout() {
   resize(QSize(1180, 760).boundedTo(room * 0.95));
   columns_->setSizes({width() * 36 / 100, width() * 64 / 100});
   left_->setSizes({height() * 3 / 5, height() * 2 / 5});
-  if (!restoreGeometry(layout.value("geometry").toByteArray())) return;
+  const bool known = restoreGeometry(layout.value("geometry").toByteArray());
+  FitToScreen(*this, *screen());
+  if (!known) return;
   columns_->restoreState(layout.value("columns").toByteArray());
   left_->restoreState(layout.value("left").toByteArray());
   links_->restoreState(layout.value("links").toByteArray());
@@ -170,6 +173,11 @@ void MainWindow::SaveLayout() const {
   layout.setValue("columns", columns_->saveState());
   layout.setValue("left", left_->saveState());
   layout.setValue("links", links_->saveState());
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  refresh_.ApplyMarked();  // the first picture shows all that was loaded
+  QMainWindow::showEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -26,6 +26,7 @@ class MainWindow : public QMainWindow {
   ~MainWindow() override;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 

@@ -12,6 +12,10 @@ class Splash : public QSplashScreen {
 
  public:
   Splash();
+
+ protected:
+  /// A click does not end the splash: it stays until the main window is there.
+  void mousePressEvent(QMouseEvent*) override {}
 };
 
 }  // namespace requite
