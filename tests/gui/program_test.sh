@@ -26,6 +26,7 @@ scene() {
   scenario="$1"
   export XDG_DATA_HOME="$work/$1/data" XDG_CONFIG_HOME="$work/$1/config"
   mkdir -p "$XDG_DATA_HOME" "$XDG_CONFIG_HOME"
+  set_to showHelp 0   # the help of the first start would take the keyboard
 }
 set_to() { printf 'put %s %s\n' "$@" | "$work/bin/requite-console" script || fail "settings cannot be written"; }
 setting() { printf 'get %s\n' "$1" | "$work/bin/requite-console" script; }
@@ -74,6 +75,16 @@ close_main "$second"; ended "$second" 0
 [ "$(setting LastProject)" = "$work/both.prj" ] || fail "the second copy's setting is lost"
 grep -q '^two-copies.example' "$work/both.prj" || fail "the project was not saved"
 [ -z "$(find "$XDG_CONFIG_HOME" -name '*damaged*')" ] || fail "the settings file was damaged"
+
+scene help   # no program shows help files: the pages come up in a window of the program
+set_to showHelp 1
+mkdir "$work/no-opener"
+ln -s "$(command -v sh)" "$work/no-opener/sh"
+PATH="$work/no-opener" start
+window_of "$pid" '^Requite Help$'
+keys Escape
+close_main "$pid"; ended "$pid" 0
+[ "$(setting showHelp)" = 0 ] || fail "the help would come up at each start"
 
 scene project-gone
 set_to LastProject "$work/gone/away.prj"

@@ -48,9 +48,10 @@ class DeskProgram {
   DeskProgram(const ProgramFolder& folder, const ConnectMap& map)
       : services_(guard_, map, folder.File("settings")), Form(services_.All, folder), Window(Form, guard_) {
     Form.OnEnd = [this] { Ended = true; };
+    Form.Settings.SaveSetting(setting::showHelp, "0");  // its window would take the keyboard
+    Form.Start();
     Window.show();
     Window.activateWindow();  // there may be no window manager that would
-    Form.Start();
   }
 
   template <class Kind>

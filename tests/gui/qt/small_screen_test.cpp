@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 
+#include "shell/qt/window/help_window.h"
 #include "window_rig.h"
 
 namespace requite::test {
@@ -34,6 +35,9 @@ class SmallScreenTest : public QObject, private WindowRig {
       CheckFit(*TopLevel(name));
       form_->Windows.Close(name);
     }
+    QVERIFY(ShowHelpPages(REQUITE_INSTALLED "/Help.chm"));
+    CheckFit(*TopLevel("helpPages"));
+    TopLevel("helpPages")->close();
     End();
   }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "shell/qt/desktop_shell.h"
 #include "shell/qt/loop_rig.h"
 #include "shell/qt/program_folder.h"
 #include "shell/qt/sound_process.h"
@@ -109,6 +110,68 @@ TEST_F(SoundProcessTest, WithoutAPlayerThereIsSilence) {
   sounds.PlaySoundFile(folder_.File("finished.wav"));
   rig_.Settle();
   EXPECT_TRUE(Players().empty());
+}
+
+/// The desktop's opener is a script, and nothing else can be found.
+class DesktopShellTest : public testing::Test {
+ protected:
+  DesktopShellTest() : path_(std::getenv("PATH")) {
+    fs::create_symlink("/bin/sh", folder_.File("sh"));
+    ::setenv("PATH", folder_.Folder.Path.c_str(), 1);
+    shell_.OnFailed = [this](const QString& what) { failed_.push_back(what.toStdString()); };
+  }
+  ~DesktopShellTest() override { ::setenv("PATH", path_.c_str(), 1); }
+
+  void Install(const char* program, const std::string& script) {
+    MakeFile(folder_.File(program), "#!/bin/sh\n" + script + "\n");
+    fs::permissions(folder_.File(program), fs::perms::owner_all);
+  }
+  /// An opener that notes what it is to open, and ends with this status.
+  void InstallOpener(int status) {
+    Install("xdg-open", "echo \"$1\" >> '" + folder_.File("log") + "'\nexit " + std::to_string(status));
+  }
+  bool Opens(const std::string& what) {
+    return rig_.Until([&] {
+      std::ifstream log(folder_.File("log"));
+      std::string last;
+      for (std::string line; std::getline(log, line);) last = line;
+      return last == what;
+    });
+  }
+  bool Fails(const std::string& what) {
+    return rig_.Until([&] { return !failed_.empty() && failed_.back() == what; });
+  }
+
+  LoopRig rig_;
+  TemporaryFolder folder_;
+  std::string path_;
+  std::vector<std::string> failed_;
+  DesktopShell shell_;
+};
+
+TEST_F(DesktopShellTest, AnAddressWithoutASchemeIsOneOfTheWebAndOtherSchemesAreRefused) {
+  InstallOpener(0);
+  shell_.OpenUrlOutside("myhttpd.example/y");
+  EXPECT_TRUE(Opens("http://myhttpd.example/y"));
+  shell_.OpenUrlOutside("HTTPS://a.example/?u=ftp://b");
+  EXPECT_TRUE(Opens("https://a.example/?u=ftp://b"));
+  EXPECT_TRUE(failed_.empty());
+  shell_.OpenUrlOutside("file:///etc/http");
+  EXPECT_TRUE(Fails("file:///etc/http"));
+}
+
+TEST_F(DesktopShellTest, WhatNothingOpensIsTold) {
+  shell_.OpenFolder("/without/opener");
+  EXPECT_TRUE(Fails("/without/opener"));
+  InstallOpener(4);
+  shell_.OpenFolder("/opener/fails");
+  EXPECT_TRUE(Fails("/opener/fails"));
+  shell_.OpenDocument("/no/program/for/Help.chm");
+  EXPECT_TRUE(Fails("/no/program/for/Help.chm"));
+  InstallOpener(0);
+  Install("xdg-mime", "echo viewer.desktop");
+  shell_.OpenDocument("/a/Help.chm");
+  EXPECT_TRUE(Opens("/a/Help.chm"));
 }
 
 }  // namespace

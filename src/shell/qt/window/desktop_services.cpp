@@ -2,6 +2,8 @@
 // The making of the desktop's services, in the order in which they need each other.
 #include "shell/qt/window/desktop_services.h"
 
+#include "shell/qt/window/opening_failed.h"
+
 namespace requite {
 
 DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
@@ -13,6 +15,8 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       timTimeout_(guard),
       timer1_(guard),
       timBrowser_(guard),
-      internet_(map) {}
+      internet_(map) {
+  shell_.OnFailed = ShowUnopened;
+}
 
 }  // namespace requite
