@@ -17,3 +17,10 @@ function(requite_test name)
   target_link_libraries(${name}_tests PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# requite_command_test(NAME SECONDS COMMAND...): a test that is a command line, which may begin with NAME=VALUE
+# pairs for the environment; it is killed after that many seconds.
+function(requite_command_test name seconds)
+  add_test(NAME ${name} COMMAND ${REQUITE_ISOLATED} ${ARGN})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${seconds})
+endfunction()

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # The window program itself on a display: what it does when all is well, with two copies at once, and when
 # things are missing or broken. Keys come from the X server, as a user's would.
-# Usage: program_test.sh PROGRAM CONSOLE INSTALLED_FOLDER SAMPLE_PROJECT   (under xvfb-run)
+# Usage: program_test.sh PROGRAM CONSOLE INSTALLED_FOLDER SAMPLE_PROJECT   (on a display)
 set -euo pipefail
 installed="$3" sample="$4"
 work="$(mktemp -d)"
