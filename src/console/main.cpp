@@ -50,7 +50,9 @@ class QtConsoleLoop : public ConsoleLoop {
     return true;
   }
   void After(int milliseconds, std::function<void()> action) override {
-    QTimer::singleShot(milliseconds, &receiver_, [this, action = std::move(action)] { guard_.Run(action); });
+    // A coarse timer may be late by a twentieth of its time.
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &receiver_,
+                       [this, action = std::move(action)] { guard_.Run(action); });
   }
 
  private:
@@ -140,7 +142,10 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
     store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
   }
   ConnectMap map;
-  for (const ConnectRule& rule : options.Common.ConnectTo) map.Add(rule);
+  for (ConnectRule rule : options.Common.ConnectTo) {
+    rule.Host = FromUtf8(rule.Host);  // the hosts of a project are bytes of the code page
+    map.Add(rule);
+  }
 
   QtEventLoop events;
   QtConsoleLoop loop(events, guard);
