@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -71,7 +72,10 @@ bool ChildProcess::ReadSome(int milliseconds) {
   pollfd files[] = {{out_, POLLIN, 0}, {err_, POLLIN, 0}};
   if (out_ < 0 && err_ < 0) return false;
   if (::poll(files, 2, milliseconds) <= 0) return true;
-  if (files[0].revents != 0) Drain(out_, Out);
+  if (files[0].revents != 0) {
+    Drain(out_, Out);
+    if (OnOut) OnOut();
+  }
   if (files[1].revents != 0) Drain(err_, Err);
   return true;
 }
@@ -92,7 +96,9 @@ int ChildProcess::Wait() {
     if (std::chrono::steady_clock::now() > end) return -1;
   }
   int status = 0;
-  ::waitpid(std::exchange(pid_, -1), &status, 0);
+  rusage used{};
+  ::wait4(std::exchange(pid_, -1), &status, 0, &used);
+  PeakMemory = used.ru_maxrss;
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 

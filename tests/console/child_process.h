@@ -2,6 +2,7 @@
 // A program run by a test: its input, outputs and end, waited for with bounded time only.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ class ChildProcess {
 
   std::string Out;
   std::string Err;
+  /// The most memory that the program held at a time, in KiB; known when it has ended.
+  long PeakMemory = 0;
+  /// Called after each piece of standard output, which is in Out then.
+  std::function<void()> OnOut;
 
  private:
   bool ReadSome(int milliseconds);

@@ -33,7 +33,8 @@ ServedConnection::~ServedConnection() { End(); }
 std::string ServedConnection::ReadRequest() {
   std::string request;
   std::array<char, 4096> piece{};
-  while (request.find("\r\n\r\n") == std::string::npos) {
+  // The end of a request is the end of what a client sends, so only there it is looked for.
+  while (!request.ends_with("\r\n\r\n")) {
     const ssize_t bytes = ::recv(descriptor_, piece.data(), piece.size(), 0);
     if (bytes <= 0) break;
     request.append(piece.data(), static_cast<std::size_t>(bytes));
@@ -41,13 +42,24 @@ std::string ServedConnection::ReadRequest() {
   return request;
 }
 
-void ServedConnection::Send(std::string_view bytes) {
+std::string ServedConnection::PeekRequest() {
+  std::array<char, 4096> piece{};
+  const ssize_t bytes = ::recv(descriptor_, piece.data(), piece.size(), MSG_PEEK);
+  return {piece.data(), bytes > 0 ? static_cast<std::size_t>(bytes) : 0};
+}
+
+bool ServedConnection::Send(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t sent = ::send(descriptor_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    if (sent <= 0) return;
+    if (sent <= 0) return false;
     bytes.remove_prefix(static_cast<std::size_t>(sent));
   }
+  return true;
 }
+
+void ServedConnection::SendUrgent(char byte) { ::send(descriptor_, &byte, 1, MSG_NOSIGNAL | MSG_OOB); }
+
+void ServedConnection::EndSending() { ::shutdown(descriptor_, SHUT_WR); }
 
 void ServedConnection::End() {
   if (descriptor_ >= 0) ::close(descriptor_);

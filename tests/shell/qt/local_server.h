@@ -20,10 +20,15 @@ class ServedConnection {
 
   /// Everything up to the blank line.
   std::string ReadRequest();
-  void Send(std::string_view bytes);
-  void End();          ///< closes in the normal way
-  void Reset();        ///< closes so that the other side gets an error
-  void WaitForPeer();  ///< until the other side has closed
+  /// The first piece of the request, which is still there to be read.
+  std::string PeekRequest();
+  /// False when the other side takes no more.
+  bool Send(std::string_view bytes);
+  void SendUrgent(char byte);  ///< beside the stream
+  void End();                  ///< closes in the normal way
+  void EndSending();           ///< closes this direction only
+  void Reset();                ///< closes so that the other side gets an error
+  void WaitForPeer();          ///< until the other side has closed
 
  private:
   int descriptor_;
