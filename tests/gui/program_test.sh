@@ -19,6 +19,12 @@ mkdir -p "$work/bin" "$work/share"
 ln "$1" "$work/bin/requite" 2>/dev/null || cp "$1" "$work/bin/requite"
 ln "$2" "$work/bin/requite-console" 2>/dev/null || cp "$2" "$work/bin/requite-console"
 cp -r "$installed" "$work/share/requite"
+# A session without a bus: the program must not have one started.
+unset DBUS_SESSION_BUS_ADDRESS
+mkdir "$work/launcher"
+printf '#!/bin/sh\n: > "%s/bus-asked-for"\n' "$work" > "$work/launcher/dbus-launch"
+chmod +x "$work/launcher/dbus-launch"
+export PATH="$work/launcher:$PATH"
 mainTitle='Requite by'
 
 # scene NAME: from here on everything is another user's, who has no data yet.
@@ -130,3 +136,5 @@ ended "$pid" 70
 sites() { sed '/^HTML01:/,$d' "$1" | cut -d'|' -f1,2; }
 cmp <(sites "$sample") <(sites "$XDG_DATA_HOME/requite/Project Files/Recovered.prj") ||
   fail "the recovered project differs"
+
+[ ! -e "$work/bus-asked-for" ] || fail "a message bus was to be started"

@@ -17,10 +17,13 @@ constexpr const char* kDesktopFile = "requite";
 constexpr int kTheServicesOwnTime = -1;
 constexpr uint kNewNotification = 0;
 
-/// Asked for where there is no bus, the library would start one.
+constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
+/// An address at which the library looks for no bus.
+constexpr const char* kNoBus = "disabled:";
+
 bool HasBus() {
-  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-         QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+  if (qEnvironmentVariableIsSet(kAddressVariable)) return qgetenv(kAddressVariable) != kNoBus;
+  return QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
 }
 
 void Send(const QDBusMessage& message) {
@@ -30,6 +33,10 @@ void Send(const QDBusMessage& message) {
 }
 
 }  // namespace
+
+void StayOffMissingBus() {
+  if (!HasBus()) qputenv(kAddressVariable, kNoBus);
+}
 
 void SessionBus::Notify(const QString& summary, const QString& body) {
   QDBusMessage message =

@@ -18,6 +18,11 @@ class DesktopBus {
   virtual void ShowProgress(int percent) = 0;
 };
 
+/// Keeps the toolkit from looking for a message bus where the session has none: its library would start one,
+/// and the window would wait for that. To be called before the application object is made; programs that the
+/// window starts inherit it.
+void StayOffMissingBus();
+
 /// Over the session's message bus, which is not started when there is none.
 class SessionBus final : public DesktopBus {
  public:

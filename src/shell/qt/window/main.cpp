@@ -101,6 +101,7 @@ int Run(QApplication& application) {
 int main(int argc, char** argv) {
   requite::KeepFreedMemory();
   requite::PrepareWebEngine();
+  requite::StayOffMissingBus();
   qInstallMessageHandler(requite::OneLineWithoutDisplay);
   QApplication application(argc, argv);
   qInstallMessageHandler(nullptr);
