@@ -45,6 +45,13 @@ void TextBox::SetText(std::string text) {
   if (programChange_ == ProgramChange::RunsHandler && OnChange) OnChange();
 }
 
+void TextBox::Append(std::string_view text) {
+  if (text.empty()) return;
+  text_ += text;
+  Changed();
+  if (programChange_ == ProgramChange::RunsHandler && OnChange) OnChange();
+}
+
 void TextBox::MoveCursorToEnd() {
   if (View() != nullptr) View()->MoveCursorToEnd();
 }

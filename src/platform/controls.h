@@ -97,6 +97,8 @@ class TextBox : public Control {
   [[nodiscard]] const std::string& Text() const { return text_; }
   /// The program sets the text; setting the same text again is no change.
   void SetText(std::string text);
+  /// The program adds to the end; the time does not depend on how long the text already is.
+  void Append(std::string_view text);
   /// Puts the cursor behind the text, where a view shows one.
   void MoveCursorToEnd();
   /// The user makes this the whole text, in one change.

@@ -83,11 +83,8 @@ void Posting::ShowStatus(std::string text) {
 
 void Posting::Log(const std::string& text) {
   // A text box ends at the first character of code 0. Short replies are filled up with such, and what
-  // is added behind them, the line end among it, is lost.
-  TextBox& box = needs_.Log.Text4();
-  std::string whole = box.Text() + text;
-  whole.resize(Before(whole, '\0').size());
-  box.SetText(std::move(whole));
+  // follows them, the line end among it, is lost.
+  needs_.Log.Text4().Append(Before(text, '\0'));
 }
 
 void Posting::optScript_Click(int index) {

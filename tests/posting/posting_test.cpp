@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "posting/url_encode.h"
 #include "support/fakes.h"
 
@@ -105,6 +107,17 @@ TEST_F(PostingTest, TheLogEndsAtTheFirstByteOfZeroAndGoesOnFromThere) {
                 std::string(300, 'x') +
                 "\r\n"
                 "\r\nURL: http://True\r\n\r\nReturned: short");
+}
+
+TEST_F(PostingTest, TheLogOfManyRowsGrowsInLinearTime) {
+  services_.Internet.Bodies = {{"http://s", std::string(300, 'x')}};
+  txtPost_.SetText("s");
+  for (int row = 0; row < 20000; ++row) list3_.Add({"m", "a", "Direct Link", "001", "a"});
+  const auto begin = std::chrono::steady_clock::now();
+  cmdPost_.Click();
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  EXPECT_EQ(log_.Box.Text().size(),
+            20000 * std::string("\r\nURL: http://s\r\n\r\nReturned: \r\n").size() + 20000 * 300);
 }
 
 TEST_F(PostingTest, WithoutResultsOrAnAnswerTheRunEndsQuietly) {
