@@ -101,9 +101,9 @@ struct SaveHabits {
 
 /// A file dialog. `Filter` has the form "Words (*.x)|*.x".
 struct FileDialog {
-  std::string Folder;
+  std::string Folder;  ///< as the file system's bytes
   std::string Filter;
-  std::string DefaultName;
+  std::string DefaultName;  ///< in the code page: it is made of a site's text
   SaveHabits Habits{};
 };
 

@@ -86,7 +86,7 @@ std::string QtDialogs::AskSaveName(const FileDialog& dialog) {
   window.setDefaultSuffix(ToUnicode(dialog.Habits.DefaultSuffix));
   // Its own question knows no exception; and for some files the program asks itself, in its own words.
   window.setOption(QFileDialog::DontConfirmOverwrite);
-  window.selectFile(QFile::decodeName(dialog.DefaultName.c_str()));
+  window.selectFile(ToUnicode(dialog.DefaultName));
   while (window.exec() == QDialog::Accepted) {
     const QString chosen = window.selectedFiles().value(0);
     if (MayReplace(window, chosen, dialog.Habits)) return NameOf(chosen);
