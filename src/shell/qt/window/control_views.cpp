@@ -5,18 +5,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QCursor>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTabBar>
-#include <limits>
 #include <utility>
 
 #include "shell/qt/code_page.h"
@@ -25,17 +23,21 @@
 namespace requite {
 namespace {
 
-void ShowRows(const ComboBox& control, QComboBox& widget) {
-  QStringList items;
-  for (const std::string& item : control.Items()) items << ToUnicode(item);
-  QStringList shown;
-  for (int i = 0; i < widget.count(); ++i) shown << widget.itemText(i);
-  if (shown != items) {
-    widget.clear();
-    widget.addItems(items);
+/// Lets only the left button and the keyboard change tabs.
+class TabHand : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Wheel: return true;
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+        return static_cast<const QMouseEvent*>(event)->button() != Qt::LeftButton;
+      default: return false;
+    }
   }
-  if (widget.currentIndex() != control.ListIndex()) widget.setCurrentIndex(control.ListIndex());
-}
+};
 
 }  // namespace
 
@@ -97,33 +99,6 @@ void Binder::Bind(Button& control, QAbstractButton& widget, const QString& mnemo
   });
 }
 
-void Binder::Bind(TextBox& control, QLineEdit& widget) {
-  widget.setMaxLength(std::numeric_limits<int>::max());  // a text from a file is not cut
-  Keep(control, widget, [&control, &widget] {
-    const QString text = ToUnicode(control.Text());
-    if (widget.text() != text) widget.setText(text);
-  });
-  QObject::connect(&widget, &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
-    user_.Run([&] { control.UserSets(FromUnicode(text)); });
-  });
-  QObject::connect(&widget, &QLineEdit::returnPressed, &widget,
-                   [this, &control] { user_.Run([&control] { control.UserPressesEnter(); }); });
-}
-
-void Binder::Bind(TextBox& control, QPlainTextEdit& widget) {
-  // The control's lines end in CR LF, the widget's in LF.
-  const auto shown = [&control] { return ToUnicode(control.Text()).replace("\r\n", "\n"); };
-  Keep(control, widget, [&widget, shown] {
-    if (widget.toPlainText() == shown()) return;
-    const QSignalBlocker quiet(widget);
-    widget.setPlainText(shown());
-  });
-  QObject::connect(&widget, &QPlainTextEdit::textChanged, &widget, [this, &control, &widget, shown] {
-    if (widget.toPlainText() == shown()) return;
-    user_.Run([&] { control.UserSets(FromUnicode(widget.toPlainText().replace("\n", "\r\n"))); });
-  });
-}
-
 void Binder::BindLabel(TextBox& control, QLabel& widget) {
   widget.setTextFormat(Qt::PlainText);
   Keep(control, widget, [&control, &widget] {
@@ -165,32 +140,6 @@ void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& wid
   }
 }
 
-void Binder::BindDropDownList(ComboBox& control, QComboBox& widget) {
-  Keep(control, widget, [&control, &widget] { ShowRows(control, widget); });
-  QObject::connect(&widget, &QComboBox::activated, &widget,
-                   [this, &control](int index) { user_.Run([&] { control.SetListIndex(index); }); });
-}
-
-void Binder::Bind(ComboBox& control, QComboBox& widget) {
-  widget.setEditable(true);
-  widget.setInsertPolicy(QComboBox::NoInsert);
-  // The names of sites do not set the width of the window.
-  widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  widget.setMinimumContentsLength(12);
-  Keep(control, widget, [&control, &widget] {
-    ShowRows(control, widget);
-    const QString text = ToUnicode(control.Text());
-    if (widget.currentText() != text) widget.setEditText(text);
-  });
-  QObject::connect(&widget, &QComboBox::activated, &widget,
-                   [this, &control](int index) { user_.Run([&] { control.SetListIndex(index); }); });
-  QObject::connect(widget.lineEdit(), &QLineEdit::textEdited, &widget, [this, &control](const QString& text) {
-    user_.Run([&] { control.UserSets(FromUnicode(text)); });
-  });
-  QObject::connect(widget.lineEdit(), &QLineEdit::returnPressed, &widget,
-                   [this, &control] { user_.Run([&control] { control.UserPressesEnter(); }); });
-}
-
 void Binder::Bind(ProgressBar& control, QProgressBar& widget) {
   widget.setRange(0, 100);
   Keep(control, widget, [&control, &widget] { widget.setValue(control.Value()); });
@@ -228,6 +177,7 @@ void Binder::Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>
     widget.setCurrentIndex(control.Selected() - 1);
     onShown(control.Selected());
   });
+  widget.installEventFilter(new TabHand(&widget));
   // A press on the tab on show counts as well: each visit of Pages adds to its list.
   QObject::connect(&widget, &QTabBar::tabBarClicked, &widget, [this, &control](int index) {
     if (index >= 0) user_.Run([&] { control.Select(index + 1); });

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -39,7 +40,9 @@ class Binder {
   /// `mnemonic` is the caption with its "&", for buttons whose caption is shown as it is.
   void Bind(Button& control, QAbstractButton& widget, const QString& mnemonic = {});
   void Bind(TextBox& control, QLineEdit& widget);
-  void Bind(TextBox& control, QPlainTextEdit& widget);
+  /// Of a text of more than `longest` bytes only the last lines are shown, at least half as many bytes.
+  void Bind(TextBox& control, QPlainTextEdit& widget,
+            std::size_t longest = std::numeric_limits<std::size_t>::max());
   void BindLabel(TextBox& control, QLabel& widget);
   /// A label of one line, whatever its text is, that never widens the window.
   void BindLine(TextBox& control, QLabel& widget);

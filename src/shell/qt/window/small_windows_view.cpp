@@ -13,6 +13,11 @@
 #include "shell/qt/window/product_icon.h"
 
 namespace requite {
+namespace {
+
+constexpr std::size_t kLongestLog = 1'000'000;  ///< shown; the log itself keeps every row
+
+}  // namespace
 
 AboutView::AboutView(frmAbout& window, const WindowSurroundings& surroundings)
     : FurtherWindow(window, surroundings) {
@@ -57,7 +62,7 @@ LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
   auto* const text = new QPlainTextEdit(this);
   text->setAccessibleName(tr("Log of the posting"));
   text->setPlaceholderText(tr("The requests and what they returned appear here."));
-  bind_.Bind(window.Text4, *text);
+  bind_.Bind(window.Text4, *text, kLongestLog);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(text);
