@@ -178,9 +178,14 @@ Complaint RightClick(ScriptSession& session, const Words& words) {
   };
   ListRow found = find();
   if (found.List == nullptr) return found.Why;
-  if (found.List->OnMouseDown) found.List->OnMouseDown(found.Row);
-  if (found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
-  // The press may have dropped the list or its rows; the button goes up all the same.
+  if (found.List->RightPressSelects && found.Row >= 0) {
+    ClickRow(*found.List, found.Row, Press::Only);
+  } else if (found.List->OnMouseDown) {
+    found.List->OnMouseDown(found.Row);
+  }
+  // Each handler may drop the list or its rows; the button still goes down and up.
+  found = find();
+  if (found.List != nullptr && found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
   found = find();
   if (found.List != nullptr && found.List->OnRightButtonUp) found.List->OnRightButtonUp(found.Row);
   return {};

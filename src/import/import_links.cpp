@@ -27,6 +27,17 @@ std::string BaseOf(std::string url) {
   return url;
 }
 
+class HeldDrawing {
+ public:
+  explicit HeldDrawing(ListView& list) : list_(list) { list_.SetRedraw(false); }
+  ~HeldDrawing() { list_.SetRedraw(true); }
+  HeldDrawing(const HeldDrawing&) = delete;
+  HeldDrawing& operator=(const HeldDrawing&) = delete;
+
+ private:
+  ListView& list_;
+};
+
 }  // namespace
 
 void ImportLinks::Wire() {
@@ -96,7 +107,14 @@ std::optional<std::string> ImportLinks::ListFromScript() {
 }
 
 void ImportLinks::ShowLinks(std::string_view list) {
-  // Every piece counts, the empty one behind the last comma of a page's list too; an empty list has none.
+  const std::optional<std::size_t> count = AddRows(list);
+  if (!count) return;
+  tab_.StatusBar1.SetPanel(1, "Finished Downloading - " + std::to_string(*count) + " links found.");
+}
+
+std::optional<std::size_t> ImportLinks::AddRows(std::string_view list) {
+  const HeldDrawing held(tab_.ListView1);
+  // Every piece counts, the empty one after the last comma of a page's list too; an empty list has none.
   std::size_t count = 0;
   for (std::size_t begin = 0; begin <= list.size() && !list.empty();) {
     const std::size_t end = std::min(list.find(',', begin), list.size());
@@ -107,9 +125,9 @@ void ImportLinks::ShowLinks(std::string_view list) {
     ++count;
     begin = end + 1;
     needs_.EventLoop.LetPendingEventsRun();
-    if (needs_.Ended()) return;
+    if (needs_.Ended()) return std::nullopt;
   }
-  tab_.StatusBar1.SetPanel(1, "Finished Downloading - " + std::to_string(count) + " links found.");
+  return count;
 }
 
 void ImportLinks::AddSelectedLinks() {

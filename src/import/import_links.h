@@ -83,6 +83,8 @@ class ImportLinks {
   [[nodiscard]] std::optional<std::string> Delimiter();
   void ShowConnecting(const std::string& url);
   void ShowLinks(std::string_view list);
+  /// How many rows they are; nothing if the window was closed meanwhile.
+  [[nodiscard]] std::optional<std::size_t> AddRows(std::string_view list);
   void AddLines(std::string_view text);
   void AddLinkingSite(std::string_view line);
   void SelectAll();

@@ -137,6 +137,12 @@ class RecordList : public ListView {
     Tell([](ListObserver& o) { o.ListReset(); });
   }
 
+  void SetRedraw(bool redraw) override {
+    redraw_ = redraw;
+    Tell([](ListObserver& o) { o.RedrawChanged(); });
+  }
+  [[nodiscard]] bool Redraw() const override { return redraw_; }
+
   void SetObserver(ListObserver* observer) override { observer_ = observer; }
 
  protected:
@@ -268,6 +274,7 @@ class RecordList : public ListView {
   int selected_ = -1;  // the row marked SelectedLast
   std::size_t selectedCount_ = 0;
   std::uint64_t version_ = 0;
+  bool redraw_ = true;
   ListObserver* observer_ = nullptr;
 };
 

@@ -160,11 +160,13 @@ void SiteEditing::WireWindow() {
   window_.cmdAdd2.OnClick = [this] { cmdAdd2(); };
   window_.cmbDel.OnClick = [this] { cmbDel(); };
   project_.List4.OnItemClick = [this](int) { List4_Click(); };
+  project_.List4.PressBesideSelectsNone = true;  // and shows no list of Linking Sites
 }
 
 void SiteEditing::WireList(LinkingSiteList& list, int k) {
   list.OnMouseDown = [this, k](int) { List1_MouseDown(k); };
   list.OnItemClick = [this](int row) { List1_ItemClick(row); };
+  list.RightPressSelects = true;  // the popup's entry is about the row under the mouse
 }
 
 }  // namespace requite

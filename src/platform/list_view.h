@@ -34,6 +34,8 @@ class ListObserver {
   /// Every row may be another: the list was emptied or sorted.
   virtual void ListReset() = 0;
   virtual void SelectionChanged() = 0;
+  /// The drawing was held back or is resumed.
+  virtual void RedrawChanged() {}
 };
 
 /// A list view of any record. Rows and columns are counted from 0; a selected row of -1 is none.
@@ -66,8 +68,17 @@ class ListView : public Control {
   /// Takes a new sort state and orders the rows by it. Equal rows keep their order.
   virtual void SetSort(const SortState& sort) = 0;
 
+  /// With false the view keeps the picture that it has, however the rows change; true draws it again.
+  virtual void SetRedraw(bool redraw) = 0;
+  [[nodiscard]] virtual bool Redraw() const = 0;
+
   /// The one observer; not owned, may be null.
   virtual void SetObserver(ListObserver* observer) = 0;
+
+  /// A right press on a row selects it, as a left press does.
+  bool RightPressSelects = false;
+  /// A left press beside the rows selects none and is a click like one on a row. Elsewhere it does nothing.
+  bool PressBesideSelectsNone = false;
 
   /// What the user did. `row` is -1 beside the rows.
   std::function<void(int row)> OnItemClick;

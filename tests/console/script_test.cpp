@@ -57,6 +57,8 @@ TEST(Script, TheHandActsOnListsAndBoxes) {
        "main.example\na.example\t1\t\t\t\nb.example\t1\t\t\t\na.example\t1\t\t\t\nb.example\t1\t\t\t\n"},
       {sites + "select List1 2\nindex List1\nclick mnuPopup1Item(0)\nrows List1\nindex List1",
        "2\na.example\t1\t\t\t\n0\n"},
+      {sites + "rightclick List1\nindex List1\nrightclick List1 2\nindex List1\nclick cmbDel\nrows List1",
+       "0\n2\na.example\t1\t\t\t\n"},
       {sites + "sort List1 1\nrows List1", "b.example\t1\t\t\t\na.example\t1\t\t\t\n"},
       {sites + "select List4\nindex List4\nvar CurrentMainSite", "0\n0\n"},
       {"type txtURL ab\ntrace txtURL\ntype txtURL cd\nset txtURL x\nset txtURL",

@@ -30,8 +30,18 @@ class ImportWindowTest : public QObject, private WindowRig {
     auto* const url = Part<QLineEdit>(import, "Text1");
     url->selectAll();
     QTest::keyClicks(url, "me.example/links");
-    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
     auto* const rows = Part<QAbstractItemView>(import, "ListView1");
+    int yields = 0;
+    int drawn = 0;
+    services_->EventLoop.OnEveryYield = [&] {
+      if (++yields % 200 != 0) return;
+      QTest::qWait(80);
+      const bool adds = Part<QLabel>(import, "StatusBar1(1)")->text().startsWith("Added");
+      if (adds) drawn = std::max(drawn, rows->model()->rowCount());
+    };
+    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
+    services_->EventLoop.OnEveryYield = nullptr;
+    QCOMPARE(drawn, 0);
     QTRY_COMPARE(rows->model()->rowCount(), 1001);
     QTRY_COMPARE(Part<QLabel>(import, "StatusBar1(1)")->text(),
                  QString("Finished Downloading - 1001 links found."));

@@ -3,12 +3,15 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTableView>
+#include <QWheelEvent>
 #include <map>
 
 #include "window_rig.h"
@@ -132,6 +135,105 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(form_->Sites.List1(1).SelectedRow(), 0);
   }
 
+  void aTypedKeyChangesNoOtherByteAndARefreshMovesNoCursor() {
+    form_->TabStrip1.Select(3);
+    std::string all = "first\xA0line\n";
+    for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
+    TextBox& control = form_->Sites.txtHTML1;
+    control.SetText(all + "\r\n");
+    auto* const box = Widget<QPlainTextEdit>("txtHTML1");
+    QTRY_VERIFY(box->isVisible() && box->toPlainText().startsWith("first"));
+    const auto placeCursor = [box](int anchor, int at) {
+      QTextCursor cursor = box->textCursor();
+      cursor.setPosition(anchor);
+      cursor.setPosition(at, QTextCursor::KeepAnchor);
+      box->setTextCursor(cursor);
+    };
+    placeCursor(5, 5);
+    TypeOutsidePage(box, "x", "y");
+    QTest::keyClick(box, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(control.Text(), "firstx?y\r\n" + all.substr(5) + "\r\n");
+    QCOMPARE(box->textCursor().position(), 9);
+    while (box->document()->isUndoAvailable()) box->undo();
+    QCOMPARE(control.Text(), all + "\r\n");
+    // A stretch that is rewritten before the selection leaves it where it is.
+    placeCursor(8, 6);
+    control.SetText("another" + control.Text().substr(5));
+    QTRY_VERIFY(box->toPlainText().startsWith("another"));
+    QCOMPARE(box->textCursor().selectedText(), QString("li"));
+    QCOMPARE(box->textCursor().position(), 8);
+    form_->TabStrip1.Select(5);
+    auto* const line = Widget<QLineEdit>("txtPost2");
+    TypeOutsidePage(line, "abc", "");
+    QCOMPARE(form_->txtPost2.Text(), line->text().toStdString());
+    line->setSelection(static_cast<int>(line->text().size()) - 1, -2);
+    form_->txtPost2.SetText("new " + form_->txtPost2.Text());
+    QTRY_VERIFY(line->text().startsWith("new "));
+    QCOMPARE(line->selectedText(), QString("bc"));
+    QCOMPARE(line->cursorPosition(), line->text().size() - 3);
+  }
+
+  void aTypedNameIsNotTakenForTheRowThatReadsAlike() {
+    form_->TabStrip1.Select(3);
+    form_->optAll.Choose(1);
+    form_->Combo3.AddItem("Comma");
+    auto* const combo = Widget<QComboBox>("Combo3");
+    QTRY_COMPARE(combo->count(), 1);
+    QTRY_VERIFY(combo->isEnabled() && combo->isVisible());
+    combo->lineEdit()->selectAll();
+    TypeOutsidePage(combo->lineEdit(), "com", "a");
+    combo->lineEdit()->setCursorPosition(4);
+    QTest::qWait(100);
+    QCOMPARE(form_->Combo3.Text(), std::string("com?a"));
+    QCOMPARE(combo->lineEdit()->cursorPosition(), 4);
+    QTest::keyClick(combo, Qt::Key_Backspace);
+    QTest::keyClick(combo, Qt::Key_M);
+    QTest::qWait(100);
+    QCOMPARE(combo->lineEdit()->cursorPosition(), 4);
+    QTest::keyClick(combo, Qt::Key_Home);
+    QTest::keyClick(combo, Qt::Key_Delete);
+    QTest::keyClick(combo, 'C');
+    QCOMPARE(form_->Combo3.Text(), std::string("Comma"));
+    QTest::keyClick(combo, Qt::Key_Return);
+    Widget<QPlainTextEdit>("txtHTML1")->setFocus();
+    QCOMPARE(form_->Combo3.ListIndex(), -1);
+  }
+
+  void otherButtonsAndTheWheelAreNoClicksOfATab() {
+    AddSites();
+    auto* const tabs = Widget<QTabBar>("TabStrip1");
+    const auto click = [&](Qt::MouseButton button) {
+      QTest::mouseClick(tabs, button, {}, tabs->tabRect(2).center());
+    };
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) click(button);
+    QCOMPARE(form_->TabStrip1.Selected(), 1);
+    for (int visit = 0; visit < 2; ++visit) click(Qt::LeftButton);
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) click(button);
+    QWheelEvent wheel(tabs->tabRect(2).center(), tabs->mapToGlobal(tabs->tabRect(2).center()), {}, {0, -120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(tabs, &wheel);
+    QCOMPARE(form_->TabStrip1.Selected(), 3);
+    QCOMPARE(form_->Combo3.Items().size(), std::size_t{2});
+  }
+
+  void aPressBesideTheMainSitesShowsNoList() {
+    AddSites();
+    auto* const sites = Widget<QTableView>("List4");
+    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 1);
+    const QPoint beside(sites->viewport()->width() / 2, sites->viewport()->height() - 3);
+    QTest::mouseClick(sites->viewport(), Qt::RightButton, {}, beside);
+    QCOMPARE(form_->Sites.CurrentMainSite, std::int16_t{1});
+    QTest::mouseClick(sites->viewport(), Qt::LeftButton, {}, beside);
+    QCOMPARE(form_->Sites.CurrentMainSite, std::int16_t{0});
+    QVERIFY(!form_->Sites.List1(1).Visible());
+    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 0);
+    QVERIFY(sites->selectionModel()->selectedRows().isEmpty());
+    const QPoint row = sites->visualRect(sites->model()->index(0, 0)).center();
+    QTest::mouseClick(sites->viewport(), Qt::LeftButton, {}, row);
+    QCOMPARE(form_->Sites.CurrentMainSite, std::int16_t{1});
+    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 1);
+  }
+
   void everythingThatTakesTheKeyboardHasAName() {
     AddSites();
     for (int tab = 1; tab <= 5; ++tab) {
@@ -221,6 +323,14 @@ class MainWindowTest : public QObject, private WindowRig {
     auto* const button = Widget<QAbstractButton>(name);
     QTRY_VERIFY(button->isVisible() && button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton);
+  }
+
+  /// Types a Cyrillic letter between the two texts.
+  static void TypeOutsidePage(QWidget* box, const char* before, const char* after) {
+    QTest::keyClicks(box, before);
+    QKeyEvent letter(QEvent::KeyPress, 0x416, Qt::NoModifier, QString(QChar(0x416)));
+    QApplication::sendEvent(box, &letter);
+    QTest::keyClicks(box, after);
   }
 
   static void ClosePopup(const char* of) {

@@ -137,6 +137,7 @@ void ListTable::FollowRowCount(std::size_t rows) {
 }
 
 void ListTable::Apply() {
+  if (list_ != nullptr && !list_->Redraw()) return;
   applying_ = true;
   FollowRowCount(list_ == nullptr ? 0 : list_->RowCount());
   if (std::exchange(changed_, false) && shown_ > 0) {

@@ -37,6 +37,7 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   void RowChanged(std::size_t row) override;
   void ListReset() override;
   void SelectionChanged() override { Mark(); }
+  void RedrawChanged() override { Mark(); }
   void Apply() override;
 
   /// Rows come and go under the view's hands: what it tells of its selection is not the user's doing.
@@ -55,13 +56,9 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   bool applying_ = false;
 };
 
-/// What a right press on a row does before the list hears of it.
-enum class RightPress { SelectsRow, SelectsNothing };
-
 /// Wires a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
 /// the keys that stand for them, double clicks, headers, label edits. `emptyText` is shown while the list
 /// has no rows. In a view set to extended selection afterwards, several rows can be selected.
-void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText,
-               RightPress rightPress = RightPress::SelectsRow);
+void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText);
 
 }  // namespace requite

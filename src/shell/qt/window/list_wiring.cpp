@@ -20,14 +20,8 @@ namespace {
 /// Watches a table view's mouse and keyboard, and paints the words of an empty list.
 class TableHand : public QObject {
  public:
-  TableHand(QTableView& view, ListTable& table, const UserEvents& user, QString emptyText,
-            RightPress rightPress)
-      : QObject(&view),
-        view_(view),
-        table_(table),
-        user_(user),
-        emptyText_(std::move(emptyText)),
-        rightPress_(rightPress) {
+  TableHand(QTableView& view, ListTable& table, const UserEvents& user, QString emptyText)
+      : QObject(&view), view_(view), table_(table), user_(user), emptyText_(std::move(emptyText)) {
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
     connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { OnSelection(); });
@@ -84,12 +78,13 @@ class TableHand : public QObject {
         // A second, slow click on the selected row begins an edit of its label.
         labelEdit_.start(QApplication::doubleClickInterval());
       }
+      if (row < 0 && table_.List() != nullptr && table_.List()->PressBesideSelectsNone) Select(-1);
       return false;
     }
     // The view would select the row for any button.
     if (press.button() == Qt::RightButton) {
       view_.setFocus(Qt::MouseFocusReason);
-      if (rightPress_ == RightPress::SelectsRow && row >= 0 && !IsMultiple()) Select(row);
+      if (row >= 0 && table_.List() != nullptr && table_.List()->RightPressSelects) Select(row);
       Tell(&ListView::OnRightButtonDown, row);
     }
     return true;
@@ -204,18 +199,16 @@ class TableHand : public QObject {
   ListTable& table_;
   const UserEvents& user_;
   QString emptyText_;
-  RightPress rightPress_;
   QTimer labelEdit_;
   bool showing_ = false;
 };
 
 }  // namespace
 
-void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText,
-               RightPress rightPress) {
+void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText) {
   view.setModel(&table);
   LookLikeAList(view);
-  new TableHand(view, table, user, emptyText, rightPress);  // owned by the view
+  new TableHand(view, table, user, emptyText);  // owned by the view
 }
 
 }  // namespace requite

@@ -56,7 +56,6 @@ class MainWindow : public QMainWindow {
     QString Name;
     QString EmptyText;
     std::vector<int> ColumnShares;
-    RightPress OnRightPress = RightPress::SelectsRow;
   };
   QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
   /// The Delete key in the list presses the button, while that is enabled.

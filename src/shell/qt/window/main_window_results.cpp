@@ -46,8 +46,7 @@ QWidget* MainWindow::BuildLinksPage() {
       NewTable(form_.Sites.List3, results_,
                {tr("Link results"),
                 tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
-                {16, 24, 34, 0, 26},
-                RightPress::SelectsNothing});
+                {16, 24, 34, 0, 26}});
   links_->addWidget(results);
   auto* const below = new QWidget(links_);
   auto* const layout = new QVBoxLayout(below);

@@ -40,7 +40,7 @@ QHBoxLayout* RowOf(Binder& bind, QWidget* parent, std::initializer_list<Command>
 QTableView* MainWindow::NewTable(ListView& list, ListTable& table, const ListLook& look) {
   auto* const view = new QTableView(this);
   table.Show(&list);
-  WireTable(*view, table, user_, look.EmptyText, look.OnRightPress);
+  WireTable(*view, table, user_, look.EmptyText);
   FitColumns(*view, look.ColumnShares);
   view->setAccessibleName(look.Name);
   view->setMinimumHeight(kLowestList);
