@@ -9,6 +9,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QValidator>
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -67,28 +68,24 @@ class ManyLines {
       : control_(control), widget_(widget), longest_(longest) {}
 
   void Show() {
-    const QString lines = Lines();
-    if (Raw() == lines) return;
-    // The user's undo would bring back parts of a text that is no longer there.
-    widget_.document()->setUndoRedoEnabled(false);
-    Rewrite(QTextCursor(widget_.document()), lines);
-    widget_.document()->setUndoRedoEnabled(true);
+    shown_ = Lines();
+    if (Raw() != shown_) Rewrite(shown_);
   }
 
-  /// The control's text with what the user did to the widget's; nothing if that is nothing.
+  /// The control's text with what the user did to the widget's; nothing if that is nothing. What was added to
+  /// the control and is not shown yet stays.
   std::optional<std::string> Edited() {
-    const QString before = Lines();
     const QString now = Raw();
-    if (before == now) return std::nullopt;
+    if (now == shown_) return std::nullopt;
     const std::string_view text = control_.Text();
-    const std::string end = WithChange(text.substr(from_), ChangeBetween(before, now));
-    if (const QString kept = LinesOf(end); kept != now) {
-      QTextCursor cursor(widget_.document());
-      cursor.joinPreviousEditBlock();  // one undo takes the letter and its "?" back
-      Rewrite(cursor, kept);
-      cursor.endEditBlock();
-    }
-    return std::string(text.substr(0, from_)) + end;
+    from_ = std::min(from_, text.size());
+    std::string edited(text.substr(0, from_));
+    edited += WithChange(text.substr(from_), ChangeBetween(shown_, now));
+    shown_ = now;
+    shown_.replace(QChar::LineSeparator, '\n').replace(QChar::ParagraphSeparator, '\n');
+    shown_ = Kept(shown_).replace('\n', QChar::ParagraphSeparator);
+    if (shown_ != now) Rewrite(shown_);
+    return edited;
   }
 
  private:
@@ -106,15 +103,19 @@ class ManyLines {
     return LinesOf(text.substr(from_));
   }
 
-  void Rewrite(QTextCursor writer, const QString& lines) {
+  void Rewrite(const QString& lines) {
     const TextChange change = ChangeBetween(Raw(), lines);
     const int anchor = widget_.textCursor().anchor();
     const int position = widget_.textCursor().position();
     const int scrolled = widget_.verticalScrollBar()->value();
     const QSignalBlocker quiet(widget_);
+    // The user's undo would bring back parts of a text that is no longer there.
+    widget_.document()->setUndoRedoEnabled(false);
+    QTextCursor writer(widget_.document());
     writer.setPosition(static_cast<int>(change.At));
     writer.setPosition(static_cast<int>(change.At + change.Removed), QTextCursor::KeepAnchor);
     writer.insertText(change.Added);
+    widget_.document()->setUndoRedoEnabled(true);
     QTextCursor after = widget_.textCursor();
     after.setPosition(static_cast<int>(PlaceAfter(anchor, change)));
     after.setPosition(static_cast<int>(PlaceAfter(position, change)), QTextCursor::KeepAnchor);
@@ -125,6 +126,7 @@ class ManyLines {
   TextBox& control_;
   QPlainTextEdit& widget_;
   std::size_t longest_;
+  QString shown_;         // what the widget was given, and what the user did since
   std::size_t from_ = 0;  // the byte of the control's text that the widget begins with
 };
 
