@@ -17,6 +17,7 @@ constexpr std::size_t kLongestInput = 4000;  // the plain wording is quadratic
 class Collector : public EmailLineReader {
  public:
   bool GoesOn(std::size_t) override { return true; }
+  bool MayBeAddress(const std::string&, std::string_view) override { return true; }
   void TakeHalves(const std::string& left, std::string_view right) override {
     if (right.find('.') != std::string_view::npos) Candidates.push_back(left + "@" + CleanRight(right));
   }

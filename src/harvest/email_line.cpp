@@ -14,6 +14,7 @@
 namespace requite {
 namespace {
 
+constexpr std::size_t kLongHalf = 256;
 constexpr std::size_t kLeftHalf = 40;  ///< characters kept up to an "@" that stands further in
 
 using Characters = std::array<bool, 256>;
@@ -49,7 +50,7 @@ std::string_view LeftHalf(std::string_view piece) {
 
 /// Grows rightward from the first two characters, until a stop character is inside.
 std::size_t RightLength(EmailTail& tail) {
-  const std::size_t length = tail.Text().size();
+  const std::size_t length = tail.Length();
   return length < 2 ? 0 : std::max<std::size_t>(2, std::min(tail.FirstStop() + 1, length));
 }
 
@@ -60,6 +61,14 @@ std::string TakeToAt(EmailTail& tail) {
   tail.TakeEverywhere(place > kLeftHalf ? place - kLeftHalf : place);
   const std::size_t next = tail.FirstAt();
   return tail.TakeEverywhere(next == std::string_view::npos ? 0 : next + 1);
+}
+
+/// A half of megabytes comes again and again, less its front, on a line without stop characters; most of them
+/// need not be looked at beyond their beginning.
+void TakeHalves(std::string_view piece, std::size_t right, const EmailTail& tail, EmailLineReader& reader) {
+  const std::string left = Clean(LeftHalf(piece), kCleanedOfLeft);
+  if (right > kLongHalf && !reader.MayBeAddress(left, tail.Front(kLongHalf))) return;
+  reader.TakeHalves(left, tail.Front(right));
 }
 
 }  // namespace
@@ -76,12 +85,10 @@ bool ReadEmailLine(std::string line, EmailLineReader& reader) {
     const std::string piece = TakeToAt(tail);
     const std::size_t right = RightLength(tail);
     if (!reader.GoesOn(piece.size() + right)) return false;
-    if (tail.HasDot()) {
-      reader.TakeHalves(Clean(LeftHalf(piece), kCleanedOfLeft), tail.Text().substr(0, right));
-    }
+    if (tail.HasDot()) TakeHalves(piece, right, tail, reader);
     // One character behind the stop goes too; where there is none to take, the text stays whole.
     const std::size_t cut = std::max<std::size_t>(right, 1) + 1;
-    if (cut <= tail.Text().size()) tail.TakeFront(cut);
+    if (cut <= tail.Length()) tail.TakeFront(cut);
   }
   return true;
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Taking text away in time that does not grow with what is left, as long as nothing stands there twice.
+// Taking text away in time that does not grow with what is left.
 #include "harvest/email_tail.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -20,109 +21,125 @@ constexpr std::array<bool, 256> MakeStops() {
 }
 constexpr std::array<bool, 256> kStops = MakeStops();
 
-std::uint64_t HashOf(std::string_view text) {
-  std::uint64_t hash = 0xCBF29CE484222325U;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x9E3779B97F4A7C15U;
-  return hash ^ hash >> 29;
-}
-
-std::uint32_t MarkOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32) | 1; }
-
 }  // namespace
 
 bool IsStopCharacter(char c) { return kStops[static_cast<unsigned char>(c)]; }
 
-void AtContexts::Clear() {
-  for (Table& table : tables_) table = Table();
-}
-
-AtContexts::Entry& AtContexts::EntryOf(Table& table, std::uint64_t hash) {
-  const std::uint32_t mark = MarkOf(hash);
-  std::size_t slot = hash & (table.size() - 1);
-  while (table[slot].Mark != 0 && table[slot].Mark != mark) slot = (slot + 1) & (table.size() - 1);
-  return table[slot];
-}
-
-void AtContexts::Build(Table& table, std::string_view text, std::size_t length) {
-  // No context reaches over the "@" before it.
-  const auto forEach = [&](auto act) {
-    std::size_t begin = 0;
-    for (std::size_t at = text.find('@'); at != std::string_view::npos; at = text.find('@', begin)) {
-      if (at - begin >= length) act(at);
-      begin = at + 1;
-    }
-  };
-  std::size_t count = 0;
-  forEach([&](std::size_t) { ++count; });
-  table.assign(std::bit_ceil(2 * count + 1), {});
-  forEach([&](std::size_t at) {
-    const std::uint64_t hash = HashOf(text.substr(at - length, length));
-    EntryOf(table, hash) = {MarkOf(hash), static_cast<std::uint32_t>(at)};
-  });
-}
-
-bool AtContexts::StandsBehind(std::string_view text, std::size_t at, std::string_view context) {
-  const auto longer = std::upper_bound(kLengths.begin(), kLengths.end(), context.size());
-  if (longer == kLengths.begin()) return true;
-  const std::size_t length = *(longer - 1);
-  Table& table = tables_[static_cast<std::size_t>(longer - kLengths.begin()) - 1];
-  if (table.empty()) Build(table, text, length);
-  const Entry& entry = EntryOf(table, HashOf(Right(context, length)));
-  return entry.Mark != 0 && entry.LastAt > at;
-}
-
-bool LastRuns::MayStandBehind(std::string_view text, std::size_t begin, std::size_t count) {
-  const auto slot = [&](std::size_t at) {
-    std::uint64_t run = 0;
-    std::memcpy(&run, text.data() + at, kRun);
-    return (run * 0x9E3779B97F4A7C15U >> 20) & (lastAt_.size() - 1);
-  };
-  if (lastAt_.empty()) {
-    lastAt_.resize(std::bit_ceil(text.size()));
-    for (std::size_t at = 0; at + kRun <= text.size(); ++at) {
-      lastAt_[slot(at)] = static_cast<std::uint32_t>(at);
-    }
+LastRuns::LastRuns(std::string_view text) : lastAt_(std::bit_ceil(text.size() + 1)) {
+  for (std::size_t at = 0; at + kRun <= text.size(); ++at) {
+    lastAt_[SlotOf(text.data() + at)] = static_cast<std::uint32_t>(at);
   }
-  // One run that does not stand further behind tells that the whole does not.
-  for (std::size_t at = begin; at + kRun <= begin + count; ++at) {
-    if (lastAt_[slot(at)] == at) return false;
+}
+
+std::size_t LastRuns::SlotOf(const char* run) const {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, run, kRun);
+  return (bits * 0x9E3779B97F4A7C15U >> 20) & (lastAt_.size() - 1);
+}
+
+bool LastRuns::MayStandFrom(std::size_t begin, std::string_view piece) const {
+  // One run that does not stand there tells that the whole does not.
+  for (std::size_t at = 0; at + kRun <= piece.size(); ++at) {
+    if (lastAt_[SlotOf(piece.data() + at)] < begin) return false;
   }
   return true;
 }
 
-std::size_t EmailTail::FirstAt() {
-  at_ = std::min(text_.find('@', std::max(at_, begin_)), text_.size());
-  return at_ == text_.size() ? std::string_view::npos : at_ - begin_;
+void EmailTail::Begin(std::string text) {
+  text_ = std::move(text);
+  begin_ = 0;
+  length_ = text_.size();
+  at_ = stop_ = {};
+  lastDot_ = text_.rfind('.');
+  moved_ = false;
+  index_.reset();
+  runs_.reset();
 }
 
-std::size_t EmailTail::FirstStop() {
-  const auto from = text_.begin() + static_cast<std::ptrdiff_t>(std::max(stop_, begin_));
-  stop_ = static_cast<std::size_t>(std::find_if(from, text_.end(), IsStopCharacter) - text_.begin());
-  return stop_ - begin_;
+template <class Test>
+std::size_t EmailTail::Find(Mark& mark, Test&& test) {
+  if (mark.Place < begin_) mark = {begin_, 0};
+  for (; mark.Place < text_.size(); ++mark.Place) {
+    if (IsGone(mark.Place)) continue;
+    if (test(text_[mark.Place])) break;
+    ++mark.Offset;
+  }
+  return mark.Offset;
+}
+
+std::size_t EmailTail::FirstAt() {
+  const std::size_t offset = Find(at_, [](char c) { return c == '@'; });
+  return at_.Place == text_.size() ? std::string::npos : offset;
+}
+
+std::size_t EmailTail::FirstStop() { return Find(stop_, IsStopCharacter); }
+
+bool EmailTail::HasDot() {
+  while (lastDot_ != std::string::npos && lastDot_ >= begin_ && IsGone(lastDot_)) {
+    lastDot_ = lastDot_ == 0 ? std::string::npos : text_.rfind('.', lastDot_ - 1);
+  }
+  return lastDot_ != std::string::npos && lastDot_ >= begin_;
+}
+
+std::string EmailTail::Front(std::size_t count) const {
+  if (!moved_) return text_.substr(begin_, count);
+  std::string front;
+  front.reserve(std::min(count, length_));
+  for (std::size_t place = begin_; front.size() < count && place < text_.size(); place = After(place)) {
+    front += text_[place];
+  }
+  return front;
+}
+
+void EmailTail::Forget(std::size_t place) {
+  --length_;
+  for (Mark* const mark : {&at_, &stop_}) {
+    if (place < mark->Place && mark->Offset > 0) --mark->Offset;
+  }
+}
+
+std::string EmailTail::TakeFront(std::size_t count) {
+  std::string taken = Front(count);
+  for (std::size_t left = taken.size(); left > 0; --left) {
+    Forget(begin_);
+    begin_ = After(begin_);
+  }
+  return taken;
 }
 
 std::string EmailTail::TakeEverywhere(std::size_t count) {
-  std::string piece(Text().substr(0, count));
-  const bool mayStandBehind = MayStandBehind(piece);
-  TakeFront(count);
-  if (!mayStandBehind || !Contains(Text(), piece, Compare::Binary)) return piece;
-  text_ = Replace(Text(), piece, "", Compare::Binary);
-  begin_ = at_ = stop_ = 0;
-  searched_ = 0;
-  contexts_.Clear();
-  runs_.Clear();
-  lastDot_ = text_.rfind('.');
+  std::string piece = TakeFront(count);
+  if (piece.empty() || length_ == 0) return piece;
+  searched_ += length_;
+  const bool pays = searched_ > kSearchesFirst * text_.size();
+  if (pays && piece.ends_with('@') && piece.size() > 1) {
+    if (!index_) index_.emplace(text_);
+    index_->TakeOut(begin_, std::string_view(piece).substr(0, piece.size() - 1), [this](std::size_t place) {
+      Forget(place);
+      moved_ = true;
+    });
+    while (begin_ < text_.size() && IsGone(begin_)) ++begin_;
+  } else if (!pays || MayStandFurtherOn(piece)) {
+    TakeOutOfPlainText(piece);
+  }
   return piece;
 }
 
-/// Looking through the whole rest for each piece would be quadratic on a line of many "@".
-bool EmailTail::MayStandBehind(std::string_view piece) {
-  if (piece.empty()) return false;
-  searched_ += Text().size();
-  if (searched_ <= kSearchesFirst * text_.size()) return true;
-  if (piece.size() >= LastRuns::kRun && !runs_.MayStandBehind(text_, begin_, piece.size())) return false;
-  if (!piece.ends_with('@')) return true;
-  return contexts_.StandsBehind(text_, begin_ + piece.size() - 1, piece.substr(0, piece.size() - 1));
+bool EmailTail::MayStandFurtherOn(const std::string& piece) {
+  // What is gone has brought other runs together.
+  if (piece.size() < LastRuns::kRun || moved_) return true;
+  if (!runs_) runs_.emplace(text_);
+  return runs_->MayStandFrom(begin_, piece);
+}
+
+void EmailTail::TakeOutOfPlainText(const std::string& piece) {
+  if (!moved_) {
+    const std::string_view rest = std::string_view(text_).substr(begin_);
+    if (!Contains(rest, piece, Compare::Binary)) return;
+    return Begin(Replace(rest, piece, "", Compare::Binary));
+  }
+  const std::string rest = Front(length_);
+  Begin(Replace(rest, piece, "", Compare::Binary));
 }
 
 }  // namespace requite

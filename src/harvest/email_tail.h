@@ -2,84 +2,81 @@
 // A line that addresses are picked out of: its front goes piece by piece, and each piece goes everywhere.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "harvest/at_index.h"
 
 namespace requite {
 
 /// The characters at which both halves of an address stop.
 [[nodiscard]] bool IsStopCharacter(char c);
 
-/// Where the texts of some lengths stand last before an "@". Each length is looked through once, when it is
-/// first asked about.
-class AtContexts {
- public:
-  /// Whether the text in front of the "@" at this place of `text`, as much of it as is kept, stands before
-  /// an "@" further behind as well. `context` is that text and holds no "@". The same `text` must be given
-  /// until Clear.
-  [[nodiscard]] bool StandsBehind(std::string_view text, std::size_t at, std::string_view context);
-  void Clear();
-
- private:
-  static constexpr std::array<std::size_t, 11> kLengths = {1, 2, 3, 4, 5, 6, 7, 8, 12, 20, 32};
-  struct Entry {
-    std::uint32_t Mark = 0;    ///< of the context; 0: free
-    std::uint32_t LastAt = 0;  ///< the last "@" behind it
-  };
-  using Table = std::vector<Entry>;  // by hash, a power of two
-
-  static void Build(Table& table, std::string_view text, std::size_t length);
-  /// The entry of a context, or the free one where it belongs.
-  [[nodiscard]] static Entry& EntryOf(Table& table, std::uint64_t hash);
-
-  std::array<Table, kLengths.size()> tables_;
-};
-
 /// Where each run of eight characters of a text stands last; runs that share a place count as one.
 class LastRuns {
  public:
-  /// Whether the `count` characters at `begin` may stand further behind as well. The same `text` must be
-  /// given until Clear, and `count` must be at least kRun.
-  [[nodiscard]] bool MayStandBehind(std::string_view text, std::size_t begin, std::size_t count);
-  void Clear() { lastAt_ = {}; }
-
   static constexpr std::size_t kRun = 8;
 
+  explicit LastRuns(std::string_view text);
+  /// Whether the piece, of at least kRun characters, may stand at `begin` or after it.
+  [[nodiscard]] bool MayStandFrom(std::size_t begin, std::string_view piece) const;
+
  private:
+  [[nodiscard]] std::size_t SlotOf(const char* run) const;
+
   std::vector<std::uint32_t> lastAt_;  // by hash, a power of two
 };
 
 class EmailTail {
  public:
-  explicit EmailTail(std::string line) : text_(std::move(line)), lastDot_(text_.rfind('.')) {}
+  explicit EmailTail(std::string line) { Begin(std::move(line)); }
 
-  [[nodiscard]] std::string_view Text() const { return std::string_view(text_).substr(begin_); }
+  [[nodiscard]] std::size_t Length() const { return length_; }
+  /// The first characters, at most `count`.
+  [[nodiscard]] std::string Front(std::size_t count) const;
   /// The offset of the first "@", or npos.
   [[nodiscard]] std::size_t FirstAt();
-  /// Takes the first `count` characters away, and every other occurrence of them behind.
-  /// Returns the characters.
-  std::string TakeEverywhere(std::size_t count);
-  /// Takes the first `count` characters away, here only.
-  void TakeFront(std::size_t count) { begin_ += count; }
-  [[nodiscard]] bool HasDot() const { return lastDot_ != std::string::npos && lastDot_ >= begin_; }
-  /// The offset of the first stop character, or the length of the text.
+  /// The offset of the first stop character, or the length.
   [[nodiscard]] std::size_t FirstStop();
+  [[nodiscard]] bool HasDot();
+  /// Takes the first `count` characters away, here only. Returns them.
+  std::string TakeFront(std::size_t count);
+  /// Takes the first `count` characters away, and every other occurrence of them. They hold no "@" but at
+  /// their end. Returns them.
+  std::string TakeEverywhere(std::size_t count);
 
  private:
-  [[nodiscard]] bool MayStandBehind(std::string_view piece);
+  /// The first character of a kind, and how many stand before it.
+  struct Mark {
+    std::size_t Place = 0;
+    std::size_t Offset = 0;
+  };
+
+  void Begin(std::string text);
+  [[nodiscard]] bool IsGone(std::size_t place) const { return index_ && index_->IsGone(place); }
+  [[nodiscard]] std::size_t After(std::size_t place) const {
+    return index_ ? index_->After(place) : place + 1;
+  }
+  template <class Test>
+  std::size_t Find(Mark& mark, Test&& test);
+  void Forget(std::size_t place);
+  [[nodiscard]] bool MayStandFurtherOn(const std::string& piece);
+  void TakeOutOfPlainText(const std::string& piece);
 
   std::string text_;
   std::size_t begin_ = 0;
-  std::size_t at_ = 0;    // no "@" between begin_ and here
-  std::size_t stop_ = 0;  // the same of stop characters
+  std::size_t length_ = 0;
+  Mark at_;
+  Mark stop_;
+  std::size_t lastDot_ = std::string::npos;
   std::size_t searched_ = 0;
-  AtContexts contexts_;
-  LastRuns runs_;
-  std::size_t lastDot_ = std::string::npos;  // place of the last full stop in text_
+  bool moved_ = false;  // something is gone from the middle of text_
+  std::optional<AtIndex> index_;
+  std::optional<LastRuns> runs_;
 };
 
 }  // namespace requite

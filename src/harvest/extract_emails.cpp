@@ -11,7 +11,6 @@
 namespace requite {
 namespace {
 
-constexpr std::size_t kLongHalf = 256;
 constexpr std::size_t kSlice = 4096;  ///< characters between two looks at the events
 
 }  // namespace
@@ -42,13 +41,11 @@ bool EmailHarvester::GoesOn(std::size_t characters) {
   return context_.State.Scanning;
 }
 
+bool EmailHarvester::MayBeAddress(const std::string& left, std::string_view rightBegin) {
+  return !pattern_.HoldsTwoEmails(left + "@" + CleanRight(rightBegin));
+}
+
 void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRight) {
-  // A half of megabytes comes again and again, less its front, on a line without stop characters; most of
-  // them hold two addresses early on and need not be looked through.
-  if (rawRight.size() > kLongHalf &&
-      pattern_.HoldsTwoEmails(left + "@" + CleanRight(rawRight.substr(0, kLongHalf)))) {
-    return;
-  }
   const std::string right = CleanRight(rawRight);
   std::string candidate = left + "@" + right;
   // The test of the form comes first: it keeps the statement behind it what it is.

@@ -26,6 +26,7 @@ class EmailHarvester : private EmailLineReader {
  private:
   void ReadLines(std::int16_t connection);
   [[nodiscard]] bool GoesOn(std::size_t characters) override;
+  [[nodiscard]] bool MayBeAddress(const std::string& left, std::string_view rightBegin) override;
   void TakeHalves(const std::string& left, std::string_view right) override;
   void CountAddress(const std::string& right);
 
