@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: MIT
 // The start of requite-console: makes the services and hands them to the program.
-#include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QSocketNotifier>
 #include <QTimer>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <iostream>
-#include <memory>
 
 #include "console/options.h"
+#include "console/output_buffer.h"
 #include "console/path_checks.h"
 #include "console/program.h"
 #include "console/scan_command.h"
 #include "console/script_runner.h"
 #include "console/window_program.h"
 #include "model/settings.h"
+#include "platform/process_start.h"
 #include "shell/qt/blocking_get.h"
 #include "shell/qt/code_page.h"
 #include "shell/qt/event_guard.h"
@@ -30,6 +29,7 @@
 #include "shell/qt/qt_event_loop.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/settings_file.h"
+#include "shell/qt/signal_watch.h"
 #include "shell/qt/socket_poller.h"
 #include "shell/qt/system_clock.h"
 #include "shell/recovery.h"
@@ -61,44 +61,11 @@ class QtConsoleLoop : public ConsoleLoop {
   QObject receiver_;  // ends with this object, and the events that wait with it
 };
 
-/// Ctrl-C as an event. The second one ends the process at once, as it would without this.
-class InterruptWatch {
- public:
-  InterruptWatch(Interrupt& told, const EventGuard& guard) {
-    sigset_t interrupt;
-    sigemptyset(&interrupt);
-    sigaddset(&interrupt, SIGINT);
-    ::pthread_sigmask(SIG_BLOCK, &interrupt, &before_);
-    descriptor_ = ::signalfd(-1, &interrupt, SFD_CLOEXEC | SFD_NONBLOCK);
-    notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this, &told, &guard] {
-      signalfd_siginfo taken{};
-      static_cast<void>(!::read(descriptor_, &taken, sizeof taken));
-      ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-      told.Seen = true;
-      if (told.OnInterrupt) guard.Run(told.OnInterrupt);
-    });
-  }
-  ~InterruptWatch() {
-    notifier_.reset();
-    ::close(descriptor_);
-    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-  }
-  InterruptWatch(const InterruptWatch&) = delete;
-  InterruptWatch& operator=(const InterruptWatch&) = delete;
-
- private:
-  sigset_t before_{};
-  int descriptor_ = -1;
-  std::unique_ptr<QSocketNotifier> notifier_;
-};
-
 int Code(ExitStatus status) { return static_cast<int>(status); }
 
 /// Ends the program for a failure that nothing handled. The user's unsaved work goes to a file first.
 [[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
                                 const ProgramFolder& folder, const std::string& settingsFile) {
-  std::cout << std::flush;
   std::cerr << "requite-console: run-time failure " << failure.Number << ": " << ToUtf8(failure.Description)
             << std::endl;
   if (!failure.Remedy.empty()) {
@@ -119,7 +86,10 @@ int Code(ExitStatus status) { return static_cast<int>(status); }
 ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsoleProgram& program) {
   if (const auto* scan = std::get_if<ScanOptions>(&options.Command)) {
     Interrupt interrupt;
-    const InterruptWatch watch(interrupt, guard);
+    const SignalWatch watch(guard, [&interrupt] {
+      interrupt.Seen = true;
+      if (interrupt.OnInterrupt) interrupt.OnInterrupt();
+    });
     const auto shown =
         ::isatty(STDERR_FILENO) != 0 ? ScanProgress::Output::Terminal : ScanProgress::Output::Lines;
     return RunScan(program, *scan, options.Common.Quiet ? ScanProgress::Output::None : shown, interrupt);
@@ -130,7 +100,7 @@ ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsolePr
   return RunScript(program, script);
 }
 
-ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
+ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::ostream& out) {
   const Project* project = nullptr;
   const std::string settingsFile =
       options.Common.SettingsFile.empty() ? DefaultSettingsPath() : options.Common.SettingsFile;
@@ -138,6 +108,10 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
       [&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder, settingsFile); });
   SettingsFile store(settingsFile,
                      options.Common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared);
+  store.OnUnsaved = [](const std::string& path, int error) {
+    std::cerr << "requite-console: settings cannot be saved in \"" << path
+              << "\" and last for this run only: " << std::strerror(error) << std::endl;
+  };
   for (const auto& [key, value] : options.Common.Settings) {
     store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
   }
@@ -165,8 +139,17 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder) {
                     dialogs, clipboard,  sounds,     shell,  clock,    timBrowser};
   Form1 form1(services, folder);
   project = &form1.Sites;
-  ConsoleProgram program{form1,     loop,   store,     dialogs,   sounds,
-                         clipboard, kCodec, std::cout, std::cerr, ::isatty(STDOUT_FILENO) != 0};
+  ConsoleProgram program{form1,
+                         loop,
+                         store,
+                         dialogs,
+                         sounds,
+                         clipboard,
+                         kCodec,
+                         out,
+                         std::cerr,
+                         ::isatty(STDOUT_FILENO) != 0,
+                         [&timTimeout] { return timTimeout.IsRunning(); }};
   ExitStatus status = ExitStatus::Done;
   guard.Run([&] { status = RunCommand(options, guard, program); });
   return status;
@@ -186,17 +169,17 @@ std::pair<ExitStatus, std::string> RunOpen(const OpenOptions& options) {
   return {why.empty() ? ExitStatus::Done : ExitStatus::NotStarted, std::move(why)};
 }
 
-int Main(int argc, char** argv) {
+ExitStatus Main(int argc, char** argv, std::ostream& out) {
   const std::variant<Options, EndAtOnce> read = ReadCommandLine(argc, argv);
   if (const auto* end = std::get_if<EndAtOnce>(&read)) {
-    (end->Status == ExitStatus::Done ? std::cout : std::cerr) << end->Text << std::endl;
-    return Code(end->Status);
+    (end->Status == ExitStatus::Done ? out : std::cerr) << end->Text << std::endl;
+    return end->Status;
   }
   const auto& options = std::get<Options>(read);
   if (const auto* open = std::get_if<OpenOptions>(&options.Command)) {
     const auto [status, why] = RunOpen(*open);
     if (!why.empty()) std::cerr << "requite-console: " << why << std::endl;
-    return Code(status);
+    return status;
   }
   const QCoreApplication application(argc, argv);
   const ProgramFolder folder = options.Common.ProgramFolder.empty()
@@ -205,16 +188,29 @@ int Main(int argc, char** argv) {
   if (std::holds_alternative<ScanOptions>(options.Command)) {
     if (const std::string why = WhyNoProgramFolder(folder.Path); !why.empty()) {
       std::cerr << "requite-console: " << why << std::endl;
-      return Code(ExitStatus::Refused);
+      return ExitStatus::Refused;
     }
   }
-  return Code(RunProgram(options, folder));
+  return RunProgram(options, folder, out);
+}
+
+/// Output that was lost is worse news than any other but an interrupt's.
+ExitStatus WithOutputTold(ExitStatus status, const OutputBuffer& output) {
+  if (output.Failure() == 0) return status;
+  std::cerr << "requite-console: standard output: " << std::strerror(output.Failure()) << std::endl;
+  return status == ExitStatus::Interrupted ? status : ExitStatus::Refused;
 }
 
 }  // namespace
 }  // namespace requite
 
 int main(int argc, char** argv) {
+  requite::OpenStandardStreams();
+  requite::LetWritesFail();
   requite::KeepFreedMemory();
-  return requite::Main(argc, argv);
+  requite::OutputBuffer output(STDOUT_FILENO);
+  std::ostream out(&output);
+  const requite::ExitStatus status = requite::Main(argc, argv, out);
+  out.flush();
+  return requite::Code(requite::WithOutputTold(status, output));
 }

@@ -8,6 +8,7 @@
 
 #include "console/path_checks.h"
 #include "console/script_commands.h"
+#include "console/text_codec.h"
 #include "console/unknown_word.h"
 #include "shell/product.h"
 
@@ -98,7 +99,12 @@ std::string TakeScan(ScanOptions& scan) {
 
 EndAtOnce Refuse(std::string why) {
   std::replace(why.begin(), why.end(), '\n', ' ');
-  return {ExitStatus::Refused, "requite-console: " + why};
+  return {ExitStatus::Refused, "requite-console: " + VisibleUtf8(why)};
+}
+
+void AddSeconds(CLI::App& app, const char* name, int& seconds, const char* words) {
+  constexpr int kMost = 2'000'000;  // more than three weeks; in milliseconds it still fits an int
+  app.add_option(name, seconds, words)->type_name("SECONDS")->check(CLI::Range(1, kMost).description(""));
 }
 
 void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
@@ -114,6 +120,8 @@ void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
   command.add_flag("--post", scan.Post,
                    "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
                    "the URL of each Main Site");
+  AddSeconds(command, "--skip-after", scan.SkipAfter, "Press Skip when a site takes longer");
+  AddSeconds(command, "--stop-after", scan.StopAfter, "Press Stop when the scan takes longer");
   AddCommonOptions(command, common);
   command.footer(
       "The result rows go to standard output, unless one of the files does.\n"

@@ -32,6 +32,8 @@ struct ScanOptions {
   std::string Tab;
   std::string Page;
   bool Post = false;  ///< post the results to the project's script URLs
+  int SkipAfter = 0;  ///< seconds that a site may take before Skip is pressed; 0: any time
+  int StopAfter = 0;  ///< seconds that the scan may take before Stop is pressed; 0: any time
 };
 
 struct ScriptOptions {

@@ -20,7 +20,9 @@ void ConsoleProgram::PrintLine(const std::vector<std::string>& fields) {
 
 void ConsoleProgram::PrintLine(std::string_view text) { Out << Outside(text) << '\n' << std::flush; }
 
-void ConsoleProgram::Complain(std::string_view utf8) { Err << "requite-console: " << utf8 << std::endl; }
+void ConsoleProgram::Complain(std::string_view utf8) {
+  Err << "requite-console: " << VisibleUtf8(utf8) << std::endl;
+}
 
 std::string SettingValue(const TextCodec& codec, std::string_view key, std::string_view utf8) {
   return Equals(key, setting::LastProject.Name, Compare::Text) ? std::string(utf8) : codec.FromUtf8(utf8);

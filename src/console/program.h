@@ -2,6 +2,7 @@
 // The program as the console's commands see it: the main window and the services that remember.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ struct ConsoleProgram {
   std::ostream& Out;
   std::ostream& Err;
   bool OutIsTerminal = false;
+  /// Whether a page's time-out runs; a scan whose page has none waits for its user.
+  std::function<bool()> PageInProgress;
 
   /// A text of the program, escaped and in UTF-8.
   [[nodiscard]] std::string Outside(std::string_view text) const { return Codec.ToUtf8(Escaped(text)); }

@@ -46,6 +46,7 @@ void ScanProgress::SiteFinished() {
   const bool linksBack = SiteLinksBack();
   if (linksBack) ++linkBack_;
   if (!linksBack && SiteNotReached()) ++notReached_;
+  if (OnSiteFinished) OnSiteFinished();
   if (output_ == Output::None) return;
   if (output_ == Output::Terminal) return Redraw();
   const ScanState& state = program_.Form1.State;

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "console/program.h"
@@ -29,6 +30,8 @@ class ScanProgress {
   /// Whether every site finished so far links back as often as expected.
   [[nodiscard]] bool AllLinkBack() const { return linkBack_ == finished_; }
   [[nodiscard]] std::int32_t SitesFinished() const { return finished_; }
+  /// Runs at the end of each site, before its state is cleared.
+  std::function<void()> OnSiteFinished;
 
  private:
   /// Tells the progress that something on a control has changed.

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "console/scan_files.h"
+#include "console/scan_limits.h"
 #include "model/project_reader.h"
 #include "platform/files.h"
 #include "platform/runtime_failure.h"
@@ -22,6 +23,7 @@ class BoxPrinter {
       progress.Clear();
       program_.Complain(program_.Outside(box.Text));
       ++shown_;
+      if (!program_.Form1.State.Scanning) ++shownAtStop_;
     };
   }
   ~BoxPrinter() { program_.Dialogs.OnShown = nullptr; }
@@ -29,10 +31,13 @@ class BoxPrinter {
   BoxPrinter& operator=(const BoxPrinter&) = delete;
 
   [[nodiscard]] bool AnyShown() const { return shown_ > 0; }
+  /// Whether the stop itself had something to say: a report that could not be written.
+  [[nodiscard]] bool AnyShownAtStop() const { return shownAtStop_ > 0; }
 
  private:
   ConsoleProgram& program_;
   int shown_ = 0;
+  int shownAtStop_ = 0;
 };
 
 std::size_t LineThatEndsReading(const std::string& path) {
@@ -105,17 +110,28 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   ScanProgress progress(program, output);
   const BoxPrinter boxes(program, progress);
   ScanFiles files(program, options);
+  ScanLimits limits(program, options);
+  progress.OnSiteFinished = [&limits] { limits.SiteBegins(); };
   interrupt.OnInterrupt = [&form] { Stop(form); };
 
   form.Command1.Click();
-  const bool refused = !form.State.Scanning && boxes.AnyShown();
+  const bool refused = !form.State.Scanning && boxes.AnyShown() && form.Figures.LinkingSitesScanned == 0;
   if (interrupt.Seen) Stop(form);  // it may have come before there was anything to stop
-  // A message in mid-scan leaves the scan standing still until Stop is pressed.
-  program.Loop.RunUntil([&] { return !form.State.Scanning || boxes.AnyShown(); }, kNoLimit);
+  // The scan waits for its user after a message, and where a page could not be read. Each page in progress
+  // has its time-out running, and between two events no step is half done.
+  const auto inProgress = [&] { return form.State.Scanning && program.PageInProgress(); };
+  program.Loop.RunUntil([&] { return !inProgress() || boxes.AnyShown(); }, kNoLimit);
   const bool stoodStill = form.State.Scanning;
+  const bool halted = stoodStill && !boxes.AnyShown();
+  if (halted) {
+    progress.Clear();
+    program.Complain("the scan came to a halt at " + program.Outside(form.State.CurrentLinkingUrl) +
+                     ": its page could not be read");
+  }
   Stop(form);
   interrupt.OnInterrupt = nullptr;
   progress.Clear();
+  if (limits.Stopped()) program.Complain("stopped after " + std::to_string(options.StopAfter) + " seconds");
   if (refused) return ExitStatus::Refused;
 
   if (!files.TakeOutput()) PrintResults(program);
@@ -123,9 +139,10 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   const bool answered = !options.Post || Post(program, output, interrupt);
   progress.Summarise();
   if (interrupt.Seen) return ExitStatus::Interrupted;
-  if (!written) return ExitStatus::Refused;
+  if (!written || halted || boxes.AnyShownAtStop()) return ExitStatus::Refused;
   if (!answered) return ExitStatus::PostFailed;
-  return progress.AllLinkBack() && !stoodStill ? ExitStatus::Done : ExitStatus::LinksMissing;
+  return progress.AllLinkBack() && !stoodStill && !limits.Stopped() ? ExitStatus::Done
+                                                                    : ExitStatus::LinksMissing;
 }
 
 }  // namespace requite

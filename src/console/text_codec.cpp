@@ -18,11 +18,15 @@ bool IsControl(unsigned char byte) {
   }
 }
 
-void AppendVisible(std::string& text, char c) {
+void AppendHex(std::string& text, unsigned char byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
+  text.append("\\x").append(1, kDigits[byte / 16]).append(1, kDigits[byte % 16]);
+}
+
+void AppendVisible(std::string& text, char c) {
   const auto byte = static_cast<unsigned char>(c);
   if (IsControl(byte)) {
-    text.append("\\x").append(1, kDigits[byte / 16]).append(1, kDigits[byte % 16]);
+    AppendHex(text, byte);
   } else {
     text += c;
   }
@@ -38,6 +42,23 @@ std::string Visible(std::string_view text) {
       visible += c;
     } else {
       AppendVisible(visible, c);
+    }
+  }
+  return visible;
+}
+
+std::string VisibleUtf8(std::string_view utf8) {
+  constexpr char kLeadOfC1 = '\xC2';
+  std::string visible;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const bool c1 =
+        utf8[i] == kLeadOfC1 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0;
+    if (c1) {
+      AppendHex(visible, static_cast<unsigned char>(utf8[++i]));
+    } else if (static_cast<unsigned char>(utf8[i]) < 0x20 || utf8[i] == 0x7F) {
+      AppendHex(visible, static_cast<unsigned char>(utf8[i]));
+    } else {
+      visible += utf8[i];
     }
   }
   return visible;

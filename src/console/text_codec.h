@@ -22,6 +22,9 @@ struct TextCodec {
 /// A text of many lines for a terminal: control characters as `\xNN`, but for tabs and line ends.
 [[nodiscard]] std::string Visible(std::string_view text);
 
+/// UTF-8 on one line of a terminal: control characters as `\xNN`.
+[[nodiscard]] std::string VisibleUtf8(std::string_view utf8);
+
 /// The reverse of the first four of Escaped; `\s` stands for a blank. Nothing for a backslash with anything
 /// else after it.
 [[nodiscard]] std::optional<std::string> Unescaped(std::string_view text);

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -46,7 +47,12 @@ std::string StartWindowProgram(std::string program) {
   posix_spawn_file_actions_t files;
   ::posix_spawnattr_init(&attributes);
   ::posix_spawn_file_actions_init(&files);
-  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+  // What this program ignores is not for the other to inherit.
+  sigset_t usual;
+  sigemptyset(&usual);
+  for (const int each : {SIGPIPE, SIGXFSZ}) sigaddset(&usual, each);
+  ::posix_spawnattr_setsigdefault(&attributes, &usual);
+  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
   // Standard error stays: what hinders the program, such as a missing display, is said there.
   ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);

@@ -41,6 +41,14 @@ class ConsoleProgramTest : public testing::Test {
     return arguments;
   }
 
+  /// The arguments of a shell that runs the program by a line of its own, in which it is "$0" "$@".
+  [[nodiscard]] std::vector<std::string> InShell(const std::string& line,
+                                                 std::vector<std::string> arguments) const {
+    arguments = With(std::move(arguments));
+    arguments.insert(arguments.begin(), {"-c", line, REQUITE_CONSOLE});
+    return arguments;
+  }
+
   /// A project of one Main Site, ready to be scanned.
   std::string Project(const std::string& linkingSites) {
     WriteFile(project_, "harbour-books.example\r\n" + linkingSites + "HTML01:x\r\n\r\n");
@@ -126,15 +134,58 @@ TEST_F(ConsoleProgramTest, ASiteOfWhichNoLinkIsExpectedIsAsItShouldBe) {
 }
 
 TEST_F(ConsoleProgramTest, AnInterruptStopsTheScanAndWritesTheFiles) {
-  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kSilent), "--report",
-                                           folder_.File("r.html"), "--tab", folder_.File("t.tab")}));
-  ASSERT_TRUE(scan.WaitForErr("Linking Site 1 of 2")) << scan.Err;
-  scan.Signal(SIGINT);
-  EXPECT_EQ(scan.Wait(), 130) << scan.Err;
-  EXPECT_NE(scan.Out.find("rope-and-sail.example\tDirect Link"), std::string::npos) << scan.Out;
-  EXPECT_EQ(scan.Out.find("becalmed"), std::string::npos) << "a stop writes no row for the site in progress";
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kSilent), "--report",
+                                             folder_.File("r.html"), "--tab", folder_.File("t.tab")}));
+    ASSERT_TRUE(scan.WaitForErr("Linking Site 1 of 2")) << scan.Err;
+    scan.Signal(signal);
+    EXPECT_EQ(scan.Wait(), 130) << scan.Err;
+    EXPECT_NE(scan.Out.find("rope-and-sail.example\tDirect Link"), std::string::npos) << scan.Out;
+    EXPECT_EQ(scan.Out.find("becalmed"), std::string::npos)
+        << "a stop writes no row for the site in progress";
+    EXPECT_NE(scan.Err.find("1 of 2 sites: 1 link back"), std::string::npos) << scan.Err;
+    for (const char* file : {"r.html", "t.tab"}) {
+      ASSERT_TRUE(Has(file));
+      DeleteFile(folder_.File(file));
+    }
+  }
+}
+
+TEST_F(ConsoleProgramTest, ClosedStreamsLeaveTheSettingsAlone) {
+  for (int run = 0; run < 2; ++run) {
+    ChildProcess scan("/bin/sh", InShell("exec \"$0\" \"$@\" <&- >&- 2>&-", {"scan", Project(kFound)}));
+    EXPECT_EQ(scan.Wait(), 0);
+  }
+  EXPECT_FALSE(Has("settings.damaged-1"));
+  EXPECT_EQ(ReadFile(folder_.File("settings")).find("rope-and-sail"), std::string::npos);
+}
+
+TEST_F(ConsoleProgramTest, LostOutputIsTold) {
+  for (const char* argument : {"scan", "-h"}) {
+    ChildProcess full("/bin/sh", InShell("exec \"$0\" \"$@\" >/dev/full", {argument, Project(kFound), "-q"}));
+    EXPECT_EQ(full.Wait(), 2);
+    EXPECT_EQ(full.Err, "requite-console: standard output: No space left on device\n");
+  }
+  // A reader that goes away has seen enough.
+  ChildProcess gone("/bin/sh", InShell("{ \"$0\" \"$@\"; echo $? >&2; } | :",
+                                       {"scan", Project(kFound), "-q", "--report", folder_.File("r.html")}));
+  EXPECT_EQ(gone.Wait(), 0);
+  EXPECT_EQ(gone.Err, "0\n");
   EXPECT_TRUE(Has("r.html"));
-  EXPECT_TRUE(Has("t.tab"));
+}
+
+TEST_F(ConsoleProgramTest, WhereNoFileCanGrowThisIsSaid) {
+  ChildProcess scan("/bin/sh", InShell("ulimit -f 0; exec \"$0\" \"$@\"", {"scan", Project(kFound), "-q"}));
+  EXPECT_EQ(scan.Wait(), 2) << scan.Err;
+  const std::string told = "settings cannot be saved";
+  EXPECT_NE(scan.Err.find(told), std::string::npos) << scan.Err;
+  EXPECT_EQ(scan.Err.find(told), scan.Err.rfind(told)) << scan.Err;
+}
+
+TEST_F(ConsoleProgramTest, AnEndlessLineIsNoScript) {
+  ChildProcess script(REQUITE_CONSOLE, With({"script", "/dev/zero"}));
+  EXPECT_EQ(script.Wait(), 2);
+  EXPECT_EQ(script.Err, "requite-console: line 1: longer than 1 MiB: this is no script\n");
 }
 
 TEST_F(ConsoleProgramTest, ARefusedScanWritesNothingItWasAskedFor) {

@@ -76,8 +76,17 @@ struct ConsoleRig {
   requite::Form1 Form{All, Folder.Folder};
   std::ostringstream Out;
   std::ostringstream Err;
-  ConsoleProgram Program{Form, Loop, Services.Store, Dialogs, Sounds, Clipboard, {SameBytes, SameBytes},
-                         Out,  Err};
+  ConsoleProgram Program{Form,
+                         Loop,
+                         Services.Store,
+                         Dialogs,
+                         Sounds,
+                         Clipboard,
+                         {SameBytes, SameBytes},
+                         Out,
+                         Err,
+                         false,
+                         [this] { return Services.timTimeout.Running; }};
 };
 
 }  // namespace requite::test

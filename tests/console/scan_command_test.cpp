@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "console/console_rig.h"
 
 namespace requite {
@@ -77,6 +79,40 @@ TEST_F(ScanCommand, ASiteThatNeverAnswersIsNotReached) {
   EXPECT_EQ(Run(), ExitStatus::LinksMissing);
   EXPECT_NE(rig_.Err.str().find("\n2 sites: 0 link back, 0 do not, 2 not reached\n"), std::string::npos)
       << rig_.Err.str();
+}
+
+TEST_F(ScanCommand, SkipAndStopArePressedWhenTheirTimeHasCome) {
+  rig_.Services.Connection.WhenConnecting = nullptr;  // nobody answers
+  options_.SkipAfter = 5;
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_NE(rig_.Out.str().find("a.example\tNone Found (Skipped)"), std::string::npos) << rig_.Out.str();
+  EXPECT_NE(rig_.Out.str().find("b.example\tNone Found (Skipped)"), std::string::npos) << rig_.Out.str();
+
+  rig_.Out.str("");
+  options_.StopAfter = 7;
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_EQ(rig_.Out.str().find("b.example"), std::string::npos) << rig_.Out.str();
+  EXPECT_NE(rig_.Err.str().find("stopped after 7 seconds\n1 of 2 sites: "), std::string::npos)
+      << rig_.Err.str();
+}
+
+TEST_F(ScanCommand, AScanWithNothingInProgressEnds) {
+  rig_.Services.Connection.WhenConnecting = [this] {
+    rig_.Loop.After(1, [this] { rig_.Services.timTimeout.Stop(); });
+  };
+  options_.Tab = rig_.Folder.File("t.tab");
+  EXPECT_EQ(Run(), ExitStatus::Refused);
+  EXPECT_NE(rig_.Err.str().find("came to a halt at a.example"), std::string::npos) << rig_.Err.str();
+  EXPECT_TRUE(FileExists(options_.Tab));
+}
+
+TEST_F(ScanCommand, TheReportIsThatOfThisScanOrTheStatusTells) {
+  // The program's own report file cannot be written.
+  std::filesystem::create_directory(rig_.Folder.File("tempreport.html"));
+  options_.Report = rig_.Folder.File("r.html");
+  EXPECT_EQ(Run(), ExitStatus::Refused);
+  EXPECT_NE(ReadFile(options_.Report).find("a.example"), std::string::npos);
+  EXPECT_NE(rig_.Out.str().find("a.example\tDirect Link"), std::string::npos) << rig_.Out.str();
 }
 
 TEST_F(ScanCommand, PostingIsAskedForAndAnInterruptEndsIt) {

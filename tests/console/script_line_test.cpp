@@ -59,6 +59,7 @@ TEST(TextCodec, EveryTextSurvivesEscaping) {
 TEST(TextCodec, ControlCharactersAreShown) {
   const std::string hostile("\x1b]0;x\x07\0\x7f\x90\x9f\xe9", 11);
   EXPECT_EQ(Escaped(hostile), "\\x1B]0;x\\x07\\x00\\x7F\\x90\x9f\xe9");
+  EXPECT_EQ(VisibleUtf8("\xc3\xa9\xc2\x9b\n\x7f"), "\xc3\xa9\\x9B\\x0A\\x7F");
   EXPECT_EQ(Visible("a\tb\r\n\x1b"), "a\tb\r\n\\x1B");
 }
 

@@ -103,6 +103,9 @@ scene no-folder   # a file stands where the folders would have to be made, so th
 export XDG_DATA_HOME="$work/no-folder/file" XDG_CONFIG_HOME="$work/no-folder/file"
 start
 window_of "$pid" "$mainTitle"
+window_of "$pid" '^Settings Not Saved$'   # said once
+keys Return
+window_of "$pid" "$mainTitle"
 xdotool type --delay 20 folder.example
 keys Return F5
 window_of "$pid" '^Requite$'

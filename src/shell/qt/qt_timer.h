@@ -16,6 +16,7 @@ class QtTimer : public Timer {
 
   void Start(int intervalMilliseconds) override;
   void Stop() override;
+  [[nodiscard]] bool IsRunning() const { return timer_.isActive(); }
 
  private:
   QTimer timer_;

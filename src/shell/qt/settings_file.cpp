@@ -14,6 +14,7 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 #include "platform/text.h"
 #include "shell/qt/settings_record.h"
@@ -25,6 +26,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kHeader = "requite-settings 1";
 constexpr int kMostAttempts = 100;
+/// A journal that is one of the standard streams would take what the program prints.
+constexpr int kFirstPrivate = STDERR_FILENO + 1;
 
 /// A link is followed once and for all: exchanging the file must not put a file in the link's place.
 std::string WithoutLinks(const std::string& path) {
@@ -82,7 +85,7 @@ void SettingsFile::Write(std::string_view key, std::string_view value) {
     if (file_ < 0) {
       unsaved_ = true;
       Open();
-      if (file_ < 0) return;
+      if (file_ < 0) return TellUnsaved(openError_);
     }
     ComposePending(key, value);
     appended = AppendPending(latest);
@@ -109,8 +112,11 @@ void SettingsFile::ComposePending(std::string_view key, std::string_view value) 
 bool SettingsFile::AppendPending(Value& latest) {
   const ssize_t written = ::write(file_, pending_.data(), pending_.size());
   if (written != static_cast<ssize_t>(pending_.size())) {
+    // A write that is cut short says nothing of its reason, which is a lack of room.
+    const int error = written < 0 ? errno : ENOSPC;
     unsaved_ = true;
     if (written > 0) CatchUp();
+    TellUnsaved(error);
     return true;
   }
   struct stat status {};
@@ -132,6 +138,10 @@ bool SettingsFile::AppendPending(Value& latest) {
     CatchUp();
   }
   return true;
+}
+
+void SettingsFile::TellUnsaved(int error) {
+  if (!std::exchange(toldUnsaved_, true) && OnUnsaved) OnUnsaved(path_, error);
 }
 
 SettingsFile::Value& SettingsFile::Put(std::string_view key, std::string_view text) {
@@ -195,8 +205,9 @@ bool SettingsFile::OpenJournal() {
     MakeFolderOf(path_);
     file_ = ::open(path_.c_str(), kFlags, 0600);
   }
+  openError_ = file_ < 0 ? errno : EINVAL;
   struct stat status {};
-  return file_ >= 0 && ::fstat(file_, &status) == 0 && S_ISREG(status.st_mode);
+  return file_ >= kFirstPrivate && ::fstat(file_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 /// Nobody holds the exclusive lock for longer than it takes to write the file anew. A file system
@@ -299,7 +310,7 @@ SettingsFile::Attempt SettingsFile::Compact() {
   file_ = ::open(name.c_str(), O_RDWR | O_APPEND | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   const auto size = static_cast<ssize_t>(pending_.size());
   if (file_ >= 0) TakeSharedLock();
-  const bool done = file_ >= 0 && ::write(file_, pending_.data(), pending_.size()) == size &&
+  const bool done = file_ >= kFirstPrivate && ::write(file_, pending_.data(), pending_.size()) == size &&
                     ::fsync(file_) == 0 && ::rename(name.c_str(), path_.c_str()) == 0;
   if (done) {
     ::close(held);

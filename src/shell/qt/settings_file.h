@@ -4,6 +4,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ namespace requite {
 /// A file that is no settings file, or that holds what no record can look like, is set aside as
 /// "<name>.damaged-1" (or the next free number), and the store starts empty. A last record that was
 /// cut off is dropped. A value that cannot be written (a full disk) is kept for the run and written
-/// together with the next one that can.
+/// together with the next one that can; OnUnsaved is told of the first.
 class SettingsFile : public SettingsStore {
  public:
   /// A journal of at least this size in bytes is written anew when most of it is stale and no other
@@ -39,6 +40,10 @@ class SettingsFile : public SettingsStore {
 
   [[nodiscard]] std::optional<std::string> Read(std::string_view key) override;
   void Write(std::string_view key, std::string_view value) override;
+
+  /// Runs once, within the first Write whose value could not be put into the file, with the number of
+  /// the system's error.
+  std::function<void(const std::string& path, int error)> OnUnsaved;
 
  private:
   struct FoldedHash {
@@ -71,6 +76,7 @@ class SettingsFile : public SettingsStore {
   void SetAside() const;
   void ComposePending(std::string_view key, std::string_view value);
   bool AppendPending(Value& latest);
+  void TellUnsaved(int error);
 
   void CompactIfWorthIt();
   Attempt Compact();
@@ -81,8 +87,10 @@ class SettingsFile : public SettingsStore {
   off_t applied_ = 0;       ///< the journal up to here is in values_
   bool hasHeader_ = false;  ///< the journal has its first line
   bool tornTail_ = false;   ///< the journal ends in a piece of a record
-  bool unsaved_ = false;    ///< some older values are not in the journal
-  off_t liveSize_ = 0;      ///< about what the journal would take with each value once
+  bool toldUnsaved_ = false;
+  int openError_ = 0;     ///< of the last attempt to open the journal
+  bool unsaved_ = false;  ///< some older values are not in the journal
+  off_t liveSize_ = 0;    ///< about what the journal would take with each value once
   off_t compactAt_ = kCompactionSize;
   std::string pending_;  ///< what a write appends; reused, so that a write allocates nothing
   std::unordered_map<std::string, Value, FoldedHash, FoldedEqual> values_;

@@ -2,13 +2,19 @@
 // The making of the desktop's services, in the order in which they need each other.
 #include "shell/qt/window/desktop_services.h"
 
+#include <QCoreApplication>
+#include <QTimer>
+#include <cstring>
+
+#include "shell/qt/code_page.h"
 #include "shell/qt/window/opening_failed.h"
 
 namespace requite {
 
 DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
                                  const std::string& settingsPath)
-    : store_(settingsPath),
+    : guard_(guard),
+      store_(settingsPath),
       poller_(guard),
       resolver_(poller_),
       connection_(poller_, resolver_, map),
@@ -17,6 +23,23 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       timBrowser_(guard),
       internet_(map) {
   shell_.OnFailed = ShowUnopened;
+  store_.OnUnsaved = [this](const std::string& path, int error) {
+    unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +
+               ".\r\nThey last until the program ends.";
+    if (mayTell_) SayUnsaved();
+  };
+}
+
+void DesktopServices::TellUnsavedSettings() {
+  mayTell_ = true;
+  if (!unsaved_.empty()) SayUnsaved();
+}
+
+/// As an event of its own: the write may be in the middle of anything.
+void DesktopServices::SayUnsaved() {
+  QTimer::singleShot(0, QCoreApplication::instance(), [this] {
+    guard_.Run([this] { dialogs_.Show({unsaved_, "Settings Not Saved", Buttons::Ok, BoxIcon::None}); });
+  });
 }
 
 }  // namespace requite

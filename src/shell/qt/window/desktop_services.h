@@ -25,7 +25,16 @@ class DesktopServices {
   DesktopServices(const DesktopServices&) = delete;
   DesktopServices& operator=(const DesktopServices&) = delete;
 
+  /// The main window is on screen: from now on the user is told, once, when settings cannot be saved. Of a
+  /// failure that came before, this is told now.
+  void TellUnsavedSettings();
+
  private:
+  void SayUnsaved();
+
+  const EventGuard& guard_;
+  std::string unsaved_;  ///< what there is to tell of the settings
+  bool mayTell_ = false;
   SettingsFile store_;
   QtEventLoop events_;
   SocketPoller poller_;

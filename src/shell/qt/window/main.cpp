@@ -9,6 +9,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/process_start.h"
 #include "shell/product.h"
 #include "shell/qt/code_page.h"
 #include "shell/qt/freed_memory.h"
@@ -87,6 +88,7 @@ int Run(QApplication& application) {
       form->Start();
       window->show();
       splash.finish(window.get());
+      services.TellUnsavedSettings();
     });
   });
   timer2.start(kSplashInterval);
@@ -99,6 +101,8 @@ int Run(QApplication& application) {
 }  // namespace requite
 
 int main(int argc, char** argv) {
+  requite::OpenStandardStreams();
+  requite::LetWritesFail();
   requite::KeepFreedMemory();
   requite::PrepareWebEngine();
   requite::StayOffMissingBus();

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// The signals that ask a program to end, as events of Qt's loop.
+#pragma once
+
+#include <QSocketNotifier>
+#include <csignal>
+#include <functional>
+#include <memory>
+
+#include "shell/qt/event_guard.h"
+
+namespace requite {
+
+/// Watches for SIGINT, SIGTERM and SIGHUP from here on until the end of its life. The first of them is
+/// told as an event; a second SIGINT or SIGTERM ends the process at once, as it would without this. A
+/// second SIGHUP waits: a terminal that closes may send several.
+class SignalWatch {
+ public:
+  /// The guard must outlive the watch.
+  SignalWatch(const EventGuard& guard, std::function<void()> onSignal);
+  ~SignalWatch();
+  SignalWatch(const SignalWatch&) = delete;
+  SignalWatch& operator=(const SignalWatch&) = delete;
+
+ private:
+  void Take();
+
+  std::function<void()> onSignal_;
+  sigset_t before_{};
+  int descriptor_ = -1;
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace requite
