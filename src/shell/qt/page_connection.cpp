@@ -129,13 +129,17 @@ void PageConnection::SendData(std::string_view bytes) {
 /// A failure to send is silence: what the server has sent before can still be received.
 void PageConnection::SendRest() {
   if (outgoing_.empty()) return;
-  const ssize_t sent = ::send(socket_.Descriptor(), outgoing_.data(), outgoing_.size(), MSG_NOSIGNAL);
-  if (sent >= 0) {
-    outgoing_.erase(0, static_cast<std::size_t>(sent));
-  } else if (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR) {
-    outgoing_.clear();
-  }
+  const std::string_view rest = std::string_view(outgoing_).substr(sent_);
+  const ssize_t sent = ::send(socket_.Descriptor(), rest.data(), rest.size(), MSG_NOSIGNAL);
+  const bool broken = sent < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR;
+  if (sent > 0) sent_ += static_cast<std::size_t>(sent);
+  if (broken || sent_ == outgoing_.size()) DropOutgoing();
   WaitForServer();
+}
+
+void PageConnection::DropOutgoing() {
+  outgoing_.clear();
+  sent_ = 0;
 }
 
 void PageConnection::WaitForServer() {
@@ -156,7 +160,7 @@ void PageConnection::Close() {
   resolver_.Forget(this);
   socket_.Close();
   state_ = State::Closed;
-  outgoing_.clear();
+  DropOutgoing();
   received_.clear();
 }
 

@@ -36,6 +36,7 @@ class PageConnection : public Connection {
   void OnConnecting(short readiness);
   void Receive(short readiness);
   void SendRest();
+  void DropOutgoing();
   void WaitForServer();
 
   NameResolver& resolver_;
@@ -47,6 +48,7 @@ class PageConnection : public Connection {
   SocketAddresses addresses_;
   std::size_t nextAddress_ = 0;
   std::string outgoing_;
+  std::size_t sent_ = 0;  ///< bytes of outgoing_ that the system has taken: a path may be megabytes long
   std::string received_;
 };
 
