@@ -9,9 +9,10 @@
 
 #include "posting/posting.h"
 #include "server.h"
-#include "shell/qt/blocking_get.h"
 #include "shell/qt/connect_map.h"
+#include "shell/qt/curl_internet.h"
 #include "shell/qt/qt_event_loop.h"
+#include "shell/qt/qt_get_loop.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -32,7 +33,9 @@ void PostThousandRows(benchmark::State& state) {
   std::thread serving([&] { server.Run(stop.Number()); });
   ConnectMap map;
   map.Add(*ReadConnectRule("::127.0.0.1:" + std::to_string(server.Port())));
-  BlockingGet internet(map);
+  const EventGuard guard([](const RuntimeFailure&) {});
+  QtGetLoop getLoop(guard);
+  CurlInternet internet(getLoop, map);
   QtEventLoop loop;
   MemorySettings store;
   ScriptedDialogs dialogs;

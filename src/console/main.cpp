@@ -19,14 +19,15 @@
 #include "console/window_program.h"
 #include "model/settings.h"
 #include "platform/process_start.h"
-#include "shell/qt/blocking_get.h"
 #include "shell/qt/code_page.h"
+#include "shell/qt/curl_internet.h"
 #include "shell/qt/event_guard.h"
 #include "shell/qt/freed_memory.h"
 #include "shell/qt/name_resolver.h"
 #include "shell/qt/page_connection.h"
 #include "shell/qt/program_folder.h"
 #include "shell/qt/qt_event_loop.h"
+#include "shell/qt/qt_get_loop.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/settings_file.h"
 #include "shell/qt/signal_watch.h"
@@ -128,15 +129,15 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   PageConnection connection(poller, resolver, map);
   QtTimer timTimeout(guard);
   QtTimer timer1(guard);
-  QtTimer timBrowser(guard);
-  BlockingGet internet(map);
+  QtGetLoop getLoop(guard);
+  CurlInternet internet(getLoop, map);
   ConsoleDialogs dialogs;
   MemoryClipboard clipboard;
   SoundRecorder sounds;
   QuietShell shell;
   SystemClock clock;
   Services services{events,  connection, timTimeout, timer1, internet, store,
-                    dialogs, clipboard,  sounds,     shell,  clock,    timBrowser};
+                    dialogs, clipboard,  sounds,     shell,  clock};
   Form1 form1(services, folder);
   project = &form1.Sites;
   ConsoleProgram program{form1,

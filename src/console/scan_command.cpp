@@ -74,15 +74,12 @@ void PrintResults(ConsoleProgram& program) {
   for (std::size_t row = 0; row < results.RowCount(); ++row) program.PrintLine(RowFields(results, row));
 }
 
-/// Posts the rows and tells how many got an answer; an interrupt ends it before the next request. Returns
+/// Posts the rows and tells how many got an answer; an interrupt ends it at once. Returns
 /// false when a request got none.
 bool Post(ConsoleProgram& program, ScanProgress::Output output, Interrupt& interrupt) {
   if (interrupt.Seen) return true;
   Form1& form = program.Form1;
-  interrupt.OnInterrupt = [&form] {
-    form.Post.Stop();
-    form.Platform.Internet.Abort();
-  };
+  interrupt.OnInterrupt = [&form] { form.Post.Stop(); };
   const int rows = form.Post.RowsToPost();
   int answered = 0;
   int unanswered = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A browser view's engine that shows nothing: each page is the answer to one blocking GET.
+// A browser view's engine that shows nothing: each page is the answer to one GET.
 #pragma once
 
 #include <functional>
@@ -14,17 +14,16 @@ namespace requite {
 /// has come. A page that cannot be fetched is never complete.
 class PageFetcher : public BrowserEngine {
  public:
-  /// The timer serves for "later" and is this object's from the first navigation to Stop. `stays` runs
-  /// around each fetch, which lets events run: the owner must not go before it has returned.
-  PageFetcher(BrowserView& view, Internet& internet, Timer& timer,
-              std::function<void(const std::function<void()>& fetch)> stays);
+  /// `stays` runs around what is done with a page, which lets events run: the owner must not go before it has
+  /// returned.
+  PageFetcher(BrowserView& view, Internet& internet,
+              std::function<void(const std::function<void()>& complete)> stays);
   ~PageFetcher() override;
   PageFetcher(const PageFetcher&) = delete;
   PageFetcher& operator=(const PageFetcher&) = delete;
 
   void Navigate(const std::string& url) override;
-  /// What is being fetched is dropped when it comes.
-  void Stop() override;
+  void Stop() override { gets_.Abort(); }
   void Refresh() override;
   /// There is no history: both throw InvalidArgument.
   void GoBack() override;
@@ -34,16 +33,11 @@ class PageFetcher : public BrowserEngine {
   [[nodiscard]] const std::string& Page() const { return page_; }
 
  private:
-  void Fetch();
-
   BrowserView& view_;
-  Internet& internet_;
-  Timer& timer_;
-  std::function<void(const std::function<void()>& fetch)> stays_;
+  std::function<void(const std::function<void()>& complete)> stays_;
   std::string url_;
   std::string page_;
-  int navigation_ = 0;
-  bool waiting_ = false;
+  Gets gets_;
 };
 
 }  // namespace requite

@@ -77,7 +77,7 @@ std::optional<std::string> ImportLinks::ListFromPage() {
   ShowConnecting(url);
   if (needs_.Ended()) return std::nullopt;
   url = tab_.Text1.Text();
-  const std::string html = HttpGetText(url, needs_.Internet, needs_.EventLoop);
+  const std::string html = HttpGetText(url, gets_, needs_.EventLoop);
   if (needs_.Ended()) return std::nullopt;
   return ExtractLinks(html, BaseOf(tab_.Text1.Text()),
                       {needs_.State, tab_.StatusBar1, needs_.EventLoop, needs_.Ended});
@@ -97,7 +97,7 @@ std::optional<std::string> ImportLinks::ListFromScript() {
   ShowConnecting(tab_.Text2.Text());
   if (needs_.Ended()) return std::nullopt;
   std::string url = tab_.Text2.Text();
-  std::string text = HttpGetText(url, needs_.Internet, needs_.EventLoop);
+  std::string text = HttpGetText(url, gets_, needs_.EventLoop);
   ReplaceIn(text, kLineEnd, "", Compare::Binary);
   text = StripTags(text);
   // So a blank and a comma part two entries, whatever the delimiter.

@@ -57,7 +57,7 @@ struct ImportNeeds {
 class ImportLinks {
  public:
   ImportLinks(const ImportVersion& version, ImportNeeds needs, const ImportTab& tab)
-      : version_(version), needs_(std::move(needs)), tab_(tab) {}
+      : version_(version), needs_(std::move(needs)), tab_(tab), gets_(needs_.Internet) {}
   ImportLinks(const ImportLinks&) = delete;
   ImportLinks& operator=(const ImportLinks&) = delete;
 
@@ -70,6 +70,8 @@ class ImportLinks {
   /// Gets the links of the page or of the script and shows them in place of the rows. A request that
   /// fails gives no rows.
   void GetLinks();
+  /// Ends the request of every run in progress: its window has been closed.
+  void Stop() { gets_.Abort(); }
   /// Appends the selected rows to the Linking Sites of the current Main Site. Repeats are added too;
   /// without a current Main Site nothing happens.
   void AddSelectedLinks();
@@ -92,6 +94,7 @@ class ImportLinks {
   const ImportVersion& version_;
   ImportNeeds needs_;
   ImportTab tab_;
+  Gets gets_;
 };
 
 }  // namespace requite

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace requite {
 
@@ -57,18 +58,48 @@ class Connection {
   ConnectionEvents* Events = nullptr;
 };
 
-/// The platform's library for one blocking GET.
+/// The platform's library for GETs. Each of them belongs to whoever started it, by the address of an object;
+/// `Gets` below is the way to use it.
 class Internet {
  public:
+  using Owner = const void*;
+  /// Gets the body; nothing when the URL could not be opened.
+  using OnAnswer = std::function<void(std::optional<std::string> body)>;
+
   virtual ~Internet() = default;
 
-  /// The body behind a URL, from the network and never from a cache, redirects to http and https
-  /// followed; a body of an error status is a body like any other. Nothing when it could not be
-  /// opened. Lets events run while it waits. Bodies end at 64 MiB, silence ends after 60 s.
-  [[nodiscard]] virtual std::optional<std::string> OpenUrl(const std::string& url,
+  /// Starts a GET of a URL, from the network and never from a cache; redirects to http and https are
+  /// followed, and a body of an error status is a body like any other. The URL goes out as typed, but for
+  /// "%XX" in place of a blank and of a control character. One request is made, whatever the server does.
+  /// Bodies end at 64 MiB, and a server that stays silent for 60 s ends the GET. `onAnswer` runs once, as an
+  /// event, unless the GET is aborted before.
+  virtual void Start(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer) = 0;
+  /// A GET that the caller waits for; events run meanwhile. Nothing when it is aborted.
+  [[nodiscard]] virtual std::optional<std::string> OpenUrl(Owner owner, const std::string& url,
                                                            std::string_view agent) = 0;
-  /// Ends every GET in progress; each of them returns nothing.
-  virtual void Abort() = 0;
+  /// Ends the owner's GETs in progress, and nobody else's.
+  virtual void Abort(Owner owner) = 0;
+};
+
+/// The GETs of one part of the program. Those still in progress end with this object.
+class Gets {
+ public:
+  explicit Gets(Internet& internet) : internet_(internet) {}
+  ~Gets() { Abort(); }
+  Gets(const Gets&) = delete;
+  Gets& operator=(const Gets&) = delete;
+
+  void Start(const std::string& url, std::string_view agent, Internet::OnAnswer onAnswer) {
+    internet_.Start(this, url, agent, std::move(onAnswer));
+  }
+  /// This object may be gone when the call returns.
+  [[nodiscard]] std::optional<std::string> OpenUrl(const std::string& url, std::string_view agent) {
+    return internet_.OpenUrl(this, url, agent);
+  }
+  void Abort() { internet_.Abort(this); }
+
+ private:
+  Internet& internet_;
 };
 
 /// The per-user store of settings. Key names are compared without regard to case.
@@ -157,8 +188,7 @@ class Clock {
 };
 
 /// All services, handed down by reference. The timers and the connection are those of the one
-/// page fetch (`timTimeout`, `wsc`), of the main window (`Timer1`) and of the view that fetches its pages
-/// by blocking GETs (`timBrowser`).
+/// page fetch (`timTimeout`, `wsc`) and of the main window (`Timer1`).
 struct Services {
   requite::EventLoop& EventLoop;
   requite::Connection& Connection;
@@ -171,7 +201,6 @@ struct Services {
   SoundPlayer& Sounds;
   requite::Shell& Shell;
   requite::Clock& Clock;
-  Timer& timBrowser;
 };
 
 }  // namespace requite

@@ -46,7 +46,7 @@ void Posting::PostLinks() {
     if (!url) continue;
     ShowStatus("Sending Site " + std::to_string(row + 1) + ": " + linkingSite);
     if (EndedSince(stops)) return;
-    const std::string reply = HttpGetText(*url, needs_.Internet, needs_.EventLoop);
+    const std::string reply = HttpGetText(*url, gets_, needs_.EventLoop);
     if (EndedSince(stops)) return;
     if (OnPosted) OnPosted(linkingSite, *url, !reply.empty());
     Log("\r\nURL: " + *url + "\r\n");

@@ -61,7 +61,8 @@ struct PostingTab {
 /// differ in the private functions below, and all the differences stay: scripts were written for both.
 class Posting {
  public:
-  Posting(PostingNeeds needs, const PostingTab& tab) : needs_(std::move(needs)), tab_(tab) {}
+  Posting(PostingNeeds needs, const PostingTab& tab)
+      : needs_(std::move(needs)), tab_(tab), gets_(needs_.Internet) {}
   virtual ~Posting() = default;
   Posting(const Posting&) = delete;
   Posting& operator=(const Posting&) = delete;
@@ -73,8 +74,11 @@ class Posting {
   /// nothing guards against a second press meanwhile: it starts a second walk inside the first. A walk
   /// ends where the list has no further row, whatever happened to the list meanwhile.
   void PostLinks();
-  /// Ends every walk in progress before its next row.
-  void Stop() { ++stops_; }
+  /// Ends every walk in progress, and the request that it waits for.
+  void Stop() {
+    ++stops_;
+    gets_.Abort();
+  }
   /// The rows of List3, as it is now, that PostLinks would request a URL for.
   [[nodiscard]] int RowsToPost() const;
   /// Told after each request: the row's Linking field as it went out, the URL, and whether anything came
@@ -118,6 +122,7 @@ class Posting {
   void ShowStatus(std::string text);
   void Log(const std::string& text);
 
+  Gets gets_;
   int stops_ = 0;
 };
 

@@ -88,7 +88,7 @@ void Analyser::RecordIfOurs(std::string& link) {
 
 void Analyser::FollowMove(PageLines& lines, std::int16_t connection) {
   std::string address = MovedAddress(lines, context_.State.PageFull);
-  std::string text = HttpGetText(address, context_.Platform.Internet, context_.Platform.EventLoop);
+  std::string text = HttpGetText(address, context_.Gets, context_.Platform.EventLoop);
   context_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
   context_.Steps.ProcessPage(std::move(text), connection);
 }

@@ -120,7 +120,7 @@ void Controller::cmdStop() {
   window.Frame1.SetEnabled(true);
   scan_.State.SiteRow = 0;
   scan_.Platform.Connection.Close();
-  scan_.Platform.Internet.Abort();  // else a moved page would hold up the end of the scan
+  scan_.Gets.Abort();  // else a moved page would hold up the end of the scan
   window.pb1.SetValue(0);
   window.StatusBar1.SetPanel(1, "Stopped");
   for (const int panel : {2, 3, 4}) window.StatusBar1.SetPanel(panel, {});

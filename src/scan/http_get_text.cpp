@@ -15,10 +15,10 @@ constexpr std::size_t kBlock = 256;
 
 }  // namespace
 
-std::string HttpGetText(std::string& url, Internet& internet, EventLoop& events) {
+std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events) {
   if (!Contains(url, "http://", Compare::Text)) url.insert(0, "http://");
-  std::optional<std::string> body = internet.OpenUrl(url, kAgent);
-  if (!body || body->empty()) return {};
+  std::optional<std::string> body = gets.OpenUrl(url, kAgent);
+  if (!body) return {};
   for (std::size_t read = kBlock; read < body->size(); read += kBlock) events.LetPendingEventsRun();
   // Readers of short replies know the padding: the first block comes whole.
   if (body->size() < kBlock) body->resize(kBlock, '\0');

@@ -26,7 +26,7 @@ Controller::SkipKind Controller::CloseSite() {
   state.ReasonNote = InParentheses(state.ReasonNote);
   state.Scanning = true;  // lets a timer or a skip carry on
   scan_.Platform.Connection.Close();
-  scan_.Platform.Internet.Abort();  // else a moved page would hold up the next site
+  scan_.Gets.Abort();  // else a moved page would hold up the next site
   WriteSiteResult();
   ResetForNextSite();
   return skipsMainSite ? SkipKind::MainSite : SkipKind::LinkingSite;

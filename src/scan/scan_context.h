@@ -76,6 +76,7 @@ struct ScanContext {
   Services& Platform;
   requite::Settings Settings;
   const ProgramFolder& Folder;
+  requite::Gets Gets{Platform.Internet};  ///< moved pages only: the end of a site ends them
 };
 
 /// The sounds of a scan, in the folder "sounds".

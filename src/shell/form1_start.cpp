@@ -89,7 +89,8 @@ void Form1::Close() {
   Platform.Timer1.Stop();
   Platform.timTimeout.Stop();
   Platform.Connection.Close();
-  Platform.Internet.Abort();
+  Scan.Context().Gets.Abort();
+  Post.Stop();
   for (const char* window : {"Form3", "Form4", "frmExport"}) Windows.Close(window);
   endsWithWebsite_ = Windows.Find("frmWebsite") != nullptr;
   if (OnClosed) OnClosed();

@@ -9,11 +9,10 @@ Form3::Form3(Windows& windows, const Form3Needs& needs)
       Harvest({needs.txtSearch, needs.Combo1, needs.Combo2, needs.StatusBar1, Text1, WebBrowser1, needs.Sites,
                needs.Database, needs.Platform.EventLoop, needs.Folder, needs.UpdateStats,
                needs.cmdDoSearch_Click, [this] { Main.SetVisible(false); }, [this] { Close(); }}),
-      fetcher_(WebBrowser1, needs.Platform.Internet, needs.Platform.timBrowser,
-               [this](const std::function<void()>& fetch) {
-                 const Running running(*this);
-                 fetch();
-               }) {
+      fetcher_(WebBrowser1, needs.Platform.Internet, [this](const std::function<void()>& complete) {
+        const Running running(*this);
+        complete();
+      }) {
   Text1.SetEnabled(false);
   Text1.ToolTip = "This shows the number of unique .com, .org and .net domain names found.";
   WebBrowser1.ToolTip = "Searching for unique .com, .net and .org domain names.";

@@ -94,6 +94,11 @@ void Form4::Load() {
   import_.ReadSettings();
 }
 
+void Form4::Unload() {
+  import_.Stop();
+  post_.Stop();
+}
+
 void Form4::ShowTab(int number) {
   if (number < 1 || number > static_cast<int>(TabStrip1.Tabs.size())) return;
   Frame1.SetVisible(number == 1);

@@ -56,6 +56,7 @@ struct Form4 : ProgramWindow, Form4Controls {
 
   /// Fills cmbSites from the Main Sites and puts the settings into the controls.
   void Load() override;
+  void Unload() override;
   /// The click of the tab strip; a number outside 1 and 2 does nothing.
   void ShowTab(int number);
 

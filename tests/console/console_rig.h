@@ -71,8 +71,7 @@ struct ConsoleRig {
                         Clipboard,
                         Sounds,
                         Services.Shell,
-                        Services.Clock,
-                        Services.timBrowser};
+                        Services.Clock};
   requite::Form1 Form{All, Folder.Folder};
   std::ostringstream Out;
   std::ostringstream Err;

@@ -120,13 +120,12 @@ TEST_F(ScanCommand, PostingIsAskedForAndAnInterruptEndsIt) {
   EXPECT_TRUE(Asked().empty());
   options_.Post = true;
   rig_.Services.Internet.OnOpen = [this] {
-    rig_.Services.Internet.Aborts = 0;
     interrupt_.Seen = true;
     interrupt_.OnInterrupt();
   };
   EXPECT_EQ(Run(), ExitStatus::Interrupted);
   EXPECT_EQ(Asked().size(), 1U);
-  EXPECT_EQ(rig_.Services.Internet.Aborts, 1);
+  EXPECT_EQ(rig_.Services.Internet.EndedWaits, 1);
 }
 
 }  // namespace

@@ -80,6 +80,10 @@ TEST(DomainHarvest, APageThatNeverComesLeavesItWaiting) {
   EXPECT_EQ(Window(rig)->Text1.Text(), "Status...");
   EXPECT_FALSE(Window(rig)->Harvest.Finished);
   rig.Form.Windows.Close("Form3");
+  rig.Form.Windows.Show("Form3");
+  EXPECT_EQ(rig.Services.Internet.Started.size(), 1U);
+  rig.Form.Windows.Close("Form3");
+  EXPECT_TRUE(rig.Services.Internet.Started.empty()) << "the window ends its own request";
   DeleteFile(rig.Database());
   EXPECT_THROW(rig.Form.Windows.Show("Form3"), RuntimeFailure);
 }

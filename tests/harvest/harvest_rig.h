@@ -50,7 +50,8 @@ struct HarvestRig {
   /// Loads Form3 and lets it fetch until nothing more is asked for.
   void Harvest() {
     Form.Windows.Show("Form3");
-    while (Services.timBrowser.Running) Services.timBrowser.Tick();
+    while (Services.Internet.AnswerNext()) {
+    }
   }
 
   TemporaryFolder Folder;

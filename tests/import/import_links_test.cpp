@@ -121,6 +121,11 @@ TEST(GetLinks, TakesAScriptsOutputApart) {
   rig.Services.Internet.Bodies["http://home.example/list"] = "a.example,b.example";
   rig.Command1.Click();
   EXPECT_THAT(rig.Links(), ElementsAre("a.example", "b.example")) << "shown up to the filling of 0 bytes";
+
+  rig.Services.Internet.Bodies["http://home.example/list"] = "";
+  rig.Command1.Click();
+  EXPECT_THAT(rig.Links(), ElementsAre(""));
+  EXPECT_EQ(rig.Status(), "Finished Downloading - 1 links found.");
 }
 
 TEST(GetLinks, TheBaseIsTheHostInSmallLettersOnly) {

@@ -107,6 +107,12 @@ TEST_F(PostingTest, TheLogEndsAtTheFirstByteOfZeroAndGoesOnFromThere) {
                 std::string(300, 'x') +
                 "\r\n"
                 "\r\nURL: http://True\r\n\r\nReturned: short");
+  list3_.Clear();
+  list3_.Add({"m", "a", "Direct Link", "001", "a"});
+  log_.Box.SetText("");
+  services_.Internet.Bodies["http://True"] = "";
+  cmdPost_.Click();
+  EXPECT_EQ(log_.Box.Text(), "\r\nURL: http://True\r\n\r\nReturned: ") << "an empty answer is an answer";
 }
 
 TEST_F(PostingTest, TheLogOfManyRowsGrowsInLinearTime) {
@@ -170,6 +176,7 @@ TEST_F(PostingTest, TheEndOfTheProgramAndAStopEndEveryWalk) {
   AddResults();
   services_.Internet.OnOpen = [this] { main_.Stop(); };
   cmdPost_.Click();
+  EXPECT_EQ(services_.Internet.EndedWaits, 1);
   services_.Internet.OnOpen = [this] { ended_ = true; };
   cmdPost_.Click();
   EXPECT_EQ(Asked().size(), 2U);

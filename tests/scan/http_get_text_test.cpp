@@ -16,14 +16,15 @@ struct BlockCase {
 };
 
 TEST(HttpGetText, TakesTheFirstBlockWhole) {
-  for (const BlockCase& each : {BlockCase{0, 0, 0}, BlockCase{1, 256, 0}, BlockCase{256, 256, 0},
+  for (const BlockCase& each : {BlockCase{0, 256, 0}, BlockCase{1, 256, 0}, BlockCase{256, 256, 0},
                                 BlockCase{257, 257, 1}, BlockCase{600, 600, 2}}) {
     FakeInternet internet;
+    Gets gets(internet);
     FakeEventLoop events;
     const std::string body(each.BodySize, 'b');
     internet.Bodies["http://a.example/"] = body;
     std::string url = "http://a.example/";
-    const std::string text = HttpGetText(url, internet, events);
+    const std::string text = HttpGetText(url, gets, events);
     EXPECT_EQ(text, body + std::string(each.TextSize - body.size(), '\0'));
     EXPECT_EQ(events.Yields, each.Yields);
     EXPECT_EQ(internet.Agent, "Mozilla");
@@ -38,9 +39,10 @@ TEST(HttpGetText, PutsTheSchemeInFrontInTheCallersText) {
                                           {"a.example/?u=http://b", "a.example/?u=http://b"},
                                           {"", "http://"}}) {
     FakeInternet internet;
+    Gets gets(internet);
     FakeEventLoop events;
     std::string url = asked;
-    EXPECT_EQ(HttpGetText(url, internet, events), "") << "a URL that cannot be opened has no text";
+    EXPECT_EQ(HttpGetText(url, gets, events), "") << "a URL that cannot be opened has no text";
     EXPECT_EQ(url, opened);
     EXPECT_EQ(internet.Asked, std::vector<std::string>{opened});
   }

@@ -146,9 +146,13 @@ TEST(WholeScan, StopDuringTheGetOfAMovedPageAbortsIt) {
   };
   scan.Services.Internet.Aborts = 1;
   scan.Services.Internet.Bodies.clear();
+  Gets import(scan.Services.Internet);
+  import.Start("http://import.example", "Mozilla", [](const auto&){});
   scan.Road.StartScan();
   ASSERT_TRUE(scan.Run());
-  EXPECT_EQ(scan.Services.Internet.Asked.size(), 1U);
+  EXPECT_EQ(scan.Services.Internet.Asked.size(), 2U);
+  EXPECT_EQ(scan.Services.Internet.EndedWaits, 1);
+  EXPECT_EQ(scan.Services.Internet.Started.size(), 1U) << "what is not the scan's goes on";
   EXPECT_FALSE(scan.State.Scanning);
   EXPECT_TRUE(scan.Sites.List3.Empty());
 }

@@ -74,6 +74,19 @@ TEST(Form4, PostsFromForm4aWithForm4OnShowAndItsOwnScript) {
   EXPECT_EQ(window.StatusBar1.Panel(1), "Sending Site 1: a.example");
 }
 
+TEST(Form4, ItsCloseEndsItsOwnRequestsAlone) {
+  ImportWindowRig rig;
+  rig.Form.Sites.List3.Add({"main.example", "a.example", "Direct Link", "001", "a.example"});
+  Gets other(rig.Services.Internet);
+  other.Start("http://other.example", "Mozilla", [](const auto&) {});
+  rig.Services.Internet.OnOpen = [&] { rig.Form.Windows.Close("Form4"); };
+  rig.Open(rig.Form.cmdImport).Command1.Click();
+  EXPECT_EQ(rig.Services.Internet.EndedWaits, 1);
+  rig.Open(rig.Form.cmdImport).cmdPost.Click();
+  EXPECT_EQ(rig.Services.Internet.EndedWaits, 2);
+  EXPECT_EQ(rig.Services.Internet.Started.size(), 1U);
+}
+
 TEST(Form4, MayBeClosedInTheMiddleOfEveryRun) {
   for (int yield = 1; yield < 9; ++yield) {
     ImportWindowRig rig;

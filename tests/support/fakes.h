@@ -116,22 +116,64 @@ class ScriptedConnection : public Connection {
   std::string received_;
 };
 
+/// Bodies by URL. A GET that is waited for is answered at once; the others wait for the test.
 class FakeInternet : public Internet {
  public:
-  std::optional<std::string> OpenUrl(const std::string& url, std::string_view agent) override {
-    Asked.push_back(url);
-    Agent = agent;
-    if (OnOpen) OnOpen();
-    const auto found = Bodies.find(url);
-    return found == Bodies.end() ? std::nullopt : std::optional(found->second);
+  void Start(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer) override {
+    Ask(url, agent);
+    Started.push_back({owner, url, std::move(onAnswer)});
   }
-  void Abort() override { ++Aborts; }
+  std::optional<std::string> OpenUrl(Owner owner, const std::string& url, std::string_view agent) override {
+    Ask(url, agent);
+    const std::size_t before = aborted_.size();
+    if (OnOpen) OnOpen();
+    if (std::find(aborted_.begin() + static_cast<std::ptrdiff_t>(before), aborted_.end(), owner) !=
+        aborted_.end()) {
+      ++EndedWaits;
+      return std::nullopt;
+    }
+    return BodyOf(url);
+  }
+  void Abort(Owner owner) override {
+    aborted_.push_back(owner);
+    ++Aborts;
+    std::erase_if(Started, [owner](const Get& get) { return get.StartedBy == owner; });
+  }
+  /// Answers the GET that waits longest; false when there is none.
+  bool AnswerNext() {
+    if (Started.empty()) return false;
+    const Get get = std::move(Started.front());
+    Started.pop_front();
+    if (OnOpen) OnOpen();
+    get.Answer(BodyOf(get.Url));
+    return true;
+  }
+
+  struct Get {
+    Owner StartedBy;
+    std::string Url;
+    OnAnswer Answer;
+  };
 
   std::map<std::string, std::string> Bodies;
   std::vector<std::string> Asked;
+  std::deque<Get> Started;
   std::string Agent;
   std::function<void()> OnOpen;
   int Aborts = 0;
+  int EndedWaits = 0;  ///< aborts that ended a GET that was waited for
+
+ private:
+  void Ask(const std::string& url, std::string_view agent) {
+    Asked.push_back(url);
+    Agent = agent;
+  }
+  [[nodiscard]] std::optional<std::string> BodyOf(const std::string& url) const {
+    const auto found = Bodies.find(url);
+    return found == Bodies.end() ? std::nullopt : std::optional(found->second);
+  }
+
+  std::vector<Owner> aborted_;
 };
 
 class MemorySettings : public SettingsStore {
@@ -229,9 +271,8 @@ struct FakeServices {
   FakeSounds Sounds;
   FakeShell Shell;
   ManualClock Clock;
-  ManualTimer timBrowser;
   Services All{EventLoop, Connection, timTimeout, Timer1, Internet, Store,
-               Dialogs,   Clipboard,  Sounds,     Shell,  Clock,    timBrowser};
+               Dialogs,   Clipboard,  Sounds,     Shell,  Clock};
 };
 
 /// A folder of its own for one test, removed with everything in it.

@@ -76,7 +76,7 @@ class PlainPage {
       line = Without(line, {"href=", ">here</a></body", "\"", "'", " "});
     }
     if (line.empty()) line = context_.State.PageFull;
-    std::string text = HttpGetText(line, context_.Platform.Internet, context_.Platform.EventLoop);
+    std::string text = HttpGetText(line, context_.Gets, context_.Platform.EventLoop);
     context_.State.RedirectFollowed = true;
     context_.Steps.ProcessPage(text, connection);
   }

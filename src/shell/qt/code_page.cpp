@@ -2,6 +2,7 @@
 // Windows-1252 and the toolkit's texts.
 #include "shell/qt/code_page.h"
 
+#include <QUrl>
 #include <algorithm>
 
 #include "platform/windows_1252.h"
@@ -34,5 +35,7 @@ std::string ToUtf8(std::string_view bytes) { return ToUnicode(bytes).toStdString
 std::string FromUtf8(std::string_view utf8) {
   return FromUnicode(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
+
+std::string AsciiHost(std::string_view host) { return QUrl::toAce(ToUnicode(host)).toStdString(); }
 
 }  // namespace requite

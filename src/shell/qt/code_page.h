@@ -17,4 +17,8 @@ namespace requite {
 [[nodiscard]] std::string FromUnicode(const QString& text);
 [[nodiscard]] std::string FromUtf8(std::string_view utf8);
 
+/// The name of a host in the code page as the net knows it: an international one in its ASCII form. Empty
+/// when there is none, whatever the locale.
+[[nodiscard]] std::string AsciiHost(std::string_view host);
+
 }  // namespace requite

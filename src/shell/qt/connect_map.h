@@ -30,6 +30,7 @@ struct ConnectRule {
 class ConnectMap {
  public:
   void Add(ConnectRule rule) { rules_.push_back(std::move(rule)); }
+  [[nodiscard]] const std::vector<ConnectRule>& Rules() const { return rules_; }
 
   /// Where a connection goes: the matching rule's target, else host and port themselves. Hosts are
   /// compared without regard to case, before any look-up.

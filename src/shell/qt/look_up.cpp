@@ -72,13 +72,6 @@ void SocketAddress::SetPort(std::uint16_t port) {
   if (Storage.ss_family == AF_INET6) reinterpret_cast<sockaddr_in6&>(Storage).sin6_port = htons(port);
 }
 
-std::string SocketAddress::Text() const {
-  std::array<char, NI_MAXHOST> text{};
-  ::getnameinfo(reinterpret_cast<const sockaddr*>(&Storage), Length, text.data(), text.size(), nullptr, 0,
-                NI_NUMERICHOST);
-  return text.data();
-}
-
 SocketAddresses SystemLookUp(const std::string& host) { return AskSystem(host, 0); }
 
 SocketAddresses NumericAddress(const std::string& host) { return AskSystem(host, AI_NUMERICHOST); }

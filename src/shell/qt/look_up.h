@@ -19,8 +19,6 @@ struct SocketAddress {
   socklen_t Length = 0;
 
   void SetPort(std::uint16_t port);
-  /// The address without its port, in digits.
-  [[nodiscard]] std::string Text() const;
 };
 
 using SocketAddresses = std::vector<SocketAddress>;

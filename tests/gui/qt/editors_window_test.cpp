@@ -125,7 +125,7 @@ class EditorsWindowTest : public QObject, private WindowRig {
     };
     QWidget* const harvest = Open("Form3", [this] { form_->Windows.Show("Form3"); });
     QVERIFY(!Part<QLineEdit>(harvest, "Text1")->isEnabled());
-    services_->timBrowser.Tick();
+    QVERIFY(services_->Internet.AnswerNext());
     QTRY_VERIFY(!harvest->isVisible());
     QVERIFY(form_->Windows.Find("Form3") != nullptr);
   }

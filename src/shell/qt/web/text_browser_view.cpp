@@ -14,7 +14,7 @@ namespace requite {
 
 TextBrowserView::TextBrowserView(WebViewEvents& events, Internet& internet, const EventGuard& guard,
                                  QWidget* parent)
-    : QTextBrowser(parent), events_(events), internet_(internet), guard_(guard) {
+    : QTextBrowser(parent), events_(events), gets_(internet), guard_(guard) {
   setOpenLinks(false);
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
     if (link.isRelative() && link.path().isEmpty()) return scrollToAnchor(link.fragment());
@@ -34,7 +34,7 @@ void TextBrowserView::Load(const QUrl& url) {
 
 void TextBrowserView::Stop() {
   ++asked_;
-  if (loading_) internet_.Abort();
+  gets_.Abort();
 }
 
 bool TextBrowserView::Back() {
@@ -53,6 +53,7 @@ bool TextBrowserView::Forward() {
 
 /// Not at once: a GET lets events run, and the caller may stand in the middle of a handler.
 void TextBrowserView::ShowSoon() {
+  gets_.Abort();  // the page before is not wanted any more
   QMetaObject::invokeMethod(
       this,
       [this, mine = ++asked_] {
@@ -67,10 +68,8 @@ void TextBrowserView::ShowNow() {
   const int mine = asked_;
   const QUrl url = history_[at_];
   events_.LoadStarted();
-  loading_ = true;
   const QString page = PageOf(url);
-  if (!self) return;  // the window was closed meanwhile
-  loading_ = false;
+  if (!self) return;                                 // the window was closed meanwhile
   if (mine != asked_) return events_.LoadStopped();  // stopped, or another page was asked for
   if (page.isNull()) return events_.PageFailed(url, tr("There is no answer."));
   setHtml(page);
@@ -87,7 +86,7 @@ QString TextBrowserView::PageOf(const QUrl& url) {
     return ToUnicode(text).replace("&nbsp<", "&nbsp;<");
   }
   if (!IsRemote(url)) return "";
-  const auto body = internet_.OpenUrl(AddressOfUrl(url), "Mozilla");
+  const auto body = gets_.OpenUrl(AddressOfUrl(url), "Mozilla");
   return body ? "<html>" + ToUnicode(*body) : QString();
 }
 

@@ -36,12 +36,11 @@ class TextBrowserView final : public QTextBrowser, public WebView {
   [[nodiscard]] QString PageOf(const QUrl& url);
 
   WebViewEvents& events_;
-  Internet& internet_;
+  Gets gets_;
   const EventGuard& guard_;
   std::vector<QUrl> history_;
   std::size_t at_ = 0;
   int asked_ = 0;
-  bool loading_ = false;
 };
 
 }  // namespace requite

@@ -20,8 +20,8 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       connection_(poller_, resolver_, map),
       timTimeout_(guard),
       timer1_(guard),
-      timBrowser_(guard),
-      internet_(map) {
+      getLoop_(guard),
+      internet_(getLoop_, map) {
   shell_.OnFailed = ShowUnopened;
   store_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +

@@ -4,11 +4,12 @@
 
 #include <string>
 
-#include "shell/qt/blocking_get.h"
+#include "shell/qt/curl_internet.h"
 #include "shell/qt/desktop_shell.h"
 #include "shell/qt/name_resolver.h"
 #include "shell/qt/page_connection.h"
 #include "shell/qt/qt_event_loop.h"
+#include "shell/qt/qt_get_loop.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/settings_file.h"
 #include "shell/qt/sound_process.h"
@@ -42,8 +43,8 @@ class DesktopServices {
   PageConnection connection_;
   QtTimer timTimeout_;
   QtTimer timer1_;
-  QtTimer timBrowser_;
-  BlockingGet internet_;
+  QtGetLoop getLoop_;
+  CurlInternet internet_;
   QtDialogs dialogs_;
   QtClipboard clipboard_;
   SoundProcess sounds_;
@@ -52,7 +53,7 @@ class DesktopServices {
 
  public:
   Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
-               dialogs_, clipboard_,  sounds_,     shell_,  clock_,    timBrowser_};
+               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
 };
 
 }  // namespace requite

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// libcurl's multi interface on the program's event loop.
+#pragma once
+
+#include <curl/curl.h>
+
+#include <functional>
+
+#include "shell/qt/get_loop.h"
+
+namespace requite {
+
+/// Runs transfers as events. All sockets of the library and its timer hang on one epoll descriptor, which is
+/// all that the loop has to watch.
+class CurlMulti {
+ public:
+  /// `onDone` runs outside of the library: it may add and remove transfers and let events run. The loop must
+  /// outlive this object, and this object every transfer that was added.
+  CurlMulti(GetLoop& loop, std::function<void(CURL*)> onDone);
+  ~CurlMulti();
+  CurlMulti(const CurlMulti&) = delete;
+  CurlMulti& operator=(const CurlMulti&) = delete;
+
+  /// Nothing of the transfer runs before the next event.
+  void Add(CURL* transfer) { curl_multi_add_handle(multi_, transfer); }
+  void Remove(CURL* transfer) { curl_multi_remove_handle(multi_, transfer); }
+
+ private:
+  static int OnSocket(CURL*, curl_socket_t socket, int wanted, void* self, void*);
+  static int OnTimer(CURLM*, long milliseconds, void* self);
+  void OnReady();
+
+  GetLoop& loop_;
+  std::function<void(CURL*)> onDone_;
+  int epoll_;
+  int timer_;
+  CURLM* multi_;
+};
+
+}  // namespace requite
