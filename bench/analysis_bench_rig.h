@@ -58,6 +58,7 @@ class BenchRig : public ScanSteps, public ScanHost {
   void ResetPageCounters() override {}
   void ResetSiteCounters() override {}
   void GenerateLinkReport() override {}
+  void TellWorkFilesUnwritten() override {}
 
  private:
   ScanRig rig_{*this};

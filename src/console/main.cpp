@@ -151,6 +151,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
                          std::cerr,
                          ::isatty(STDOUT_FILENO) != 0,
                          [&timTimeout] { return timTimeout.IsRunning(); }};
+  form1.OnNotice = [&program](std::string_view text) { program.Complain(program.Outside(text)); };
   ExitStatus status = ExitStatus::Done;
   guard.Run([&] { status = RunCommand(options, guard, program); });
   return status;

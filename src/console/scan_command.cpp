@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kNoLimit = -1;
 
-/// Message boxes go to standard error: nobody is there to press their button.
+/// Message boxes and notices go to standard error: nobody is there to press their button.
 class BoxPrinter {
  public:
   BoxPrinter(ConsoleProgram& program, ScanProgress& progress) : program_(program) {
@@ -25,8 +25,15 @@ class BoxPrinter {
       ++shown_;
       if (!program_.Form1.State.Scanning) ++shownAtStop_;
     };
+    program_.Form1.OnNotice = [this, &progress](std::string_view text) {
+      progress.Clear();
+      program_.Complain(program_.Outside(text));
+    };
   }
-  ~BoxPrinter() { program_.Dialogs.OnShown = nullptr; }
+  ~BoxPrinter() {
+    program_.Dialogs.OnShown = nullptr;
+    program_.Form1.OnNotice = nullptr;
+  }
   BoxPrinter(const BoxPrinter&) = delete;
   BoxPrinter& operator=(const BoxPrinter&) = delete;
 

@@ -6,24 +6,20 @@
 #include <optional>
 #include <utility>
 
-#include "platform/files.h"
 #include "platform/text.h"
 #include "scan/href_value.h"
 #include "scan/http_get_text.h"
 #include "scan/moved_page.h"
 #include "scan/record_link.h"
-#include "scan/work_files.h"
 
 namespace requite {
 
 void Analyser::AnalysePage(std::int16_t connection) {
-  std::optional<std::string> prepared = std::exchange(context_.State.Page(connection).PreparedText, {});
+  const std::string text = std::exchange(context_.State.Page(connection).PreparedText, {});
   if (!context_.State.Scanning) return;
   context_.Window.StatusBar1.SetPanel(2, "Getting Links");
   context_.Platform.EventLoop.LetPendingEventsRun();
-  const PageText origin = prepared ? PageText::Prepared : PageText::Any;
-  const std::string text = prepared ? *std::move(prepared) : ReadFile(PageFile(context_.Folder, connection));
-  PageLines lines(text, origin);
+  PageLines lines(text, SlicesOf(context_));
   switch (ReadLines(lines)) {
     case PageEnd::Moved: FollowMove(lines, connection); break;
     case PageEnd::Read: HandBack(connection); break;
@@ -37,7 +33,7 @@ Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
     context_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
     if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
-    if (lines.HasHref()) AnalyseLink(lines.FromHref(), link);
+    if (lines.HasHref()) AnalyseLink(lines.Line(), link);
     // Whatever the options: of a site that has its links, only the first line of a page is read.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
   }
@@ -51,17 +47,30 @@ void Analyser::AnalyseLink(std::string_view line, std::string& link) {
 
 Analyser::Road Analyser::TakeLink(std::string& link) {
   const LetterSet letters = LettersOf(link);
-  if (filter_.IsScriptOrMail(link, letters)) return Road::NextLine;
+  if (filter_.IsScriptOrMail(link, letters) || !GoesOn(link)) return Road::NextLine;
   // A file of a type that is not followed can be a link to the Main Site all the same, as it stands.
-  if (!filter_.IsAllowedType(link, letters)) return RoadOfRefused(link);
+  const bool isAllowed = filter_.IsAllowedType(link, letters);
+  if (!GoesOn(link)) return Road::NextLine;
+  if (!isAllowed) return RoadOfRefused(link);
   if (filter_.IsLocalOrFragment(link, letters)) return Road::NextLine;
+  if (!GoesOn(link)) return Road::NextLine;
   ResolveLink(context_, link);
+  if (!GoesOn(link)) return Road::NextLine;
   if (!rules_.PassesRules(link)) {
     context_.State.ReasonNote = "Possible Rule Problem";
     return RoadOfRefused(link);
   }
   if (!IsSeenUrl(context_, link) && sites_.IsOnLinkingSite(link)) QueuePage(link);
   return Road::Record;
+}
+
+/// A link of megabytes costs each of its tests some milliseconds, so events run between them. False when
+/// the scan was stopped.
+bool Analyser::GoesOn(std::string_view link) const {
+  constexpr std::size_t kLong = std::size_t{1} << 20;
+  if (link.size() < kLong) return true;
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  return context_.State.Scanning;
 }
 
 Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
@@ -87,8 +96,9 @@ void Analyser::RecordIfOurs(std::string& link) {
 }
 
 void Analyser::FollowMove(PageLines& lines, std::int16_t connection) {
-  std::string address = MovedAddress(lines, context_.State.PageFull);
-  std::string text = HttpGetText(address, context_.Gets, context_.Platform.EventLoop);
+  std::optional<std::string> address = MovedAddress(lines, context_.State.PageFull, SlicesOf(context_));
+  if (!address) return;
+  std::string text = HttpGetText(*address, context_.Gets, context_.Platform.EventLoop);
   context_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
   context_.Steps.ProcessPage(std::move(text), connection);
 }

@@ -20,9 +20,8 @@ class Analyser {
   explicit Analyser(ScanContext& context)
       : context_(context), sites_(context), rules_(context), recorded_(context), filter_(context) {}
 
-  /// Reads the page that triage has prepared on a connection, or the work file on disk when its text
-  /// could not be written, and hands back to the scan controller. A page that says that it has moved
-  /// is read again once. A failure ends the step, and the caller passes over it.
+  /// Reads the page that triage has prepared on a connection and hands back to the scan controller. A page
+  /// that says that it has moved is read again once. A failure ends the step, and the caller passes over it.
   void AnalysePage(std::int16_t connection);
 
  private:
@@ -33,6 +32,7 @@ class Analyser {
   void AnalyseLink(std::string_view line, std::string& link);
   /// Resolves, tests and queues a link. It then holds what a record is judged by.
   [[nodiscard]] Road TakeLink(std::string& link);
+  [[nodiscard]] bool GoesOn(std::string_view link) const;
   [[nodiscard]] Road RoadOfRefused(std::string_view link);
   void QueuePage(const std::string& url);
   void RecordIfOurs(std::string& link);

@@ -11,6 +11,7 @@
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "scan/page_address.h"
+#include "scan/response_header.h"
 
 namespace requite {
 namespace {
@@ -44,14 +45,6 @@ std::string_view ContentLengthText(std::string_view header) {
   line = line.substr(0, line.find(kLineEnd));
   const std::size_t blank = line.find(' ');
   return blank == std::string_view::npos ? std::string_view() : line.substr(blank + 1);
-}
-
-/// Takes every occurrence of the header block out of a response: a page that repeats its own header
-/// loses it there too. The block stands at the front, and usually nowhere else.
-std::string BodyBehind(std::string response, std::string_view header) {
-  response.erase(0, header.size());
-  ReplaceIn(response, header, {}, Compare::Text);
-  return response;
 }
 
 }  // namespace
@@ -163,10 +156,11 @@ void Fetcher::OnClose() {
   const std::string header(
       Left(page.RecvBuffer, end == std::string::npos ? kHeaderOfHeaderless : end + kHeaderEnd.size()));
   scan_.Steps.CheckHttpStatus(header, page.PageHost + page.PagePath);
-  std::string body = BodyBehind(std::exchange(page.RecvBuffer, {}), header);
+  std::string response = std::exchange(page.RecvBuffer, {});
   scan_.Window.StatusBar1.SetPanel(1, Joined("Finished: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  scan_.Steps.ProcessPage(std::move(body), 0);
+  RemoveHeader(response, header, SlicesOf(scan_));
+  scan_.Steps.ProcessPage(std::move(response), 0);
 }
 
 }  // namespace requite

@@ -2,36 +2,64 @@
 // One pass in place of nine replacements over the whole page.
 #include <algorithm>
 
+#include "platform/text.h"
 #include "platform/text_search.h"
 #include "scan/triage.h"
 
 namespace requite {
 namespace {
 
-/// Blanks behind "href=" go in runs of 8, 7, 6 and so on down to 1, once each.
-std::size_t BlanksLeft(std::size_t blanks) {
+constexpr std::string_view kHref = "href=";
+constexpr std::string_view kHrefOnLine = "\r\nhref=";
+
+/// Blanks after "href=" go in runs of 8, 7, 6 and so on down to 1, once each: these are 36 at the most.
+constexpr std::size_t kMostBlanks = 36;
+
+/// How many blanks at the start of a text go.
+std::size_t BlanksTaken(std::string_view text) {
+  text = text.substr(0, kMostBlanks);
+  const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
+  std::size_t left = blanks;
   for (std::size_t run = 8; run >= 1; --run) {
-    if (blanks >= run) blanks -= run;
+    if (left >= run) left -= run;
   }
-  return blanks;
+  return blanks - left;
+}
+
+/// Room for the result. A large page gets all that it can need: growing would copy it, and room that is
+/// not used costs nothing there.
+std::size_t RoomFor(std::size_t size, const Slices& slices) {
+  const std::size_t growth = kHrefOnLine.size() - kHref.size();
+  const std::size_t most = size + size / kHref.size() * growth;
+  return (size > slices.Bytes ? most : size + size / 16 + 16) + kLineEnd.size();
 }
 
 }  // namespace
 
-std::string PutHrefsOnLines(std::string_view body) {
-  constexpr std::string_view kHref = "href=";
-  constexpr std::string_view kHrefOnLine = "\r\nhref=";
+std::optional<std::string> PutHrefsOnLines(std::string_view body, const Slices& slices) {
   const TextFinder finder(kHref);
   std::string text;
-  text.reserve(body.size() + body.size() / 16 + 16);
+  text.reserve(RoomFor(body.size(), slices));
   std::size_t copied = 0;
-  for (std::size_t at = finder.Find(body); at != std::string_view::npos; at = finder.Find(body, copied)) {
-    text.append(body, copied, at - copied).append(kHrefOnLine);
-    copied = at + kHref.size();
-    const std::size_t behind = std::min(body.find_first_not_of(' ', copied), body.size());
-    copied = behind - BlanksLeft(behind - copied);
+  for (std::size_t slice = slices.Bytes;; slice += slices.Bytes) {
+    // No href begins in the last four bytes of a window that is cut off there.
+    const std::string_view window = body.substr(0, slice);
+    for (std::size_t at = finder.Find(window, copied); at != std::string_view::npos;
+         at = finder.Find(window, copied)) {
+      text.append(body, copied, at - copied).append(kHrefOnLine);
+      copied = at + kHref.size();
+      copied += BlanksTaken(body.substr(copied));
+    }
+    if (window.size() == body.size()) break;
+    const std::size_t searched = window.size() - std::min(window.size(), kHref.size() - 1);
+    if (searched > copied) {
+      text.append(body, copied, searched - copied);
+      copied = searched;
+    }
+    if (!slices.GoOn()) return std::nullopt;
   }
-  return text.append(body, copied);
+  text.append(body, copied);
+  return text;
 }
 
 }  // namespace requite

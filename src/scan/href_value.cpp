@@ -12,10 +12,6 @@ namespace {
 constexpr std::string_view kHref = "href=";
 constexpr std::size_t kSlice = 4096;  // bytes between two looks at the events
 
-bool HoldsHref(std::string_view text) {
-  return text.find('=') != std::string_view::npos && Contains(text, kHref, Compare::Text);
-}
-
 /// The length of the text before its first quote or ">".
 std::size_t LengthOfValue(std::string_view text) {
   for (const char end : {'"', '>', '\''}) text = Before(text, end);
@@ -40,13 +36,6 @@ std::string_view WithoutOpeningQuote(std::string_view text) {
   return text;
 }
 
-/// A line of several hrefs, with the quote behind each of them taken off.
-std::string WithoutOpeningQuotes(std::string_view line) {
-  std::string text = Replace(line, "href=\"", kHref, Compare::Text);
-  ReplaceIn(text, "href='", kHref, Compare::Text);
-  return text;
-}
-
 /// How much is kept of a text whose value ends at `end`.
 std::size_t KeptLength(std::size_t length, std::size_t end) {
   if (end + 1 < length) return end;
@@ -56,28 +45,14 @@ std::size_t KeptLength(std::size_t length, std::size_t end) {
 }  // namespace
 
 Cut CutHrefValue(std::string_view line, const ScanContext& context, std::string& value) {
-  std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
-  std::optional<std::size_t> end = FindTerminator(rest, context);
+  const std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
+  const std::optional<std::size_t> end = FindTerminator(rest, context);
   if (!end) return Cut::Stopped;
-  // Prepared pages have one href on a line; an old work file may have more of them in one value.
-  const bool isNested = HoldsHref(rest.substr(0, *end));
-  std::string unquoted;
-  if (isNested) {
-    unquoted = WithoutOpeningQuotes(line);
-    rest = std::string_view(unquoted).substr(kHref.size());
-    end = FindTerminator(rest, context);
-    if (!end) return Cut::Stopped;
-  }
   // A value that is shorter than its own "href=" and one letter is none.
   const std::size_t kept = KeptLength(rest.size() + kHref.size(), *end + kHref.size());
   if (kept <= kHref.size()) return Cut::TooShort;
-  std::string_view text = rest.substr(0, kept - kHref.size());
-  std::string joined;
-  if (isNested) {
-    joined = Replace(text, kHref, "", Compare::Text);
-    text = joined;
-  }
-  value = Before(Trim(text), ' ');
+  const std::string_view text = rest.substr(0, kept - kHref.size());
+  value = Before(text.substr(std::min(text.find_first_not_of(' '), text.size())), ' ');
   return Cut::Done;
 }
 

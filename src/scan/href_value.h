@@ -17,10 +17,10 @@ enum class Cut {
   Stopped,   ///< the scan was stopped while the value was looked for
 };
 
-/// Cuts the value of the first href out of a line that begins with it. A quote directly behind "href="
-/// goes, the value ends at the next quote or ">", and at its first blank. A line on which no end
-/// comes, or only as its last character, loses its last two characters: ResolveLink mends some of
-/// what that cuts off. Lets events run in long values.
+/// Cuts the value of the href out of a line that begins with it; the line has no other. A quote directly
+/// behind "href=" goes, the value ends at the next quote or ">", and at its first blank. A line on which no
+/// end comes, or only as its last character, loses its last two characters: ResolveLink mends some of what
+/// that cuts off. Lets events run in long values.
 [[nodiscard]] Cut CutHrefValue(std::string_view line, const ScanContext& context, std::string& value);
 
 }  // namespace requite

@@ -5,13 +5,26 @@
 #include "platform/text.h"
 
 namespace requite {
+namespace {
 
-std::string MovedAddress(PageLines& lines, const std::string& pageFull) {
-  while (!lines.HasHref() && !lines.AtEnd()) lines.Advance();
-  std::string address(lines.Line());
-  if (lines.HasHref()) {
-    for (const char mark : {' ', '<', '>'}) address.resize(Before(address, mark).size());
+constexpr int kLinesBetweenLooks = 4096;
+
+}  // namespace
+
+std::optional<std::string> MovedAddress(PageLines& lines, const std::string& pageFull, const Slices& slices) {
+  for (int passed = 1; !lines.HasHref() && !lines.AtEnd(); ++passed) {
+    lines.Advance();
+    if (passed % kLinesBetweenLooks == 0 && !slices.GoOn()) return std::nullopt;
+  }
+  std::string_view line = lines.Line();
+  const bool hasHref = lines.HasHref();
+  if (hasHref) {
+    for (const char mark : {' ', '<', '>'}) line = Before(line, mark);
+  }
+  std::string address(line);
+  if (hasHref) {
     for (const std::string_view piece : {"href=", ">here</a></body", "\"", "'", " "}) {
+      if (address.size() > slices.Bytes && !slices.GoOn()) return std::nullopt;
       ReplaceIn(address, piece, "", Compare::Text);
     }
   }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Marks are searched in the whole page and then told to be on a line or not: lines are short, and a
-// search of its own for each mark on each line would cost more than all the rest.
+// Marks are searched in the page, a slice at a time, and then told to be on a line or not: lines are short,
+// and a search of its own for each mark on each line would cost more than all the rest.
 #include "scan/page_lines.h"
 
 #include <algorithm>
@@ -14,33 +14,40 @@ void PageLines::Advance() {
 }
 
 bool PageLines::SaysMoved() {
-  return found302_.IsIn(text_, begin_, end_) || moved301_.IsIn(text_, begin_, end_) || HasMovedTitle();
+  return found302_.IsIn(text_, begin_, end_, slices_) || moved301_.IsIn(text_, begin_, end_, slices_) ||
+         HasMovedTitle();
 }
 
 bool PageLines::HasMovedTitle() {
-  for (; titleEnd_.IsIn(text_, begin_, end_); titleEnd_.SearchOn(text_)) {
-    const std::string_view before = text_.substr(begin_, titleEnd_.At - begin_);
+  std::size_t from = begin_;
+  std::size_t slice = begin_ + slices_.Bytes;
+  for (; titleEnd_.IsIn(text_, from, end_, slices_); from = titleEnd_.At() + 1) {
+    const std::string_view before = text_.substr(begin_, titleEnd_.At() - begin_);
     if (EndsWith(before, "<title>Document ", Compare::Text)) return true;
     if (EndsWith(before, "<title>Object ", Compare::Text)) return true;
+    if (from < slice) continue;
+    if (!slices_.GoOn()) return false;
+    slice = from + slices_.Bytes;
   }
   return false;
 }
 
-bool PageLines::HasHref() {
-  if (origin_ == PageText::Prepared) return Line().starts_with("href=");
-  return href_.IsIn(text_, begin_, end_);
-}
-
-std::string_view PageLines::FromHref() const {
-  const std::size_t at = origin_ == PageText::Prepared ? begin_ : href_.At;
-  return text_.substr(at, end_ - at);
-}
-
-bool PageLines::Mark::IsIn(std::string_view text, std::size_t begin, std::size_t end) {
-  if (!Searched || At < begin) At = Finder.Find(text, begin);
-  Searched = true;
-  // No mark holds a line end, so one that begins on the line stands there whole.
-  return At < end;
+bool PageLines::Mark::IsIn(std::string_view text, std::size_t begin, std::size_t end, const Slices& slices) {
+  // No mark holds a line end, so one that begins on the line is there as a whole.
+  if (at_ != std::string_view::npos && at_ >= begin) return at_ < end;
+  at_ = std::string_view::npos;
+  searchedTo_ = std::max(searchedTo_, begin);
+  while (searchedTo_ < end) {
+    const std::size_t overlap = finder_.Pattern().size() - 1;
+    at_ = finder_.Find(text.substr(0, searchedTo_ + slices.Bytes + overlap), searchedTo_);
+    if (at_ != std::string_view::npos) {
+      searchedTo_ = at_ + 1;
+      return at_ < end;
+    }
+    searchedTo_ += slices.Bytes;
+    if (searchedTo_ < end && !slices.GoOn()) return false;
+  }
+  return false;
 }
 
 }  // namespace requite

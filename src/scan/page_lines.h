@@ -1,61 +1,59 @@
 // SPDX-License-Identifier: MIT
-// The lines of a page file, each with what the analyser asks of it; the page is searched once a mark.
+// The lines of a prepared page, each with what the analyser asks of it; the page is searched once a mark.
 #pragma once
 
 #include <cstddef>
 #include <string_view>
 
 #include "platform/text_search.h"
+#include "scan/slices.h"
 
 namespace requite {
 
-/// In a prepared text each "href=" stands in lower case at the start of a line; any other text may hold
-/// it anywhere.
-enum class PageText { Prepared, Any };
-
-/// The text must outlive the lines.
+/// In the text each "href=" is in lower case at the start of a line. The text must outlive the lines.
 class PageLines {
  public:
-  PageLines(std::string_view text, PageText origin) : text_(text), origin_(origin) {}
+  PageLines(std::string_view text, Slices slices) : text_(text), slices_(std::move(slices)) {}
 
   [[nodiscard]] bool AtEnd() const { return next_ >= text_.size(); }
   /// Goes on to the next line; not to be called at the end. Lines end at CR or CR LF.
   void Advance();
 
-  /// The line in hand, without its end; empty before the first Advance.
+  /// The current line, without its end; empty before the first Advance.
   [[nodiscard]] std::string_view Line() const { return text_.substr(begin_, end_ - begin_); }
-  /// Whether the line says that the page has moved.
+  /// Whether the line says that the page has moved. Lets events run in long lines; false after a stop.
   [[nodiscard]] bool SaysMoved();
-  /// Whether the line holds "href=".
-  [[nodiscard]] bool HasHref();
-  /// The line from its first "href=" on; only for a line that has one.
-  [[nodiscard]] std::string_view FromHref() const;
+  /// Whether the line begins with "href=", as each line does that holds it.
+  [[nodiscard]] bool HasHref() const { return Line().starts_with("href="); }
 
  private:
-  /// The first place of a mark at or behind the line in hand.
-  struct Mark {
-    TextFinder Finder;
-    std::size_t At = 0;
-    bool Searched = false;
+  /// A text that is searched on from line to line.
+  class Mark {
+   public:
+    explicit Mark(std::string_view text) : finder_(text) {}
 
-    /// Whether the mark begins before `end`, at or behind `begin`.
-    [[nodiscard]] bool IsIn(std::string_view text, std::size_t begin, std::size_t end);
-    /// Goes on to the next place behind the one at hand.
-    void SearchOn(std::string_view text) { At = Finder.Find(text, At + 1); }
+    /// Whether the mark begins before `end`, at or after `begin`, which never goes back.
+    [[nodiscard]] bool IsIn(std::string_view text, std::size_t begin, std::size_t end, const Slices& slices);
+    /// The place, when it is in.
+    [[nodiscard]] std::size_t At() const { return at_; }
+
+   private:
+    TextFinder finder_;
+    std::size_t at_ = std::string_view::npos;
+    std::size_t searchedTo_ = 0;  ///< but for at_, the mark does not begin between the last `begin` and here
   };
 
   /// A title that says so; both titles end alike, and that end is what is searched.
   [[nodiscard]] bool HasMovedTitle();
 
   std::string_view text_;
-  PageText origin_;
+  Slices slices_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   std::size_t next_ = 0;
-  Mark href_{TextFinder("href=")};
-  Mark found302_{TextFinder("302 Found")};
-  Mark moved301_{TextFinder("301 Moved Permanently")};
-  Mark titleEnd_{TextFinder("moved</title>")};
+  Mark found302_{"302 Found"};
+  Mark moved301_{"301 Moved Permanently"};
+  Mark titleEnd_{"moved</title>"};
 };
 
 }  // namespace requite

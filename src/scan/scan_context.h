@@ -50,6 +50,9 @@ class ScanHost {
   virtual void ResetPageCounters() = 0;  ///< PagesScanned, PagesFound, LinksFound
   virtual void ResetSiteCounters() = 0;  ///< MainSitesScanned, LinkingSitesScanned
   virtual void GenerateLinkReport() = 0;
+  /// Tells the user, without waiting for an answer, that the work files of a page could not be written.
+  /// Called once a scan at the most; nothing of the scan depends on the files.
+  virtual void TellWorkFilesUnwritten() = 0;
 };
 
 /// The steps of a scan as they call one another. Each tests ScanState::Scanning first.

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,8 +23,7 @@ struct PageFetch {
   std::int32_t ContentLength = 0;  ///< 0 when the header has none
   bool HeaderSeen = false;
   std::int16_t TimeoutTicks = 0;  ///< seconds since the last data
-  /// The text of the page's work file, for the analyser; nothing when the file could not be written.
-  std::optional<std::string> PreparedText;
+  std::string PreparedText;       ///< the page with its hrefs on lines, on its way to the analyser
 };
 
 struct ScanState {
@@ -55,6 +53,7 @@ struct ScanState {
   std::vector<std::string> FileTypes;
   requite::SeenPages SeenPages;
   std::int32_t AutoSaveTicks = 0;
+  bool WorkFilesUnwritten = false;  ///< the user was told in this scan that they could not be written
   std::array<PageFetch, kConnections> Pages;
 
   /// Throws Subscript for a connection that does not exist.

@@ -46,6 +46,7 @@ void Controller::ResetForStart() {
   state.LinksExpected = 0;
   state.PageFull.clear();
   state.PageDir.clear();
+  state.WorkFilesUnwritten = false;
   scan_.Lists.List2.Clear();
   scan_.Project.List3.Clear();
   scan_.Lists.lstErr.Clear();

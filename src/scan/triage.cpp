@@ -6,14 +6,16 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
-#include "platform/files.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "scan/work_files.h"
 
 namespace requite {
 namespace {
+
+constexpr std::size_t kNowhere = std::string_view::npos;
 
 /// Case and wording of each text are shown to users and compared by them; they stay as they are.
 constexpr std::array<std::string_view, 22> kStatusTexts = {"400 Bad request",
@@ -49,11 +51,15 @@ std::optional<std::string_view> StatusCode(std::string_view header) {
 }
 
 /// Whether the server delivered a script unrun. Few pages hold more than some question marks.
-bool HoldsUnrunScript(std::string_view body) {
-  for (std::size_t at = body.find('?'); at != std::string_view::npos; at = body.find('?', at + 1)) {
-    if (at > 0 && body[at - 1] == '<' && StartsWith(body.substr(at), "?php", Compare::Text)) return true;
+bool HoldsUnrunScript(std::string_view body, const Slices& slices) {
+  for (std::size_t from = 0;; from += slices.Bytes) {
+    const std::string_view window = body.substr(0, from + slices.Bytes);
+    for (std::size_t at = window.find('?', from); at != std::string_view::npos;
+         at = window.find('?', at + 1)) {
+      if (at > 0 && body[at - 1] == '<' && StartsWith(body.substr(at), "?php", Compare::Text)) return true;
+    }
+    if (window.size() == body.size() || !slices.GoOn()) return false;
   }
-  return false;
 }
 
 }  // namespace
@@ -71,44 +77,71 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
 }
 
 void Triage::ProcessPage(std::string body, std::int16_t connection) {
+  // The look through a large page lets events run. It comes before all else: a Skip in the middle of it
+  // then does what one just before the page does, and what the page tells is noted for one site.
+  const Signs signs = LookThrough(body);
   PassOver([&] { context_.Platform.Connection.Close(); });
   if (!context_.State.Scanning) return;
-  NoteReasons(body);
+  NoteReasons(signs);
   context_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
   context_.Platform.EventLoop.LetPendingEventsRun();
-  WriteWorkFiles(std::move(body), connection);
+  PrepareText(std::move(body), connection);
   PassOver([&] { context_.Steps.AnalysePage(connection); });
 }
 
-void Triage::NoteReasons(const std::string& body) {
+Triage::Signs Triage::LookThrough(std::string_view body) {
+  if (!context_.State.Scanning) return {};
+  const Slices slices = SlicesOf(context_);
+  Signs signs;
+  signs.Protected = FindInSlices(protected_, body, 0, slices).value_or(kNowhere) != kNowhere;
+  signs.UnrunScript = HoldsUnrunScript(body, slices);
+  // The last of them, so that nothing lets events run between it and the note of it.
+  signs.MainSite = HoldsMainSite(body, slices);
+  return signs;
+}
+
+bool Triage::HoldsMainSite(std::string_view body, const Slices& slices) {
+  const std::string& key = context_.State.MainSiteKey;
+  for (;;) {
+    if (mainSite_.Pattern() != key) mainSite_ = TextFinder(key);
+    const std::optional<std::size_t> at = FindInSlices(mainSite_, body, 0, slices);
+    if (!at) return false;
+    // A Skip in between may have gone on to another Main Site.
+    if (mainSite_.Pattern() == key) return *at != kNowhere;
+  }
+}
+
+void Triage::NoteReasons(const Signs& signs) {
   ScanState& state = context_.State;
-  if (mainSite_.Pattern() != state.MainSiteKey) mainSite_ = TextFinder(state.MainSiteKey);
   // In this order: of several words the last one stays.
-  if (mainSite_.IsIn(body)) {
+  if (signs.MainSite) {
     state.RedirectSuspected = true;
     state.ReasonNote = "Possible Redirected URL";
     state.RedirectPage = state.PageFull;
   }
-  if (Contains(body, "You are seeing this text because", Compare::Text)) {
-    state.ReasonNote = "Source Protected";
-  }
-  if (HoldsUnrunScript(body)) state.ReasonNote = "Server Script Error";
+  if (signs.Protected) state.ReasonNote = "Source Protected";
+  if (signs.UnrunScript) state.ReasonNote = "Server Script Error";
 }
 
-void Triage::WriteWorkFiles(std::string body, std::int16_t connection) {
-  EventLoop& events = context_.Platform.EventLoop;
-  events.LetPendingEventsRun();
-  std::string text = PutHrefsOnLines(body).append(kLineEnd);
-  const bool written = PassOver([&] { ReplaceFile(PageFile(context_.Folder, connection), text); });
-  events.LetPendingEventsRun();
-  const std::string flat = WithoutLineEnds(text, std::move(body)).append(kLineEnd);
-  PassOver([&] { ReplaceFile(FlatPageFile(context_.Folder, connection), flat); });
-  events.LetPendingEventsRun();
-  PassOver([&] {
-    std::optional<std::string>& prepared = context_.State.Page(connection).PreparedText;
-    prepared.reset();
-    if (written) prepared = std::move(text);
-  });
+/// A scan that is stopped in the middle of it prepares nothing: the analyser would not look at it.
+void Triage::PrepareText(std::string body, std::int16_t connection) {
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  std::optional<std::string> text = PutHrefsOnLines(body, SlicesOf(context_));
+  if (!text) return;
+  body = {};
+  text->append(kLineEnd);
+  WriteWorkFiles(*text, connection);
+  PassOver([&] { context_.State.Page(connection).PreparedText = *std::move(text); });
+}
+
+void Triage::WriteWorkFiles(std::string_view text, std::int16_t connection) {
+  const Slices slices = SlicesOf(context_);
+  bool written = WritePageFile(PageFile(context_.Folder, connection), text, slices);
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  written = WriteFlatPageFile(FlatPageFile(context_.Folder, connection), text, slices) && written;
+  context_.Platform.EventLoop.LetPendingEventsRun();
+  if (written || std::exchange(context_.State.WorkFilesUnwritten, true)) return;
+  context_.Host.TellWorkFilesUnwritten();
 }
 
 }  // namespace requite

@@ -3,10 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/text_search.h"
 #include "scan/scan_context.h"
+#include "scan/slices.h"
 
 namespace requite {
 
@@ -19,19 +22,32 @@ class Triage {
   void CheckHttpStatus(const std::string& header, const std::string& url);
 
   /// Looks through a page's text, puts each href at the start of a line, writes both work files and
-  /// goes on with AnalysePage. Every failure on this road is passed over.
+  /// goes on with AnalysePage. Every failure on this road is passed over; work files that cannot be
+  /// written are told once a scan. Lets events run between the slices of a large page.
   void ProcessPage(std::string body, std::int16_t connection);
 
  private:
-  void NoteReasons(const std::string& body);
-  void WriteWorkFiles(std::string body, std::int16_t connection);
+  /// What the text of a page tells of it as a whole.
+  struct Signs {
+    bool MainSite = false;
+    bool Protected = false;
+    bool UnrunScript = false;
+  };
+
+  [[nodiscard]] Signs LookThrough(std::string_view body);
+  [[nodiscard]] bool HoldsMainSite(std::string_view body, const Slices& slices);
+  void NoteReasons(const Signs& signs);
+  void PrepareText(std::string body, std::int16_t connection);
+  void WriteWorkFiles(std::string_view text, std::int16_t connection);
 
   ScanContext& context_;
   TextFinder mainSite_{""};
+  TextFinder protected_{"You are seeing this text because"};
 };
 
 /// The text with each "href=", in any letter case, made lower-case and put behind a line end of its
-/// own, and with the blanks behind it taken off. Of a run of more than 36 blanks the rest stays.
-[[nodiscard]] std::string PutHrefsOnLines(std::string_view body);
+/// own, and with the blanks behind it taken off. Of a run of more than 36 blanks the rest stays. Nothing
+/// when broken off.
+[[nodiscard]] std::optional<std::string> PutHrefsOnLines(std::string_view body, const Slices& slices);
 
 }  // namespace requite

@@ -4,11 +4,23 @@
 #include "scan/work_files.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "platform/runtime_failure.h"
+#include "platform/piece_file.h"
+#include "platform/text.h"
 
 namespace requite {
+namespace {
+
+/// Calls `write` for one slice of the text after the other. It says whether to go on.
+template <class Write>
+void ForEachSlice(std::string_view text, const Slices& slices, Write&& write) {
+  while (write(text.substr(0, slices.Bytes)) && text.size() > slices.Bytes) {
+    if (!slices.GoOn()) return;
+    text.remove_prefix(slices.Bytes);
+  }
+}
+
+}  // namespace
 
 std::string PageFile(const ProgramFolder& folder, std::int16_t connection) {
   return folder.File("html" + std::to_string(connection) + ".txt");
@@ -18,10 +30,7 @@ std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection) {
   return folder.File("html2" + std::to_string(connection) + ".txt");
 }
 
-std::string WithoutLineEnds(std::string_view text, std::string buffer) {
-  std::string flat = std::move(buffer);
-  flat.resize(text.size());
-  char* filled = flat.data();
+void AppendWithoutLineEnds(std::string& flat, std::string_view text) {
   const auto next = [text](char end, std::size_t from) {
     return std::min(text.find(end, from), text.size());
   };
@@ -29,19 +38,30 @@ std::string WithoutLineEnds(std::string_view text, std::string buffer) {
   std::size_t lineFeed = next('\n', 0);
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(carriageReturn, lineFeed);
-    filled = std::copy(text.begin() + begin, text.begin() + end, filled);
+    flat.append(text, begin, end - begin);
     begin = end + 1;
     if (end == carriageReturn) carriageReturn = next('\r', begin);
     if (end == lineFeed) lineFeed = next('\n', begin);
   }
-  flat.resize(static_cast<std::size_t>(filled - flat.data()));
-  return flat;
 }
 
-void ReplaceFile(const std::string& path, std::string_view text) {
-  if (PassOver([&] { OverwriteFile(path, text); })) return;
-  PassOver([&] { DeleteFile(path); });
-  WriteFile(path, text);
+bool WritePageFile(const std::string& path, std::string_view text, const Slices& slices) {
+  PieceFile file(path);
+  ForEachSlice(text, slices, [&](std::string_view slice) { return file.Write(slice); });
+  return file.Finish();
+}
+
+bool WriteFlatPageFile(const std::string& path, std::string_view text, const Slices& slices) {
+  PieceFile file(path);
+  std::string flat;
+  flat.reserve(std::min(text.size(), slices.Bytes) + kLineEnd.size());
+  ForEachSlice(text, slices, [&](std::string_view slice) {
+    flat.clear();
+    AppendWithoutLineEnds(flat, slice);
+    if (slice.end() == text.end()) flat.append(kLineEnd);
+    return file.Write(flat);
+  });
+  return file.Finish();
 }
 
 }  // namespace requite

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The two work files of a page in the program's folder, overwritten for each page and left there.
+// The two work files of a page, overwritten for each page and left there. The scan itself reads the page from
+// memory: what happens to the files decides nothing.
 #pragma once
 
 #include <cstdint>
@@ -7,19 +8,22 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "scan/slices.h"
 
 namespace requite {
 
-/// The page with one href at the start of each line from the first href on: what the analyser reads.
+/// The page with one href at the start of each line from the first href on.
 [[nodiscard]] std::string PageFile(const ProgramFolder& folder, std::int16_t connection);
 /// The same text without any line end: what the e-mail harvester reads.
 [[nodiscard]] std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection);
 
-/// The text without any CR or LF. The room of `buffer`, which holds nothing more of use, serves for it.
-[[nodiscard]] std::string WithoutLineEnds(std::string_view text, std::string buffer = {});
+/// Appends a text without its CRs and LFs.
+void AppendWithoutLineEnds(std::string& flat, std::string_view text);
 
-/// Writes a file anew, also over one that may be deleted but not written. Throws what the file system
-/// refuses.
-void ReplaceFile(const std::string& path, std::string_view text);
+/// Both write a file over the one that lies there; false when the file system refuses. A scan that is stopped
+/// meanwhile leaves the part that was written by then.
+[[nodiscard]] bool WritePageFile(const std::string& path, std::string_view text, const Slices& slices);
+/// Takes the line ends out and puts one after the text.
+[[nodiscard]] bool WriteFlatPageFile(const std::string& path, std::string_view text, const Slices& slices);
 
 }  // namespace requite

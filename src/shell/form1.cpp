@@ -68,6 +68,10 @@ void Form1::WireScan() {
   Command11.OnClick = [this] { mnuSkipPopup.PopUp(); };
 }
 
+void Form1::TellWorkFilesUnwritten() {
+  if (OnNotice) OnNotice("The work files of a page could not be written. The scan goes on without them.");
+}
+
 void Form1::WireFiles() {
   cmdNew.OnClick = [this] { Files.cmdNew(); };
   cmdOpen.OnClick = [this] { Files.cmdOpen(); };

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "harvest/extract_emails.h"
 #include "harvest/mod_database.h"
@@ -62,6 +63,8 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   std::function<void()> OnClosed;
   /// Runs at the very end of Close, or when the site's window closes after it: the program is to end.
   std::function<void()> OnEnd;
+  /// Shows the user a line that asks for nothing and waits for nobody.
+  std::function<void(std::string_view)> OnNotice;
 
   /// The click of the tab strip; a number outside 1 to 5 does nothing.
   void ShowTab(int number);
@@ -73,6 +76,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void ResetPageCounters() override { Figures.ResetPageCounters(); }
   void ResetSiteCounters() override { Figures.ResetSiteCounters(); }
   void GenerateLinkReport() override { Report.GenerateLinkReport(); }
+  void TellWorkFilesUnwritten() override;
 
   /// What the posting tabs of all windows work with. Log and list are the main window's.
   [[nodiscard]] PostingNeeds NeedsOfPosting();

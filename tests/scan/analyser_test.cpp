@@ -186,17 +186,6 @@ TEST_F(AnalyserTest, ACountOfLinksBeyondSixteenBitsEndsThePage) {
   EXPECT_THAT(rig.Steps.Calls, IsEmpty());
 }
 
-TEST_F(AnalyserTest, ReadsTheOldWorkFileWhenTheNewOneCannotBeWritten) {
-  rig.Rig.State.Pages[0].PreparedText.reset();
-  WriteFile(rig.Rig.Folder.File("html0.txt"),
-            "old href=\"/a.htm\" href='/b.htm'>\rhref=/c.htm?x>y\nhref=/d.htm >z");
-  rig.Steps.AnalysePage(0);
-  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm", "site.example/c.htm?x"))
-      << "a line has one link, and a lone LF ends none";
-  DeleteFile(rig.Rig.Folder.File("html0.txt"));
-  EXPECT_THROW(rig.Steps.AnalysePage(0), RuntimeFailure);
-}
-
 /// Both forms read the same pages of one site, one after the other.
 struct Pair {
   explicit Pair(PageGenerator& generate) {
@@ -238,17 +227,25 @@ TEST(AnalysePage, AgreesWithThePlainWordingOnGeneratedPages) {
   }
 }
 
-TEST(AnalysePage, AgreesWithThePlainWordingOnAnyFileOnDisk) {
-  PageGenerator generate(9);
-  for (int site = 0; site < 300; ++site) {
-    Pair pair(generate);
-    const std::string text = generate.Page(generate.Below(30));
-    for (AnalysisRig* rig : {&pair.program, &pair.plain}) {
-      WriteFile(rig->Rig.Folder.File("html0.txt"), text);
+TEST(PageLines, SayMovedAsEachLineByItselfInSlicesOfAnySize) {
+  PageGenerator generate(10);
+  constexpr std::array<std::string_view, 9> kPieces = {
+      "302 Found", "301 MOVED Permanently", "<title>", "Document ", "Object ", "moved</title>", "\r", "x",
+      "30"};
+  for (int i = 0; i < 3000; ++i) {
+    std::string text;
+    for (int piece = generate.Below(12); piece > 0; --piece) text += generate.Pick(kPieces);
+    const auto slice = static_cast<std::size_t>(1 + generate.Below(40));
+    PageLines lines(text, {[] { return true; }, slice});
+    while (!lines.AtEnd()) {
+      lines.Advance();
+      bool moved = false;
+      for (const char* mark : {"302 found", "301 moved permanently", "<title>document moved</title>",
+                               "<title>object moved</title>"}) {
+        moved = moved || Contains(lines.Line(), mark, Compare::Text);
+      }
+      ASSERT_EQ(lines.SaysMoved(), moved) << text << "\n" << lines.Line() << "\n" << slice;
     }
-    pair.program.Steps.AnalysePage(0);
-    pair.plain.Steps.Plain->AnalysePage(0);
-    ASSERT_EQ(pair.program.Remains(), pair.plain.Remains()) << "site " << site << ", file:\n" << text;
   }
 }
 

@@ -6,6 +6,8 @@
 
 #include <chrono>
 
+#include "scan/response_header.h"
+#include "support/generated_page.h"
 #include "support/scan_rig.h"
 
 namespace requite::test {
@@ -166,6 +168,24 @@ INSTANTIATE_TEST_SUITE_P(OnClose, Responses,
                                            Response{kHead + "\0a\0\r\n\r\n\0"s, kHead, "\0a\0\r\n\r\n\0"s},
                                            Response{"\r\n\r\nbody\r\n\r\n", "\r\n\r\n", "body"},
                                            Response{"A\r\n\r\n\r\nb", "A\r\n\r\n", "\r\nb"}));
+
+TEST(RemoveHeader, AgreesWithTheReplacementOfEveryOccurrence) {
+  PageGenerator generate(11);
+  for (int i = 0; i < 20000; ++i) {
+    constexpr std::array<std::string_view, 6> kPieces = {"\r\n", "\r\n\r\n", "\n", "a", "A", "ab"};
+    std::string header;
+    for (int piece = generate.Below(5); piece > 0; --piece) header += generate.Pick(kPieces);
+    header = header.substr(0, header.find("\r\n\r\n"));
+    header = generate.Below(4) == 0 ? header.substr(0, 3) : header + "\r\n\r\n";
+    std::string body;
+    for (int piece = generate.Below(12); piece > 0; --piece) {
+      body += generate.Below(3) == 0 ? header : generate.Pick(kPieces);
+    }
+    std::string response = header + body;
+    RemoveHeader(response, header, {[] { return true; }, static_cast<std::size_t>(1 + generate.Below(20))});
+    ASSERT_EQ(response, Replace(body, header, "", Compare::Text)) << header << "|" << body;
+  }
+}
 
 TEST(OnDataArrival, ReadsTheLengthOfTheFirstFittingLineOnly) {
   for (const auto& [line, length] :

@@ -2,6 +2,8 @@
 // Whole scans over a scripted server: every step for real, in every chunking, with commands at every yield.
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "scan/scan.h"
 #include "support/scan_rig.h"
 
@@ -135,6 +137,61 @@ TEST_P(CommandAtEveryYield, LeavesTheScanIdleOrStandingStill) {
 
 INSTANTIATE_TEST_SUITE_P(Scan, CommandAtEveryYield,
                          ::testing::Values(Command::Stop, Command::Skip, Command::Restart, Command::TimeOut));
+
+/// A scan of one Main Site whose pages have as much filling as a test wants.
+struct LargePageScan : WholeScan {
+  explicit LargePageScan(std::size_t filling) {
+    const std::string large(filling, 'x');
+    Pages["a.example/"] = Page(large + "<a href=\"next.html\">" + large + "see main.example");
+    Pages["b.example/"] = Page("302 Found" + large + "<a href=\"http://d.example/\">");
+    Sites.List4.SelectOnly(0);
+    Controls.mnuScan.CheckOnly(1);
+    Services.Store.Set("txtTimeout", "3");
+  }
+  /// Runs the scan with one command at yield `n`. False when it has fewer yields.
+  bool RunWith(void (requite::Scan::*command)(), int n) {
+    bool given = false;
+    Services.EventLoop.AtYield(n, [&] {
+      given = true;
+      (Road.*command)();
+      YieldsAfter = Services.EventLoop.Yields;
+    });
+    Road.StartScan();
+    EXPECT_TRUE(Run()) << n;
+    YieldsAfter = Services.EventLoop.Yields - YieldsAfter;
+    return given;
+  }
+  int YieldsAfter = 0;
+};
+
+constexpr std::size_t kSeveralSlices = 5 << 19;
+
+TEST(LargePage, AStopBreaksItOffBetweenTwoSlices) {
+  int n = 1;
+  for (; n < 1000; ++n) {
+    LargePageScan scan(kSeveralSlices);
+    if (!scan.RunWith(&requite::Scan::cmdStop, n)) break;
+    ASSERT_FALSE(scan.State.Scanning);
+    // What is left is the told yields, some of each step, and one slice of each search.
+    ASSERT_LE(scan.YieldsAfter, 12) << n;
+  }
+  EXPECT_GT(n, 60) << "the page let events run between its slices";
+}
+
+TEST(LargePage, ASkipBetweenTwoSlicesEndsAsOneAtAYieldOfASmallPage) {
+  std::set<std::string> ends;
+  for (int n = 1; n < 1000; ++n) {
+    LargePageScan scan(10);
+    if (!scan.RunWith(&requite::Scan::cmdSkip, n)) break;
+    ends.insert(scan.Results());
+  }
+  EXPECT_GT(ends.size(), 2U);
+  for (int n = 1; n < 1000; ++n) {
+    LargePageScan scan(kSeveralSlices);
+    if (!scan.RunWith(&requite::Scan::cmdSkip, n)) break;
+    ASSERT_TRUE(ends.contains(scan.Results())) << n << "\n" << scan.Results();
+  }
+}
 
 TEST(WholeScan, StopDuringTheGetOfAMovedPageAbortsIt) {
   WholeScan scan;

@@ -3,7 +3,10 @@
 #include "scan/triage.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+
+#include <csignal>
 
 #include "scan/work_files.h"
 #include "support/analysis_rig.h"
@@ -75,15 +78,33 @@ TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
   ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
   triage.ProcessPage("new", 0);
   EXPECT_EQ(ReadFile(path), "new\r\n");
-  ASSERT_TRUE(rig.State.Pages[0].PreparedText.has_value());
+  EXPECT_TRUE(rig.Host.Calls.empty());
 }
 
-TEST_F(TriageTest, AWorkFileThatCannotBeWrittenSendsTheAnalyserToTheDisk) {
+TEST_F(TriageTest, WorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
   std::filesystem::create_directory(rig.Folder.File("html0.txt"));
-  triage.ProcessPage("new", 0);
-  EXPECT_FALSE(rig.State.Pages[0].PreparedText.has_value());
-  EXPECT_EQ(WorkFile("html20.txt"), "new\r\n");
-  EXPECT_EQ(steps.Calls, std::vector<std::string>{"AnalysePage"});
+  for (const char* page : {"new", "newer"}) {
+    triage.ProcessPage(page, 0);
+    EXPECT_EQ(rig.State.Pages[0].PreparedText, std::string(page) + "\r\n");
+    EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");
+  }
+  EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
+  EXPECT_EQ(steps.Calls, (std::vector<std::string>{"AnalysePage", "AnalysePage"}));
+}
+
+TEST_F(TriageTest, AFullDiskDoesNotMixTwoPagesInOneFile) {
+  WriteFile(rig.Folder.File("html0.txt"), "the text of an older page");
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{4, before.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+  triage.ProcessPage("new text", 0);
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, oldHandler);
+  EXPECT_EQ(WorkFile("html0.txt"), "new ");
+  EXPECT_EQ(rig.State.Pages[0].PreparedText, "new text\r\n");
+  EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
 }
 
 TEST_F(TriageTest, AFailureOfTheAnalyserIsPassedOver) {
@@ -95,7 +116,8 @@ TEST_F(TriageTest, AFailureOfTheAnalyserIsPassedOver) {
   EXPECT_NO_THROW(Triage(failingRig.Context).ProcessPage("x", 0));
 }
 
-TEST(PutHrefsOnLines, AgreesWithNineReplacements) {
+TEST(PutHrefsOnLines, AgreesWithNineReplacementsInSlicesOfAnySize) {
+  const TemporaryFolder folder;
   PageGenerator generate(7);
   for (int i = 0; i < 5000; ++i) {
     std::string body;
@@ -107,8 +129,13 @@ TEST(PutHrefsOnLines, AgreesWithNineReplacements) {
     for (std::size_t blanks = 8; blanks >= 1; --blanks) {
       plain = Replace(plain, "href=" + std::string(blanks, ' '), "href=", Compare::Text);
     }
-    ASSERT_EQ(PutHrefsOnLines(body), Replace(plain, "href=", "\r\nhref=", Compare::Text)) << body;
-    ASSERT_EQ(WithoutLineEnds(body + "\n\r\r"), Without(body, {"\r\n", "\r", "\n"}));
+    const Slices slices{[] { return true; }, static_cast<std::size_t>(1 + generate.Below(60))};
+    ASSERT_EQ(PutHrefsOnLines(body, slices), Replace(plain, "href=", "\r\nhref=", Compare::Text)) << body;
+    if (i % 10 != 0) continue;
+    ASSERT_TRUE(WritePageFile(folder.File("page"), body, slices));
+    ASSERT_EQ(ReadFile(folder.File("page")), body);
+    ASSERT_TRUE(WriteFlatPageFile(folder.File("flat"), body + "\n\r\r", slices));
+    ASSERT_EQ(ReadFile(folder.File("flat")), Without(body, {"\r\n", "\r", "\n"}) + "\r\n");
   }
 }
 

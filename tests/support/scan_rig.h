@@ -30,6 +30,7 @@ class FakeScanHost : public ScanHost {
     Calls.emplace_back("GenerateLinkReport");
     if (OnReport) OnReport();
   }
+  void TellWorkFilesUnwritten() override { Calls.emplace_back("TellWorkFilesUnwritten"); }
 
   std::vector<std::string> Calls;
   std::array<int, 5> Raised{};

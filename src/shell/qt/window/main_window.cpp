@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSettings>
@@ -41,7 +42,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
     : form_(form), guard_(guard) {
   setObjectName("Form1");
   setWindowIcon(ProductIcon());
-  if (desktop != nullptr) notice_.emplace(*desktop);
+  if (desktop != nullptr) desktopNotice_.emplace(*desktop);
   BuildToolBar();
   BuildMenus();
   columns_ = new QSplitter(Qt::Horizontal, this);
@@ -76,6 +77,7 @@ MainWindow::~MainWindow() {
   SaveLayout();
   form_.Sites.OnListDropped = nullptr;
   form_.OnClosed = nullptr;
+  form_.OnNotice = nullptr;
 }
 
 /// The title says how far a scan has come, and so does the task bar.
@@ -88,9 +90,10 @@ void MainWindow::ShowScan() {
                 .arg(title);
   }
   if (windowTitle() != title) setWindowTitle(title);
-  if (!notice_) return;
-  notice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr, ScanPercent(form_),
-                form_.Figures.LinksFound, form_.Figures.PagesScanned});
+  if (!form_.State.WorkFilesUnwritten) notice_->hide();
+  if (!desktopNotice_) return;
+  desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr, ScanPercent(form_),
+                       form_.Figures.LinksFound, form_.Figures.PagesScanned});
 }
 
 void MainWindow::BuildToolBar() {

@@ -12,6 +12,7 @@
 #include "shell/qt/window/list_table.h"
 #include "shell/qt/window/scan_notice.h"
 
+class QLabel;
 class QSplitter;
 class QTableView;
 
@@ -74,8 +75,9 @@ class MainWindow : public QMainWindow {
   QSplitter* columns_ = nullptr;
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
+  QLabel* notice_ = nullptr;  ///< a line of the program about the scan, hidden while there is none
   std::unique_ptr<TitleView> title_;
-  std::optional<ScanNotice> notice_;
+  std::optional<ScanNotice> desktopNotice_;
   Binder bind_{refresh_, user_};
   FurtherWindows further_{form_.Windows, {guard_, user_, refresh_, form_.Platform, *this, this}};
 };

@@ -151,6 +151,15 @@ QWidget* MainWindow::BuildProgress() {
   progress->setAccessibleName(tr("Progress of the page"));
   bind_.Bind(form_.pb1, *progress);
   layout->addWidget(progress, 6, 0, 1, 4);
+  notice_ = new QLabel(box);
+  notice_->setObjectName("scanNotice");
+  notice_->setWordWrap(true);
+  notice_->hide();
+  layout->addWidget(notice_, 7, 0, 1, 4);
+  form_.OnNotice = [this](std::string_view text) {
+    notice_->setText(ToUnicode(text));
+    notice_->show();
+  };
   bind_.BindState(form_.Frame6, *box);
   return box;
 }
