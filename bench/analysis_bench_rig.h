@@ -70,7 +70,8 @@ class BenchRig : public ScanSteps, public ScanHost {
                        *this,
                        rig_.Services.All,
                        Settings(rig_.Services.Store),
-                       rig_.Folder.Folder};
+                       rig_.Folder.Folder,
+                       rig_.Work};
   Triage triage_{context_};
   Analyser analyser_{context_};
 };

@@ -13,6 +13,7 @@ namespace {
 /// 10,000 Linking Sites and 20,000 results, two for each site, in 10 Main Sites.
 void LargeReport(benchmark::State& state) {
   TemporaryFolder folder;
+  WorkFolder work{folder.Folder};
   FakeEventLoop loop;
   MemorySettings store;
   ManualClock clock;
@@ -34,7 +35,7 @@ void LargeReport(benchmark::State& state) {
       project.List3.Add({"main.example", host, "None Found (Timeout)", "000", host});
     }
   }
-  LinkReport report({project, lstErr, statistics, Settings(store), clock, loop, folder.Folder, view});
+  LinkReport report({project, lstErr, statistics, Settings(store), clock, loop, folder.Folder, work, view});
   for (auto _ : state) report.GenerateLinkReport();
 }
 BENCHMARK(LargeReport)->Unit(benchmark::kMillisecond);

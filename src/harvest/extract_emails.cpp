@@ -26,7 +26,7 @@ void EmailHarvester::ExtractEmails(std::int16_t connection) {
 }
 
 void EmailHarvester::ReadLines(std::int16_t connection) {
-  const std::string text = ReadFile(FlatPageFile(context_.Folder, connection));
+  const std::string text = ReadFile(FlatPageFile(context_.Work, connection));
   LineReader lines(text, LineEnds::CarriageReturn);
   while (!lines.AtEnd()) {
     context_.Platform.EventLoop.LetPendingEventsRun();

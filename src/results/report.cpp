@@ -101,7 +101,7 @@ void LinkReport::GenerateLinkReport() {
   page += kLineEnd;
   if (OnGenerated) OnGenerated(page);
 
-  const std::string path = parts_.Folder.File(kReportFile);
+  const std::string path = parts_.Work.File(kReportFile);
   WriteReport(path, page);
   parts_.WebBrowser2.Navigate(path);
 

@@ -10,6 +10,7 @@
 #include "platform/controls.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "platform/work_folder.h"
 #include "results/statistics.h"
 
 namespace requite {
@@ -23,10 +24,11 @@ struct ReportParts {
   requite::Clock& Clock;
   requite::EventLoop& EventLoop;
   const ProgramFolder& Folder;
+  const WorkFolder& Work;
   BrowserView& WebBrowser2;
 };
 
-/// The report's file in the program's folder; Save Report As copies it.
+/// The report's file among the work files; Save Report As copies it.
 inline constexpr std::string_view kReportFile = "tempreport.html";
 
 class LinkReport {

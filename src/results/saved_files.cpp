@@ -63,7 +63,7 @@ void SavedFiles::SaveReportAs() {
   std::string name = dialogs_.AskSaveName({"", "HTML Files (*.htm, *.html)|*.htm,*.html", ""});
   if (IsEmptyOrBlank(name) || !MayReplace(name)) return;
   AddExtension(name, ".htm");
-  xcopyFile(folder_.File(kReportFile), name);
+  xcopyFile(work_.File(kReportFile), name);
 }
 
 void SavedFiles::SaveTabDelimited() {

@@ -6,8 +6,8 @@
 
 #include "model/record_list.h"
 #include "model/records.h"
-#include "platform/files.h"
 #include "platform/services.h"
+#include "platform/work_folder.h"
 
 namespace requite {
 
@@ -17,8 +17,8 @@ namespace requite {
 
 class SavedFiles {
  public:
-  SavedFiles(const RecordList<LinkResult>& list3, const ProgramFolder& folder, Dialogs& dialogs)
-      : list3_(list3), folder_(folder), dialogs_(dialogs) {}
+  SavedFiles(const RecordList<LinkResult>& list3, const WorkFolder& work, Dialogs& dialogs)
+      : list3_(list3), work_(work), dialogs_(dialogs) {}
 
   /// "Save Report As": copies the last report. A copy that fails is not told to the user.
   void Command8();
@@ -31,7 +31,7 @@ class SavedFiles {
   [[nodiscard]] bool MayReplace(const std::string& name);
 
   const RecordList<LinkResult>& list3_;
-  const ProgramFolder& folder_;
+  const WorkFolder& work_;
   Dialogs& dialogs_;
 };
 

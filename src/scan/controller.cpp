@@ -48,6 +48,7 @@ void Controller::cmdDoSearch_Click() {
 }
 
 void Controller::BeginSearch() {
+  scan_.Work.Claim();
   scan_.State.Scanning = true;
   scan_.Window.cmdViewDatabase.SetEnabled(false);
   scan_.Window.Command2.SetEnabled(false);
@@ -128,6 +129,7 @@ void Controller::cmdStop() {
   scan_.Platform.timTimeout.Stop();
   scan_.Host.UpdateStats(3);
   scan_.Host.GenerateLinkReport();
+  scan_.Work.Release();
   if (scan_.Settings.IsOne(setting::chkAudioFinished)) {
     scan_.Platform.Sounds.PlaySoundFile(scan_.Folder.File(sound::kFinished));
   }

@@ -5,8 +5,8 @@
 namespace requite {
 
 Scan::Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
-           Services& services, const ProgramFolder& folder)
-    : context_{project, lists, state, window, host, *this, services, Settings(services.Store), folder},
+           Services& services, const ProgramFolder& folder, WorkFolder& work)
+    : context_{project, lists, state, window, host, *this, services, Settings(services.Store), folder, work},
       controller_(context_),
       fetcher_(context_),
       triage_(context_),

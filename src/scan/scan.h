@@ -18,7 +18,7 @@ namespace requite {
 class Scan : public ScanSteps {
  public:
   Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
-       Services& services, const ProgramFolder& folder);
+       Services& services, const ProgramFolder& folder, WorkFolder& work);
   ~Scan() override;
   Scan(const Scan&) = delete;
   Scan& operator=(const Scan&) = delete;

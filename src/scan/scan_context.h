@@ -10,6 +10,7 @@
 #include "platform/controls.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "platform/work_folder.h"
 #include "scan/scan_state.h"
 
 namespace requite {
@@ -79,6 +80,7 @@ struct ScanContext {
   Services& Platform;
   requite::Settings Settings;
   const ProgramFolder& Folder;
+  WorkFolder& Work;
   requite::Gets Gets{Platform.Internet};  ///< moved pages only: the end of a site ends them
 };
 

@@ -22,6 +22,7 @@ void Controller::StartScan() {
   // Always the first row: a scan of the selected Linking Site only asks that some row is selected.
   scan_.State.SiteRow = 1;
   if (!TakeFirstSite()) return;
+  scan_.Work.Claim();
   scan_.State.Scanning = true;
   ScanNextPage(0);
 }

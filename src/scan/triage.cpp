@@ -136,9 +136,9 @@ void Triage::PrepareText(std::string body, std::int16_t connection) {
 
 void Triage::WriteWorkFiles(std::string_view text, std::int16_t connection) {
   const Slices slices = SlicesOf(context_);
-  bool written = WritePageFile(PageFile(context_.Folder, connection), text, slices);
+  bool written = WritePageFile(PageFile(context_.Work, connection), text, slices);
   context_.Platform.EventLoop.LetPendingEventsRun();
-  written = WriteFlatPageFile(FlatPageFile(context_.Folder, connection), text, slices) && written;
+  written = WriteFlatPageFile(FlatPageFile(context_.Work, connection), text, slices) && written;
   context_.Platform.EventLoop.LetPendingEventsRun();
   if (written || std::exchange(context_.State.WorkFilesUnwritten, true)) return;
   context_.Host.TellWorkFilesUnwritten();

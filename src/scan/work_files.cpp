@@ -22,11 +22,11 @@ void ForEachSlice(std::string_view text, const Slices& slices, Write&& write) {
 
 }  // namespace
 
-std::string PageFile(const ProgramFolder& folder, std::int16_t connection) {
+std::string PageFile(const WorkFolder& folder, std::int16_t connection) {
   return folder.File("html" + std::to_string(connection) + ".txt");
 }
 
-std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection) {
+std::string FlatPageFile(const WorkFolder& folder, std::int16_t connection) {
   return folder.File("html2" + std::to_string(connection) + ".txt");
 }
 

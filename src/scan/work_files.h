@@ -7,15 +7,15 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/work_folder.h"
 #include "scan/slices.h"
 
 namespace requite {
 
 /// The page with one href at the start of each line from the first href on.
-[[nodiscard]] std::string PageFile(const ProgramFolder& folder, std::int16_t connection);
+[[nodiscard]] std::string PageFile(const WorkFolder& folder, std::int16_t connection);
 /// The same text without any line end: what the e-mail harvester reads.
-[[nodiscard]] std::string FlatPageFile(const ProgramFolder& folder, std::int16_t connection);
+[[nodiscard]] std::string FlatPageFile(const WorkFolder& folder, std::int16_t connection);
 
 /// Appends a text without its CRs and LFs.
 void AppendWithoutLineEnds(std::string& flat, std::string_view text);

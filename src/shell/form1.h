@@ -18,6 +18,7 @@
 #include "pagebuilder/page_builder.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "platform/work_folder.h"
 #include "posting/posting.h"
 #include "results/report.h"
 #include "results/results_popup.h"
@@ -83,6 +84,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
 
   requite::Services& Platform;
   const ProgramFolder& Folder;
+  WorkFolder Work;
   requite::Settings Settings;
   Statistics Figures;
   SiteEditing Editing;

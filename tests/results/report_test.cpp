@@ -18,6 +18,7 @@ namespace {
 
 struct ReportRig {
   TemporaryFolder Folder;
+  WorkFolder Work{Folder.Folder};
   FakeEventLoop Loop;
   MemorySettings Store;
   ManualClock Clock;
@@ -28,7 +29,8 @@ struct ReportRig {
   Window Form1{"Form1"};
   Statistics Counters{Settings(Store), lblStats, Form1};
   BrowserView WebBrowser2{"WebBrowser2"};
-  LinkReport Report{{Sites, lstErr, Counters, Settings(Store), Clock, Loop, Folder.Folder, WebBrowser2}};
+  LinkReport Report{
+      {Sites, lstErr, Counters, Settings(Store), Clock, Loop, Folder.Folder, Work, WebBrowser2}};
 
   void AddMainSite(const std::string& text, const std::vector<std::string>& urls) {
     Sites.List4.Add({text});

@@ -15,9 +15,10 @@ const std::string kHeader = "Main\tLinking\tStatus\tNo.\tLink URL\r\n\r\n";
 
 struct SaveRig {
   TemporaryFolder Folder;
+  WorkFolder Work{Folder.Folder};
   ScriptedDialogs Dialogs;
   RecordList<LinkResult> List3{"List3"};
-  SavedFiles Saved{List3, Folder.Folder, Dialogs};
+  SavedFiles Saved{List3, Work, Dialogs};
 
   SaveRig() { WriteFile(Folder.File("tempreport.html"), "report"); }
   std::string Text(std::string_view name) {

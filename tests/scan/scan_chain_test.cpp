@@ -14,7 +14,7 @@ namespace {
 struct WholeScan : RecordedSteps, ScanRig {
   WholeScan()
       : ScanRig(static_cast<ScanSteps&>(*this)),
-        Road(Sites, Lists, State, Controls.Window(), Host, Services.All, Folder.Folder) {
+        Road(Sites, Lists, State, Controls.Window(), Host, Services.All, Folder.Folder, Work) {
     WriteFile(Folder.File("filetypes.txt"), ".htm\r\n");
     Pages["a.example/"] = Page("<a href=\"next.html\">x</a>\r\n<a href='http://a.example/dir/'>");
     Pages["a.example/next.html"] = Page("<a href=\"http://main.example/\">Main</a>");
@@ -191,6 +191,26 @@ TEST(LargePage, ASkipBetweenTwoSlicesEndsAsOneAtAYieldOfASmallPage) {
     if (!scan.RunWith(&requite::Scan::cmdSkip, n)) break;
     ASSERT_TRUE(ends.contains(scan.Results())) << n << "\n" << scan.Results();
   }
+}
+
+TEST(WholeScan, HasTheProgramFolderUntilItsReportIsWritten) {
+  WholeScan scan;
+  scan.Services.Store.Set("txtTimeout", "3");
+  scan.Host.OnReport = [&] {
+    WorkFolder other(scan.Folder.Folder);
+    other.Claim();
+    EXPECT_NE(other.File("tempreport.html"), scan.Folder.File("tempreport.html"));
+  };
+  scan.Road.StartScan();
+  ASSERT_TRUE(scan.Run());
+  WorkFolder next(scan.Folder.Folder);
+  next.Claim();
+  EXPECT_EQ(next.File("tempreport.html"), scan.Folder.File("tempreport.html"));
+  std::filesystem::remove(scan.Folder.File("html0.txt"));
+  scan.Road.StartScan();
+  ASSERT_TRUE(scan.Run());
+  EXPECT_FALSE(FileExists(scan.Folder.File("html0.txt"))) << "another scan is at work there";
+  EXPECT_TRUE(FileExists(scan.Work.File("html0.txt")));
 }
 
 TEST(WholeScan, StopDuringTheGetOfAMovedPageAbortsIt) {

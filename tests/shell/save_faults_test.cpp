@@ -182,7 +182,8 @@ TEST(SaveFaults, OtherFilesKeepTheirOldTextOrGetTheWholeNewOne) {
   TemporaryFolder folder;
   ScriptedDialogs dialogs;
   RecordList<LinkResult> list3("List3");
-  SavedFiles saved(list3, folder.Folder, dialogs);
+  const WorkFolder work(folder.Folder);
+  SavedFiles saved(list3, work, dialogs);
   Project project;
   project.AddMainSite("main.example");
   const std::string table = TabDelimitedText(list3);
@@ -244,8 +245,9 @@ TEST(SaveFaults, TheReportsCopyNeverCostsAProjectWithoutASuffix) {
       Window form1("Form1");
       const Settings settings(rig.Services.Store);
       const Statistics counters(settings, labels, form1);
+      const WorkFolder work(rig.Folder.Folder);
       LinkReport report({rig.Data, lstErr, counters, settings, rig.Services.Clock, rig.Services.EventLoop,
-                         rig.Folder.Folder, rig.WebBrowser2});
+                         rig.Folder.Folder, work, rig.WebBrowser2});
       const std::string path = rig.Folder.File("Project Files/partners");
       WriteFile(path, kOld);
       rig.Services.Store.Set("LastProject", path);

@@ -88,9 +88,9 @@ struct ScanControls {
 /// Everything that a step of a scan is built over, in a temporary program folder.
 struct ScanRig {
   explicit ScanRig(ScanSteps& steps)
-      : Context{Sites,        Lists, State,        Controls.Window(),
-                Host,         steps, Services.All, Settings(Services.Store),
-                Folder.Folder} {}
+      : Context{Sites,         Lists, State,        Controls.Window(),
+                Host,          steps, Services.All, Settings(Services.Store),
+                Folder.Folder, Work} {}
 
   /// Adds a Main Site with its Linking Sites and makes it the current one.
   LinkingSiteList& AddMainSite(const std::string& text, const std::vector<std::string>& linkingSites) {
@@ -102,6 +102,7 @@ struct ScanRig {
   }
 
   TemporaryFolder Folder;
+  WorkFolder Work{Folder.Folder};
   FakeServices Services;
   Project Sites;
   ScanLists Lists;
