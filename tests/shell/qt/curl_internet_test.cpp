@@ -193,14 +193,16 @@ TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
   scan.Start(silent, "Mozilla", note);
   scan.Start(Url("/qfirst"), "Mozilla", [&](const std::optional<std::string>& body) {
     note(body);
-    scan.Start(Url("/qsecond"), "Mozilla", note);  // from within an answer
+    scan.Start(Url("/qsecond"), "Mozilla", [&](const std::optional<std::string>& second) {
+      note(second);
+      QTimer::singleShot(0, [&] { scan.Abort(); });
+      QTimer::singleShot(20, [&] { window.reset(); });
+    });
   });
   EXPECT_TRUE(answers.empty()) << "never before the next event";
   // The inner wait is another owner's, and goes on when the outer one is ended.
   std::string inner;
   QTimer::singleShot(0, [&] {
-    QTimer::singleShot(20, [&] { scan.Abort(); });
-    QTimer::singleShot(40, [&] { window.reset(); });
     inner = window->OpenUrl(silent, "Mozilla").value_or("(nothing)");
     EXPECT_FALSE(window) << "ended by its own owner";
   });
