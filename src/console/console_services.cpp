@@ -51,10 +51,10 @@ std::string ConsoleDialogs::AskName(const char* kind, const FileDialog& dialog) 
     path = answer.Path;
     // The button alone takes the name that the dialog offers.
     if (path.empty() && answer.Button == Answer::Ok && !dialog.DefaultName.empty()) {
-      path = dialog.Folder + "/" + dialog.DefaultName;
+      path = dialog.Folder + "/" + codec_.ToUtf8(dialog.DefaultName);
     }
   }
-  Remember({kind, {}, dialog.DefaultName, path.empty() ? "cancel" : "file " + path});
+  Remember({kind, {}, dialog.DefaultName, path.empty() ? "cancel" : "file " + codec_.FromUtf8(path)});
   return path;
 }
 

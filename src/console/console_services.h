@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "console/console_loop.h"
+#include "console/text_codec.h"
 #include "platform/controls.h"
 #include "platform/services.h"
 
@@ -18,6 +19,8 @@ namespace requite {
 /// message box is answered by its first button and a file dialog is cancelled.
 class ConsoleDialogs : public Dialogs {
  public:
+  explicit ConsoleDialogs(TextCodec codec) : codec_(codec) {}
+
   /// One box or dialog as it was shown and answered.
   struct Shown {
     std::string Kind;  ///< "message", "question", "open" or "save"
@@ -48,6 +51,7 @@ class ConsoleDialogs : public Dialogs {
   std::string AskName(const char* kind, const FileDialog& dialog);
   void Remember(Shown shown);
 
+  TextCodec codec_;
   std::deque<Ready> ready_;
   std::vector<Shown> shown_;
 };

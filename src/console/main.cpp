@@ -131,7 +131,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   QtTimer timer1(guard);
   QtGetLoop getLoop(guard);
   CurlInternet internet(getLoop, map);
-  ConsoleDialogs dialogs;
+  ConsoleDialogs dialogs(kCodec);
   MemoryClipboard clipboard;
   SoundRecorder sounds;
   QuietShell shell;

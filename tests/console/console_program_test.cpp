@@ -234,6 +234,16 @@ TEST_F(ConsoleProgramTest, AScriptScansOneSite) {
             "caf\xC3\xA9 \xE2\x82\xAC ?\n");  // what the code page does not hold is a question mark
 }
 
+TEST_F(ConsoleProgramTest, AnOfferedFileNameHasItsOwnLetters) {
+  ChildProcess script(
+      REQUITE_CONSOLE, With({"script"}),
+      "set txtDomain m\xC3\xBCller.example\nclick cmdAdd2\nanswer ok\nclick cmdSave\nmessages\n");
+  EXPECT_EQ(script.Wait(), 0) << script.Err;
+  const std::string path = folder_.File("Project Files/m\xC3\xBCllerexample.prj");
+  EXPECT_TRUE(FileExists(path));
+  EXPECT_EQ(script.Out, "save\t\tm\xC3\xBCllerexample.prj\tfile " + path + "\n");
+}
+
 TEST_F(ConsoleProgramTest, WaitingTooLongEndsWithThree) {
   WriteFile(folder_.File("s.txt"),
             "set txtDomain harbour-books.example\nclick cmdAdd2\nset Text1 becalmed.example\nclick cmdAdd\n"

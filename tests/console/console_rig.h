@@ -58,7 +58,7 @@ struct ConsoleRig {
   TemporaryFolder Folder;
   FakeServices Services;
   FakeConsoleLoop Loop;
-  ConsoleDialogs Dialogs;
+  ConsoleDialogs Dialogs{{SameBytes, SameBytes}};
   SoundRecorder Sounds;
   MemoryClipboard Clipboard;
   requite::Services All{Services.EventLoop,
