@@ -2,20 +2,40 @@
 // Writing what a scan was asked for. Files have the bytes that the window's buttons write.
 #include "console/scan_files.h"
 
+#include <filesystem>
 #include <ostream>
 
 #include "model/project_text.h"
 #include "platform/files.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "results/saved_files.h"
 
 namespace requite {
+namespace {
+
+/// The old text stays until the whole new one is there, but for what can only be written to: a pipe, a
+/// device, or a file in a folder that is not the user's.
+void PutFile(const std::string& path, const std::string& text) {
+  std::error_code none;
+  const auto status = std::filesystem::status(path, none);
+  if (exists(status) && !is_regular_file(status)) return WriteFile(path, text);
+  try {
+    WriteWhole(path, text, Flush::No);
+  } catch (const RuntimeFailure& failure) {
+    if (failure.Number != static_cast<int>(Failure::PermissionDenied)) throw;
+    WriteFile(path, text);
+  }
+}
+
+}  // namespace
 
 ScanFiles::ScanFiles(ConsoleProgram& program, const ScanOptions& options)
     : program_(program), options_(options) {
   // The text itself, not the program's own report file: another program may have put something else there.
   program_.Form1.Report.OnGenerated = [this](const std::string& page) {
+    generated_ = true;
     reported_ = WriteOne(options_.Report, [&] { Put(options_.Report, page); });
   };
 }
@@ -31,7 +51,7 @@ bool ScanFiles::TakeOutput() const {
 
 bool ScanFiles::Write() {
   Form1& form = program_.Form1;
-  if (!reported_ && !options_.Report.empty()) program_.Complain("there is no report to write");
+  if (!generated_ && !options_.Report.empty()) program_.Complain("there is no report to write");
   const bool saved = WriteOne(options_.Save, [&] {
     if (options_.Save == kStandardStream) {
       Put(options_.Save, ProjectText(form.Sites) + std::string(kLineEnd));
@@ -60,7 +80,7 @@ bool ScanFiles::WriteOne(const std::string& path, const std::function<void()>& s
 }
 
 void ScanFiles::Put(const std::string& path, const std::string& text) {
-  if (path != kStandardStream) return WriteFile(path, text);
+  if (path != kStandardStream) return PutFile(path, text);
   program_.Out << (program_.OutIsTerminal ? program_.Codec.ToUtf8(Visible(text)) : text) << std::flush;
 }
 

@@ -32,7 +32,8 @@ class ScanFiles {
 
   ConsoleProgram& program_;
   const ScanOptions& options_;
-  bool reported_ = false;
+  bool generated_ = false;
+  bool reported_ = false;  ///< what was generated is written
 };
 
 }  // namespace requite

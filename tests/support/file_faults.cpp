@@ -5,12 +5,14 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <mutex>
 
 namespace requite::test {
 namespace {
@@ -19,15 +21,22 @@ struct State {
   bool Armed = false;
   int FailAt = 0;
   Fault Kind = Fault::Once;
+  std::string Below;
+  std::string Mark;
   int Count = 0;
-  bool HalfWritten = false;
   std::vector<FileEvent> Events;
   std::map<int, std::string> Names;  // of open descriptors
 };
 
+/// Never taken down: files are closed until the very end of the process.
 State& TheState() {
-  static State state;
+  static State& state = *new State;
   return state;
+}
+
+std::unique_lock<std::mutex> Lock() {
+  static std::mutex& mutex = *new std::mutex;
+  return std::unique_lock(mutex);
 }
 
 template <class Function>
@@ -47,11 +56,20 @@ bool NeedsRoom(const FileEvent& event) {
   }
 }
 
+bool Concerns(const FileEvent& event) {
+  const State& state = TheState();
+  return state.Armed && (event.Path.starts_with(state.Below) || event.Target.starts_with(state.Below));
+}
+
 /// Counts a call and says whether it fails.
 bool Fails(const FileEvent& event) {
   State& state = TheState();
   ++state.Count;
   if (state.FailAt == 0 || state.Count < state.FailAt) return false;
+  if (state.Count == state.FailAt && !state.Mark.empty()) ::mknod(state.Mark.c_str(), S_IFREG | 0600, 0);
+  if (state.Kind == Fault::Kill) ::kill(::getpid(), SIGKILL);
+  const bool isShort = state.Kind == Fault::ShortWrite && state.Count == state.FailAt;
+  if (isShort && event.Call == FileCall::Write) return false;
   const bool fails = state.Kind == Fault::Once ? state.Count == state.FailAt : NeedsRoom(event);
   if (fails) errno = state.Kind == Fault::Once && event.Call == FileCall::Close ? EIO : ENOSPC;
   return fails;
@@ -59,33 +77,55 @@ bool Fails(const FileEvent& event) {
 
 /// One call of the process: counted, made to fail or passed on, and recorded.
 template <class Real>
-int Watch(FileEvent event, Real&& real) {
-  if (!TheState().Armed) return real();
+ssize_t Watch(FileEvent event, Real&& real) {
+  if (!Concerns(event)) return real();
+  const auto lock = Lock();
   if (Fails(event)) return -1;
-  const int result = real();
+  const ssize_t result = real();
   if (result < 0) return result;
-  if (event.Call == FileCall::Open) TheState().Names[result] = event.Path;
+  if (event.Call == FileCall::Open) TheState().Names[static_cast<int>(result)] = event.Path;
   TheState().Events.push_back(std::move(event));
   return result;
 }
 
 std::string NameOf(int descriptor) {
+  if (!TheState().Armed) return {};
+  const auto lock = Lock();
   const auto found = TheState().Names.find(descriptor);
   return found == TheState().Names.end() ? std::string() : found->second;
 }
 
-FileEvent OnDescriptor(FileCall call, int descriptor) {
-  return {call, TheState().Armed ? NameOf(descriptor) : std::string(), {}, {}};
+void ForgetName(int descriptor) {
+  if (!TheState().Armed) return;
+  const auto lock = Lock();
+  TheState().Names.erase(descriptor);
+}
+
+FileEvent OnDescriptor(FileCall call, int descriptor) { return {call, NameOf(descriptor), {}, {}}; }
+
+template <class Real>
+int WatchOpen(const char* path, int flags, Real&& real) {
+  return static_cast<int>(Watch({FileCall::Open, path, {}, {}, (flags & O_CREAT) != 0}, real));
+}
+
+/// `real` takes the number of bytes to write.
+template <class Real>
+ssize_t WatchWrite(int descriptor, const void* bytes, std::size_t count, Real&& real) {
+  const std::string name = NameOf(descriptor);
+  // The program's own words are no file.
+  if (name.empty()) return real(count);
+  if (TheState().Kind == Fault::ShortWrite && TheState().Count + 1 == TheState().FailAt) {
+    count = (count + 1) / 2;
+  }
+  return Watch({FileCall::Write, name, {}, {static_cast<const char*>(bytes), count}},
+               [&] { return real(count); });
 }
 
 }  // namespace
 
-FileFaults::FileFaults(int failAt, Fault fault) {
+FileFaults::FileFaults(int failAt, Fault fault, const std::string& below, const std::string& mark) {
   State& state = TheState();
-  state = State();
-  state.FailAt = failAt;
-  state.Kind = fault;
-  state.Armed = true;
+  state = {true, failAt, fault, below, mark, 0, {}, {}};
 }
 FileFaults::~FileFaults() { TheState().Armed = false; }
 
@@ -95,10 +135,11 @@ const std::vector<FileEvent>& FileFaults::Events() const { return TheState().Eve
 }  // namespace requite::test
 
 using requite::test::FileCall;
-using requite::test::NameOf;
 using requite::test::OnDescriptor;
 using requite::test::TheState;
 using requite::test::Watch;
+using requite::test::WatchOpen;
+using requite::test::WatchWrite;
 
 extern "C" {
 
@@ -108,72 +149,82 @@ int open(const char* path, int flags, ...) {
   const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
   va_end(rest);
   static auto* const real = requite::test::REQUITE_NEXT(open);
-  return Watch({FileCall::Open, path, {}, {}, (flags & O_CREAT) != 0},
-               [&] { return real(path, flags, mode); });
+  return WatchOpen(path, flags, [&] { return real(path, flags, mode); });
+}
+
+/// Libraries that were built for large files call this one.
+int open64(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static auto* const real = requite::test::REQUITE_NEXT(open64);
+  return WatchOpen(path, flags, [&] { return real(path, flags, mode); });
 }
 
 ssize_t write(int descriptor, const void* bytes, size_t count) {
   static auto* const real = requite::test::REQUITE_NEXT(write);
-  auto& state = TheState();
-  // The test program's own words are no file.
-  if (!state.Armed || requite::test::NameOf(descriptor).empty()) return real(descriptor, bytes, count);
-  if (state.Kind == requite::test::Fault::ShortWrite && state.Count + 1 == state.FailAt && count > 1) {
-    ++state.Count;
-    count /= 2;
-    const ssize_t written = real(descriptor, bytes, count);
-    state.Events.push_back(
-        {FileCall::Write, NameOf(descriptor), {}, {static_cast<const char*>(bytes), count}});
-    return written;
-  }
-  return Watch({FileCall::Write, NameOf(descriptor), {}, {static_cast<const char*>(bytes), count}},
-               [&] { return static_cast<int>(real(descriptor, bytes, count)); });
+  return WatchWrite(descriptor, bytes, count,
+                    [&](std::size_t length) { return real(descriptor, bytes, length); });
+}
+
+/// The database engine writes in the middle of files, which power cuts know nothing of.
+ssize_t pwrite64(int descriptor, const void* bytes, size_t count, off64_t at) {
+  static auto* const real = requite::test::REQUITE_NEXT(pwrite64);
+  return WatchWrite(descriptor, bytes, count,
+                    [&](std::size_t length) { return real(descriptor, bytes, length, at); });
 }
 
 /// The real disk is left out: its flushes take time, and no test cuts its power.
 int fsync(int descriptor) {
   static auto* const real = requite::test::REQUITE_NEXT(fsync);
   if (!TheState().Armed) return real(descriptor);
-  return Watch(OnDescriptor(FileCall::Flush, descriptor), [] { return 0; });
+  return static_cast<int>(Watch(OnDescriptor(FileCall::Flush, descriptor), [] { return 0; }));
 }
 
-/// One that fails has closed the descriptor all the same, as the system's does.
+int fdatasync(int descriptor) { return fsync(descriptor); }
+
+/// One that fails has closed the descriptor too, as the system's does.
 int close(int descriptor) {
   static auto* const real = requite::test::REQUITE_NEXT(close);
-  if (!TheState().Armed) return real(descriptor);
   const auto event = OnDescriptor(FileCall::Close, descriptor);
-  TheState().Names.erase(descriptor);
+  requite::test::ForgetName(descriptor);
   const int closed = real(descriptor);
-  return Watch(event, [&] { return closed; });
+  return static_cast<int>(Watch(event, [&] { return closed; }));
 }
 
 int rename(const char* from, const char* to) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(rename);
-  return Watch({FileCall::Rename, from, to, {}}, [&] { return real(from, to); });
+  return static_cast<int>(Watch({FileCall::Rename, from, to, {}}, [&] { return real(from, to); }));
 }
 
 int link(const char* from, const char* to) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(link);
-  return Watch({FileCall::Link, from, to, {}}, [&] { return real(from, to); });
+  return static_cast<int>(Watch({FileCall::Link, from, to, {}}, [&] { return real(from, to); }));
 }
 
 int unlink(const char* path) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(unlink);
-  return Watch({FileCall::Unlink, path, {}, {}}, [&] { return real(path); });
+  return static_cast<int>(Watch({FileCall::Unlink, path, {}, {}}, [&] { return real(path); }));
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(mkdir);
-  return Watch({FileCall::MakeFolder, path, {}, {}}, [&] { return real(path, mode); });
+  return static_cast<int>(Watch({FileCall::MakeFolder, path, {}, {}}, [&] { return real(path, mode); }));
 }
 
 int ftruncate(int descriptor, off_t size) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(ftruncate);
-  return Watch(OnDescriptor(FileCall::Truncate, descriptor), [&] { return real(descriptor, size); });
+  return static_cast<int>(
+      Watch(OnDescriptor(FileCall::Truncate, descriptor), [&] { return real(descriptor, size); }));
 }
+
+int ftruncate64(int descriptor, off64_t size) noexcept { return ftruncate(descriptor, size); }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
   static auto* const real = requite::test::REQUITE_NEXT(fchmod);
-  return Watch(OnDescriptor(FileCall::ChangeMode, descriptor), [&] { return real(descriptor, mode); });
+  return static_cast<int>(
+      Watch(OnDescriptor(FileCall::ChangeMode, descriptor), [&] { return real(descriptor, mode); }));
 }
 
 }  // extern "C"

@@ -2,7 +2,9 @@
 // A disk that fails at a chosen call, and one that loses power: test doubles under all file operations.
 //
 // A test program that is linked with file_faults.cpp has the system's file calls replaced by ones that
-// count, record and fail as asked. Without a FileFaults object they only pass on.
+// count, record and fail as asked. Without a FileFaults object they only pass on. Libraries that the program
+// uses make their calls here too where it exports its symbols. The library file_fault_preload does the same
+// to any program that is started with it.
 #pragma once
 
 #include <functional>
@@ -24,16 +26,19 @@ struct FileEvent {
 };
 
 enum class Fault {
-  Once,       ///< the n-th call fails
-  Full,       ///< the disk is full from the n-th call on: what needs room fails, removing works
-  ShortWrite  ///< as Full, and a write at the n-th call takes half of its bytes first
+  Once,        ///< the n-th call fails
+  Full,        ///< the disk is full from the n-th call on: what needs room fails, removing works
+  ShortWrite,  ///< as Full, and a write at the n-th call takes half of its bytes first
+  Kill         ///< the process is killed before the n-th call
 };
 
 /// While it lives, file calls of the whole process are counted from 1 and fail as told. One at a time.
 class FileFaults {
  public:
-  /// Fails nothing with `failAt` 0.
-  explicit FileFaults(int failAt = 0, Fault fault = Fault::Once);
+  /// Fails nothing with `failAt` 0. With a folder `below`, calls on other files only pass on. `mark` is a
+  /// file that is made when the call that is to fail is reached.
+  explicit FileFaults(int failAt = 0, Fault fault = Fault::Once, const std::string& below = {},
+                      const std::string& mark = {});
   ~FileFaults();
   FileFaults(const FileFaults&) = delete;
   FileFaults& operator=(const FileFaults&) = delete;
