@@ -80,7 +80,7 @@ void SiteEditing::cmdAdd() {
   }
   PassOver([&] { CurrentList().Add({std::string(Trim(entered)), "1", "", "", ""}); });
   project_.ProjectSaved = false;
-  PassOver([&] { EnableNextSearchFor(CurrentList()); });
+  EnableNextSearch();
   window_.Text1.SetText("");
   window_.Text1.SetFocus();
 }
@@ -104,7 +104,7 @@ void SiteEditing::cmbDel() {
     LinkingSiteList& list = CurrentList();
     if (list.SelectedRow() < 0) return;
     DeleteLinkingSite(list, list.SelectedRow() + 1);
-    EnableNextSearchFor(CurrentList());  // a message may have let other events change the lists
+    EnableNextSearch();
   });
 }
 
@@ -122,8 +122,12 @@ void SiteEditing::DeleteLinkingSite(LinkingSiteList& list, int number) {
   project_.ProjectSaved = false;
 }
 
-void SiteEditing::EnableNextSearchFor(const LinkingSiteList& list) {
-  window_.cmdNextSearch.SetEnabled(scanning_() && list.RowCount() >= 2);
+/// Looks the list up by itself: a message may have let other events change the lists. Without a current
+/// Main Site there is nothing to skip to.
+void SiteEditing::EnableNextSearch() {
+  std::size_t sites = 0;
+  PassOver([&] { sites = CurrentList().RowCount(); });
+  window_.cmdNextSearch.SetEnabled(scanning_() && sites >= 2);
 }
 
 LinkingSiteList& SiteEditing::CurrentList() {

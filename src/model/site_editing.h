@@ -81,7 +81,7 @@ class SiteEditing {
   void ShowListOf(int n);
   [[nodiscard]] LinkingSiteList& CurrentList();
   void DeleteLinkingSite(LinkingSiteList& list, int number);
-  void EnableNextSearchFor(const LinkingSiteList& list);
+  void EnableNextSearch();
 
   Project& project_;
   ScanLists& lists_;

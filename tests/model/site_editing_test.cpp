@@ -102,11 +102,14 @@ TEST_F(SiteEditingTest, AnEntryOfNothingButASchemeIsRefused) {
   Controls.Text1.SetView(nullptr);
 }
 
-TEST_F(SiteEditingTest, WithoutACurrentMainSiteAnAddPassesOverTheList) {
+TEST_F(SiteEditingTest, WithoutACurrentMainSiteAnAddPassesOverTheListAndOffersNoSkip) {
+  Scanning = true;
   for (const std::int16_t number : {std::int16_t{0}, std::int16_t{5}}) {
     Data.CurrentMainSite = number;
     Data.ProjectSaved = true;
+    Controls.cmdNextSearch.SetEnabled(true);
     EnterLinkingSite("a.example");
+    EXPECT_FALSE(Controls.cmdNextSearch.Enabled());
     EXPECT_EQ(Data.List1(0).RowCount(), 0U);
     EXPECT_EQ(Controls.Text1.Text(), "");
     EXPECT_FALSE(Data.ProjectSaved);
