@@ -24,6 +24,21 @@ std::int32_t TargetAt(int listIndex) {
   }
 }
 
+/// The text with a line break before each "http://" in any case. The scheme keeps its case: only a line
+/// that begins with it in lower case is looked at.
+std::string BrokenAtLinks(std::string_view html) {
+  constexpr std::string_view kScheme = "http://";
+  std::string broken;
+  broken.reserve(html.size());
+  std::size_t copied = 0;
+  for (std::size_t at = Find(html, kScheme, Compare::Text); at != std::string_view::npos;
+       at = Find(html, kScheme, Compare::Text, at + kScheme.size())) {
+    broken.append(html.substr(copied, at - copied)).append(kLineEnd);
+    copied = at;
+  }
+  return broken.append(html.substr(copied));
+}
+
 }  // namespace
 
 void DomainHarvest::Start() {
@@ -61,7 +76,7 @@ void DomainHarvest::OnResultPageComplete(std::string_view html) {
 void DomainHarvest::ExtractResultPage(std::string_view html) {
   PageResults = 0;
   const std::string workFile = window_.Folder.File("SearchOutput.txt");
-  AppendToFile(workFile, Replace(html, "http://", "\r\nhttp://", Compare::Text) + std::string(kLineEnd));
+  AppendToFile(workFile, BrokenAtLinks(html) + std::string(kLineEnd));
   // Lines that a harvest left there when it died are read again.
   const std::string text = ReadFile(workFile);
   LineReader lines(text, LineEnds::CarriageReturn);

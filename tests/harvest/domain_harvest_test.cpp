@@ -135,6 +135,14 @@ TEST(ResultPage, IsReadAsItsPlainWordingSays) {
   }
 }
 
+TEST(ResultPage, ALinkWithItsSchemeInCapitalsEndsTheLineBeforeItAndIsNotRead) {
+  HarvestRig rig;
+  rig.Services.Internet.Bodies[kFirst + "Google+Search"] =
+      "http://www.one.comHTTP://www.two.com/ http://www.three.com/";
+  rig.Harvest();
+  EXPECT_EQ(rig.Sql("select website from websites"), "one.com;three.com;");
+}
+
 TEST(ResultPage, OfTenMegabytesWithoutEndsOrLinksIsBounded) {
   HarvestRig rig;
   std::string binary(10'000'000, '\0');

@@ -15,7 +15,12 @@ inline std::vector<std::string> PlainDomains(const std::string& html, std::strin
   const auto holds = [](const std::string& text, const std::string& what) {
     return Contains(text, what, Compare::Text);
   };
-  const std::string text = Replace(html, "http://", "\r\nhttp://", Compare::Text) + "\r\n";
+  std::string text;
+  for (std::size_t i = 0; i < html.size(); ++i) {
+    if (Equals(html.substr(i, 7), "http://", Compare::Text)) text += "\r\n";
+    text += html[i];
+  }
+  text += "\r\n";
   std::vector<std::string> kept;
   std::string suffix;
   LineReader lines(text, LineEnds::CarriageReturn);
