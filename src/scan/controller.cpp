@@ -20,6 +20,18 @@ void Controller::ScanNextPage(std::int16_t connection) {
   TakePage(connection);
 }
 
+/// A failure leaves the scan where it is until the user presses Stop. No page is in progress then, so the
+/// time-out ends before the box lets events run: its tick would write a row for a site that never began.
+template <class Block>
+void Controller::StandStillOnFailure(Block&& block) {
+  try {
+    block();
+  } catch (const RuntimeFailure& failure) {
+    scan_.Platform.timTimeout.Stop();
+    ShowFailure(scan_.Platform.Dialogs, failure);
+  }
+}
+
 // NextSite begins a search, which takes a page, which may close the next site at once. Written as calls
 // of one another these would grow the stack with the number of sites, so they run as a loop. What the
 // calls would do on their way back is the same at each level: the rest of the page step, once for each
@@ -27,7 +39,7 @@ void Controller::ScanNextPage(std::int16_t connection) {
 void Controller::NextSite() {
   SkipKind skip = CloseSite();
   std::size_t unfinishedPageSteps = 0;
-  EndWithMessage(scan_.Platform.Dialogs, [&] {
+  StandStillOnFailure([&] {
     while (AdvanceSite(skip)) {
       BeginSearch();
       const PageDecision decision = DecidePage();
@@ -38,7 +50,7 @@ void Controller::NextSite() {
     }
   });
   for (; unfinishedPageSteps > 0; --unfinishedPageSteps) {
-    EndWithMessage(scan_.Platform.Dialogs, [this] { TakePage(0); });
+    StandStillOnFailure([this] { TakePage(0); });
   }
 }
 

@@ -50,6 +50,8 @@ class Controller {
   [[nodiscard]] PageDecision DecidePage();
   void TakePage(std::int16_t connection);
   void BeginSearch();
+  template <class Block>
+  void StandStillOnFailure(Block&& block);
 
   // next_site.cpp
   [[nodiscard]] SkipKind CloseSite();

@@ -10,15 +10,20 @@
 
 namespace requite {
 
-/// Runs a block of statements; the first failure ends the block and is shown in a plain message box,
-/// its description and its number with a blank between. Returns false when the block was cut short.
+/// Shows the failure's description and its number with a blank between.
+inline void ShowFailure(Dialogs& dialogs, const RuntimeFailure& failure) {
+  dialogs.Say(failure.Description + " " + std::to_string(failure.Number));
+}
+
+/// Runs a block of statements; the first failure ends the block and is shown in a plain message box.
+/// Returns false when the block was cut short.
 template <class Block>
 bool EndWithMessage(Dialogs& dialogs, Block&& block) {
   try {
     std::forward<Block>(block)();
     return true;
   } catch (const RuntimeFailure& failure) {
-    dialogs.Say(failure.Description + " " + std::to_string(failure.Number));
+    ShowFailure(dialogs, failure);
     return false;
   }
 }

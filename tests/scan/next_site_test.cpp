@@ -158,6 +158,20 @@ TEST(NextSite, AMainSiteWithoutSitesShowsTheFailureAndTheScanStandsStill) {
   EXPECT_FALSE(rig.Now().Scanning);
 }
 
+TEST(NextSite, AfterATimeOutOntoAMainSiteWithoutSitesNoTimerRuns) {
+  TwoMainSites rig;
+  rig.Sites.List1(2).Clear();
+  rig.Control.NextSite();
+  rig.Services.timTimeout.Start(1000);
+  bool runsUnderTheBox = true;
+  rig.Services.Dialogs.OnShow = [&] { runsUnderTheBox = rig.Services.timTimeout.Running; };
+  rig.Now().TimeoutSeconds = 1;
+  rig.Control.TimeoutTick(0);
+  EXPECT_EQ(rig.LastBox(), "Subscript out of range 9");
+  EXPECT_FALSE(runsUnderTheBox);
+  EXPECT_EQ(rig.Sites.List3.RowCount(), 2U);
+}
+
 TEST(NextSite, ShowsAFailureOfWhatItCallsButNotOneOfItsOwnFirstHalf) {
   TwoMainSites rig;
   rig.Set(setting::cmbAdvance, "few");

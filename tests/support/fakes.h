@@ -197,6 +197,7 @@ class ScriptedDialogs : public Dialogs {
  public:
   Answer Show(const MessageBox& box) override {
     Boxes.push_back(box);
+    if (OnShow) OnShow();
     if (!Answers.empty()) {
       const Answer answer = Answers.front();
       Answers.pop_front();
@@ -210,6 +211,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<Answer> Answers;
   std::deque<std::string> Names;
   std::vector<MessageBox> Boxes;
+  std::function<void()> OnShow;  ///< runs while the box is open
   std::vector<FileDialog> FileDialogs;
 
  private:
