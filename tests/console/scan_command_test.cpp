@@ -115,6 +115,19 @@ TEST_F(ScanCommand, TheReportIsThatOfThisScanOrTheStatusTells) {
   EXPECT_NE(rig_.Out.str().find("a.example\tDirect Link"), std::string::npos) << rig_.Out.str();
 }
 
+TEST_F(ScanCommand, RowsAndFilesOfAScanThatIsDoneAtOnceAreGivenAlthoughItsReportFails) {
+  WriteFile(options_.Project, "main.example\r\na.example|0|||\r\n");
+  options_.Tab = rig_.Folder.File("rows.tab");
+  std::filesystem::remove_all(rig_.Folder.File("Project Files"));
+  Run();
+  EXPECT_NE(rig_.Err.str().find("Path not found"), std::string::npos) << rig_.Err.str();
+  EXPECT_NE(rig_.Out.str().find("None Found"), std::string::npos);
+  EXPECT_NE(ReadFile(options_.Tab).find("None Found"), std::string::npos);
+
+  WriteFile(options_.Project, "main.example\r\n");
+  EXPECT_EQ(Run(), ExitStatus::Refused) << "nothing to scan";
+}
+
 TEST_F(ScanCommand, PostingIsAskedForAndAnInterruptEndsIt) {
   EXPECT_EQ(Run(), ExitStatus::Done);
   EXPECT_TRUE(Asked().empty());
