@@ -15,17 +15,28 @@
 namespace requite {
 namespace {
 
-/// The old text stays until the whole new one is there, but for what can only be written to: a pipe, a
-/// device, or a file in a folder that is not the user's.
-void PutFile(const std::string& path, const std::string& text) {
+using TakePiece = ScanFiles::TakePiece;
+using Pieces = ScanFiles::Pieces;
+
+std::string Joined(const Pieces& pieces) {
+  std::string text;
+  pieces([&text](std::string_view piece) { text.append(piece); });
+  return text;
+}
+
+/// The old text stays until the whole new one is there, but for what can only be written to, and at one go: a
+/// pipe, a device, or a file in a folder that is not the user's.
+void PutFile(const std::string& path, const Pieces& pieces) {
   std::error_code none;
   const auto status = std::filesystem::status(path, none);
-  if (exists(status) && !is_regular_file(status)) return WriteFile(path, text);
+  if (exists(status) && !is_regular_file(status)) return WriteFile(path, Joined(pieces));
   try {
-    WriteWhole(path, text, Flush::No);
+    WholeFile file(path);
+    pieces([&file](std::string_view piece) { file.Write(piece); });
+    file.PutInPlace(Flush::No);
   } catch (const RuntimeFailure& failure) {
     if (failure.Number != static_cast<int>(Failure::PermissionDenied)) throw;
-    WriteFile(path, text);
+    WriteFile(path, Joined(pieces));
   }
 }
 
@@ -34,9 +45,11 @@ void PutFile(const std::string& path, const std::string& text) {
 ScanFiles::ScanFiles(ConsoleProgram& program, const ScanOptions& options)
     : program_(program), options_(options) {
   // The text itself, not the program's own report file: another program may have put something else there.
-  program_.Form1.Report.OnGenerated = [this](const std::string& page) {
+  program_.Form1.Report.OnGenerated = [this](const SpooledText& page) {
     generated_ = true;
-    reported_ = WriteOne(options_.Report, [&] { Put(options_.Report, page); });
+    reported_ = WriteOne(options_.Report, [&] {
+      PutPieces(options_.Report, [&page](const TakePiece& take) { page.ForEachPiece(take); });
+    });
   };
 }
 
@@ -80,8 +93,19 @@ bool ScanFiles::WriteOne(const std::string& path, const std::function<void()>& s
 }
 
 void ScanFiles::Put(const std::string& path, const std::string& text) {
-  if (path != kStandardStream) return PutFile(path, text);
-  program_.Out << (program_.OutIsTerminal ? program_.Codec.ToUtf8(Visible(text)) : text) << std::flush;
+  PutPieces(path, [&text](const TakePiece& take) { take(text); });
+}
+
+void ScanFiles::PutPieces(const std::string& path, const Pieces& pieces) {
+  if (path != kStandardStream) return PutFile(path, pieces);
+  pieces([this](std::string_view piece) {
+    if (program_.OutIsTerminal) {
+      program_.Out << program_.Codec.ToUtf8(Visible(piece));
+    } else {
+      program_.Out << piece;
+    }
+  });
+  program_.Out << std::flush;
 }
 
 }  // namespace requite

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "console/options.h"
 #include "console/program.h"
@@ -14,6 +15,10 @@ namespace requite {
 /// failure is told on standard error.
 class ScanFiles {
  public:
+  /// A text that is handed over piece by piece, as it may be larger than the memory.
+  using TakePiece = std::function<void(std::string_view)>;
+  using Pieces = std::function<void(const TakePiece&)>;
+
   /// Waits for the report from here on. Both must outlive this object.
   ScanFiles(ConsoleProgram& program, const ScanOptions& options);
   ~ScanFiles();
@@ -29,6 +34,7 @@ class ScanFiles {
  private:
   bool WriteOne(const std::string& path, const std::function<void()>& step);
   void Put(const std::string& path, const std::string& text);
+  void PutPieces(const std::string& path, const Pieces& pieces);
 
   ConsoleProgram& program_;
   const ScanOptions& options_;

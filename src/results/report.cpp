@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "platform/spooled_text.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
 #include "results/report_figures.h"
@@ -12,16 +13,16 @@
 namespace requite {
 namespace {
 
-void Line(std::string& page, std::string_view text) { page.append(text).append(kLineEnd); }
+void Line(SpooledText& page, std::string_view text) { page.Append(text).Append(kLineEnd); }
 
-void Line(std::string& page, std::string_view before, std::string_view value, std::string_view behind) {
-  page.append(before).append(value).append(behind).append(kLineEnd);
+void Line(SpooledText& page, std::string_view before, std::string_view value, std::string_view after) {
+  page.Append(before).Append(value).Append(after).Append(kLineEnd);
 }
 
 constexpr std::string_view kBegin = "<html>\r\n<head>\r\n<title>Reciprocal Link Report</title>";
 
 /// There is no closing head tag, nor one of the body or the page at the end.
-void WriteHead(std::string& page, Clock& clock) {
+void WriteHead(SpooledText& page, Clock& clock) {
   Line(page, "<html>");
   Line(page, "<head>");
   Line(page, "<title>Reciprocal Link Report</title>");
@@ -33,11 +34,11 @@ void WriteHead(std::string& page, Clock& clock) {
   Line(page, "<table cellpadding=5 border=0>");
 }
 
-void WriteOverview(std::string& page, const ReportFigures& figures, std::int32_t pagesScanned) {
+void WriteOverview(SpooledText& page, const ReportFigures& figures, std::int32_t pagesScanned) {
   const auto row = [&page](std::string_view literal, std::int32_t value) {
     Line(page, literal, std::to_string(value), "</td></tr>");
   };
-  page += "<tr><td colspan=2><b>Overview</b></td></tr>";
+  page.Append("<tr><td colspan=2><b>Overview</b></td></tr>");
   row("<tr><td>Total Main Sites:</td><td> ", figures.TotalMain);
   row("<tr><td>Total Linking Sites:</td><td> ", figures.TotalLinking);
   row("<tr><td>Total Pages Scanned:</td><td> ", pagesScanned);
@@ -49,9 +50,9 @@ void WriteOverview(std::string& page, const ReportFigures& figures, std::int32_t
   row("<tr><td>Total Errors:</td><td> ", figures.TotalErrors);
 }
 
-void WriteAverages(std::string& page, const ReportFigures& figures, std::int32_t pagesScanned, Clock& clock) {
-  page += "<tr><td colspan=2>&nbsp</td></tr>";
-  page += "<tr><td colspan=2><b>Percentages/Averages</b></td></tr>";
+void WriteAverages(SpooledText& page, const ReportFigures& figures, std::int32_t pagesScanned, Clock& clock) {
+  page.Append("<tr><td colspan=2>&nbsp</td></tr>");
+  page.Append("<tr><td colspan=2><b>Percentages/Averages</b></td></tr>");
   const std::int32_t base = figures.TotalReciprocal + figures.TotalNonLinking;
   if (base <= 0) {
     Line(page, "<tr><td>Sites with Reciprocal Links:</td><td>0%</td></tr>");
@@ -70,9 +71,9 @@ void WriteAverages(std::string& page, const ReportFigures& figures, std::int32_t
 }
 
 /// The old file goes first; a failure from here on leaves none.
-void WriteReport(const std::string& path, const std::string& page) {
+void WriteReport(const std::string& path, const SpooledText& page) {
   if (xfileExists(path)) DeleteFile(path);
-  AppendToFile(path, page);
+  page.AppendTo(path);
 }
 
 bool IsReport(const std::string& path) {
@@ -92,13 +93,13 @@ void KeepProjectOf(const ProgramFolder& folder, const std::string& copy) {
 void LinkReport::GenerateLinkReport() {
   const ReportFigures figures = CountFigures(parts_.Project, parts_.lstErr);
   const std::int32_t pagesScanned = parts_.Statistics.PagesScanned;
-  std::string page;
+  SpooledText page(parts_.Folder.Path);  // sites of one host show each other's results: it can get huge
   WriteHead(page, parts_.Clock);
   WriteOverview(page, figures, pagesScanned);
   WriteAverages(page, figures, pagesScanned, parts_.Clock);
   Line(page, "<h1>Main Site Specific Overviews</h1>");
   ReportSections(parts_.Project, parts_.EventLoop).WriteTo(page);
-  page += kLineEnd;
+  page.Append(kLineEnd);
   if (OnGenerated) OnGenerated(page);
 
   const std::string path = parts_.Work.File(kReportFile);

@@ -10,6 +10,7 @@
 #include "platform/controls.h"
 #include "platform/files.h"
 #include "platform/services.h"
+#include "platform/spooled_text.h"
 #include "platform/work_folder.h"
 #include "results/statistics.h"
 
@@ -42,7 +43,7 @@ class LinkReport {
   void GenerateLinkReport();
 
   /// Gets the whole text of each report before its files are written.
-  std::function<void(const std::string& page)> OnGenerated;
+  std::function<void(const SpooledText& page)> OnGenerated;
 
  private:
   ReportParts parts_;

@@ -16,43 +16,43 @@ std::string HostOf(std::string url) {
   return url;
 }
 
-void WriteEntry(std::string& page, const std::string& host, const LinkResult& result) {
+void WriteEntry(SpooledText& page, const std::string& host, const LinkResult& result) {
   // The target has no scheme, so a browser takes it for a relative link. Kept as it is.
-  page.append("Site: <a href='").append(host).append("'>").append(host).append("</a><BR>");
+  page.Append("Site: <a href='").Append(host).Append("'>").Append(host).Append("</a><BR>");
   switch (ReportStatusOf(result.Status)) {
     case ReportStatus::Direct:
     case ReportStatus::Indirect:
     case ReportStatus::Redirect:
-      page.append("Status: ").append(result.Status).append("<BR>");
-      page.append("Found On: <a href='").append(result.LinkUrl).append("'>");
-      page.append(result.LinkUrl).append("</a><BR>");
+      page.Append("Status: ").Append(result.Status).Append("<BR>");
+      page.Append("Found On: <a href='").Append(result.LinkUrl).Append("'>");
+      page.Append(result.LinkUrl).Append("</a><BR>");
       break;
-    case ReportStatus::NoneFound: page.append("Status: ").append(result.Status).append("<BR>"); break;
+    case ReportStatus::NoneFound: page.Append("Status: ").Append(result.Status).Append("<BR>"); break;
     case ReportStatus::Other: break;
   }
-  page.append("<BR>");
+  page.Append("<BR>");
 }
 
 }  // namespace
 
-void ReportSections::WriteTo(std::string& page) {
+void ReportSections::WriteTo(SpooledText& page) {
   for (int k = 1; k <= project_.ListCount(); ++k) {
     const auto row = static_cast<std::size_t>(k) - 1;
     if (row >= project_.List4.RowCount()) return;
-    page.append("<h3>").append(project_.List4.At(row).Text).append("</h3>").append(kLineEnd);
+    page.Append("<h3>").Append(project_.List4.At(row).Text).Append("</h3>").Append(kLineEnd);
     WriteMainSite(page, k);
     eventLoop_.LetPendingEventsRun();
   }
 }
 
-void ReportSections::WriteMainSite(std::string& page, int k) {
+void ReportSections::WriteMainSite(SpooledText& page, int k) {
   for (std::size_t site = 0; k <= project_.ListCount() && site < project_.List1(k).RowCount(); ++site) {
     WriteLinkingSite(page, HostOf(project_.List1(k).At(site).WebsiteUrl));
     eventLoop_.LetPendingEventsRun();
   }
 }
 
-void ReportSections::WriteLinkingSite(std::string& page, const std::string& host) {
+void ReportSections::WriteLinkingSite(SpooledText& page, const std::string& host) {
   for (std::int64_t row = NextRowOf(host, 0); row >= 0;) {
     const auto found = static_cast<std::size_t>(row);
     WriteEntry(page, host, project_.List3.At(found));

@@ -9,6 +9,7 @@
 
 #include "model/project.h"
 #include "platform/services.h"
+#include "platform/spooled_text.h"
 
 namespace requite {
 
@@ -23,11 +24,11 @@ class ReportSections {
  public:
   ReportSections(const Project& project, EventLoop& eventLoop) : project_(project), eventLoop_(eventLoop) {}
 
-  void WriteTo(std::string& page);
+  void WriteTo(SpooledText& page);
 
  private:
-  void WriteMainSite(std::string& page, int k);
-  void WriteLinkingSite(std::string& page, const std::string& host);
+  void WriteMainSite(SpooledText& page, int k);
+  void WriteLinkingSite(SpooledText& page, const std::string& host);
   /// The first result row at or behind `from` whose site has this bare host, or -1.
   [[nodiscard]] std::int64_t NextRowOf(const std::string& host, std::size_t from);
   void BuildIndex();

@@ -3,12 +3,15 @@
 #include "results/report.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <random>
 
 #include "model/url_forms.h"
+#include "platform/spooled_text.h"
 #include "platform/text.h"
 #include "support/failure_number.h"
 #include "support/fakes.h"
@@ -170,6 +173,25 @@ TEST(LinkReport, TheJoinWritesWhatTheNestedWalkWrites) {
     }
     ASSERT_EQ(rig.Sections(), NestedWalk(rig.Sites)) << "round " << round;
   }
+}
+
+TEST(LinkReport, ManySitesOfOneHostAreWrittenInBoundedMemory) {
+  ReportRig rig;
+  constexpr int kSites = 200;
+  rig.AddMainSite("m", std::vector<std::string>(kSites, "same.example"));
+  for (int i = 0; i < kSites; ++i) rig.AddResult("same.example", "Direct Link", std::string(100, 'u'));
+  const auto allocated = [] {
+    const auto figures = ::mallinfo2();
+    return figures.uordblks + figures.hblkhd;
+  };
+  const std::size_t before = allocated();
+  std::size_t most = before;
+  rig.Loop.OnEveryYield = [&] { most = std::max(most, allocated()); };
+  rig.Report.GenerateLinkReport();
+  EXPECT_LT(most - before, 2 * SpooledText::kMostInMemory + 500'000);
+  const std::string page = ReadFile(rig.Folder.File("tempreport.html"));
+  EXPECT_GT(page.size(), 10 * SpooledText::kMostInMemory);
+  EXPECT_TRUE(page.ends_with(NestedWalk(rig.Sites)));
 }
 
 TEST(LinkReport, ChangesDuringAYieldEnterTheRestOfTheWalk) {
