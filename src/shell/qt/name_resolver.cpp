@@ -21,28 +21,37 @@ std::optional<SocketAddresses> NameResolver::Known(const std::string& host) {
 }
 
 void NameResolver::Ask(const std::string& host, const void* asker, OnAnswer onAnswer) {
-  Forget(asker);
   std::erase_if(workers_, [](const auto& worker) { return worker->Socket.Descriptor() < 0; });
+  Forget(asker);
   questions_.push_back({host, asker, std::move(onAnswer)});
   StartWorkers();
 }
 
 void NameResolver::Forget(const void* asker) {
-  std::erase_if(questions_, [asker](const Question& question) { return question.Asker == asker; });
+  const auto forgotten =
+      std::erase_if(questions_, [asker](const Question& question) { return question.Asker == asker; });
+  if (forgotten > 0) StartWorkers();  // what waited for the worker of that question need not any more
+}
+
+bool NameResolver::IsAsked(const std::string& host) const {
+  return std::any_of(questions_.begin(), questions_.end(),
+                     [&](const Question& question) { return question.Host == host; });
 }
 
 /// Sees to it that each question has a worker, as far as workers may be had.
 void NameResolver::StartWorkers() {
   for (const Question& question : questions_) {
-    std::size_t busy = 0;
+    std::size_t wanted = 0;
+    std::size_t inAll = 0;
     bool asked = false;
     for (const auto& worker : workers_) {
       if (worker->Socket.Descriptor() < 0) continue;
-      ++busy;
+      ++inAll;
+      if (IsAsked(worker->Host)) ++wanted;
       asked = asked || worker->Host == question.Host;
     }
     if (asked) continue;
-    if (busy >= kMostWorkers || !StartWorker(question.Host)) return;
+    if (wanted >= kMostWorkers || inAll >= kMostThreads || !StartWorker(question.Host)) return;
   }
 }
 

@@ -18,8 +18,11 @@ class NameResolver {
  public:
   using OnAnswer = std::function<void(const SocketAddresses&)>;
 
-  /// Look-ups in progress at once; more wait in line.
+  /// Look-ups in progress at once that somebody waits for; more wait in line.
   static constexpr std::size_t kMostWorkers = 16;
+  /// All look-ups in progress. Those whose question was forgotten cannot be ended and may hang for long; they
+  /// hold nobody up until there are this many threads.
+  static constexpr std::size_t kMostThreads = 256;
 
   explicit NameResolver(SocketPoller& poller, LookUp lookUp = SystemLookUp);
   ~NameResolver();
@@ -48,6 +51,7 @@ class NameResolver {
     PolledSocket Socket;  ///< without a descriptor once the answer has come
   };
 
+  [[nodiscard]] bool IsAsked(const std::string& host) const;
   void StartWorkers();
   bool StartWorker(const std::string& host);
   void OnWorkerReady(const std::string& host);

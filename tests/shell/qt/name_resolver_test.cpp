@@ -93,6 +93,32 @@ TEST_F(NameResolverTest, WorkersAreBoundedAndTheLineBehindThemIsServed) {
   EXPECT_TRUE(rig_.Until([&] { return answers_["site.example"] == 2; }));
 }
 
+TEST_F(NameResolverTest, HangingLookUpsThatNobodyWaitsForHoldNobodyUpUntilTheThreadsAreTooMany) {
+  Ask("mute");
+  for (std::size_t i = 1; i < NameResolver::kMostWorkers; ++i) Ask("mute" + std::to_string(i));
+  Ask("waiting.example");
+  rig_.Settle();
+  EXPECT_EQ(answers_["waiting.example"], 0);
+  resolver_->Forget(&answers_["mute1"]);
+  EXPECT_TRUE(rig_.Until([&] { return answers_["waiting.example"] == 2; })) << "its turn has come";
+
+  for (std::size_t i = 0; i < 2 * NameResolver::kMostThreads; ++i) {
+    const std::string host = "mute.again" + std::to_string(i);
+    Ask(host);
+    resolver_->Forget(&answers_[host]);
+    if (i != NameResolver::kMostThreads / 2) continue;
+    Ask("site.example");
+    EXPECT_TRUE(rig_.Until([&] { return answers_["site.example"] == 2; }));
+  }
+  constexpr int kAnswered = 2;
+  EXPECT_TRUE(rig_.Until([&] { return lookUps == kAnswered + int(NameResolver::kMostThreads); }));
+  Ask("late.example");
+  rig_.Settle();
+  EXPECT_EQ(lookUps, kAnswered + static_cast<int>(NameResolver::kMostThreads));
+  LetGo();
+  EXPECT_TRUE(rig_.Until([&] { return answers_["late.example"] == 2; }));
+}
+
 /// Counts the ends of pages.
 class Closes : public ConnectionEvents {
  public:
