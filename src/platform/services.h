@@ -174,7 +174,8 @@ class Shell {
   virtual void OpenFolder(const std::string& path) = 0;
 };
 
-/// The wall clock, as the user's locale writes it.
+/// The wall clock, as the user's locale writes it. A date or a time that does not fit the code page comes in
+/// its ISO form.
 class Clock {
  public:
   virtual ~Clock() = default;
@@ -182,8 +183,8 @@ class Clock {
   [[nodiscard]] virtual std::string ShortTime() = 0;
   /// Local date and time in a form that sorts, whatever the locale: "2026-01-02 15:04:05".
   [[nodiscard]] virtual std::string IsoDateTime() = 0;
-  /// A number with exactly two digits behind the decimal sign, halves away from zero, with the
-  /// locale's decimal and grouping signs.
+  /// A number with exactly two digits after the decimal sign, halves away from zero: ASCII digits, with
+  /// the locale's decimal and grouping signs or what is nearest to them in the code page.
   [[nodiscard]] virtual std::string TwoDecimals(double value) = 0;
 };
 

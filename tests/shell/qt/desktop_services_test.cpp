@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The program's folder and its filling, and sounds by a player program.
+// The program's folder and its filling, figures and dates by locale, and sounds by a player program.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QDateTime>
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
+#include "shell/qt/code_page.h"
 #include "shell/qt/desktop_shell.h"
 #include "shell/qt/loop_rig.h"
 #include "shell/qt/program_folder.h"
 #include "shell/qt/sound_process.h"
+#include "shell/qt/system_clock.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -63,6 +68,44 @@ TEST(DefaultSettingsPathTest, OnlyAnAbsoluteFolderOfTheEnvironmentCounts) {
   EXPECT_EQ(DefaultSettingsPath(), "/elsewhere/requite/settings");
   ::setenv("XDG_CONFIG_HOME", "relative", 1);
   EXPECT_EQ(DefaultSettingsPath(), "/home/someone/.config/requite/settings");
+}
+
+QString WithTwoDecimals(const char* locale, double value) {
+  return ToUnicode(SystemClock(QLocale(QString::fromLatin1(locale))).TwoDecimals(value));
+}
+
+TEST(SystemClockTest, AFigureHasAsciiDigitsAndSignsOfTheCodePageInEveryLocale) {
+  EXPECT_EQ(WithTwoDecimals("C", 1.005), "1.01");
+  EXPECT_EQ(WithTwoDecimals("de_DE", 1006), "1.006,00");
+  EXPECT_EQ(WithTwoDecimals("fr_FR", 1006), QString::fromUtf8("1\u00A0006,00"));
+  EXPECT_EQ(WithTwoDecimals("ar_EG", 1006), QString::fromUtf8("1\u2019006,00"));
+  EXPECT_EQ(WithTwoDecimals("fa_IR", 33.33), "33,33");
+  EXPECT_EQ(WithTwoDecimals("bn_BD", 1234567), "12,34,567.00");
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+    const std::string figure = SystemClock(locale).TwoDecimals(9876543.21);
+    std::string digits;
+    std::copy_if(figure.begin(), figure.end(), std::back_inserter(digits),
+                 [](char each) { return each >= '0' && each <= '9'; });
+    EXPECT_EQ(digits, "987654321") << locale.name().toStdString();
+    EXPECT_EQ(figure.find('?'), std::string::npos) << locale.name().toStdString() << " " << figure;
+    const char decimal = figure[figure.size() - 3];
+    EXPECT_EQ(std::count(figure.begin(), figure.end(), decimal), 1) << locale.name().toStdString();
+  }
+}
+
+TEST(SystemClockTest, ADateOrTimeThatDoesNotFitTheCodePageIsGivenInItsIsoForm) {
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+    SystemClock clock(locale);
+    EXPECT_EQ((clock.ShortDate() + clock.ShortTime()).find('?'), std::string::npos)
+        << locale.name().toStdString();
+  }
+  SystemClock arabic(QLocale(QStringLiteral("ar_EG")));
+  EXPECT_TRUE(QDate::fromString(ToUnicode(arabic.ShortDate()), Qt::ISODate).isValid()) << arabic.ShortDate();
+  EXPECT_TRUE(QTime::fromString(ToUnicode(arabic.ShortTime()), QStringLiteral("HH:mm")).isValid());
+  SystemClock german(QLocale(QStringLiteral("de_DE")));
+  EXPECT_TRUE(QDate::fromString(ToUnicode(german.ShortDate()), QStringLiteral("dd.MM.yy")).isValid());
 }
 
 /// A player that writes down what it plays, and then plays for ever.
