@@ -15,7 +15,7 @@
 #include "results/report.h"
 #include "results/saved_files.h"
 #include "shell/recovery.h"
-#include "support/file_faults.h"
+#include "support/at_every_call.h"
 
 namespace requite::test {
 namespace {
@@ -23,29 +23,8 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AnyOf;
 
-constexpr Fault kFaults[] = {Fault::Once, Fault::Full, Fault::ShortWrite};
 const std::string kOld = "the old project\r\nHTML01:x\r\n\r\n";
 const std::string kOlder = "one still older\r\n\r\n";
-const std::string kNone = "(none)";
-
-std::string TextOf(const std::string& path) { return FileExists(path) ? ReadFile(path) : kNone; }
-
-int UnfinishedFiles(const fs::path& folder) {
-  int count = 0;
-  for (const auto& one : fs::recursive_directory_iterator(folder)) {
-    count += static_cast<int>(one.path().filename().string().starts_with(".requite-"));
-  }
-  return count;
-}
-
-/// Runs a save on disks that fail at the first call, the second and so on, until there is no such call.
-/// `save` sets everything up each time and makes the FileFaults when it begins. Returns the number of calls.
-int AtEveryCall(Fault fault, const std::function<bool(int failAt, Fault fault)>& saveReachedIt) {
-  for (int n = 1;; ++n) {
-    SCOPED_TRACE("call " + std::to_string(n) + ", fault " + std::to_string(static_cast<int>(fault)));
-    if (!saveReachedIt(n, fault) || testing::Test::HasFailure()) return n - 1;
-  }
-}
 
 /// A project that is saved over an older one. `elsewhere` is the folder of the project file.
 struct ProjectSave : SiteRig {

@@ -84,6 +84,11 @@ ssize_t Watch(FileEvent event, Real&& real) {
   const ssize_t result = real();
   if (result < 0) return result;
   if (event.Call == FileCall::Open) TheState().Names[static_cast<int>(result)] = event.Path;
+  if (event.Call == FileCall::Rename) {
+    for (auto& [descriptor, name] : TheState().Names) {
+      if (name == event.Path) name = event.Target;
+    }
+  }
   TheState().Events.push_back(std::move(event));
   return result;
 }

@@ -131,7 +131,9 @@ class Model {
       DiskState state;
       for (const auto& [name, file] : names_) {
         if (!file || !FolderIsThere(name)) continue;
-        const std::string half = file->Bytes.substr(0, file->Bytes.size() / 2);
+        // Of a file that grows, what was flushed before cannot go again.
+        const std::size_t kept = file->Bytes.starts_with(file->Flushed) ? file->Flushed.size() : 0;
+        const std::string half = file->Bytes.substr(0, (kept + file->Bytes.size()) / 2);
         const bool safe = file->Flushed == file->Bytes;
         state[name] = safe || part == 2 ? file->Bytes : part == 1 ? half : file->Flushed;
       }
