@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: MIT
 # The window program itself on a display: what it does when all is well, with two copies at once, and when
 # things are missing or broken. Keys come from the X server, as a user's would.
-# Usage: program_test.sh PROGRAM CONSOLE INSTALLED_FOLDER SAMPLE_PROJECT   (on a display)
+# Usage: program_test.sh PROGRAM CONSOLE INSTALLED_FOLDER SAMPLE_PROJECT [FAULT_LIBRARY]   (on a display)
 set -euo pipefail
-installed="$3" sample="$4"
+installed="$3" sample="$4" faults="${5:-}"
 work="$(mktemp -d)"
 pids=()
 cleanup() {
@@ -53,6 +53,13 @@ ended() {
   wait "$1" || status=$?
   [ "$status" -eq "$2" ] || fail "ended with $status instead of $2: $(cat "$work/err")"
 }
+# save_to PATH: answers the dialog of a save.
+save_to() {
+  window_of "$pid" 'Save|Requite$'
+  keys ctrl+a
+  xdotool type --delay 20 "$1"
+  keys Return
+}
 close_main() { window_of "$1" "$mainTitle"; keys alt+f x; }
 
 for display in "" ":0.nowhere"; do
@@ -71,10 +78,7 @@ keys alt+y m
 window_of "$second" "$mainTitle"
 xdotool type --delay 20 two-copies.example
 keys Return ctrl+s
-window_of "$second" 'Save|Requite$'
-keys ctrl+a
-xdotool type --delay 20 "$work/both.prj"
-keys Return
+save_to "$work/both.prj"
 close_main "$first"; ended "$first" 0
 close_main "$second"; ended "$second" 0
 [ "$(setting ScanType)" = 1 ] || fail "the first copy's setting is lost"
@@ -139,5 +143,50 @@ ended "$pid" 70
 sites() { sed '/^HTML01:/,$d' "$1" | cut -d'|' -f1,2; }
 cmp <(sites "$sample") <(sites "$XDG_DATA_HOME/requite/Project Files/Recovered.prj") ||
   fail "the recovered project differs"
+
+# start_typed FAULT: a program with the project disk/a.prj open, where something was typed, on a disk that fails.
+start_typed() {
+  mkdir "$work/$scenario/disk"
+  printf 'old.example\r\nHTML01:x\r\n\r\n' > "$work/$scenario/disk/a.prj"
+  cp "$work/$scenario/disk/a.prj" "$work/old.prj"
+  set_to LastProject "$work/$scenario/disk/a.prj"
+  LD_PRELOAD="$faults" REQUITE_FAULT="$1" REQUITE_FAULT_BELOW="$work/$scenario/disk" start
+  window_of "$pid" "$mainTitle"
+  xdotool type --delay 20 typed.example
+  keys Return ctrl+s
+}
+# kept: the old project lies in place or in "Backup".
+kept() {
+  cmp -s "$work/old.prj" "$work/$scenario/disk/a.prj" ||
+    cmp -s "$work/old.prj" "$XDG_DATA_HOME/requite/Backup/a.prj" || fail "the old project is lost"
+}
+if [ -n "$faults" ]; then
+  scene full-disk   # the dialog comes again, and another disk has room
+  start_typed 1f
+  save_to "$work/$scenario/disk/a.prj"
+  save_to "$work/$scenario/elsewhere.prj"
+  close_main "$pid"; ended "$pid" 0
+  grep -q '^NEXTSITE:typed.example' "$work/$scenario/elsewhere.prj" || fail "the project was not saved"
+  kept
+
+  scene full-disk-twice   # nothing handles a second failure: the work goes to a file of its own
+  start_typed 1f
+  save_to "$work/$scenario/disk/a.prj"
+  save_to "$work/$scenario/disk/b.prj"
+  window_of "$pid" '^Requite$'
+  keys Return
+  ended "$pid" 70
+  grep -q '^NEXTSITE:typed.example' "$XDG_DATA_HOME/requite/Project Files/Recovered.prj" || fail "the work is lost"
+  kept
+
+  for call in 4 7 10; do
+    scene "killed-at-$call"
+    start_typed "${call}k"
+    save_to "$work/$scenario/disk/a.prj"
+    ended "$pid" 137
+    kept
+    [ ! -e "$work/$scenario/disk/a.prj" ] || grep -q '^HTML01:' "$work/$scenario/disk/a.prj" || fail "a torn project"
+  done
+fi
 
 [ ! -e "$work/bus-asked-for" ] || fail "a message bus was to be started"
