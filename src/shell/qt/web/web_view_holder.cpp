@@ -11,7 +11,7 @@
 
 #include "shell/qt/code_page.h"
 #include "shell/qt/web/page_address.h"
-#include "shell/qt/web/text_browser_view.h"
+#include "shell/qt/web/plain_text_view.h"
 
 namespace requite {
 namespace {
@@ -115,7 +115,7 @@ void WebViewHolder::MakeView() {
   if (view_ != nullptr) return;
   view_ = MakeViewOfModule(modulePath_, *this, this);
   if (view_ == nullptr) {
-    view_ = new TextBrowserView(*this, internet_, guard_, this);
+    view_ = new PlainTextView(*this, internet_, guard_, this);
     standing_ = tr("The web view (Qt WebEngine) is not installed: pages are shown as plain text.");
     Tell(standing_);
   }

@@ -4,7 +4,10 @@
 
 #include <QWebEngineCertificateError>
 #include <QWebEngineDownloadRequest>
+#include <QWebEngineHistory>
 #include <QWebEngineNewWindowRequest>
+
+#include "report_scheme.h"
 
 namespace requite {
 namespace {
@@ -30,6 +33,7 @@ EnginePage::EnginePage(EngineProfile& profile, WebViewEvents& events)
     certificateFault_.clear();
     endedInDownload_ = false;
   });
+  connect(this, &QWebEnginePage::loadFinished, this, [this] { userLeaves_ = false; });
   connect(&profile, &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* download) {
     if (download->page() != this) return;
     endedInDownload_ = true;
@@ -41,25 +45,39 @@ EnginePage::EnginePage(EngineProfile& profile, WebViewEvents& events)
 
 void EnginePage::Ask(const QUrl& url) {
   if (url.isLocalFile() && !asked_.contains(url)) asked_.append(url);
-  load(url);
+  load(ReportScheme::ForBrowser(url));
 }
 
-bool EnginePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+QUrl EnginePage::Shown() const {
+  return history()->count() == 0 ? QUrl() : ReportScheme::ForProgram(history()->currentItem().url());
+}
+
+bool EnginePage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
+  const QUrl url = ReportScheme::ForProgram(target);
   const bool blank = url.scheme() == "about";
   if (!isMainFrame) return blank || (IsWeb(url) && IsWeb(this->url()));
-  if (IsWeb(url) || blank) return true;
+  // A server may answer what the user asked for with another address; the page itself may ask for none.
+  const bool onItsOwn = type == NavigationTypeRedirect || type == NavigationTypeOther;
+  if (onItsOwn && !userLeaves_ && Shown().isLocalFile()) return false;
+  const bool follow = IsWeb(url) || blank || MayShowFile(url, type);
+  userLeaves_ = follow && IsWeb(url);  // no file leads on to another address
+  return follow;
+}
+
+bool EnginePage::MayShowFile(const QUrl& url, NavigationType type) {
   if (!url.isLocalFile()) return false;
   // These come from the program alone: the load of an asked file, its reload, the way back to it.
   const bool own =
       type == NavigationTypeTyped || type == NavigationTypeReload || type == NavigationTypeBackForward;
   if (own) return asked_.contains(url.adjusted(QUrl::RemoveFragment));
-  if (this->url().matches(url, QUrl::RemoveFragment)) return url.hasFragment();
+  if (Shown().matches(url, QUrl::RemoveFragment)) return url.hasFragment();
   if (type == NavigationTypeLinkClicked) OpenHere(url);
   return false;
 }
 
-void EnginePage::OpenHere(const QUrl& url) {
-  const QString address = IsWeb(url) ? url.toString(QUrl::FullyEncoded) : HostMeantBy(url, this->url());
+void EnginePage::OpenHere(const QUrl& target) {
+  const QUrl url = ReportScheme::ForProgram(target);
+  const QString address = IsWeb(url) ? url.toString(QUrl::FullyEncoded) : HostMeantBy(url, Shown());
   if (!address.isEmpty()) events_.LinkChosen(address);
 }
 

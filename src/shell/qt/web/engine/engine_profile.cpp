@@ -7,6 +7,8 @@
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 
+#include "report_scheme.h"
+
 namespace requite {
 namespace {
 
@@ -67,6 +69,7 @@ void ShutUp(QWebEngineSettings& settings) {
 EngineProfile::EngineProfile(QObject* parent) : QWebEngineProfile(parent) {
   ShutUp(*settings());
   setUrlRequestInterceptor(new Interceptor(this));
+  (new ReportScheme(this))->InstallIn(*this);
   setHttpCacheType(MemoryHttpCache);
   setPersistentCookiesPolicy(NoPersistentCookies);
   connect(this, &QWebEngineProfile::downloadRequested, this,
@@ -75,7 +78,10 @@ EngineProfile::EngineProfile(QObject* parent) : QWebEngineProfile(parent) {
 
 EngineProfile& EngineProfile::Acquire() {
   auto* profile = QCoreApplication::instance()->findChild<EngineProfile*>({}, Qt::FindDirectChildrenOnly);
-  if (profile == nullptr) profile = new EngineProfile(QCoreApplication::instance());
+  if (profile == nullptr) {
+    ReportScheme::Register();
+    profile = new EngineProfile(QCoreApplication::instance());
+  }
   ++profile->users_;
   return *profile;
 }

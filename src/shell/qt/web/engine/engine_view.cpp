@@ -6,6 +6,8 @@
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 
+#include "report_scheme.h"
+
 namespace requite {
 namespace {
 
@@ -57,9 +59,10 @@ void EngineView::AddMenu() {
 }
 
 void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
+  const QUrl location = ReportScheme::ForProgram(info.url());
   switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus: failedOutside_ = false; return events_.LoadStarted();
-    case QWebEngineLoadingInfo::LoadSucceededStatus: return events_.PageComplete(info.url());
+    case QWebEngineLoadingInfo::LoadSucceededStatus: return events_.PageComplete(location);
     case QWebEngineLoadingInfo::LoadStoppedStatus:
       if (!page_->isLoading()) events_.LoadStopped();
       return;
@@ -67,7 +70,7 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
   }
   // The page that a server sends with an error is a page.
   if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
-    return events_.PageComplete(info.url());
+    return events_.PageComplete(location);
   const bool aborted = info.errorCode() == kAborted && page_->CertificateFault().isEmpty();
   if (aborted || page_->EndedInDownload()) {
     if (!page_->isLoading()) events_.LoadStopped();
@@ -75,7 +78,7 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
   }
   failedOutside_ = page_->history()->currentItem().url() != info.url();
   const QString& fault = page_->CertificateFault();
-  events_.PageFailed(info.url(),
+  events_.PageFailed(location,
                      fault.isEmpty() ? ReasonOf(info) : tr("Its certificate was refused: %1").arg(fault));
 }
 
@@ -84,7 +87,7 @@ void EngineView::Reload() { page_->triggerAction(QWebEnginePage::Reload); }
 bool EngineView::Back() {
   if (failedOutside_ && page_->history()->count() > 0) {  // the page before the failed one is still there
     failedOutside_ = false;
-    events_.PageComplete(page_->history()->currentItem().url());
+    events_.PageComplete(page_->Shown());
     return true;
   }
   if (!page_->history()->canGoBack()) return false;

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A plain rich-text view of web pages: no scripts, no pictures, no further requests.
+// The text of web pages: no markup, no links, no further requests.
 #pragma once
 
-#include <QTextBrowser>
+#include <QPlainTextEdit>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/services.h"
@@ -11,14 +13,17 @@
 
 namespace requite {
 
-/// Shows local HTML files, and remote pages by one GET each. It stands in where the browser's library is
-/// not installed.
-class TextBrowserView final : public QTextBrowser, public WebView {
+/// Shows the text of local HTML files, and of remote pages by one GET each, where the browser's library is
+/// not installed. No more of a page is shown than kMostText characters, and a last line says where it was
+/// cut.
+class PlainTextView final : public QPlainTextEdit, public WebView {
   Q_OBJECT
 
  public:
+  static constexpr std::size_t kMostText = 1 << 20;
+
   /// The events, the service and the guard must outlive the view.
-  TextBrowserView(WebViewEvents& events, Internet& internet, const EventGuard& guard, QWidget* parent);
+  PlainTextView(WebViewEvents& events, Internet& internet, const EventGuard& guard, QWidget* parent);
 
   QWidget* Widget() override { return this; }
   void Load(const QUrl& url) override;
@@ -27,13 +32,11 @@ class TextBrowserView final : public QTextBrowser, public WebView {
   bool Back() override;
   bool Forward() override;
 
- protected:
-  QVariant loadResource(int type, const QUrl& name) override;
-
  private:
   void ShowSoon();
   void ShowNow();
-  [[nodiscard]] QString PageOf(const QUrl& url);
+  [[nodiscard]] std::optional<std::string> PageOf(const QUrl& url);
+  void Show(const std::string& page);
 
   WebViewEvents& events_;
   Gets gets_;

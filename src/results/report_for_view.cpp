@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+// The report's file repeats remote text as it is, and browsers read tags in it. The file must stay so; what
+// is shown is a copy, read by the few forms that the report is made of.
+#include "results/report_for_view.h"
+
+#include <array>
+#include <optional>
+
+namespace requite {
+namespace {
+
+constexpr std::string_view kHead = "<html>\r\n<head>\r\n";
+constexpr std::string_view kPolicy =
+    "<meta http-equiv=Content-Security-Policy content=\"default-src 'none'; base-uri 'none'; "
+    "form-action 'none'\">\r\n";
+constexpr std::string_view kSections = "<h1>Main Site Specific Overviews</h1>";
+/// The tags before the sections, where no remote text is.
+constexpr std::array<std::string_view, 16> kOverviewTags{
+    "<body>",   "<H1>", "</H1>", "<BR>", "<hr>",           "<table cellpadding=5 border=0>",
+    "</table>", "<tr>", "</tr>", "<td>", "<td colspan=2>", "</td>",
+    "<b>",      "</b>", "<li>",  "</li>"};
+
+class ReportCopy {
+ public:
+  explicit ReportCopy(std::string_view page) : rest_(page) {}
+
+  std::string Make() {
+    copy_.reserve(rest_.size() + rest_.size() / 8 + kPolicy.size());
+    CopyMarkup(kHead.size());
+    copy_ += kPolicy;
+    CopyMarkup(kReportBegin.size() - kHead.size());
+    while (!rest_.empty()) {
+      if (inSections_ ? CopySectionTag() : CopyOverviewTag()) continue;
+      const std::string_view text = rest_.substr(0, rest_.find('<', 1));
+      AppendText(text);
+      rest_.remove_prefix(text.size());
+    }
+    return std::move(copy_);
+  }
+
+ private:
+  void CopyMarkup(std::size_t length) {
+    copy_ += rest_.substr(0, length);
+    rest_.remove_prefix(length);
+  }
+
+  void AppendText(std::string_view text) {
+    for (const char each : text) {
+      switch (each) {
+        case '<': copy_ += "&lt;"; break;
+        case '>': copy_ += "&gt;"; break;
+        case '\'': copy_ += "&#39;"; break;  // it would end a target
+        default: copy_ += each;
+      }
+    }
+  }
+
+  bool CopyOverviewTag() {
+    inSections_ = rest_.starts_with(kSections);
+    if (inSections_) {
+      CopyMarkup(kSections.size());
+      return true;
+    }
+    for (const std::string_view tag : kOverviewTags) {
+      if (!rest_.starts_with(tag)) continue;
+      CopyMarkup(tag.size());
+      return true;
+    }
+    return false;
+  }
+
+  bool CopySectionTag() {
+    constexpr std::string_view kBreak = "<BR>";
+    if (!rest_.starts_with(kBreak)) return CopyHeading() || CopyLink();
+    CopyMarkup(kBreak.size());
+    return true;
+  }
+
+  /// What stands between `begin`, at which the rest must begin, and the next `end`.
+  [[nodiscard]] std::optional<std::string_view> Between(std::string_view begin, std::string_view end) const {
+    if (!rest_.starts_with(begin)) return std::nullopt;
+    const std::string_view window = rest_.substr(begin.size(), kLongestLinkShown + end.size());
+    const std::size_t length = window.find(end);
+    if (length == std::string_view::npos) return std::nullopt;
+    return window.substr(0, length);
+  }
+
+  /// A Main Site, up to the end of its line: a closing tag within it is part of its text.
+  bool CopyHeading() {
+    constexpr std::string_view kBegin = "<h3>";
+    constexpr std::string_view kEnd = "</h3>\r\n";
+    const auto site = Between(kBegin, kEnd);
+    if (!site) return false;
+    copy_ += kBegin;
+    AppendText(*site);
+    copy_ += kEnd;
+    rest_.remove_prefix(kBegin.size() + site->size() + kEnd.size());
+    return true;
+  }
+
+  /// A link is one only when its text follows it whole: then nothing that the target holds is hidden.
+  bool CopyLink() {
+    constexpr std::string_view kBegin = "<a href='";
+    constexpr std::string_view kMiddle = "'>";
+    constexpr std::string_view kEnd = "</a><BR>";
+    const auto target = Between(kBegin, kMiddle);
+    if (!target) return false;
+    const std::string_view after = rest_.substr(kBegin.size() + target->size() + kMiddle.size());
+    if (!after.starts_with(*target) || !after.substr(target->size()).starts_with(kEnd)) return false;
+    copy_ += kBegin;
+    AppendText(*target);
+    copy_ += kMiddle;
+    AppendText(*target);
+    copy_ += kEnd;
+    rest_.remove_prefix(kBegin.size() + 2 * target->size() + kMiddle.size() + kEnd.size());
+    return true;
+  }
+
+  std::string_view rest_;
+  bool inSections_ = false;
+  std::string copy_;
+};
+
+}  // namespace
+
+std::string ReportForView(std::string_view page) { return ReportCopy(page).Make(); }
+
+}  // namespace requite
