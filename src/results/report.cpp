@@ -8,6 +8,7 @@
 #include "platform/text.h"
 #include "platform/whole_file.h"
 #include "results/report_figures.h"
+#include "results/report_for_view.h"
 #include "results/report_sections.h"
 
 namespace requite {
@@ -18,8 +19,6 @@ void Line(SpooledText& page, std::string_view text) { page.Append(text).Append(k
 void Line(SpooledText& page, std::string_view before, std::string_view value, std::string_view after) {
   page.Append(before).Append(value).Append(after).Append(kLineEnd);
 }
-
-constexpr std::string_view kBegin = "<html>\r\n<head>\r\n<title>Reciprocal Link Report</title>";
 
 /// There is no closing head tag, nor one of the body or the page at the end.
 void WriteHead(SpooledText& page, Clock& clock) {
@@ -76,16 +75,16 @@ void WriteReport(const std::string& path, const SpooledText& page) {
   page.AppendTo(path);
 }
 
-bool IsReport(const std::string& path) {
-  std::string begin(kBegin.size(), '\0');
+bool IsReportFile(const std::string& path) {
+  std::string begin(kReportBegin.size(), '\0');
   std::ifstream(path, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
-  return begin == kBegin;
+  return IsReport(begin);
 }
 
 /// A project that was saved without ".prj" has the name that its report's copy gets. Only a project is
 /// kept: the copy of the last scan's report must not push it out of "Backup".
 void KeepProjectOf(const ProgramFolder& folder, const std::string& copy) {
-  if (FileExists(copy) && !IsReport(copy)) MoveToBackup(folder, copy);
+  if (FileExists(copy) && !IsReportFile(copy)) MoveToBackup(folder, copy);
 }
 
 }  // namespace
