@@ -16,27 +16,28 @@ class FocusProbe : public ControlView {
 };
 
 TEST(PageLimit, FollowsTheRowsOfTheComboBoxAndStaysAsItWasOutsideThem) {
-  EXPECT_EQ(PageLimitAt(4, 7), 500);
-  EXPECT_EQ(PageLimitAt(12, 7), 500000);
-  EXPECT_EQ(PageLimitAt(13, 7), 7);
-  EXPECT_EQ(PageLimitAt(-1, 7), 7);
+  constexpr std::int32_t kLimits[] = {1,     10,    50,    100,    500,    1000,  5000,
+                                      10000, 20000, 50000, 100000, 200000, 500000};
+  for (std::int16_t row = 0; row < 13; ++row) EXPECT_EQ(PageLimitAt(row, 7), kLimits[row]) << "row " << row;
+  for (const auto row : {std::int16_t{-1}, std::int16_t{13}})
+    EXPECT_EQ(PageLimitAt(row, 7), 7) << "row " << row;
 }
 
 struct RefusedStart {
+  const char* What;
   int ScanType;
   std::vector<std::pair<std::string, std::vector<std::string>>> Sites;
   int SelectedMainSite;
-  std::string Message;
+  const char* Message;
   std::string Focus;
 };
 
-class RefusedStarts : public ::testing::TestWithParam<RefusedStart> {};
-
-TEST_P(RefusedStarts, SayWhyAndHaveLostTheLastResults) {
+void ExpectRefused(const RefusedStart& row) {
+  SCOPED_TRACE(row.What);
   ControlRig rig;
-  for (const auto& [text, linking] : GetParam().Sites) rig.AddMainSite(text, linking);
-  rig.Sites.List4.SelectOnly(GetParam().SelectedMainSite);
-  rig.Controls.mnuScan.CheckOnly(GetParam().ScanType);
+  for (const auto& [text, linking] : row.Sites) rig.AddMainSite(text, linking);
+  rig.Sites.List4.SelectOnly(row.SelectedMainSite);
+  rig.Controls.mnuScan.CheckOnly(row.ScanType);
   rig.Sites.List3.Add({"a", "b", "Direct Link", "001", "c"});
   rig.Lists.lstErr.Add({"Timeout", "b"});
   rig.Now().LinksCounted = 3;
@@ -47,33 +48,37 @@ TEST_P(RefusedStarts, SayWhyAndHaveLostTheLastResults) {
 
   rig.Control.StartScan();
 
-  EXPECT_EQ(rig.LastBox(), GetParam().Message);
+  EXPECT_EQ(rig.LastBox(), row.Message);
   EXPECT_FALSE(rig.Now().Scanning);
   EXPECT_TRUE(rig.Sites.List3.Empty());
   EXPECT_TRUE(rig.Lists.lstErr.Empty());
   EXPECT_EQ(rig.Now().LinksCounted, 0);
   EXPECT_FALSE(rig.Sites.ProjectSaved);
   EXPECT_TRUE(rig.Controls.cmdNew.Enabled());
-  EXPECT_EQ(domain.Taken, GetParam().Focus == "txtDomain");
-  EXPECT_EQ(site.Taken, GetParam().Focus == "Text1");
+  EXPECT_EQ(domain.Taken, row.Focus == "txtDomain");
+  EXPECT_EQ(site.Taken, row.Focus == "Text1");
   EXPECT_TRUE(rig.Fetched.empty());
 }
 
-constexpr const char* kEnterDomain = "Please enter the Domain you want to find links to.";
-constexpr const char* kEnterLinking = "You must enter a Linking Site to scan before using this scan type.";
-constexpr const char* kSelectLinking = "You must select a Linking Site to scan before using this scan type.";
-constexpr const char* kEnterWebsite = "Please enter at least one website to search for links.";
-
-INSTANTIATE_TEST_SUITE_P(
-    StartScan, RefusedStarts,
-    ::testing::Values(RefusedStart{0, {}, -1, kEnterDomain, "txtDomain"},
-                      RefusedStart{0, {{" ", {"x"}}}, -1, kEnterDomain, "txtDomain"},
-                      RefusedStart{0, {{"HTTP://", {"x"}}}, -1, kEnterDomain, "txtDomain"},
-                      RefusedStart{0, {{"m", {}}, {"n", {"x"}}}, 1, kEnterWebsite, "Text1"},
-                      RefusedStart{1, {{"m", {"x"}}}, -1, kEnterLinking, ""},
-                      RefusedStart{1, {{"m", {"x"}}, {"n", {}}}, 1, kEnterLinking, ""},
-                      RefusedStart{2, {{"m", {"x"}}}, 0, kSelectLinking, ""},
-                      RefusedStart{2, {{"m", {"x"}}}, -1, kSelectLinking, ""}));
+TEST(StartScan, ThatIsRefusedSaysWhyAndHasLostTheLastResults) {
+  constexpr const char* kEnterDomain = "Please enter the Domain you want to find links to.";
+  constexpr const char* kEnterLinking = "You must enter a Linking Site to scan before using this scan type.";
+  constexpr const char* kSelectLinking =
+      "You must select a Linking Site to scan before using this scan type.";
+  constexpr const char* kEnterWebsite = "Please enter at least one website to search for links.";
+  for (const RefusedStart& row : {
+           RefusedStart{"no Main Site", 0, {}, -1, kEnterDomain, "txtDomain"},
+           {"a Main Site of one blank", 0, {{" ", {"x"}}}, -1, kEnterDomain, "txtDomain"},
+           {"a Main Site of a scheme", 0, {{"HTTP://", {"x"}}}, -1, kEnterDomain, "txtDomain"},
+           {"a first Main Site without sites", 0, {{"m", {}}, {"n", {"x"}}}, 1, kEnterWebsite, "Text1"},
+           {"one Main Site, none selected", 1, {{"m", {"x"}}}, -1, kEnterLinking, ""},
+           {"one Main Site, without sites", 1, {{"m", {"x"}}, {"n", {}}}, 1, kEnterLinking, ""},
+           {"one Linking Site, none selected", 2, {{"m", {"x"}}}, 0, kSelectLinking, ""},
+           {"one Linking Site, no Main Site selected", 2, {{"m", {"x"}}}, -1, kSelectLinking, ""},
+       }) {
+    ExpectRefused(row);
+  }
+}
 
 TEST(StartScan, WithoutFileTypesKeepsEverythingAndSaysSo) {
   ControlRig rig;
@@ -176,16 +181,6 @@ TEST(ScanNextPage, ASiteThatExpectsNoLinksIsScannedOnlyWhenTheirCountDoesNotEndA
     EXPECT_EQ(rig.Result(0), "m|x.example|None Found|000|x.example");
     EXPECT_EQ(rig.Controls.StatusBar1.Panel(1), "Stopped");
   }
-}
-
-TEST(ScanNextPage, StoppedWhileTheWindowRepaintsStillTakesThePageFromTheQueue) {
-  ControlRig rig;
-  rig.AddMainSite("m", {"x"});
-  rig.Services.EventLoop.AtYield(2, [&] { rig.Control.cmdStop(); });
-  rig.Control.StartScan();
-  EXPECT_TRUE(rig.Lists.List2.Empty());
-  EXPECT_FALSE(rig.Now().Scanning);
-  EXPECT_EQ(rig.Controls.StatusBar1.Panel(1), "Stopped");
 }
 
 TEST(cmdStop, ClosesBeforeItYieldsAndReportsBeforeItPlays) {

@@ -26,30 +26,6 @@ struct RulesTest : testing::Test {
   Rules rules{rig.Context};
 };
 
-TEST_F(RulesTest, EachTypeTestsItsText) {
-  struct Row {
-    const char* Type;
-    const char* Value;
-    const char* Url;
-    bool Passes;
-  };
-  constexpr Row kRows[] = {
-      {"LimitDirectory", "links", "site.example/linkspage.html", false},
-      {"LimitDirectory", "/links/", "site.example/LINKS/x.html", true},
-      {"LimitDirectory", "links", "site.example/links", false},
-      {"ExcludeDirectory", "", "site.example/", false},
-      {"LimitString", "ink", "site.example/LINKS", true},
-      {"ExcludeString", "", "site.example/", false},
-      {"LimitRoot", "deep", "site.example/a/deep/", true},
-      {"ExcludeRoot", "deep", "site.example/a/deep/", false},
-      {"excludestring", "site", "site.example/", true},
-  };
-  for (const Row& row : kRows) {
-    Only({"Global", "Global", row.Type, row.Value});
-    EXPECT_EQ(rules.PassesRules(row.Url), row.Passes) << row.Type << " " << row.Value << " " << row.Url;
-  }
-}
-
 TEST_F(RulesTest, ARuleForASiteStopsApplyingWhenTheRowChanges) {
   Only({"Global", "site.example/start", "ExcludeString", "x"});
   EXPECT_FALSE(rules.PassesRules("x"));

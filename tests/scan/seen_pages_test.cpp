@@ -38,23 +38,6 @@ TEST(SeenPages, AgreeWithAWalkOverTheSlots) {
   }
 }
 
-TEST(IsSeenUrl, LeavesOutSmallWwwAndLeftoversOfSchemesAndStandsWithoutItsList) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
-  rig.AddMainSite("main.example", {"www.Site.example/a", "Other.example"});
-  rig.Lists.List2.Add({"site.example/Queued"});
-  const auto seen = [&rig](std::string url) {
-    const bool answer = IsSeenUrl(rig.Context, url);
-    return url + (answer ? " True" : " False");
-  };
-  EXPECT_EQ(seen("SITE.www.example/A"), "SITE.www.example/A True");
-  EXPECT_EQ(seen("WWW.site.example/a"), "WWW.site.example/a False");
-  EXPECT_EQ(seen(" ttp://wwother.example "), "other.example True");
-  EXPECT_EQ(seen("http://www.tp://x"), "x False");
-  rig.Sites.CurrentMainSite = 7;  // the list is gone: the tests that are left still stand
-  EXPECT_EQ(seen("SITE.example/queued"), "SITE.example/queued True");
-}
-
 TEST(IsSeenUrl, AgreesWithThePlainWording) {
   RecordedSteps steps;
   ScanRig rig(steps);
