@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "platform/text.h"
 #include "support/fakes.h"
 
 namespace requite {
@@ -26,27 +27,11 @@ class CommandLine : public testing::Test {
 };
 
 TEST_F(CommandLine, AScanWithEverythingAskedFor) {
-  const auto read = Read({"scan",
-                          "--set",
-                          "txtTimeout=2",
-                          "--connect-to",
-                          "A.example:80:127.0.0.1:8080",
-                          project_,
-                          "--connect-to",
-                          "::127.0.0.1:9",
-                          "--set",
-                          "LastProject=",
-                          "--report",
-                          folder_.File("r.html"),
-                          "--page",
-                          folder_.File("p.html"),
-                          "--post",
-                          "--program-folder",
-                          folder_.Folder.Path,
-                          "--save",
-                          "-",
-                          "-q",
-                          "--private"});
+  const std::string line = "scan --set txtTimeout=2 --connect-to A.example:80:127.0.0.1:8080 " + project_ +
+                           " --connect-to ::127.0.0.1:9 --set LastProject= --report " +
+                           folder_.File("r.html") + " --page " + folder_.File("p.html") +
+                           " --post --program-folder " + folder_.Folder.Path + " --save - -q --private";
+  const auto read = Read(Split(line, " "));
   ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
   const Options& options = std::get<Options>(read);
   const auto& scan = std::get<ScanOptions>(options.Command);

@@ -46,6 +46,8 @@ TEST(Script, ControlsArePrintedByKind) {
       {"rows Combo1\nchoose Combo1 1\nindex Combo1\nprint Combo1\nget combo1",
        "Google Search\nYahoo Search\n1\nYahoo Search\n1\n"},
       {"panels", "\n\n\n\n"},
+      {"click Command9\nprint frmOptions.Label5(1)\nstate frmOptions.txtAutoSave\nclose frmOptions\nwindows",
+       "Webpage File Types:\nenabled hidden\nForm1\n"},
   };
   ExpectPrinted(cases);
 }
@@ -64,6 +66,10 @@ TEST(Script, TheHandActsOnListsAndBoxes) {
       {"type txtURL ab\ntrace txtURL\ntype txtURL cd\nset txtURL x\nset txtURL",
        "txtURL: abc\ntxtURL: abcd\ntxtURL: x\ntxtURL: \n"},
       {"click mnuScanItem(2)\nget ScanType\nchecked mnuScanItem(0)\nchecked mnuScanItem(2)", "2\n0\n1\n"},
+      {"click cmdBack\nclick cmdForward\nclick cmdWebStop\nclick cmdRefresh\nset txtURL a.example\nenter "
+       "txtURL\n"
+       "run 1\nprint WebBrowser1\nprint txtURL",
+       "a.example\na.example\n"},
       {"click chkBullet\nget chkBullet\nclick chkBullet\nprint chkBullet", "1\n0\n"},
       {"tab 5\nstate framePost\nstate List3\ntab Form1 1\nstate List3",
        "enabled visible\nenabled hidden\nenabled visible\n"},
@@ -95,20 +101,55 @@ TEST(Script, AfterCloseOnlyTheRecordsAreLeft) {
   EXPECT_EQ(rig.Err.str(), "requite-console: line 2: the program is closed\n");
 }
 
-TEST(Script, WhatCannotBeDoneEndsItWithItsLine) {
-  const std::string_view mistakes =
-      "press cmdStop|click|click cmdGone|click cmdStop|click txtDomain|click mnuFile(5)|click mnuFile|"
-      "type lblErr x|set lblStats(0) 1|set cmdStop x|enter cmdStop|choose Combo1 2|choose Combo1 -1|"
-      "choose txtURL 0|select List4 1|select txtURL|sort List3 6|sort List3 x|rightclick List3 1|"
-      "doubleclick List3 0|editlabel lstErr 1|tab 6|tab Form2 1|answer maybe|answer yes x|run|run -1|"
-      "wait idle|wait busy 1|after 5 press|load Form9|close Form2|rows cmdStop|style Combo1|print List3|"
-      "index txtURL|checked cmdStop|checked mnuScan|tip Gone|title Form4|state List1|trace List3|"
-      "trace StatusBar1(5)|var Nothing|call Nothing x|echo \\x|panels 1|print Form2.Text1|print List1(1)";
-  for (const std::string& mistake : Split(mistakes, "|")) {
-    ConsoleRig rig;
-    EXPECT_EQ(rig.Run("# first\n\n" + mistake + "\necho not reached\n"), ExitStatus::Refused) << mistake;
-    EXPECT_EQ(rig.Out.str(), "") << mistake;
-    EXPECT_EQ(rig.Err.str().rfind("requite-console: line 3: ", 0), 0U) << mistake << ": " << rig.Err.str();
+/// Lines that end a script with the same complaint, in which "@" is the first argument and "#" the second.
+struct Mistakes {
+  const char* Complaint;
+  const char* Lines;
+};
+
+TEST(Script, WhatCannotBeDoneEndsItWithItsLineAndTheReason) {
+  constexpr Mistakes kMistakes[] = {
+      {"there is no command \"press\"", "press cmdStop"},
+      {"there is no control \"@\"",
+       "click cmdGone|click mnuFile(5)|tip Gone|state List1|trace StatusBar1(5)|print Form2.Text1|print "
+       "List1(1)"},
+      {"there is no tab @", "tab 6"},
+      {"there is no window \"@\"", "load Form9"},
+      {"there is no variable \"@\"", "var Nothing"},
+      {"there is no operation \"@\"", "call Nothing x"},
+      {"no open window \"@\"", "tab Form2 1|close Form2|title Form4"},
+      {"\"@\" is disabled", "click cmdStop"},
+      {"\"@\" has no use for this command",
+       "click txtDomain|click mnuFile|type lblErr x|set lblStats(0) 1|set cmdStop x|enter cmdStop|choose "
+       "txtURL 0|"
+       "select txtURL|rows cmdStop|style Combo1|print List3|index txtURL|checked cmdStop|checked mnuScan|"
+       "trace List3"},
+      {"\"@\" has no row #",
+       "choose Combo1 2|choose Combo1 -1|select List4 1|rightclick List3 1|doubleclick List3 0|editlabel "
+       "lstErr 1"},
+      {"\"@\" has no column #", "sort List3 6"},
+      {"\"@\" is no number that can be used here", "run -1"},
+      {"\"#\" is no number that can be used here", "sort List3 x"},
+      {"\"@\" is no answer", "answer maybe"},
+      {"only \"answer file\" takes a path", "answer yes x"},
+      {"only \"wait idle\" is known", "wait busy 1"},
+      {"\"#\" is no command", "after 5 press"},
+      {"\"click\" has the form: click NAME", "click"},
+      {"\"run\" has the form: run MS", "run"},
+      {"\"wait\" has the form: wait idle SECONDS", "wait idle"},
+      {"\"panels\" has the form: panels", "panels 1"},
+      {"a backslash stands before something that is no escape", "echo \\x"},
+  };
+  for (const Mistakes& each : kMistakes) {
+    for (const std::string& line : Split(each.Lines, "|")) {
+      const std::vector<std::string> words = Split(line + "  ", " ");
+      std::string complaint = Replace(each.Complaint, "@", words[1], Compare::Binary);
+      complaint = Replace(complaint, "#", words[2], Compare::Binary);
+      ConsoleRig rig;
+      EXPECT_EQ(rig.Run("# first\n\n" + line + "\necho not reached\n"), ExitStatus::Refused) << line;
+      EXPECT_EQ(rig.Out.str(), "") << line;
+      EXPECT_EQ(rig.Err.str(), "requite-console: line 3: " + complaint + "\n") << line;
+    }
   }
 }
 
@@ -142,6 +183,20 @@ TEST(Script, StateAndOperationsAreAtHand) {
   ExpectPrinted(cases);
 }
 
+TEST(Script, HarvestsHaveVariablesAndCalls) {
+  ConsoleRig rig;
+  std::filesystem::copy_file(REQUITE_EMPTY_DATABASE, rig.Folder.File("spider.mdb"));
+  WriteFile(rig.Folder.File("html20.txt"), std::string(60, ' ') + "mailto:joe@site.example> \r\n");
+  EXPECT_EQ(rig.Run("call ExtractEmails 0\nvar Scanning\ncall EmailExists JOE@site.example.\n"
+                    "call DeleteAllEmails\ncall EmailExists joe@site.example\nload Form3\nvar SearchTerm\n"
+                    "var Engine\nvar UniqueResults\nvar Finished"),
+            ExitStatus::Done)
+      << rig.Err.str();
+  EXPECT_EQ(rig.Out.str(),
+            "\t0\nFalse\nTrue\tJOE@site.example\nTrue\t\nFalse\tjoe@site.example\nGoogle+Search\nGoogle\n0\n"
+            "False\n");
+}
+
 TEST(Script, WaitingEndsWithTheScanOrWithItsTime) {
   const std::string started = std::string(kTwoSites) + "click Command1\n";
   ConsoleRig slow;
@@ -172,13 +227,6 @@ TEST(Script, SoundsClipboardAndNavigationsAreRecorded) {
             "WebBrowser1\t@/welcome.html\nWebBrowser2\t@/tempreport.html\n"
             "main.example\ta.example\tNone Found (Skipped)\t000\ta.example\n1\t255\n"
             "a.example\nhttp://a.example\nWebBrowser1\thttp://a.example\n");
-}
-
-TEST(Script, FailuresThatNothingHandlesLeaveTheScript) {
-  ConsoleRig rig;
-  rig.Services.Store.Set("cmbAdvance", "many");
-  EXPECT_THROW(static_cast<void>(rig.Run("echo not reached")), RuntimeFailure);
-  EXPECT_EQ(rig.Out.str(), "");
 }
 
 TEST(ScanProgress, OnATerminalOneLineIsDrawnOverAndTakenAway) {
