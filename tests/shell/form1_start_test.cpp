@@ -126,14 +126,6 @@ TEST(Form1Close, AnEditedProjectIsAskedAboutAndClosesInEveryCase) {
   }
 }
 
-TEST(Form1Close, ASavedProjectIsNotAskedAbout) {
-  Form1Rig rig;
-  rig.Form.Start();
-  rig.Form.Close();
-  EXPECT_TRUE(rig.Services.Dialogs.Boxes.empty());
-  EXPECT_TRUE(rig.Form.Closed());
-}
-
 TEST(Recovery, OnlyUnsavedWorkIsWrittenAndItCanBeLoaded) {
   Form1Rig rig;
   rig.Form.Start();

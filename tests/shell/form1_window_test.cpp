@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/form1_rig.h"
+#include "shell/scan_share.h"
 
 namespace requite {
 namespace {
@@ -44,21 +45,6 @@ TEST(Form1Commands, AreSwitchedByTheStartAndTheEndOfAScan) {
   EXPECT_EQ(Commands(rig.Form),
             "Command1 Command10 Command11 cmdNew cmdOpen cmdSave txtDomain List4 cmdAdd2 cmdResume "
             "cmdViewDatabase Command2 Command3 ");
-}
-
-TEST(Form1Commands, LinkingSitesCanOnlyBeEnteredUnderASelectedMainSite) {
-  Form1Rig rig;
-  rig.Form.Start();
-  const auto names = {"Text1", "cmdAdd", "cmbDel", "cmdEdit", "cmdDelete", "cmdEditMain"};
-  EXPECT_EQ(EnabledOf(rig.Form, names), "");
-  EXPECT_FALSE(rig.Form.Text1.VisibleInEffect());
-  rig.AddSites("main.example", {"a.example", "b.example"});
-  EXPECT_EQ(EnabledOf(rig.Form, names), "Text1 cmdDelete cmdEditMain ");
-  EXPECT_TRUE(rig.Form.cmdEdit.VisibleInEffect());
-  rig.Form.Text1.UserTypes("c");
-  EXPECT_EQ(EnabledOf(rig.Form, names), "Text1 cmdAdd cmdDelete cmdEditMain ");
-  Form1Rig::ClickRow(rig.Form.Sites.List1(1), 1);
-  EXPECT_EQ(EnabledOf(rig.Form, names), "Text1 cmdAdd cmbDel cmdEdit ");
 }
 
 TEST(Form1Tabs, EachShowsItsControlsAndHidesAllOthers) {
@@ -117,42 +103,6 @@ TEST(Form1Menus, OpenAndImportDifferInTheFlagOnly) {
   }
 }
 
-TEST(Form1Lists, PopupsOpenOnTheRightButtonAndDeleteWorksThroughThem) {
-  Form1Rig rig;
-  rig.Form.Start();
-  rig.AddSites("main.example", {"a.example", "b.example"});
-  LinkingSiteList& list = rig.Form.Sites.List1(1);
-  Form1Rig::ClickRow(list, 1);
-  list.OnRightButtonDown(1);
-  rig.Form.Sites.List3.OnRightButtonDown(-1);
-  rig.Form.Command10.Click();
-  rig.Form.Command11.Click();
-  EXPECT_EQ(rig.PopUps, (std::vector<std::string>{"Popup1", "Popup2", "mnuScan", "mnuSkipPopup"}));
-  rig.Form.mnuSkipPopup.Click(1);
-  EXPECT_EQ(rig.Setting("SkipType"), "1");
-  rig.Form.Popup1.Click(0);
-  ASSERT_EQ(list.RowCount(), 1U);
-  EXPECT_EQ(list.At(0).WebsiteUrl, "a.example");
-}
-
-TEST(Form1Lists, AMainSiteIsDeletedWithItsListAndAScanIsAnEdit) {
-  Form1Rig rig;
-  rig.Form.Start();
-  rig.AddSites("a.example", {"for-a.example"});
-  rig.AddSites("b.example", {"for-b.example"});
-  rig.Form.Editing.SelectMainSite(0);
-  rig.Form.cmdDelete.Click();
-  ASSERT_EQ(rig.Form.Sites.ListCount(), 1);
-  EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "for-b.example");
-  EXPECT_TRUE(FileExists(rig.Folder.File("tempreport.html")));
-  rig.Form.Sites.ProjectSaved = true;
-  rig.Form.Command1.Click();
-  EXPECT_FALSE(rig.Form.Sites.ProjectSaved);
-  rig.Services.Store.Set("chkAutoSave", "1");
-  rig.Services.Timer1.Tick();
-  EXPECT_EQ(rig.Form.State.AutoSaveTicks, 1);
-}
-
 TEST(Form1Lists, OnlyLinkingSitesAreGuardedAgainstASortDuringAScan) {
   Form1Rig rig;
   rig.Form.Start();
@@ -186,28 +136,34 @@ TEST(Form1Lists, ResultsAndErrorsOpenInTheWebTab) {
   EXPECT_EQ(rig.Services.Shell.Opened, std::vector<std::string>{"http://slow.example"});
 }
 
-class NoHistory : public BrowserEngine {
- public:
-  void Navigate(const std::string&) override {}
-  void Stop() override { throw RuntimeFailure(Failure::InvalidArgument); }
-  void Refresh() override { throw RuntimeFailure(Failure::InvalidArgument); }
-  void GoBack() override { throw RuntimeFailure(Failure::InvalidArgument); }
-  void GoForward() override { throw RuntimeFailure(Failure::InvalidArgument); }
+struct Share {
+  const char* What;
+  int ScanType;
+  std::int16_t CurrentMainSite;
+  int SitesScanned, PagesDone, PagesQueued;
+  int Percent;
 };
 
-TEST(Form1WebTab, FailuresOfItsButtonsArePassedOverAndTheBoxFollowsTheBrowser) {
+TEST(ScanPercent, IsTheShareOfTheSitesThatAreScannedAndOfThePagesOfTheOneAtWork) {
   Form1Rig rig;
-  NoHistory engine;
-  rig.Form.WebBrowser1.SetEngine(&engine);
-  for (Button* button :
-       {&rig.Form.cmdBack, &rig.Form.cmdForward, &rig.Form.cmdWebStop, &rig.Form.cmdRefresh}) {
-    EXPECT_NO_THROW(button->Click()) << button->Name();
+  rig.AddSites("a.example", {"a1.example", "a2.example"});
+  rig.AddSites("b.example", {"b1.example"});
+  for (const Share& row : {Share{"no page yet", 0, 1, 0, 0, 0, 0},
+                           {"a site and half of the next one's pages", 0, 1, 1, 1, 1, 50},
+                           {"all sites", 0, 1, 3, 0, 0, 100},
+                           {"one of a Main Site's two", 1, 1, 1, 0, 0, 50},
+                           {"a Main Site's only one", 1, 2, 0, 1, 3, 25},
+                           {"a Main Site that has gone", 1, 9, 0, 1, 1, 50},
+                           {"the one Linking Site", 2, 1, 0, 1, 3, 25},
+                           {"more pages than the queue had", 0, 1, 0, 9, 0, 33},
+                           {"more sites than are left", 0, 1, 7, 0, 0, 100}}) {
+    rig.Form.State.ScanType = static_cast<std::int16_t>(row.ScanType);
+    rig.Form.Sites.CurrentMainSite = row.CurrentMainSite;
+    rig.Form.Figures.LinkingSitesScanned = row.SitesScanned;
+    rig.Form.State.PagesDone = row.PagesDone;
+    rig.Form.State.PagesQueued = row.PagesQueued;
+    EXPECT_EQ(ScanPercent(rig.Form), row.Percent) << row.What;
   }
-  rig.Form.txtURL.UserSets("a.example");
-  rig.Form.txtURL.UserPressesEnter();
-  EXPECT_EQ(rig.Form.WebBrowser1.AskedFor(), "a.example");
-  rig.Form.WebBrowser1.DocumentComplete("http://a.example/");
-  EXPECT_EQ(rig.Form.txtURL.Text(), "http://a.example/");
 }
 
 TEST(ControlIndex, FindsControlsMembersAndListsByTheirNames) {

@@ -143,15 +143,6 @@ TEST_F(Editors, RulesAreRefusedWithoutAValueOrAType) {
   EXPECT_EQ(boxes.size(), 2U);
 }
 
-TEST_F(Editors, EnterInTheValueAddsARuleInTheLinkingSitesEditorOnly) {
-  for (Form2* editor : {&EditMain(0), &EditGlobal()}) {
-    editor->Option1.Choose(0);
-    editor->Text6.UserSets("x");
-    editor->Text6.UserPressesEnter();
-    EXPECT_TRUE(editor->ListView1.Empty());
-  }
-}
-
 TEST_F(Editors, AMainSiteCalledGlobalIsNotToldFromTheGlobalScope) {
   AddRules({{"Global", "Global", "LimitString", "g"}, {"main", "Global", "LimitString", "m"}});
   Form2& editor = EditMain(0);
@@ -198,18 +189,6 @@ TEST_F(Editors, ARowThatHasGoneFailsAtTheWriteAndKeepsTheWindow) {
   Stage(global, 2, "z");
   global.cmdSave.Click();
   EXPECT_THAT(Rows(Sites().lstRules), ElementsAre("Global,Global,LimitString,z"));
-}
-
-TEST_F(Editors, AHundredThousandRulesAreReplacedInOnePass) {
-  for (int i = 0; i < 100'000; ++i) {
-    const std::string value = std::to_string(i);
-    Sites().lstRules.Add({"Global", i % 2 == 0 ? "Global" : "a", "LimitString", value});
-  }
-  Form2& editor = EditGlobal();
-  EXPECT_EQ(editor.ListView1.RowCount(), 50'000U);
-  editor.cmdSave.Click();
-  EXPECT_EQ(Sites().lstRules.At(0).RuleValue, "1");
-  EXPECT_EQ(Sites().lstRules.At(99'999).RuleValue, "99998");
 }
 
 }  // namespace

@@ -21,21 +21,6 @@ struct ImportWindowRig : Form1Rig {
   }
 };
 
-TEST(Form4, BothWindowsDifferInTheirWordsAlone) {
-  ImportWindowRig rig;
-  Form4& links = rig.Open(rig.Form.cmdImport);
-  EXPECT_EQ(links.Name(), "Form4");
-  EXPECT_EQ(links.Main.Title(), "Import Linking Sites");
-  Form4& sites = rig.Open(rig.Form.cmdImport2);
-  EXPECT_EQ(sites.Name(), "Form4a");
-  EXPECT_EQ(sites.Main.Title(), "Import Main Sites");
-  EXPECT_NE(sites.Frame3.Caption, links.Frame3.Caption);
-  EXPECT_EQ(sites.Frame1.Caption, links.Frame1.Caption);
-  links.Close();
-  rig.Form.Command7.Click();
-  EXPECT_TRUE(rig.Form.Windows.IsShown("Form4"));
-}
-
 TEST(Form4, ReadsItsSettingsWhenItOpensAndWritesEachChange) {
   ImportWindowRig rig;
   Form4& first = rig.Open(rig.Form.cmdImport);
