@@ -60,28 +60,6 @@ TEST(Control, ViewHearsChangesOnly) {
   EXPECT_EQ(view.Refreshes, 3);
 }
 
-TEST(Button, ClickRunsAlsoWhileDisabled) {
-  Button button("cmdStop", "Stop");
-  button.Click();  // without an action: nothing
-  int clicks = 0;
-  button.OnClick = [&] { ++clicks; };
-  button.SetEnabled(false);
-  button.Click();
-  EXPECT_EQ(clicks, 1);
-}
-
-TEST(TextBox, EachChangeRunsTheHandlerOnce) {
-  TextBox box("txtDomain", "start");
-  Texts seen;
-  box.OnChange = [&] { seen.push_back(box.Text()); };
-  box.SetText("start");
-  box.SetText("a");
-  box.UserSets("a");
-  box.UserSets("b");
-  box.UserTypes("cd");
-  EXPECT_EQ(seen, (Texts{"a", "b", "bc", "bcd"}));
-}
-
 TEST(TextBox, SilentBoxRunsItForTheUserOnly) {
   TextBox box("txtTimeout", "60", TextBox::ProgramChange::Silent);
   CountingView view(box);
@@ -149,18 +127,6 @@ TEST(ComboBox, PickingTakesTheRowAndTypingLeavesIt) {
   EXPECT_EQ(combo.Text(), "");
 }
 
-TEST(ComboBox, EmptyingKeepsOrDropsTheText) {
-  ComboBox combo("Combo3", "kept", {"a"});
-  combo.AddItem("b");
-  EXPECT_EQ(combo.Items(), (Texts{"a", "b"}));
-  combo.ClearItems();
-  EXPECT_EQ(combo.Text(), "kept");
-  EXPECT_TRUE(combo.Items().empty());
-  combo.Clear();
-  EXPECT_EQ(combo.Text(), "");
-  EXPECT_EQ(combo.ListIndex(), -1);
-}
-
 TEST(ProgressBar, RoundsHalvesToEvenAndRefusesTheRest) {
   ProgressBar bar("ProgressBar1");
   CountingView view(bar);
@@ -173,27 +139,6 @@ TEST(ProgressBar, RoundsHalvesToEvenAndRefusesTheRest) {
     EXPECT_EQ(NumberOf([&] { bar.SetValue(value); }), 380) << value;
   }
   EXPECT_EQ(bar.Value(), 100);
-}
-
-TEST(TabStrip, SelectRunsTheActionForRealTabsOnly) {
-  TabStrip tabs("tabMain", {{"Sites", ""}, {"Results", ""}});
-  std::vector<int> seen;
-  tabs.OnClick = [&](int number) { seen.push_back(number); };
-  EXPECT_EQ(tabs.Selected(), 1);
-  for (const int number : {0, 2, 2, 3}) tabs.Select(number);
-  EXPECT_EQ(seen, (std::vector<int>{2, 2}));
-  EXPECT_EQ(tabs.Selected(), 2);
-}
-
-TEST(Menu, ChecksOneEntry) {
-  Menu menu("mnuScan", "Scan", {"All", "-", "One"});
-  EXPECT_EQ(menu.FirstChecked(), 0) << "none is checked";
-  menu.CheckOnly(2);
-  EXPECT_EQ(menu.FirstChecked(), 2);
-  menu.CheckOnly(0);
-  EXPECT_FALSE(menu.Checked(2));
-  EXPECT_EQ(NumberOf([&] { menu.CheckOnly(3); }), 9);
-  EXPECT_TRUE(menu.Checked(0));
 }
 
 /// Writes down what it is asked to do.

@@ -35,12 +35,6 @@ Lines PlainLinesOf(std::string_view text, LineEnds ends) {
   return lines;
 }
 
-TEST(LineReader, ALoneLineFeedEndsOnlyHandMadeLinesAndZeroBytesAreText) {
-  EXPECT_EQ(LinesOf("a\nb\r\nc", LineEnds::CarriageReturn), (Lines{"a\nb", "c"}));
-  EXPECT_EQ(LinesOf("a\nb\r\n\rc\r", LineEnds::Any), (Lines{"a", "b", "", "c"}));
-  EXPECT_EQ(LinesOf({"a\0b\r\0", 5}, LineEnds::Any), (Lines{{"a\0b", 3}, {"\0", 1}}));
-}
-
 TEST(LineReader, AgreesWithAPlainWalkOnEveryShortText) {
   constexpr std::string_view kBytes = "a\r\n";
   constexpr std::size_t kLength = 7;

@@ -61,36 +61,6 @@ TEST(FoldTable, HoldsTheWholeCodePage) {
   }
 }
 
-TEST(TextSearch, AgreesWithFoldingOnEveryPairOfBytes) {
-  for (unsigned a = 0; a < 256; ++a) {
-    for (unsigned b = 0; b < 256; ++b) {
-      const std::string what(1, static_cast<char>(a));
-      const std::string text = std::string(70, '\x01') + static_cast<char>(b);
-      const std::size_t from = 20;  // the byte stands behind a block of 16 places
-      const auto place = [&](bool equal) { return a == 1 ? from : equal ? 70 : kNowhere; };
-      const bool equalFolded = kFoldTable[a] == kFoldTable[b];
-      ASSERT_EQ(Find(text, what, Compare::Text, from), place(equalFolded)) << a << " in " << b;
-      ASSERT_EQ(Find(text, what, Compare::Binary, from), place(a == b)) << a << " in " << b;
-    }
-  }
-}
-
-TEST(TextSearch, FindsAtEveryPlaceOfEveryLength) {
-  for (const std::string_view what : {"x", "Qu", "\x8A\x9F\xC0z", "href=\"http://www.example.com/\""}) {
-    for (std::size_t length = what.size(); length < 160; ++length) {
-      for (std::size_t place = 0; place + what.size() <= length; ++place) {
-        std::string text(length, 'e');
-        text.replace(place, what.size(), Lower(what));
-        const ExactCopy copy(text);
-        ASSERT_EQ(Find(copy.View(), what, Compare::Text), place) << what << length;
-        ASSERT_EQ(TextFinder(what).Find(copy.View()), place) << what << length;
-        ASSERT_EQ(Find(copy.View(), what, Compare::Text, place + 1), kNowhere) << what << length;
-        ASSERT_EQ(Contains(copy.View(), what, Compare::Binary), Lower(what) == what) << what << length;
-      }
-    }
-  }
-}
-
 TEST(TextSearch, AgreesWithThePlainSearchOnNoise) {
   EXPECT_EQ(Find("abc", "c", Compare::Text, kNowhere), kNowhere);
   Noise noise;

@@ -45,14 +45,6 @@ TEST(Text, SortsIgnoringCaseAndShorterFirst) {
   EXPECT_GT(CompareText("\xC0", "z"), 0) << "bytes above 127 are not negative";
 }
 
-TEST(Text, SplitKeepsEmptyPieces) {
-  EXPECT_EQ(Split("", ","), Pieces{});
-  EXPECT_EQ(Split("a,,b,", ","), (Pieces{"a", "", "b", ""}));
-  EXPECT_EQ(Split("a\r\nb\nc\r\n", "\r\n"), (Pieces{"a", "b\nc", ""}));
-  EXPECT_EQ(Split("aXbxc", "X"), (Pieces{"a", "bxc"})) << "separators have a case";
-  EXPECT_EQ(Split("aaa", "aa"), (Pieces{"", "a"}));
-}
-
 TEST(Text, CutsAndPads) {
   EXPECT_EQ(Trim("  a b "), "a b");
   EXPECT_EQ(Trim(" \ta\r\n"), "\ta\r\n") << "only blanks go";
@@ -65,13 +57,6 @@ TEST(Text, CutsAndPads) {
   EXPECT_EQ(ZeroPadded(7, 3), "007");
   EXPECT_EQ(ZeroPadded(1234, 3), "1234");
   EXPECT_EQ(Lower("ABC\x8A\xC0\xD7z"), "abc\x9A\xE0\xD7z");
-}
-
-TEST(Text, NothingEnteredIsEmptyOrOneBlank) {
-  EXPECT_TRUE(IsEmptyOrBlank(""));
-  EXPECT_TRUE(IsEmptyOrBlank(" "));
-  EXPECT_FALSE(IsEmptyOrBlank("  "));
-  EXPECT_FALSE(IsEmptyOrBlank("a"));
 }
 
 }  // namespace
