@@ -40,14 +40,6 @@ TEST_F(ProjectFilesTest, ASaveReplacesTheFileAndMarksTheProjectSaved) {
   EXPECT_EQ(Stored("LastProject"), Path("a.prj"));
 }
 
-TEST_F(ProjectFilesTest, AFailedSaveLeavesFlagAndSettingAlone) {
-  Data.ProjectSaved = false;
-  EXPECT_THROW(Files.SaveProject(Folder.File("no such folder/a.prj")), RuntimeFailure);
-  EXPECT_THROW(Files.SaveProject(Folder.File("Project Files")), RuntimeFailure);
-  EXPECT_FALSE(Data.ProjectSaved);
-  EXPECT_EQ(Stored("LastProject"), "-");
-}
-
 TEST_F(ProjectFilesTest, TheOldFileIsGoneBeforeASaveFails) {
   WriteFile(Path("a.prj"), "old");
   Data.List4.Add({"a Main Site without a list"});

@@ -164,18 +164,6 @@ TEST(ProjectReader, MarkersGoWhereverTheyStandInTheirLine) {
   EXPECT_EQ(project.Data.txtPost.Text(), "uv");
 }
 
-TEST(ProjectReader, ASortedResultListGetsItsRowsInOrder) {
-  Project project;
-  project.CurrentMainSite = 1;
-  project.List3.SetSort({true, 3, 1});
-  EXPECT_FALSE(
-      ReadProjectText("m\r\nRESULT:1|a|l|s|001|u\r\nRESULT:1|b|l|s|002|u\r\nRESULT:1|c|l|s|001|u\r\n"
-                      "RESULT:1|d\r\n",
-                      project));
-  EXPECT_THAT(Rows(project.List3), ElementsAre("b|l|s|002|u", "a|l|s|001|u", "c|l|s|001|u", "|d|||"));
-  EXPECT_TRUE(project.List3.Sort().Sorted);
-}
-
 TEST(ProjectReader, AMainSiteAboveTheLargestNumberEndsTheReading) {
   std::string text = "m\r\n";
   for (int i = 0; i < 32770; ++i) text += "NEXTSITE:m\r\n";

@@ -66,14 +66,5 @@ TEST(ProjectText, LeavesOutOneMainSiteAndMarksOnlyLaterOnes) {
   EXPECT_EQ(ProjectText(project, 2), "one\r\nsite1|1||||\r\nNEXTSITE:two\r\nsite2|1||||\r\n" + tail);
 }
 
-TEST(ProjectText, SortedListsAreWrittenInTheOrderOnShow) {
-  Project project;
-  project.AddMainSite("one");
-  for (const char* url : {"b", "a"}) project.List1(1).Add({url, "1", "", "", ""});
-  project.List1(1).SetSort({true, 0, 0});
-  SetHtml(project, "a", "b", "c");
-  EXPECT_EQ(ProjectText(project), "one\r\na|1||||\r\nb|1||||\r\n" + std::string(kPlainTail));
-}
-
 }  // namespace
 }  // namespace requite::test
