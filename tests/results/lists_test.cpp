@@ -37,22 +37,6 @@ TEST(Sorting, TheDirectionFlipsWhateverColumnIsClicked) {
   EXPECT_EQ(Column(list, 1), "C bb b a ");
 }
 
-TEST(Sorting, NumbersCompareAsText) {
-  RecordList<LinkingSite> list("List1(1)");
-  ScriptedDialogs dialogs;
-  for (const char* expected : {"9", "10", "1"}) list.Add({"s", expected, "", "", ""});
-  EnhListView_SortColumns(list, 2, dialogs);
-  EXPECT_EQ(Column(list, 1), "9 10 1 ");
-}
-
-TEST(Sorting, AnEmptyViewKeepsItsOrder) {
-  RecordList<ErrorEntry> list("lstErr");
-  ScriptedDialogs dialogs;
-  EXPECT_TRUE(EnhListView_SortColumns(list, 1, dialogs));
-  EXPECT_FALSE(list.Sort().Sorted);
-  EXPECT_EQ(list.Sort().SortOrder, 0);
-}
-
 TEST(Sorting, AFailureIsToldInItsOwnBox) {
   RecordList<ErrorEntry> list("lstErr");
   ScriptedDialogs dialogs;
@@ -150,20 +134,6 @@ TEST(WebTab, AnErrorRowOpensInsideWithoutTouchingTheAddressBox) {
   EXPECT_FALSE(tab.lstErr.Visible());
   EXPECT_EQ(tab.txtURL.Text(), "");
   EXPECT_FALSE(tab.WebBrowser1.Silent);
-}
-
-TEST(WebTab, AnErrorRowOpensOutsideAndTheTabStays) {
-  LinksTab tab;
-  tab.lstErr.Add({"Timeout", "https.example"});
-  tab.lstErr.Add({"Timeout", "b.example"});
-  tab.Tab.OpenErrorOutside();
-  EXPECT_TRUE(tab.Shell.Opened.empty());
-  tab.lstErr.SelectOnly(0);
-  tab.Tab.OpenErrorOutside();
-  tab.lstErr.SelectOnly(1);
-  tab.Tab.OpenErrorOutside();
-  EXPECT_EQ(tab.Shell.Opened, (std::vector<std::string>{"https.example", "http://b.example"}));
-  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
 }
 
 }  // namespace

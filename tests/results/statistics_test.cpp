@@ -65,16 +65,6 @@ struct LockCounter : ControlView {
   int Refreshes = 0;
 };
 
-TEST(Statistics, DrawingIsLockedWhileLabelsChangeUnlessMinimised) {
-  StatisticsRig rig;
-  LockCounter locks;
-  rig.Form1.SetView(&locks);
-  rig.Counters.UpdateStats(1);
-  rig.Form1.Minimised = true;
-  rig.Counters.UpdateStats(1);
-  EXPECT_EQ(locks.Refreshes, 2);
-}
-
 TEST(Statistics, AFullCounterIsAnOverflowAndLeavesTheWindowUnlocked) {
   StatisticsRig rig;
   rig.Store.Set("lHistWebScanned", "2147483647");
