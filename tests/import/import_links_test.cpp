@@ -128,16 +128,6 @@ TEST(GetLinks, TakesAScriptsOutputApart) {
   EXPECT_EQ(rig.Status(), "Finished Downloading - 1 links found.");
 }
 
-TEST(GetLinks, TheBaseIsTheHostInSmallLettersOnly) {
-  ImportRig rig;
-  const std::string html = "<a href=\"http://home.example/a\"><a href=\"/a\">" + std::string(300, ' ');
-  rig.Services.Internet.Bodies["HTTP://home.example/x"] = html;
-  rig.Text1.UserSets("HTTP://home.example/x");
-  rig.Command1.Click();
-  EXPECT_THAT(rig.Links(), ElementsAre("home.example/a", ""))
-      << "the base is HTTP:/, which \"/a\" gets in front";
-}
-
 TEST(GetLinks, ASecondPressRunsInsideTheFirst) {
   ImportRig rig;
   rig.Page("<a href=\"http://a.example\"><a href=\"http://b.example\">" + std::string(300, ' '));

@@ -115,18 +115,6 @@ TEST_F(PageBuilderTest, OneMainSiteIsChosenByItsExactText) {
   EXPECT_EQ(Generated(), "");
 }
 
-TEST_F(PageBuilderTest, MainSitesAreFoundTrimmedAndWithCase) {
-  project_.AddMainSite("one.example");
-  const LinkPages pages(project_);
-  EXPECT_EQ(pages.FindMainSiteIndex(" one.example"), 0);
-  EXPECT_EQ(pages.FindMainSiteIndex("two.example"), 1);
-  EXPECT_EQ(pages.FindMainSiteIndex("Two.example"), 0);
-  EXPECT_EQ(pages.FindMainSiteIndex(" "), 3);
-  LinkPages none(project_);
-  EXPECT_EQ(none.GetLinkPageUrl("www.a.example/x", 4), "a.example");
-  EXPECT_EQ(none.GetLinkPageDescription("a.example", 4), "");
-}
-
 TEST_F(PageBuilderTest, ThePageIsSavedOverAnOldOneWithoutAQuestion) {
   project_.txtHTML1.SetText("<top>");
   project_.txtHTML2.SetText("<links>");

@@ -106,30 +106,6 @@ class EditorsWindowTest : public QObject, private WindowRig {
     QVERIFY(global->findChild<QLineEdit*>("Text1") == nullptr);
   }
 
-  void theExportAsksInWordsOfItsOwnAndAHarvestShowsItsState() {
-    QWidget* const window = Open("frmExport", [this] { form_->Command2.Click(); });
-    auto* const delimiter = Part<QComboBox>(window, "Combo1");
-    QCOMPARE(delimiter->currentIndex(), -1);
-    QCOMPARE(delimiter->placeholderText(), QString("Semi-Colon delimited (;)"));
-    QTest::mouseClick(Part<QAbstractButton>(window, "Check2"), Qt::LeftButton);
-    services_->Dialogs.Names = {folder_->File("out.txt")};
-    QTest::mouseClick(Part<QAbstractButton>(window, "Command1"), Qt::LeftButton);
-    QCOMPARE(ReadFile(folder_->File("out.txt")), std::string("\r\n"));
-    QVERIFY(!form_->Windows.IsShown("frmExport"));
-    // Two Linking Sites and no result: the harvest hides its window and leaves it loaded.
-    form_->Text1.UserSets("second.example");
-    form_->cmdAdd.Click();
-    std::filesystem::copy_file(REQUITE_INSTALLED "/spider.mdb", folder_->File("spider.mdb"));
-    services_->Internet.OnOpen = [this] {
-      services_->Internet.Bodies[services_->Internet.Asked.back()] = "";
-    };
-    QWidget* const harvest = Open("Form3", [this] { form_->Windows.Show("Form3"); });
-    QVERIFY(!Part<QLineEdit>(harvest, "Text1")->isEnabled());
-    QVERIFY(services_->Internet.AnswerNext());
-    QTRY_VERIFY(!harvest->isVisible());
-    QVERIFY(form_->Windows.Find("Form3") != nullptr);
-  }
-
  private:
   template <class Act>
   QWidget* Open(const char* name, Act&& act) {

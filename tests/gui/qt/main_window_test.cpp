@@ -40,27 +40,6 @@ class MainWindowTest : public QObject, private WindowRig {
     QTRY_VERIFY(Widget<QAbstractButton>("Command1")->isEnabled());
   }
 
-  void deletingAMainSiteEmptiesTheListsOnShow() {
-    AddSites();
-    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 1);
-    Click("cmdDelete");
-    QTRY_COMPARE(Widget<QTableView>("List4")->model()->rowCount(), 0);
-    QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 0);
-    QTRY_VERIFY(!Widget<QLineEdit>("Text1")->isVisible());
-  }
-
-  void tabsShowTheirPagesAndTheCloseAsks() {
-    auto* const tabs = Widget<QTabBar>("TabStrip1");
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(3).center());
-    QTRY_VERIFY(Widget<QAbstractButton>("Command8")->isVisible());
-    QVERIFY(!Widget<QTableView>("List3")->isVisible());
-    QTest::keyClicks(Widget<QLineEdit>("txtDomain"), "x");
-    services_->Dialogs.Answers = {Answer::No};
-    window_->close();
-    QCOMPARE(services_->Dialogs.Boxes.size(), std::size_t{1});
-    QCOMPARE(services_->Dialogs.Boxes[0].Title, std::string("Save Project?"));
-  }
-
   void keysDoWhatTheirButtonsAndEntriesDo() {
     QVERIFY(QTest::qWaitForWindowActive(window_.get()));  // shortcuts are those of the active window
     form_->Files.LastOpenWasProject = false;
