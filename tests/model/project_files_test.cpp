@@ -111,23 +111,6 @@ TEST_F(ProjectFilesTest, AMissingOrEmptyFileGivesAnEmptyProjectAndStaysTheLastOn
   }
 }
 
-TEST_F(ProjectFilesTest, ALoadThatKeepsTheProjectAddsToItAndLeavesItUnsaved) {
-  EnterMainSite("one");
-  WriteFile(Path("b.prj"), "two\r\nHTML01:x\r\n");
-  Files.LoadProject(Path("b.prj"), ProjectFiles::ClearFirst::No);
-  EXPECT_THAT(Rows(Data.List4), ElementsAre("one", "two"));
-  EXPECT_EQ(Data.ListCount(), 2);
-  EXPECT_FALSE(Data.ProjectSaved);
-}
-
-TEST_F(ProjectFilesTest, TheReportIsLookedForUnderTheWholePath) {
-  WriteFile(Path("a.html"), "report");
-  Files.ShowProjectReport("a.PRJ");
-  EXPECT_EQ(WebBrowser2.AskedFor(), Path("a.html"));
-  Files.ShowProjectReport(Path("a.prj"));
-  EXPECT_EQ(WebBrowser2.AskedFor(), "about:blank");
-}
-
 TEST_F(ProjectFilesTest, OpenAsksInTheProjectFolderAndACancelChangesNothing) {
   EnterMainSite("one");
   Files.cmdOpen();

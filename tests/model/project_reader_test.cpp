@@ -164,15 +164,6 @@ TEST(ProjectReader, MarkersGoWhereverTheyStandInTheirLine) {
   EXPECT_EQ(project.Data.txtPost.Text(), "uv");
 }
 
-TEST(ProjectReader, AMainSiteAboveTheLargestNumberEndsTheReading) {
-  std::string text = "m\r\n";
-  for (int i = 0; i < 32770; ++i) text += "NEXTSITE:m\r\n";
-  const Loaded project(text);
-  EXPECT_FALSE(project.ReachedEnd);
-  EXPECT_EQ(project.Data.List4.RowCount(), 32767U);
-  EXPECT_EQ(project.Data.CurrentMainSite, 32767);
-}
-
 TEST(ProjectReader, AFileCutAnywhereKeepsTheRowsBeforeTheCut) {
   const std::string whole = DataFile("current.prj");
   for (std::size_t length = 0; length <= whole.size(); ++length) {

@@ -6,7 +6,6 @@
 
 #include <filesystem>
 
-#include "model/auto_save.h"
 #include "model/site_rig.h"
 
 namespace requite {
@@ -30,12 +29,9 @@ struct QuickRig : test::SiteRig {
   }
   void Delete(int row) {
     Sites.SelectMainSite(row);
-    Quick.cmdDelete();
+    Controls.cmdDelete.Click();
   }
-
-  int Reports = 0;
-  QuickSave Quick{
-      Data, Sites, Files, Controls.innerFrame2, Services.Dialogs, Folder.Folder, [this] { ++Reports; }};
+  [[nodiscard]] bool HasReport() const { return FileExists(Folder.File("tempreport.html")); }
 };
 
 TEST(DeleteMainSite, NumbersTheListsAnewAndTakesTheRulesAlong) {
@@ -50,7 +46,7 @@ TEST(DeleteMainSite, NumbersTheListsAnewAndTakesTheRulesAlong) {
   EXPECT_EQ(rig.Data.List3.RowCount(), 1U) << "results of a deleted Main Site stay";
   EXPECT_EQ(rig.Data.CurrentMainSite, 1);
   EXPECT_EQ(rig.Data.List4.SelectedRow(), 0);
-  EXPECT_EQ(rig.Reports, 1);
+  EXPECT_TRUE(rig.HasReport());
   EXPECT_EQ(rig.Services.Store.Read("LastProject"), std::nullopt);
 }
 
@@ -61,7 +57,7 @@ TEST(DeleteMainSite, TheOnlyOneGoesWithoutAFileAlsoWhenItIsNotSelected) {
   DeleteFile(rig.Folder.File("quicksave.qsv"));
   rig.Data.ProjectSaved = true;
   rig.Data.List4.SelectOnly(-1);
-  rig.Quick.cmdDelete();
+  rig.Controls.cmdDelete.Click();
   EXPECT_TRUE(rig.Data.List4.Empty());
   EXPECT_EQ(rig.Data.ListCount(), 0);
   EXPECT_FALSE(rig.Controls.innerFrame2.Visible());
@@ -71,25 +67,6 @@ TEST(DeleteMainSite, TheOnlyOneGoesWithoutAFileAlsoWhenItIsNotSelected) {
   EXPECT_FALSE(FileExists(rig.Folder.File("quicksave.qsv")));
 }
 
-TEST(DeleteMainSite, WithSeveralAndNoneSelectedNothingGoesButTheFlag) {
-  QuickRig rig;
-  rig.Data.List4.SelectOnly(-1);
-  rig.Quick.cmdDelete();
-  EXPECT_EQ(rig.Data.List4.RowCount(), 3U);
-  EXPECT_EQ(rig.Data.lstRules.RowCount(), 3U);
-  EXPECT_FALSE(rig.Data.ProjectSaved);
-}
-
-TEST(DeleteMainSite, CountsAsSavedOnlyAfterOpenProject) {
-  for (const bool opened : {true, false}) {
-    QuickRig rig;
-    rig.Files.LastOpenWasProject = opened;
-    rig.Delete(1);
-    EXPECT_EQ(rig.Data.ProjectSaved, opened);
-    EXPECT_TRUE(rig.Data.JustLoaded);
-  }
-}
-
 TEST(DeleteMainSite, AnEmptyPageTextCutsOffWhatFollowsIt) {
   QuickRig rig;
   rig.Data.txtHTML2.SetText("");
@@ -97,7 +74,7 @@ TEST(DeleteMainSite, AnEmptyPageTextCutsOffWhatFollowsIt) {
   EXPECT_EQ(rig.Data.List4.RowCount(), 2U);
   EXPECT_TRUE(rig.Data.List3.Empty());
   EXPECT_TRUE(rig.Data.lstRules.Empty());
-  EXPECT_EQ(rig.Reports, 0);
+  EXPECT_FALSE(rig.HasReport());
 }
 
 TEST(DeleteMainSite, AFileThatCannotBeWrittenIsToldAndTheProjectIsReadFromWhatIsThere) {
@@ -110,10 +87,9 @@ TEST(DeleteMainSite, AFileThatCannotBeWrittenIsToldAndTheProjectIsReadFromWhatIs
 
 struct AutoRig : test::SiteRig {
   void Tick(int count) {
-    for (int i = 0; i < count; ++i) Auto.Timer1_Tick(Scanning);
+    for (int i = 0; i < count; ++i) Controls.Auto.Timer1_Tick(Scanning);
   }
-  std::int32_t Ticks = 0;
-  AutoSave Auto{Files, Settings(Services.Store), Folder.Folder, Ticks};
+  std::int32_t& Ticks = Controls.State.AutoSaveTicks;
 };
 
 TEST(AutoSave, SavesEvery300SecondsOfScanningWhateverTheOptionsSay) {

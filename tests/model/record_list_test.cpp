@@ -61,24 +61,6 @@ TEST(RecordList, TheSelectionStaysWithItsRows) {
   EXPECT_EQ(list.SelectedRow(), -1);
 }
 
-TEST(RecordList, RowsThatDoNotExistFailAndChangeNothing) {
-  RecordList<LinkResult> list("List3");
-  list.Add(Result("a"));
-  list.SelectOnly(0);
-  const auto version = list.Version();
-  EXPECT_THROW(list.SelectOnly(1), RuntimeFailure);
-  EXPECT_THROW(list.AlsoSelect(1), RuntimeFailure);
-  EXPECT_THROW(list.Remove(1), RuntimeFailure);
-  EXPECT_THROW(list.SetFieldAt(0, 5, "x"), RuntimeFailure);
-  EXPECT_THROW(list.SetColour(1, kRed), RuntimeFailure);
-  for (const int column : {5, -1}) EXPECT_THROW(list.SetSort({true, column, 0}), RuntimeFailure);
-  EXPECT_FALSE(list.Sort().Sorted);
-  EXPECT_EQ(list.SelectedRow(), 0);
-  EXPECT_EQ(list.Version(), version);
-  list.SelectOnly(-5);
-  EXPECT_EQ(list.SelectedRow(), -1);
-}
-
 TEST(RecordList, TheObserverHearsEachChangeAndTheVersionCountsThoseOfTheRows) {
   RecordList<LinkResult> list("List3");
   Observed view;
