@@ -198,18 +198,6 @@ TEST(NextSite, ShowsAFailureOfWhatItCallsButNotOneOfItsOwnFirstHalf) {
   EXPECT_THROW(rig.Control.cmdStop(), RuntimeFailure) << "the user's own stop has no handler";
 }
 
-TEST(NextSite, SurvivesSitesThatVanishDuringTheScan) {
-  TwoMainSites rig;
-  rig.Sites.List1(1).Clear();
-  rig.Control.cmdSkip();
-  EXPECT_EQ(rig.Sites.List3.RowCount(), 1U);
-  EXPECT_EQ(rig.Fetched.back(), "c.example");
-  rig.Sites.List4.Clear();
-  rig.Sites.DropLinkingSiteLists();
-  rig.Control.cmdSkip();
-  EXPECT_EQ(rig.LastBox(), "Subscript out of range 9");
-}
-
 void* ScanManySitesThatExpectNothing(void*) {
   constexpr std::size_t kSites = 100000;
   ControlRig rig;

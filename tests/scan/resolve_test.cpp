@@ -11,37 +11,6 @@
 namespace requite::test {
 namespace {
 
-struct LinkRow {
-  const char* What;
-  const char* Link;
-  const char* Resolved;
-};
-
-TEST(ResolveLink, MendsEachKindOfLink) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
-  rig.State.PageDir = "site.example/b/c/";
-  rig.State.Pages[0].PageHost = "site.example";
-  constexpr LinkRow kRows[] = {
-      {"a secure link to an unknown ending is a page of the site", "https://foo.example/x",
-       "site.example/b/c/foo.example/x"},
-      {"a secure link to a known ending is a host", "https://foo.com/x", "foo.com/x"},
-      {"another host without scheme, taken for a path", "//foo.com/x", "site.example/foo.com/x"},
-      {"a dot means the root of the host, and then the directory comes in front", "./x.html",
-       "site.example/b/c/site.example/x.html"},
-      {"sixteen slashes are one", "http://a.example////////////////x", "a.example/x"},
-      {"seventeen slashes are two", "http://a.example/////////////////x", "a.example//x"},
-      {"a cut .htm in capitals", "/X.HT", "site.example/X.htm"},
-      {"the repair reaches every occurrence", "http://site.example/x.ash/y.as", "site.example/x.asph/y.asp"},
-      {"the head of the next URL", "http://site.example/http:", "site.example"},
-  };
-  for (const LinkRow& row : kRows) {
-    std::string link = row.Link;
-    EXPECT_EQ(ResolveLink(rig.Context, link), row.Resolved) << row.What;
-    EXPECT_EQ(link, row.Resolved) << "the caller's text: " << row.What;
-  }
-}
-
 TEST(ResolveLink, AgreesWithThePlainWording) {
   RecordedSteps steps;
   ScanRig rig(steps);

@@ -60,13 +60,6 @@ TEST_F(RulesTest, NoLogWithoutTheSettingAndNoFailureForALogThatCannotBeWritten) 
   EXPECT_FALSE(rules.PassesRules("x"));
 }
 
-TEST_F(RulesTest, AMissingRowFailsOnlyWhenThereAreRules) {
-  rig.State.SiteRow = 3;
-  EXPECT_TRUE(rules.PassesRules("x"));
-  Only({"Global", "Global", "ExcludeString", "x"});
-  EXPECT_THROW((void)rules.PassesRules("x"), RuntimeFailure);
-}
-
 TEST_F(RulesTest, AgreeWithThePlainWording) {
   PageGenerator generate(4);
   constexpr std::array<std::string_view, 7> kTypes = {

@@ -11,14 +11,6 @@
 namespace requite::test {
 namespace {
 
-TEST(SeenPages, EndAtTheirLastSlot) {
-  SeenPages pages;
-  pages.Store(99999, "x");
-  EXPECT_TRUE(pages.HasUpTo(99999, "x"));
-  EXPECT_THROW(pages.Store(100000, "y"), RuntimeFailure);
-  EXPECT_THROW(pages.Store(-1, "y"), RuntimeFailure);
-}
-
 TEST(SeenPages, AgreeWithAWalkOverTheSlots) {
   SeenPages pages;
   std::vector<std::string> slots(30);

@@ -31,45 +31,28 @@ struct TriageTest : testing::Test {
 };
 
 TEST_F(TriageTest, ErrorCodesHaveTheirTexts) {
-  struct Row {
-    const char* Header;
-    const char* Text;
-  };
-  constexpr Row kRows[] = {
-      {"HTTP/1.1 404 Not Found\r\n\r\n", "404 Not found"},
-      {"HTTP/1.1 408 X\r\n\r\n", "408 request timeout"},
-      {"HTTP/1.1 504 X\r\n\r\n", "504 Gateway timeout"},
-      {"HTTP/1.1 505 X\r\n\r\n", "505 HTTP Not Version"},
+  const std::pair<std::string, std::string> rows[] = {
+      {"HTTP/1.1 404 Not Found", "404 Not found"},
+      {"HTTP/1.1 408 X", "408 request timeout"},
+      {"HTTP/1.1 504 X", "504 Gateway timeout"},
+      {"HTTP/1.1 505 X", "505 HTTP Not Version"},
       {"x 503 y", "503 Service Unavailable"},
-      {"HTTP/1.1 200 OK\r\n\r\n", ""},
-      {"HTTP/1.1 418 Teapot\r\n\r\n", ""},
-      {"HTTP/1.1  404 Not Found\r\n\r\n", ""},
-      {"HTTP/1.1 404\r\nServer: x\r\n\r\n", ""},  // the code then ends at the next blank
+      {"HTTP/1.1 200 OK", ""},
+      {"HTTP/1.1 418 Teapot", ""},
+      {"HTTP/1.1 404\r\nServer: x", ""},  // the code then ends at the next blank
       {"", ""},
   };
-  for (const Row& row : kRows) {
+  for (const auto& [line, text] : rows) {
     rig.State.ReasonNote = "";
     rig.Lists.lstErr.Clear();
-    triage.CheckHttpStatus(row.Header, "site.example/x");
-    EXPECT_EQ(rig.State.ReasonNote, row.Text) << row.Header;
-    if (*row.Text == '\0') {
-      EXPECT_TRUE(rig.Lists.lstErr.Empty()) << row.Header;
-    } else {
-      ASSERT_EQ(rig.Lists.lstErr.RowCount(), 1U) << row.Header;
-      EXPECT_EQ(rig.Lists.lstErr.At(0).Error, row.Text);
-      EXPECT_EQ(rig.Lists.lstErr.At(0).Url, "site.example/x");
-    }
+    triage.CheckHttpStatus(line + "\r\n\r\n", "site.example/x");
+    EXPECT_EQ(rig.State.ReasonNote, text) << line;
+    ASSERT_EQ(rig.Lists.lstErr.RowCount(), text.empty() ? 0U : 1U) << line;
+    if (text.empty()) continue;
+    EXPECT_EQ(rig.Lists.lstErr.At(0).Error, text);
+    EXPECT_EQ(rig.Lists.lstErr.At(0).Url, "site.example/x");
   }
   EXPECT_EQ(rig.Host.Raised[0], 5) << "a page with an error status counts once more";
-}
-
-TEST_F(TriageTest, AStoppedScanLeavesThePageAlone) {
-  rig.State.Scanning = false;
-  triage.ProcessPage("main.example", 0);
-  EXPECT_EQ(rig.Services.Connection.Closes, 1);
-  EXPECT_FALSE(rig.State.RedirectSuspected);
-  EXPECT_TRUE(steps.Calls.empty());
-  EXPECT_FALSE(FileExists(rig.Folder.File("html0.txt")));
 }
 
 TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
