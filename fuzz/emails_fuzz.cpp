@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "harvest/email_line.h"
-#include "support/plain_emails.h"
+#include "support/plain_harvest.h"
 
 namespace requite {
 namespace {

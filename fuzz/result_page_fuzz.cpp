@@ -8,7 +8,7 @@
 
 #include "harvest/domain_harvest.h"
 #include "support/fakes.h"
-#include "support/plain_results.h"
+#include "support/plain_harvest.h"
 
 namespace requite::test {
 namespace {

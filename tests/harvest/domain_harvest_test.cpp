@@ -5,7 +5,7 @@
 #include <random>
 
 #include "harvest/harvest_rig.h"
-#include "support/plain_results.h"
+#include "support/plain_harvest.h"
 
 namespace requite {
 namespace {
@@ -141,15 +141,6 @@ TEST(ResultPage, ALinkWithItsSchemeInCapitalsEndsTheLineBeforeItAndIsNotRead) {
       "http://www.one.comHTTP://www.two.com/ http://www.three.com/";
   rig.Harvest();
   EXPECT_EQ(rig.Sql("select website from websites"), "one.com;three.com;");
-}
-
-TEST(ResultPage, OfTenMegabytesWithoutEndsOrLinksIsBounded) {
-  HarvestRig rig;
-  std::string binary(10'000'000, '\0');
-  for (std::size_t i = 0; i < binary.size(); ++i) binary[i] = static_cast<char>(i * 7);
-  rig.Services.Internet.Bodies[kFirst + "Google+Search"] = binary;
-  rig.Harvest();
-  EXPECT_EQ(rig.Form.StatusBar1.Panel(2), "Not enough results");
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include "harvest/email_line.h"
 #include "harvest/harvest_rig.h"
-#include "support/plain_emails.h"
+#include "support/plain_harvest.h"
 
 namespace requite {
 namespace {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What becomes a link of the user's page, and what is left out.
+// What becomes a link of the user's page and what is left out; the tags that go from a script's output.
 #include "import/extract_links.h"
 
 #include <gtest/gtest.h>
 
-#include "import/import_resolve.h"
+#include "import/strip_tags.h"
 #include "support/fakes.h"
-#include "support/hostile_text.h"
 #include "support/plain_import.h"
 
 namespace requite::test {
@@ -52,6 +51,27 @@ TEST(ExtractLinks, CountsAndLetsEventsRunAndEndsWithItsWindow) {
   EXPECT_EQ(*(shown.end() - 2), "Extracted 1 link(s)");
   run.Events.OnEveryYield = [&] { closed = true; };
   EXPECT_EQ(run.Run(page, "home"), "");
+}
+
+TEST(StripTags, AgreesWithThePlainLoopOnRandomTexts) {
+  std::mt19937 random(4711);
+  const std::vector<std::vector<std::string>> alphabets = {
+      {"<", ">", "a"},
+      {"<b>", "<", "b>", "x", "<c>", "c>"},
+      {"<b>", "<", ">", "<a<b>", "c>", "<<b>b>", "a", "<ac>", "<a<c>", "y"}};
+  for (int round = 0; round < 20000; ++round) {
+    const std::string text = RandomText(random, alphabets[round % alphabets.size()], 24);
+    ASSERT_EQ(StripTags(text), PlainStripTags(text)) << text;
+  }
+}
+
+TEST(StripTags, IsFastOnMillionsOfTags) {
+  std::string different;
+  std::string joining = "<b>";
+  for (int i = 0; different.size() < 3'000'000; ++i) different += "<" + std::to_string(i) + ">x";
+  while (joining.size() < 3'000'000) joining += "<<b>";
+  EXPECT_EQ(StripTags(different).find('<'), std::string::npos);
+  EXPECT_EQ(StripTags(joining).find('>'), std::string::npos);
 }
 
 }  // namespace

@@ -178,16 +178,6 @@ TEST(ImportFromFile, LinesBecomeLinkingSites) {
   EXPECT_EQ(rig.Services.Dialogs.FileDialogs[0].Filter, "Text Files (*.txt)|*.txt");
 }
 
-TEST(ImportFromFile, LinesBecomeMainSitesAsTheyStand) {
-  ImportRig rig(kImportMainSites);
-  rig.File(" a.example |3\n\nGlobal\n");
-  ASSERT_EQ(rig.Sites.List4.RowCount(), 3U);
-  EXPECT_EQ(rig.Sites.List4.At(1).Text, " a.example |3");
-  EXPECT_EQ(rig.Sites.ListCount(), 3);
-  EXPECT_EQ(rig.Status(), "Added 2 site(s)");
-  EXPECT_EQ(rig.Sites.CurrentMainSite, 1);
-}
-
 TEST(ImportFromFile, FailuresEndItSilently) {
   ImportRig rig;
   rig.StatusBar1.SetPanel(1, "as it was");

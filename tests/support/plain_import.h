@@ -3,6 +3,7 @@
 // must give the same answers.
 #pragma once
 
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,14 @@
 #include "support/plain_links.h"
 
 namespace requite::test {
+
+/// A random text out of given pieces, at most so many.
+inline std::string RandomText(std::mt19937& random, const std::vector<std::string>& pieces,
+                              std::size_t most) {
+  std::string text;
+  for (std::size_t left = random() % (most + 1); left > 0; --left) text += pieces[random() % pieces.size()];
+  return text;
+}
 
 inline std::string PlainStripTags(std::string text) {
   for (;;) {
