@@ -38,12 +38,6 @@ TEST_F(Form1Posting, TheLogStaysUntilItsWindowIsClosed) {
   EXPECT_EQ(Log(), "\r\nURL: http://s.example/b.example\r\n\r\nURL: http://s.example/c.example\r\n");
 }
 
-TEST_F(Form1Posting, TheEndOfTheProgramEndsIt) {
-  rig_.Services.Internet.OnOpen = [this] { rig_.Form.Close(); };
-  rig_.Form.cmdPost.Click();
-  EXPECT_EQ(rig_.Services.Internet.Asked.size(), 1U);
-}
-
 TEST_F(Form1Posting, PagesAreBuiltAndSavedByTheirButtons) {
   rig_.Form.Command5.Click();
   EXPECT_EQ(rig_.Setting("txtHTML2"), rig_.Form.Sites.txtHTML2.Text()) << "a generated text is a change";

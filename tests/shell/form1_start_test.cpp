@@ -25,16 +25,6 @@ TEST(Form1Start, FirstStartShowsTheHelpOnceAndGoesHome) {
   EXPECT_EQ(rig.Services.Shell.Opened.size(), 1U);
 }
 
-TEST(Form1Start, WithoutAHelpFileNothingOpensAndTheSettingGoesDownAllTheSame) {
-  Form1Rig rig;
-  rig.Form.Start();
-  EXPECT_TRUE(rig.Services.Shell.Opened.empty());
-  EXPECT_EQ(rig.Setting("showHelp"), "0");
-  rig.Services.Store.Set("showHelp", "1");
-  rig.Form.mnuHelp.Click(0);
-  EXPECT_EQ(rig.Setting("showHelp"), "1");
-}
-
 TEST(Form1Start, TheLastProjectComesBackAndCountsAsSaved) {
   Form1Rig rig;
   const std::string path = rig.Folder.File("Project Files/a.prj");

@@ -88,21 +88,6 @@ TEST(Form1Tabs, PagesAddsTheMainSitesAtEachVisitAndPostFillsAnew) {
   EXPECT_EQ(rig.Form.cmbSites.Items(), (std::vector<std::string>{"a.example", "b.example"}));
 }
 
-TEST(Form1Menus, OpenAndImportDifferInTheFlagOnly) {
-  Form1Rig rig;
-  rig.Form.Start();
-  const std::string path = rig.Folder.File("Project Files/a.prj");
-  WriteFile(path, "main.example\r\n");
-  for (const int entry : {1, 2}) {
-    rig.Services.Dialogs.Names = {path};
-    rig.Form.mnuFile.Click(0);
-    EXPECT_TRUE(rig.Form.Sites.List4.Empty());
-    rig.Form.mnuFile.Click(entry);
-    EXPECT_EQ(rig.Form.Sites.List4.RowCount(), 1U);
-    EXPECT_EQ(rig.Form.Files.LastOpenWasProject, entry == 1);
-  }
-}
-
 TEST(Form1Lists, OnlyLinkingSitesAreGuardedAgainstASortDuringAScan) {
   Form1Rig rig;
   rig.Form.Start();

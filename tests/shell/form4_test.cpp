@@ -44,21 +44,6 @@ TEST(Form4, ReadsItsSettingsWhenItOpensAndWritesEachChange) {
   EXPECT_EQ(rig.Setting("getURLCombo"), "-1");
 }
 
-TEST(Form4, PostsFromForm4aWithForm4OnShowAndItsOwnScript) {
-  ImportWindowRig rig;
-  rig.Form.Sites.List3.Add({"main.example", "a.example", "Direct Link", "001", "http://a.example/x"});
-  Form4& window = rig.Open(rig.Form.cmdImport2);
-  window.txtPost.UserSets("http://s.example/?m=$MainSite&l=$LinkingSite&s=$Status&f=$FoundOn");
-  window.cmdScriptAdd.Click();  // "Select" is no hindrance here
-  EXPECT_EQ(window.lstMulti.RowCount(), 1U);
-  window.cmdPost.Click();
-  EXPECT_THAT(rig.Services.Internet.Asked,
-              ElementsAre("http://s.example/?m=$MainSite&l=a.example&s=True&f=http://a.example%2Fx"));
-  EXPECT_TRUE(rig.Form.Windows.IsShown("Form4"));
-  EXPECT_FALSE(rig.Form.Windows.IsShown("Form5"));
-  EXPECT_EQ(window.StatusBar1.Panel(1), "Sending Site 1: a.example");
-}
-
 TEST(Form4, ItsCloseEndsItsOwnRequestsAlone) {
   ImportWindowRig rig;
   rig.Form.Sites.List3.Add({"main.example", "a.example", "Direct Link", "001", "a.example"});

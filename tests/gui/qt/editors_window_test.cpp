@@ -86,20 +86,6 @@ class EditorsWindowTest : public QObject, private WindowRig {
     QCOMPARE(services_->Store.Read("cmbAdvance").value_or(""), std::string("5"));
     QVERIFY(Part<QAbstractButton>(options, "chkAuto2")->toolTip().startsWith("Skipping"));
 
-    auto* const entry = Part<QLineEdit>(options, "txtDomain");
-    QTest::keyClick(entry, Qt::Key_Return);
-    QCOMPARE(services_->Dialogs.Boxes.size(), std::size_t{1});
-    QTest::keyClicks(entry, "htm");
-    QTRY_VERIFY(Part<QAbstractButton>(options, "cmdAdd2")->isEnabled());
-    QTest::mouseClick(Part<QAbstractButton>(options, "cmdAdd2"), Qt::LeftButton);
-    auto* const types = Part<QAbstractItemView>(options, "List1");
-    QTRY_COMPARE(types->model()->rowCount(), 2);
-    QTest::mouseClick(types->viewport(), Qt::LeftButton, {},
-                      types->visualRect(types->model()->index(0, 0)).center());
-    QTRY_VERIFY(Part<QAbstractButton>(options, "cmdDelete")->isEnabled());
-    QTest::mouseClick(Part<QAbstractButton>(options, "cmdDelete"), Qt::LeftButton);
-    QTRY_COMPARE(types->model()->rowCount(), 1);
-
     QWidget* const global = Open(
         "Form2b", [&] { QTest::mouseClick(Part<QAbstractButton>(options, "Command1"), Qt::LeftButton); });
     QCOMPARE(global->windowTitle(), QString("Global Rules Editor"));

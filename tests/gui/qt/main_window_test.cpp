@@ -27,19 +27,6 @@ class MainWindowTest : public QObject, private WindowRig {
   }
   void cleanup() { End(); }
 
-  void aScanFromTypingToTheVerdict() {
-    AddSites();
-    Click("Command1");
-    QTRY_VERIFY(Widget<QAbstractButton>("cmdStop")->isEnabled());
-    QVERIFY(!Widget<QLineEdit>("txtDomain")->isEnabled());
-    services_->Connection.Serve("HTTP/1.1 200 OK\r\n\r\n<a href=\"http://main.example/\">x</a>");
-    const auto* const results = Widget<QTableView>("List3");
-    QTRY_COMPARE(results->model()->rowCount(), 1);
-    QCOMPARE(results->model()->index(0, 2).data().toString(), QString("Direct Link"));
-    QTRY_COMPARE(Widget<QLabel>("lblStats(2)")->text(), QString("1"));
-    QTRY_VERIFY(Widget<QAbstractButton>("Command1")->isEnabled());
-  }
-
   void keysDoWhatTheirButtonsAndEntriesDo() {
     QVERIFY(QTest::qWaitForWindowActive(window_.get()));  // shortcuts are those of the active window
     form_->Files.LastOpenWasProject = false;

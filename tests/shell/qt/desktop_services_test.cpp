@@ -147,14 +147,6 @@ TEST_F(SoundProcessTest, ASecondSoundCutsOffTheFirst) {
   EXPECT_EQ(::kill(Players()[1], 0), 0) << "the second one plays";
 }
 
-TEST_F(SoundProcessTest, WithoutAPlayerThereIsSilence) {
-  ::setenv("PATH", folder_.Folder.Path.c_str(), 1);
-  SoundProcess sounds;
-  sounds.PlaySoundFile(folder_.File("finished.wav"));
-  rig_.Settle();
-  EXPECT_TRUE(Players().empty());
-}
-
 /// The desktop's opener is a script, and nothing else can be found.
 class DesktopShellTest : public testing::Test {
  protected:

@@ -134,21 +134,6 @@ TEST_F(PageConnectionTest, HandlersThatYieldAndAskForTheNextPageNeverNest) {
   EXPECT_GE(ticks, kPages);
 }
 
-TEST_F(PageConnectionTest, TimersRunDuringALongRowOfQuickPages) {
-  LocalServer server([](ServedConnection& client) {
-    client.ReadRequest();
-    client.Send("page");
-  });
-  recorder_.OnClosed = [&] { connection_.Connect("127.0.0.1", server.Port()); };
-  int ticks = 0;
-  QtTimer timer(rig_.Guard);
-  timer.OnTick = [&] { ++ticks; };
-  timer.Start(1);
-  connection_.Connect("127.0.0.1", server.Port());
-  ASSERT_TRUE(rig_.Until([&] { return ticks >= 20 && recorder_.Closes >= 20; }));
-  connection_.Close();
-}
-
 TEST_F(PageConnectionTest, WhatCannotBeReachedIsSilent) {
   LocalServer resetting([](ServedConnection& client) {
     client.ReadRequest();
