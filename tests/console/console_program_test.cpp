@@ -80,12 +80,6 @@ TEST_F(ConsoleProgramTest, AScanWithEveryLinkFoundEndsWithZero) {
   EXPECT_NE(ReadFile(folder_.File("saved.prj")).find("RESULT:2|harbour-books"), std::string::npos);
 }
 
-TEST_F(ConsoleProgramTest, AScanWithALinkMissingEndsWithOne) {
-  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kNothing)}));
-  EXPECT_EQ(scan.Wait(), 1) << scan.Err;
-  EXPECT_NE(scan.Out.find("\tNone Found\t000\tseaside-walks.example\n"), std::string::npos) << scan.Out;
-}
-
 TEST_F(ConsoleProgramTest, AFileOnStandardOutputTakesThePlaceOfTheRows) {
   ChildProcess scan(REQUITE_CONSOLE,
                     With({"scan", Project(kFound), "-q", "--tab", "-", "--report", folder_.File("r")}));
@@ -126,11 +120,6 @@ TEST_F(ConsoleProgramTest, ALinkBehindARedirectIsOneLink) {
   EXPECT_NE(one.Out.find("Redirect Link"), std::string::npos) << one.Out;
   ChildProcess two(REQUITE_CONSOLE, With({"scan", Project("old-mill-press.example|2|||\r\n")}));
   EXPECT_EQ(two.Wait(), 1) << two.Err;
-}
-
-TEST_F(ConsoleProgramTest, ASiteOfWhichNoLinkIsExpectedIsAsItShouldBe) {
-  ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project("seaside-walks.example|0|||\r\n")}));
-  EXPECT_EQ(scan.Wait(), 0) << scan.Err;
 }
 
 TEST_F(ConsoleProgramTest, AnInterruptStopsTheScanAndWritesTheFiles) {
@@ -242,15 +231,6 @@ TEST_F(ConsoleProgramTest, AnOfferedFileNameHasItsOwnLetters) {
   const std::string path = folder_.File("Project Files/m\xC3\xBCllerexample.prj");
   EXPECT_TRUE(FileExists(path));
   EXPECT_EQ(script.Out, "save\t\tm\xC3\xBCllerexample.prj\tfile " + path + "\n");
-}
-
-TEST_F(ConsoleProgramTest, WaitingTooLongEndsWithThree) {
-  WriteFile(folder_.File("s.txt"),
-            "set txtDomain harbour-books.example\nclick cmdAdd2\nset Text1 becalmed.example\nclick cmdAdd\n"
-            "click Command1\nwait idle 1\necho not reached\n");
-  ChildProcess script(REQUITE_CONSOLE, With({"script", folder_.File("s.txt")}));
-  EXPECT_EQ(script.Wait(), 3) << script.Err;
-  EXPECT_EQ(script.Out, "");
 }
 
 TEST_F(ConsoleProgramTest, AFailureThatNothingHandlesEndsWithSeventyAndSavesTheWork) {

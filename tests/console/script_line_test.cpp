@@ -11,16 +11,6 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(ScriptLine, BlankLinesAndCommentsAreNothing) {
-  for (const char* line : {"", "   ", "# click cmdStop", "  # indented", "\r"}) {
-    EXPECT_FALSE(ReadScriptLine(line)) << '"' << line << '"';
-  }
-  const auto line = ReadScriptLine("  set   Text1  a b  \r");
-  ASSERT_TRUE(line);
-  EXPECT_EQ(line->Command, "set");
-  EXPECT_EQ(line->Rest, "Text1  a b");
-}
-
 TEST(ScriptLine, TheLastArgumentRunsToTheEndOfTheLine) {
   const struct {
     const char* Rest;
@@ -42,12 +32,6 @@ TEST(ScriptLine, WhatIsNoEscapeIsRefusedUnlessEscapesAreKept) {
   EXPECT_FALSE(ReadArguments("C:\\x", 1));
   EXPECT_FALSE(ReadArguments("end\\", 1));
   EXPECT_EQ(ReadArguments("5 echo a\\tb", 2, Escapes::Keep), (Words{"5", "echo a\\tb"}));
-}
-
-TEST(ScriptLine, NumbersArePlain) {
-  EXPECT_EQ(ReadNumber("12"), 12);
-  EXPECT_EQ(ReadNumber("-1"), -1);
-  for (const char* text : {"", "1x", " 1", "1.5", "99999999999"}) EXPECT_FALSE(ReadNumber(text)) << text;
 }
 
 TEST(TextCodec, EveryTextSurvivesEscaping) {

@@ -49,15 +49,6 @@ class PageBuilderTest : public testing::Test {
   PageBuilder builder_{project_, {optAll_, Combo3_, chkNewWin_, chkBullet_}, folder_.Folder, dialogs_};
 };
 
-TEST_F(PageBuilderTest, WithoutResultsTheTextStaysAndTheUserIsTold) {
-  project_.txtHTML2.SetText("mine");
-  builder_.GenerateLinks();
-  EXPECT_EQ(project_.txtHTML2.Text(), "mine");
-  ASSERT_EQ(dialogs_.Boxes.size(), 1U);
-  EXPECT_EQ(dialogs_.Boxes[0].Text,
-            "No links were found in your Links List to generate HTML from.  Please scan for links first.");
-}
-
 TEST_F(PageBuilderTest, AnEntryIsBuiltFromTheFirstFieldsThatHoldSomething) {
   Result("one.example", "a.example", "Direct Link");
   Result("two.example", "a.example", "Redirect Link");

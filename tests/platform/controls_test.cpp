@@ -88,20 +88,6 @@ TEST(CheckBox, ChangeRunsTheClickWhoeverMadeIt) {
   EXPECT_EQ(box.Value(), 1);
 }
 
-TEST(OptionGroup, ChoosingTheChosenOneRunsItsClickAgain) {
-  OptionGroup options("optScan", {"All", "Main", "Linking"});
-  EXPECT_EQ(options.Chosen(), -1);
-  std::vector<int> seen;
-  options.OnClick = [&](int index) { seen.push_back(index); };
-  options.Choose(1);
-  options.Choose(1);
-  options.Choose(0);
-  EXPECT_EQ(seen, (std::vector<int>{1, 1, 0}));
-  EXPECT_EQ(NumberOf([&] { options.Choose(3); }), 9);
-  EXPECT_EQ(NumberOf([&] { options.Choose(-1); }), 9);
-  EXPECT_EQ(options.Chosen(), 0);
-}
-
 TEST(ComboBox, PickingTakesTheRowAndTypingLeavesIt) {
   ComboBox combo("cmbAdvance", "25", {"10", "25"});
   int clicks = 0;
@@ -139,45 +125,6 @@ TEST(ProgressBar, RoundsHalvesToEvenAndRefusesTheRest) {
     EXPECT_EQ(NumberOf([&] { bar.SetValue(value); }), 380) << value;
   }
   EXPECT_EQ(bar.Value(), 100);
-}
-
-/// Writes down what it is asked to do.
-class RecordingEngine : public BrowserEngine {
- public:
-  void Navigate(const std::string& url) override { Asked.push_back("go " + url); }
-  void Stop() override { Asked.emplace_back("stop"); }
-  void Refresh() override { Asked.emplace_back("refresh"); }
-  void GoBack() override { throw RuntimeFailure(Failure::InvalidArgument); }
-  void GoForward() override { Asked.emplace_back("forward"); }
-
-  Texts Asked;
-};
-
-TEST(BrowserView, RemembersWhatWasAskedForBeforeItsEngineCame) {
-  BrowserView view("WebBrowser1");
-  Texts heard;
-  view.OnNavigate = [&](const std::string& url) { heard.push_back(url); };
-  view.Stop();
-  view.Refresh();
-  view.GoBack();
-  view.GoForward();
-  view.Navigate("early");
-  EXPECT_EQ(view.AskedFor(), "early");
-  RecordingEngine engine;
-  view.SetEngine(&engine);
-  view.Navigate("late");
-  view.Stop();
-  view.Refresh();
-  view.GoForward();
-  EXPECT_EQ(NumberOf([&] { view.GoBack(); }), 5);
-  EXPECT_EQ(engine.Asked, (Texts{"go late", "stop", "refresh", "forward"}));
-  EXPECT_EQ(heard, (Texts{"early", "late"}));
-  EXPECT_EQ(view.LocationUrl(), "") << "a navigation is no arrival";
-  std::string arrived;
-  view.OnDocumentComplete = [&] { arrived = view.LocationUrl(); };
-  view.DocumentComplete("moved");
-  EXPECT_EQ(arrived, "moved");
-  EXPECT_EQ(view.AskedFor(), "late");
 }
 
 }  // namespace

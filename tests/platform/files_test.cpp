@@ -100,32 +100,19 @@ TEST(xcopyFile, OverwritesAndKeepsSilent) {
   EXPECT_EQ(ReadFile(folder.File("source")), "new");
 }
 
-TEST(MoveToBackup, KeepsTheNewestOfEachName) {
-  const TemporaryFolder program;
-  const TemporaryFolder projects;
-  const ProgramFolder& folder = program.Folder;
-  for (const char* text : {"first", "second"}) {
-    WriteFile(projects.File("a.prj"), text);
-    MoveToBackup(folder, projects.File("a.prj"));
-    EXPECT_FALSE(FileExists(projects.File("a.prj")));
-    EXPECT_EQ(ReadFile(program.File("Backup/a.prj")), text);
-  }
-  WriteFile(projects.File("b.prj"), "b");
-  MoveToBackup(folder, projects.File("b.prj"));
-  EXPECT_EQ(ReadFile(program.File("Backup/a.prj")), "second");
-}
-
-TEST(MoveToBackup, WorksAcrossFileSystems) {
+TEST(MoveToBackup, KeepsTheNewestOfEachNameAlsoAcrossFileSystems) {
   // Where there is no memory file system this is the plain move once more.
-  const fs::path elsewhere = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
-  const TemporaryFolder program(elsewhere);
-  const TemporaryFolder projects;
-  for (const char* text : {"first", "second"}) {
-    WriteFile(projects.File("a.prj"), text);
-    MoveToBackup(program.Folder, projects.File("a.prj"));
-    EXPECT_FALSE(FileExists(projects.File("a.prj")));
-    EXPECT_EQ(ReadFile(program.File("Backup/a.prj")), text);
-    EXPECT_FALSE(FileExists(program.File("Backup/a.prj.new")));
+  const fs::path memory = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
+  for (const fs::path& place : {fs::temp_directory_path(), memory}) {
+    const TemporaryFolder program(place);
+    const TemporaryFolder projects;
+    for (const char* text : {"first", "second"}) {
+      WriteFile(projects.File("a.prj"), text);
+      MoveToBackup(program.Folder, projects.File("a.prj"));
+      EXPECT_FALSE(FileExists(projects.File("a.prj"))) << place;
+      EXPECT_EQ(ReadFile(program.File("Backup/a.prj")), text) << place;
+      EXPECT_FALSE(FileExists(program.File("Backup/a.prj.new"))) << place;
+    }
   }
 }
 

@@ -45,19 +45,5 @@ TEST(Text, SortsIgnoringCaseAndShorterFirst) {
   EXPECT_GT(CompareText("\xC0", "z"), 0) << "bytes above 127 are not negative";
 }
 
-TEST(Text, CutsAndPads) {
-  EXPECT_EQ(Trim("  a b "), "a b");
-  EXPECT_EQ(Trim(" \ta\r\n"), "\ta\r\n") << "only blanks go";
-  EXPECT_EQ(Trim("   "), "");
-  EXPECT_EQ(Trim(""), "");
-  EXPECT_EQ(Left("abc", 9), "abc");
-  EXPECT_EQ(Right("abc", 9), "abc");
-  EXPECT_EQ(Before("host", '/'), "host");
-  EXPECT_EQ(Before("/host", '/'), "");
-  EXPECT_EQ(ZeroPadded(7, 3), "007");
-  EXPECT_EQ(ZeroPadded(1234, 3), "1234");
-  EXPECT_EQ(Lower("ABC\x8A\xC0\xD7z"), "abc\x9A\xE0\xD7z");
-}
-
 }  // namespace
 }  // namespace requite::test

@@ -242,18 +242,12 @@ TEST_F(PostingTest, ScriptUrlsAreAddedAndDeleted) {
 TEST_F(PostingTest, TheHelpOfTheMainWindowSpeaksInItsTitles) {
   cmdVariables_.Click();
   cmdExample_.Click();
-  const MessageBox variables = Boxes().Boxes.at(0);
-  EXPECT_TRUE(variables.Title.starts_with("URL Variables\r\n\r\nThese values will be URL Encoded"));
+  EXPECT_TRUE(Boxes().Boxes.at(0).Title.starts_with("URL Variables\r\n\r\nThese values will be URL Encoded"));
   EXPECT_TRUE(Boxes().Boxes.at(1).Title.starts_with("URL Example\r\n\r\nBy creating a script"));
-  const std::string fixed = Boxes().Boxes.at(1).Text;
-
   import_.Wire();
   cmdVariables_.Click();
-  EXPECT_EQ(Boxes().Boxes.back().Text, variables.Text);
+  EXPECT_EQ(Boxes().Boxes.back().Text, Boxes().Boxes.at(0).Text);
   EXPECT_EQ(Boxes().Boxes.back().Title, "URL Variables");
-  txtPost_.SetText("http://");
-  cmdExample_.Click();
-  EXPECT_TRUE(Boxes().Boxes.back().Text.starts_with(fixed + "\r\n\r\nEnter a test URL and click"));
   txtPost_.SetText("http://s.example/?$status&$MainSite");
   cmdExample_.Click();
   EXPECT_NE(Boxes().Boxes.back().Text.find("http://s.example/?$status&$MainSite\r\nwould become\r\n"

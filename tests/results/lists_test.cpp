@@ -67,8 +67,11 @@ struct LinksTab {
   }
 };
 
-TEST(ResultsPopup, BrowsesAndCopiesTheFieldsOfTheSelectedRow) {
+TEST(ResultsPopup, BrowsesCopiesAndMarksTheSelectedRow) {
   LinksTab tab;
+  for (int entry = -1; entry < 10; ++entry) tab.Popup.Click(entry);  // without a row
+  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "");
+  EXPECT_EQ(tab.List3.At(0).Linking, "partner.example");
   tab.List3.SelectOnly(0);
   const std::array<std::string, 3> fields{"main.example", "partner.example", "partner.example/p"};
   for (int i = 0; i < 3; ++i) {
@@ -78,34 +81,12 @@ TEST(ResultsPopup, BrowsesAndCopiesTheFieldsOfTheSelectedRow) {
     tab.Popup.Click(i + 3);
     EXPECT_EQ(tab.Clipboard.Text, field);
   }
-}
-
-TEST(ResultsPopup, MarksOverwriteTheLinkingFieldAndLeaveTheStatus) {
-  LinksTab tab;
-  tab.List3.SelectOnly(0);
-  tab.Popup.Click(7);
-  EXPECT_EQ(tab.List3.At(0).Linking, "Direct Link");
-  EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
-  EXPECT_EQ(tab.List3.Colour(0), kBlue);
-  EXPECT_EQ(tab.List3.Icon(0), 2);
-  tab.Popup.Click(8);
-  EXPECT_EQ(tab.List3.At(0).Linking, "None Found");
-  EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
-  EXPECT_EQ(tab.List3.Colour(0), kRed);
-  EXPECT_EQ(tab.List3.Icon(0), 1);
-}
-
-TEST(ResultsPopup, WithNoSelectedRowOnlyTheClipboardIsEmptied) {
-  LinksTab tab;
-  tab.Clipboard.Text = "old";
-  for (const int index : {0, 1, 2, 6, 7, 8, 9, -1}) tab.Popup.Click(index);
-  EXPECT_EQ(tab.Clipboard.Text, "old");
-  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "");
-  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
-  EXPECT_EQ(tab.List3.At(0).Linking, "partner.example");
-  EXPECT_EQ(tab.List3.Icon(0), 1);
-  tab.Popup.Click(3);
-  EXPECT_EQ(tab.Clipboard.Text, "");
+  for (const auto& [entry, words, colour] : {std::tuple(7, "Direct Link", kBlue), {8, "None Found", kRed}}) {
+    tab.Popup.Click(entry);
+    EXPECT_EQ(tab.List3.At(0).Linking, words) << "a mark goes into the wrong column";
+    EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
+    EXPECT_EQ(tab.List3.Colour(0), colour);
+  }
 }
 
 TEST(WebTab, BrowsingShowsTheTabAndAddsASchemeOnlyWithoutTheLetters) {
