@@ -50,7 +50,7 @@ std::string CommandWithOption(CLI::App& app, const std::string& option) {
   return {};
 }
 
-std::string WithNearest(std::string complaint, const std::string& word,
+std::string WithNearest(const std::string& complaint, const std::string& word,
                         const std::vector<std::string>& candidates) {
   const std::string nearest = NearestWord(word, candidates);
   return nearest.empty() ? complaint : complaint + ", did you mean " + nearest + "?";

@@ -18,13 +18,41 @@ bool EqualFolded(const char* a, const char* b, std::size_t length) {
   return true;
 }
 
+constexpr int kFoldBlock = 32;
+
+bool IsAscii(const char* block) {
+  unsigned char all = 0;
+  for (int i = 0; i < kFoldBlock; ++i)
+    all = static_cast<unsigned char>(all | static_cast<unsigned char>(block[i]));
+  return all < 0x80;
+}
+
+char FoldAscii(char letter) {
+  return static_cast<char>(letter >= 'A' && letter <= 'Z' ? letter + 32 : letter);
+}
+
+void FoldByTable(char* begin, const char* end) {
+  for (char* at = begin; at != end; ++at)
+    *at = static_cast<char>(kFoldTable[static_cast<unsigned char>(*at)]);
+}
+
 }  // namespace
 
 unsigned char FoldByte(unsigned char byte) { return kFoldTable[byte]; }
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
-  for (char& c : lower) c = static_cast<char>(kFoldTable[static_cast<unsigned char>(c)]);
+  char* at = lower.data();
+  char* const end = at + lower.size();
+  // Letters beyond ASCII are rare, and without them the compiler folds a block at a time.
+  for (; end - at >= kFoldBlock; at += kFoldBlock) {
+    if (IsAscii(at)) {
+      for (int i = 0; i < kFoldBlock; ++i) at[i] = FoldAscii(at[i]);
+    } else {
+      FoldByTable(at, at + kFoldBlock);
+    }
+  }
+  FoldByTable(at, end);
   return lower;
 }
 

@@ -31,7 +31,8 @@ std::string BehindLinks(std::string path) {
     std::error_code error;
     const std::string next = std::filesystem::read_symlink(path, error).string();
     if (error) return path;
-    path = next.starts_with('/') ? next : FolderOf(path) + next;
+    if (next.starts_with('/')) path.clear();
+    path.erase(path.rfind('/') + 1).append(next);
   }
   ThrowFileFailure(path, ELOOP);
 }

@@ -60,8 +60,11 @@ Analyser::Road Analyser::TakeLink(std::string& link) {
     context_.State.ReasonNote = "Possible Rule Problem";
     return RoadOfRefused(link);
   }
-  if (!IsSeenUrl(context_, link) && sites_.IsOnLinkingSite(link)) QueuePage(link);
-  return Road::Record;
+  if (!GoesOn(link)) return Road::NextLine;
+  const bool isNew = !IsSeenUrl(context_, link);
+  if (!GoesOn(link)) return Road::NextLine;
+  if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link);
+  return GoesOn(link) ? Road::Record : Road::NextLine;
 }
 
 /// A link of megabytes costs each of its tests some milliseconds, so events run between them. False when

@@ -23,9 +23,13 @@ std::optional<std::string> MovedAddress(PageLines& lines, const std::string& pag
   }
   std::string address(line);
   if (hasHref) {
-    for (const std::string_view piece : {"href=", ">here</a></body", "\"", "'", " "}) {
-      if (address.size() > slices.Bytes && !slices.GoOn()) return std::nullopt;
+    for (const std::string_view piece : {"href=", ">here</a></body"}) {
       ReplaceIn(address, piece, "", Compare::Text);
+      if (address.size() > slices.Bytes && !slices.GoOn()) return std::nullopt;
+    }
+    for (const char sign : {'"', '\'', ' '}) {
+      std::erase(address, sign);
+      if (address.size() > slices.Bytes && !slices.GoOn()) return std::nullopt;
     }
   }
   return address.empty() ? pageFull : address;

@@ -45,5 +45,12 @@ TEST(Text, SortsIgnoringCaseAndShorterFirst) {
   EXPECT_GT(CompareText("\xC0", "z"), 0) << "bytes above 127 are not negative";
 }
 
+TEST(Text, LowersBlocksAsSingleBytes) {
+  // Whole blocks of plain letters take another road than those with a letter beyond ASCII.
+  const std::string block = "THE QUICK BROWN FOX [JUMPS] @{OVER} 0123456789 OF THE LAZY DOG";
+  const std::string folded = "the quick brown fox [jumps] @{over} 0123456789 of the lazy dog";
+  EXPECT_EQ(Lower(block + "\xC0\x8A\xD7" + block), folded + "\xE0\x9A\xD7" + folded);
+}
+
 }  // namespace
 }  // namespace requite::test
