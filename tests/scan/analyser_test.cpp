@@ -71,6 +71,14 @@ TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
   }
 }
 
+/// Random pages have no such link, as good as never.
+TEST_F(AnalyserTest, ADomainLinkLeavesTheWebsiteUrl) {
+  state.MainSiteKey = "shop.main.example";
+  rig.Page("<a href=\"http://www.main.example/\">");
+  EXPECT_THAT(rig.Results(), ElementsAre("Domain Link 001 site.example/d/p.htm"));
+  EXPECT_EQ(rig.Rig.Sites.List1(1).At(0).WebsiteUrl, "http://www.site.example/start");
+}
+
 TEST_F(AnalyserTest, AStopAtAnyYieldQueuesNothingMore) {
   const std::string page = "<a href=/a.htm >\r\n<a href=\"http://main.example/\">\r\n<a href=/b.htm >\r\n";
   rig.Page(page);
@@ -119,6 +127,14 @@ TEST_F(AnalyserTest, TheFullSeenTableStopsTheChainBehindTheQueuedPage) {
   rig.Page("<a href=/a.htm ><a href=/b.htm >");
   EXPECT_THAT(rig.Queue(), ElementsAre("site.example/a.htm"));
   EXPECT_EQ(state.PagesQueued, SeenPages::kSlots);
+  EXPECT_THAT(rig.Steps.Calls, IsEmpty());
+}
+
+TEST_F(AnalyserTest, ACountOfLinksBeyondSixteenBitsEndsThePage) {
+  state.LinksExpected = state.LinksCounted = 32767;
+  rig.Page("<a href=\"http://main.example/\">");
+  EXPECT_THAT(rig.Results(), IsEmpty());
+  EXPECT_EQ(state.LinksOnSite, 1);
   EXPECT_THAT(rig.Steps.Calls, IsEmpty());
 }
 
