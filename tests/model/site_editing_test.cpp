@@ -31,6 +31,16 @@ struct FocusView : ControlView {
   int Taken = 0;
 };
 
+TEST_F(SiteEditingTest, NothingCanBeAddedOrChangedBeforeThereIsSomething) {
+  for (const Control* each : std::initializer_list<const Control*>{
+           &Controls.cmdAdd2, &Controls.cmdDelete, &Controls.cmdEditMain, &Controls.Text1, &Controls.cmdAdd,
+           &Controls.cmbDel, &Controls.cmdEdit}) {
+    EXPECT_FALSE(each->EnabledInEffect()) << each->Name();
+    EXPECT_FALSE(each->Enabled()) << each->Name() << " would be enabled with its frame";
+  }
+  EXPECT_FALSE(Controls.Text1.VisibleInEffect());
+}
+
 TEST_F(SiteEditingTest, ASelectedMainSiteShowsItsListAlone) {
   AddSites(3, {"a.example"});
   ClickLinkingSite(3, 0);
