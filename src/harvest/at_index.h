@@ -21,11 +21,13 @@ class AtIndex {
   [[nodiscard]] bool IsGone(std::size_t place) const { return gone_[place]; }
   /// The next place that is not gone.
   [[nodiscard]] std::size_t After(std::size_t place) const;
+  /// The place before `place` that is not gone, or npos.
+  [[nodiscard]] std::size_t Before(std::size_t place) const;
 
   /// Takes `context` and the "@" after it out wherever they stand from `begin` on. `context` holds no "@" and
-  /// is not empty. Tells `taken` of each place.
-  template <class Taken>
-  void TakeOut(std::size_t begin, std::string_view context, Taken&& taken) {
+  /// is not empty. Tells `taken` of each place, and then `joined` of each "@" that has a new neighbour.
+  template <class Taken, class Joined>
+  void TakeOut(std::size_t begin, std::string_view context, Taken&& taken, Joined&& joined) {
     FindMatches(begin, context);
     for (const std::uint32_t which : matches_) Unlink(which);
     for (const std::uint32_t which : matches_) {
@@ -37,7 +39,14 @@ class AtIndex {
       }
       Close(first, ats_[which].Place + 1);
     }
-    for (const std::uint32_t which : matches_) AddGrown(begin, ats_[which].Next);
+    for (const std::uint32_t which : matches_) {
+      AddGrown(begin, ats_[which].Next);
+      for (const std::uint32_t next : {ats_[which].Previous, ats_[which].Next}) {
+        if (next == kNone) continue;
+        const std::size_t place = ats_[next].Place;
+        if (place >= begin && !gone_[place]) joined(place);
+      }
+    }
   }
 
  private:
@@ -59,8 +68,6 @@ class AtIndex {
     std::vector<Entry> Entries;
   };
 
-  /// The place before `place` that is not gone, or npos.
-  [[nodiscard]] std::size_t Before(std::size_t place) const;
   void Close(std::size_t first, std::size_t end);
   void Unlink(std::uint32_t which);
   void FindMatches(std::size_t begin, std::string_view context);

@@ -4,36 +4,23 @@
 #include "harvest/email_line.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
+#include "harvest/email_characters.h"
 #include "harvest/email_tail.h"
 #include "platform/text.h"
 
 namespace requite {
 namespace {
 
-constexpr std::size_t kLongHalf = 256;
 constexpr std::size_t kLeftHalf = 40;  ///< characters kept up to an "@" that stands further in
 
-using Characters = std::array<bool, 256>;
-
-constexpr Characters MakeCharacters(std::string_view members) {
-  Characters set{};
-  for (const char c : members) set[static_cast<unsigned char>(c)] = true;
-  return set;
-}
-
-/// What is cleaned away; the right half loses its commas as well, and neither loses its "&".
-constexpr Characters kCleanedOfLeft = MakeCharacters(":\" <>[]()?=*/-\r\n;");
-constexpr Characters kCleanedOfRight = MakeCharacters(":\" <>[]()?=,*/-\r\n;");
-
-std::string Clean(std::string_view text, const Characters& cleaned) {
+std::string Clean(std::string_view text, const CharacterSet& cleaned) {
   std::string clean;
   clean.reserve(text.size());
   for (const char c : text) {
-    if (!cleaned[static_cast<unsigned char>(c)]) clean += c;
+    if (!cleaned.Has(c)) clean += c;
   }
   return clean;
 }
@@ -43,8 +30,8 @@ std::string_view LeftHalf(std::string_view piece) {
   if (piece.size() < 3) return {};
   const std::size_t end = piece.size() - 1;
   std::size_t begin = end - 2;
-  if (IsStopCharacter(piece[end - 1])) return piece.substr(begin, end - begin);
-  while (begin > 0 && !IsStopCharacter(piece[begin])) --begin;
+  if (kStops.Has(piece[end - 1])) return piece.substr(begin, end - begin);
+  while (begin > 0 && !kStops.Has(piece[begin])) --begin;
   return piece.substr(begin, end - begin);
 }
 
@@ -63,12 +50,17 @@ std::string TakeToAt(EmailTail& tail) {
   return tail.TakeEverywhere(next == std::string_view::npos ? 0 : next + 1);
 }
 
-/// A half of megabytes comes again and again, less its front, on a line without stop characters; most of them
-/// need not be looked at beyond their beginning.
-void TakeHalves(std::string_view piece, std::size_t right, const EmailTail& tail, EmailLineReader& reader) {
+/// Hands the two halves on. False when the reader ended the line.
+bool TakeHalves(std::string_view piece, std::size_t right, EmailTail& tail, EmailLineReader& reader) {
+  // A right half that is all the rest stays in the line, so it comes again and again, less its front. It may
+  // be megabytes long, so it is not read each time.
+  const bool comesAgain = right == tail.Length() && tail.IsIndexed();
+  if (!reader.GoesOn(piece.size() + (comesAgain ? 0 : right))) return false;
+  if (!tail.HasDot()) return true;
   const std::string left = Clean(LeftHalf(piece), kCleanedOfLeft);
-  if (right > kLongHalf && !reader.MayBeAddress(left, tail.Front(kLongHalf))) return;
+  if (comesAgain && (!tail.HoldsOneAddress(left) || reader.TakeLongAddress(tail.Staying()))) return true;
   reader.TakeHalves(left, tail.Front(right));
+  return true;
 }
 
 }  // namespace
@@ -84,8 +76,7 @@ bool ReadEmailLine(std::string line, EmailLineReader& reader) {
   while (tail.FirstAt() != std::string_view::npos) {
     const std::string piece = TakeToAt(tail);
     const std::size_t right = RightLength(tail);
-    if (!reader.GoesOn(piece.size() + right)) return false;
-    if (tail.HasDot()) TakeHalves(piece, right, tail, reader);
+    if (!TakeHalves(piece, right, tail, reader)) return false;
     // One character behind the stop goes too; where there is none to take, the text stays whole.
     const std::size_t cut = std::max<std::size_t>(right, 1) + 1;
     if (cut <= tail.Length()) tail.TakeFront(cut);

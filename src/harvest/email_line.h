@@ -14,10 +14,11 @@ class EmailLineReader {
   virtual ~EmailLineReader() = default;
   /// So many characters have been looked at since the last call: events may run. False ends the line.
   [[nodiscard]] virtual bool GoesOn(std::size_t characters) = 0;
-  /// Asked before TakeHalves where the right half is long, with its beginning. False: it is left out.
-  [[nodiscard]] virtual bool MayBeAddress(const std::string& left, std::string_view rightBegin) = 0;
-  /// The two halves around an "@", the left one cleaned. Most are no address; those without a full stop on
-  /// the right, which never are, may be left out. Where no stop character comes, `right` is the whole rest.
+  /// An address whose right half is the whole rest of a long line. At least so many characters stay of that
+  /// half as a website's key. True: that is all there is to know; false: TakeHalves brings its text.
+  [[nodiscard]] virtual bool TakeLongAddress(std::size_t staying) = 0;
+  /// The two halves around an "@", the left one cleaned. Most are no address, and some of those are left
+  /// out. Where no stop character comes, `right` is the whole rest.
   virtual void TakeHalves(const std::string& left, std::string_view right) = 0;
 };
 

@@ -25,14 +25,4 @@ bool EmailPattern::IsValidEmail(std::string_view text) const {
   return RE2::FindAndConsume(&rest, *pattern_, &match) && !RE2::FindAndConsume(&rest, *pattern_, &match);
 }
 
-bool EmailPattern::HoldsTwoEmails(std::string_view text) const {
-  // A match goes on as far as its letters do, so one that ends before the last "@" is not changed by what
-  // follows.
-  const std::size_t at = text.rfind('@');
-  if (at == std::string_view::npos) return false;
-  re2::StringPiece rest(text.data(), at);
-  re2::StringPiece match;
-  return RE2::FindAndConsume(&rest, *pattern_, &match) && RE2::FindAndConsume(&rest, *pattern_, &match);
-}
-
 }  // namespace requite

@@ -19,8 +19,6 @@ class EmailPattern {
 
   /// Whether exactly one address stands in the text. What stands around it does not matter.
   [[nodiscard]] bool IsValidEmail(std::string_view text) const;
-  /// Whether two addresses stand in the text, whatever may be appended to it.
-  [[nodiscard]] bool HoldsTwoEmails(std::string_view text) const;
 
  private:
   std::unique_ptr<const re2::RE2> pattern_;

@@ -3,10 +3,10 @@
 #include "harvest/email_tail.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstring>
 
+#include "harvest/email_characters.h"
 #include "platform/text.h"
 
 namespace requite {
@@ -14,16 +14,9 @@ namespace {
 
 constexpr std::size_t kSearchesFirst = 16;  ///< whole lines searched before the tables pay
 
-constexpr std::array<bool, 256> MakeStops() {
-  std::array<bool, 256> stops{};
-  for (const char c : std::string_view("\": ><[]()?=,&*/;")) stops[static_cast<unsigned char>(c)] = true;
-  return stops;
-}
-constexpr std::array<bool, 256> kStops = MakeStops();
+bool Stays(char c) { return c != 'w' && c != '.' && !kCleanedOfRight.Has(c); }
 
 }  // namespace
-
-bool IsStopCharacter(char c) { return kStops[static_cast<unsigned char>(c)]; }
 
 LastRuns::LastRuns(std::string_view text) : lastAt_(std::bit_ceil(text.size() + 1)) {
   for (std::size_t at = 0; at + kRun <= text.size(); ++at) {
@@ -49,9 +42,11 @@ void EmailTail::Begin(std::string text) {
   text_ = std::move(text);
   begin_ = 0;
   length_ = text_.size();
+  staying_ = static_cast<std::size_t>(std::count_if(text_.begin(), text_.end(), Stays));
   at_ = stop_ = {};
   lastDot_ = text_.rfind('.');
   moved_ = false;
+  addresses_.reset();
   index_.reset();
   runs_.reset();
 }
@@ -72,7 +67,14 @@ std::size_t EmailTail::FirstAt() {
   return at_.Place == text_.size() ? std::string::npos : offset;
 }
 
-std::size_t EmailTail::FirstStop() { return Find(stop_, IsStopCharacter); }
+std::size_t EmailTail::FirstStop() {
+  return Find(stop_, [](char c) { return kStops.Has(c); });
+}
+
+bool EmailTail::HoldsOneAddress(std::string_view left) {
+  if (!addresses_) addresses_.emplace(text_, *index_, begin_);
+  return addresses_->HoldOne(left, begin_);
+}
 
 bool EmailTail::HasDot() {
   while (lastDot_ != std::string::npos && lastDot_ >= begin_ && IsGone(lastDot_)) {
@@ -93,6 +95,7 @@ std::string EmailTail::Front(std::size_t count) const {
 
 void EmailTail::Forget(std::size_t place) {
   --length_;
+  if (Stays(text_[place])) --staying_;
   for (Mark* const mark : {&at_, &stop_}) {
     if (place < mark->Place && mark->Offset > 0) --mark->Offset;
   }
@@ -113,16 +116,25 @@ std::string EmailTail::TakeEverywhere(std::size_t count) {
   searched_ += length_;
   const bool pays = searched_ > kSearchesFirst * text_.size();
   if (pays && piece.ends_with('@') && piece.size() > 1) {
-    if (!index_) index_.emplace(text_);
-    index_->TakeOut(begin_, std::string_view(piece).substr(0, piece.size() - 1), [this](std::size_t place) {
-      Forget(place);
-      moved_ = true;
-    });
+    TakeOutOfIndex(std::string_view(piece).substr(0, piece.size() - 1));
     while (begin_ < text_.size() && IsGone(begin_)) ++begin_;
   } else if (!pays || MayStandFurtherOn(piece)) {
     TakeOutOfPlainText(piece);
   }
   return piece;
+}
+
+void EmailTail::TakeOutOfIndex(std::string_view context) {
+  if (!index_) index_.emplace(text_);
+  const auto taken = [this](std::size_t place) {
+    Forget(place);
+    if (addresses_ && text_[place] == '@') addresses_->Forget(place);
+    moved_ = true;
+  };
+  const auto joined = [this](std::size_t at) {
+    if (addresses_) addresses_->Look(at);
+  };
+  index_->TakeOut(begin_, context, taken, joined);
 }
 
 bool EmailTail::MayStandFurtherOn(const std::string& piece) {

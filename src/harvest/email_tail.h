@@ -9,12 +9,10 @@
 #include <string_view>
 #include <vector>
 
+#include "harvest/address_ats.h"
 #include "harvest/at_index.h"
 
 namespace requite {
-
-/// The characters at which both halves of an address stop.
-[[nodiscard]] bool IsStopCharacter(char c);
 
 /// Where each run of eight characters of a text stands last; runs that share a place count as one.
 class LastRuns {
@@ -43,6 +41,14 @@ class EmailTail {
   /// The offset of the first stop character, or the length.
   [[nodiscard]] std::size_t FirstStop();
   [[nodiscard]] bool HasDot();
+  /// How many characters at least stay of the text when it becomes the key of a website: neither cleaning nor
+  /// the removal of "www." takes them away.
+  [[nodiscard]] std::size_t Staying() const { return staying_; }
+  /// Whether HoldsOneAddress may be asked. It is so once much of the line was searched again and again.
+  [[nodiscard]] bool IsIndexed() const { return index_.has_value(); }
+  /// Whether exactly one address stands in the cleaned left half, an "@", and the whole text cleaned. Only
+  /// where the text holds no stop character but at its end, and what was taken last ended in an "@".
+  [[nodiscard]] bool HoldsOneAddress(std::string_view left);
   /// Takes the first `count` characters away, here only. Returns them.
   std::string TakeFront(std::size_t count);
   /// Takes the first `count` characters away, and every other occurrence of them. They hold no "@" but at
@@ -65,17 +71,20 @@ class EmailTail {
   std::size_t Find(Mark& mark, Test&& test);
   void Forget(std::size_t place);
   [[nodiscard]] bool MayStandFurtherOn(const std::string& piece);
+  void TakeOutOfIndex(std::string_view context);
   void TakeOutOfPlainText(const std::string& piece);
 
   std::string text_;
   std::size_t begin_ = 0;
   std::size_t length_ = 0;
+  std::size_t staying_ = 0;
   Mark at_;
   Mark stop_;
   std::size_t lastDot_ = std::string::npos;
   std::size_t searched_ = 0;
   bool moved_ = false;  // something is gone from the middle of text_
   std::optional<AtIndex> index_;
+  std::optional<AddressAts> addresses_;  // of index_
   std::optional<LastRuns> runs_;
 };
 

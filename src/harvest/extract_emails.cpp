@@ -2,6 +2,7 @@
 // The reading of a page for addresses, and what is done for a new one.
 #include "harvest/extract_emails.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "platform/runtime_failure.h"
@@ -41,8 +42,12 @@ bool EmailHarvester::GoesOn(std::size_t characters) {
   return context_.State.Scanning;
 }
 
-bool EmailHarvester::MayBeAddress(const std::string& left, std::string_view rightBegin) {
-  return !pattern_.HoldsTwoEmails(left + "@" + CleanRight(rightBegin));
+bool EmailHarvester::TakeLongAddress(std::size_t staying) {
+  // What no field of the database takes in is in none, and what is longer than every known URL is no known
+  // one.
+  if (staying <= std::max(modDatabase::kFieldLength, LongestSeenUrl(context_))) return false;
+  CountAddress([] { return true; });
+  return true;
 }
 
 void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRight) {
@@ -51,10 +56,17 @@ void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRig
   // The test of the form comes first: it keeps the statement behind it what it is.
   if (!IsValidEmail(candidate) || database_.EmailExists(candidate)) return;
   database_.AddEmail(candidate);
-  CountAddress(right);
+  CountAddress([&] { return AddWebsiteOf(right); });
 }
 
-void EmailHarvester::CountAddress(const std::string& right) {
+bool EmailHarvester::AddWebsiteOf(const std::string& right) {
+  std::string url = "http://www." + right + "/";
+  if (IsSeenUrl(context_, url)) return false;
+  return database_.AddWebsite(url);
+}
+
+template <class AddWebsite>
+void EmailHarvester::CountAddress(AddWebsite&& addWebsite) {
   ScanState& state = context_.State;
   const auto raise = [](std::int32_t& counter) {
     if (counter < std::numeric_limits<std::int32_t>::max()) ++counter;
@@ -65,11 +77,7 @@ void EmailHarvester::CountAddress(const std::string& right) {
       context_.Platform.Sounds.PlaySoundFile(context_.Folder.File(sound::kLinkFound));
     }
   });
-  std::string url = "http://www." + right + "/";
-  if (!IsSeenUrl(context_, url)) {
-    database_.AddWebsite(url);
-    PassOver([&] { context_.Host.UpdateStats(1); });
-  }
+  if (addWebsite()) PassOver([&] { context_.Host.UpdateStats(1); });
   PassOver([&] { context_.Host.UpdateStats(2); });
   raise(state.PagesQueued);  // a slot of SeenPages with nothing stored into it
   context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");

@@ -26,9 +26,12 @@ class EmailHarvester : private EmailLineReader {
  private:
   void ReadLines(std::int16_t connection);
   [[nodiscard]] bool GoesOn(std::size_t characters) override;
-  [[nodiscard]] bool MayBeAddress(const std::string& left, std::string_view rightBegin) override;
+  [[nodiscard]] bool TakeLongAddress(std::size_t staying) override;
   void TakeHalves(const std::string& left, std::string_view right) override;
-  void CountAddress(const std::string& right);
+  /// Counts and announces a new address. `addWebsite` tells whether its website is a new one.
+  template <class AddWebsite>
+  void CountAddress(AddWebsite&& addWebsite);
+  [[nodiscard]] bool AddWebsiteOf(const std::string& right);
 
   ScanContext& context_;
   modDatabase& database_;

@@ -2,6 +2,8 @@
 // A list that can tell at once whether any of its rows has a given key.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 
@@ -17,26 +19,42 @@ class KeyedList : public RecordList<Record> {
   using RecordList<Record>::RecordList;
 
   [[nodiscard]] bool HasKey(const std::string& key) {
-    if (!indexed_) {
-      indexed_ = true;
-      for (std::size_t row = 0; row < this->RowCount(); ++row) ++counts_[KeyOf::Key(this->At(row))];
-    }
+    MakeIndex();
     return counts_.contains(key);
+  }
+  /// No row has a longer key, in bytes. Rows that have left may still count.
+  [[nodiscard]] std::size_t LongestKey() {
+    MakeIndex();
+    return longest_;
   }
 
  protected:
   void RowEnters(const Record& record) override {
-    if (indexed_) ++counts_[KeyOf::Key(record)];
+    if (indexed_) Count(KeyOf::Key(record));
   }
   void RowLeaves(const Record& record) override {
     if (!indexed_) return;
     const auto found = counts_.find(KeyOf::Key(record));
     if (found != counts_.end() && --found->second == 0) counts_.erase(found);
   }
-  void AllRowsLeave() override { counts_.clear(); }
+  void AllRowsLeave() override {
+    counts_.clear();
+    longest_ = 0;
+  }
 
  private:
+  void MakeIndex() {
+    if (indexed_) return;
+    indexed_ = true;
+    for (std::size_t row = 0; row < this->RowCount(); ++row) Count(KeyOf::Key(this->At(row)));
+  }
+  void Count(const std::string& key) {
+    ++counts_[key];
+    longest_ = std::max(longest_, key.size());
+  }
+
   std::unordered_map<std::string, int> counts_;
+  std::size_t longest_ = 0;
   bool indexed_ = false;
 };
 

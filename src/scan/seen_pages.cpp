@@ -19,6 +19,7 @@ void SeenPages::Store(std::int32_t index, const std::string& url) {
     if (old->second.empty()) slotsOf_.erase(old);
   }
   slots_[slot] = url;
+  longest_ = std::max(longest_, url.size());
   if (url.empty()) return;
   std::vector<std::int32_t>& held = slotsOf_[Lower(url)];
   held.insert(std::upper_bound(held.begin(), held.end(), index), index);

@@ -3,6 +3,7 @@
 // slots goes back, so what stood in a slot before can count as seen again.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -20,8 +21,11 @@ class SeenPages {
   /// Whether any slot from 0 to `last` holds the url, given in lower case: equal length, text compare.
   /// An empty url is held by nothing.
   [[nodiscard]] bool HasUpTo(std::int32_t last, const std::string& lowerUrl) const;
+  /// No slot holds a longer url, in bytes. Those stored over may still count.
+  [[nodiscard]] std::size_t LongestUrl() const { return longest_; }
 
  private:
+  std::size_t longest_ = 0;
   std::vector<std::string> slots_;  // grows to the highest slot stored so far
   std::unordered_map<std::string, std::vector<std::int32_t>> slotsOf_;  // by lower-case url, ascending
 };

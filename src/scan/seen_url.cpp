@@ -48,6 +48,14 @@ bool IsSeenUrl(const ScanContext& context, std::string& url) {
   return seen;
 }
 
+std::size_t LongestSeenUrl(const ScanContext& context) {
+  std::size_t longest = std::max(context.State.SeenPages.LongestUrl(), context.Lists.List2.LongestKey());
+  PassOver([&] {
+    longest = std::max(longest, context.Project.List1(context.Project.CurrentMainSite).LongestKey());
+  });
+  return longest;
+}
+
 bool RecordedPages::IsPageRecorded(std::string& page) {
   TakeLeftoversOff(page, {"http://", "ttp://", "tp://", "p://", "://"});
   if (!IsDigits(page) && NumbersAreDigits()) return false;

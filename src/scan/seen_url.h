@@ -2,6 +2,7 @@
 // Whether a URL was met before on this site, and whether a page stands in the results.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -13,6 +14,9 @@ namespace requite {
 /// before on this site. Takes scheme leftovers and outer blanks off `url`, in place. Failures are
 /// passed over.
 [[nodiscard]] bool IsSeenUrl(const ScanContext& context, std::string& url);
+
+/// IsSeenUrl is false for every URL that has more characters than this when all "www." are out of it.
+[[nodiscard]] std::size_t LongestSeenUrl(const ScanContext& context);
 
 /// Whether the "No." column of a result holds the page's text. That column has digits only, so no
 /// real page is ever recorded; the question is asked for its effect on its argument.
