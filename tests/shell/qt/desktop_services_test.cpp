@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The program's folder and its filling, figures and dates by locale, and sounds by a player program.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDateTime>
+#include <QEvent>
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
@@ -155,7 +158,17 @@ class DesktopShellTest : public testing::Test {
     ::setenv("PATH", folder_.Folder.Path.c_str(), 1);
     shell_.OnFailed = [this](const QString& what) { failed_.push_back(what.toStdString()); };
   }
-  ~DesktopShellTest() override { ::setenv("PATH", path_.c_str(), 1); }
+  ~DesktopShellTest() override {
+    // An opener outlives the shell, and so does its object; here it ends first.
+    EXPECT_TRUE(rig_.Until([] { return !HasChildren(); }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ::setenv("PATH", path_.c_str(), 1);
+  }
+
+  static bool HasChildren() {
+    siginfo_t info{};
+    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
+  }
 
   void Install(const char* program, const std::string& script) {
     MakeFile(folder_.File(program), "#!/bin/sh\n" + script + "\n");
