@@ -16,7 +16,7 @@ class OutputBuffer : public std::streambuf {
   OutputBuffer(const OutputBuffer&) = delete;
   OutputBuffer& operator=(const OutputBuffer&) = delete;
 
-  /// The number of the first failure, or 0. A reader that has gone away is none: it has seen enough.
+  /// The number of the first failure, or 0. A reader that has gone away does not count.
   [[nodiscard]] int Failure() const { return failure_; }
 
  protected:

@@ -12,7 +12,7 @@
 namespace requite {
 namespace {
 
-/// A line that is longer is none that a person or a program wrote: the file is no script.
+/// No person or program writes a longer line: the file is not a script.
 constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
 enum class Line { Read, TooLong, End };

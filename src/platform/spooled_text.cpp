@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The file without a name behind a long text.
+// The nameless file that holds most of a long text.
 #include "platform/spooled_text.h"
 
 #include <fcntl.h>

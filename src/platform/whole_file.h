@@ -36,7 +36,7 @@ class WholeFile {
 
   /// Whether there was a file to replace at construction.
   [[nodiscard]] bool Replaces() const { return replaces_; }
-  /// The path behind all links.
+  /// The path once all links are followed.
   [[nodiscard]] const std::string& Target() const { return target_; }
 
   /// Adds text at the end. The first call makes the temporary file.
@@ -63,7 +63,7 @@ class WholeFile {
   void Close();
 
   std::string target_;
-  std::string temporary_;  ///< empty when there is none to remove
+  std::string temporary_;  ///< empty when nothing is to be removed
   int descriptor_ = -1;
   bool replaces_ = false;
   std::optional<Rights> rights_;  ///< to be given to the temporary file; nothing: the usual ones
