@@ -70,6 +70,7 @@ void PageConnection::TryNextAddress() {
       continue;
     }
     state_ = State::Connecting;
+    reset_ = false;
     socket_.Open(descriptor, POLLOUT);
     return;
   }
@@ -107,7 +108,7 @@ void PageConnection::Receive(short readiness) {
       socket_.Close();
       state_ = State::Closed;
       // A connection that broke stays silent; only the server's own end is an event.
-      if (bytes == 0) Events->OnClose();
+      if (bytes == 0 && !reset_) Events->OnClose();
       return;
     }
     received_.append(piece.data(), static_cast<std::size_t>(bytes));
@@ -126,12 +127,14 @@ void PageConnection::SendData(std::string_view bytes) {
   SendRest();
 }
 
-/// A failure to send is silence: what the server has sent before can still be received.
+/// A failure to send is silence: what the server has sent before can still be received. The system tells
+/// of a reset once only: after a send that it failed, the next read looks like the server's own end.
 void PageConnection::SendRest() {
   if (outgoing_.empty()) return;
   const std::string_view rest = std::string_view(outgoing_).substr(sent_);
   const ssize_t sent = ::send(socket_.Descriptor(), rest.data(), rest.size(), MSG_NOSIGNAL);
   const bool broken = sent < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR;
+  if (broken && errno == ECONNRESET) reset_ = true;
   if (sent > 0) sent_ += static_cast<std::size_t>(sent);
   if (broken || sent_ == outgoing_.size()) DropOutgoing();
   WaitForServer();

@@ -50,6 +50,7 @@ class PageConnection : public Connection {
   std::string outgoing_;
   std::size_t sent_ = 0;  ///< bytes of outgoing_ that the system has taken: a path may be megabytes long
   std::string received_;
+  bool reset_ = false;  ///< a send found that the server had reset the connection
 };
 
 }  // namespace requite

@@ -20,6 +20,7 @@ class Recorder : public ConnectionEvents {
 
   void OnConnect() override {
     Note("connect");
+    if (BeforeRequest) BeforeRequest();
     connection_.SendData("GET / HTTP/1.1\r\n\r\n");
     Handle(OnConnected);
   }
@@ -38,6 +39,7 @@ class Recorder : public ConnectionEvents {
     Handle(OnClosed);
   }
 
+  std::function<void()> BeforeRequest;
   std::function<void()> OnConnected;
   std::function<void()> OnData;
   std::function<void()> OnClosed;
@@ -149,6 +151,26 @@ TEST_F(PageConnectionTest, WhatCannotBeReachedIsSilent) {
   EXPECT_EQ(recorder_.Events, Names{});
 
   connection_.Connect("127.0.0.1", resetting.Port());
+  ASSERT_TRUE(rig_.Until([&] { return !recorder_.Events.empty(); }));
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Events, Names{"connect"});
+}
+
+TEST_F(PageConnectionTest, AResetThatTheRequestFindsIsNoEnd) {
+  std::atomic<bool> connected = false;
+  std::atomic<bool> reset = false;
+  LocalServer server([&](ServedConnection& client) {
+    connected.wait(false);
+    client.Reset();
+    reset = true;
+  });
+  recorder_.BeforeRequest = [&] {
+    connected = true;
+    connected.notify_one();
+    while (!reset) YieldLong();
+    YieldLong();
+  };
+  connection_.Connect("127.0.0.1", server.Port());
   ASSERT_TRUE(rig_.Until([&] { return !recorder_.Events.empty(); }));
   rig_.Settle();
   EXPECT_EQ(recorder_.Events, Names{"connect"});
