@@ -3,6 +3,7 @@
 #include "harvest/domain_harvest.h"
 
 #include "harvest/result_line.h"
+#include "model/schemes.h"
 #include "platform/text.h"
 
 namespace requite {
@@ -27,12 +28,11 @@ std::int32_t TargetAt(int listIndex) {
 /// The text with a line break before each "http://" in any case. The scheme keeps its case: only a line
 /// that begins with it in lower case is looked at.
 std::string BrokenAtLinks(std::string_view html) {
-  constexpr std::string_view kScheme = "http://";
   std::string broken;
   broken.reserve(html.size());
   std::size_t copied = 0;
-  for (std::size_t at = Find(html, kScheme, Compare::Text); at != std::string_view::npos;
-       at = Find(html, kScheme, Compare::Text, at + kScheme.size())) {
+  for (std::size_t at = Find(html, kHttp, Compare::Text); at != std::string_view::npos;
+       at = Find(html, kHttp, Compare::Text, at + kHttp.size())) {
     broken.append(html.substr(copied, at - copied)).append(kLineEnd);
     copied = at;
   }

@@ -3,6 +3,7 @@
 #include "harvest/mod_database.h"
 
 #include "harvest/sql_file.h"
+#include "model/schemes.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 
@@ -17,11 +18,7 @@ void RequireFieldLength(std::string_view value) {
 }  // namespace
 
 bool modDatabase::AddWebsite(std::string& url) {
-  // The shorter forms are what is left of a scheme that a page cut short.
-  for (const std::string_view piece : {"http://", "ttp://", "tp://", "p://", "://"}) {
-    ReplaceIn(url, piece, "", Compare::Text);
-  }
-  url = std::string(Trim(url));
+  RemoveSchemeRemains(url);
   PassOver([&] {
     RequireFieldLength(url);
     SqlFile(Path()).Run("INSERT INTO [websites] ([website], [date]) VALUES (?, ?)",

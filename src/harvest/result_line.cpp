@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <array>
 
+#include "model/schemes.h"
 #include "platform/text.h"
 
 namespace requite {
 namespace {
 
-constexpr std::string_view kScheme = "http://";
 constexpr std::array<std::string_view, 12> kSuffixes = {"com", "org", "net", "gov", "Com", "Org",
                                                         "Net", "Gov", "COM", "ORG", "NET", "GOV"};
 
@@ -18,14 +18,14 @@ bool Holds(std::string_view text, std::string_view what) { return Contains(text,
 
 /// Only the scheme is compared by case. The engines' own pages are no results.
 bool IsAdmitted(std::string_view line) {
-  if (!line.starts_with(kScheme)) return false;
+  if (!line.starts_with(kHttp)) return false;
   if (Holds(line, "Yahoo.com") || Holds(line, "google.com") || Holds(line, "yimg")) return false;
   return Holds(line, ".org") || Holds(line, ".net") || Holds(line, ".com");
 }
 
 /// The host without its first label, whether or not that is "www": a bare "example.com" becomes "com".
 std::string WithoutFirstLabel(std::string_view line) {
-  std::string host(line.substr(kScheme.size()));
+  std::string host(line.substr(kHttp.size()));
   std::erase_if(host, [](char c) { return c == '"' || c == ' ' || c == '\''; });
   host = std::string(Before(Before(host, '>'), '/'));
   const std::size_t dot = host.find('.');

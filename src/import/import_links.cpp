@@ -7,6 +7,7 @@
 
 #include "import/extract_links.h"
 #include "import/strip_tags.h"
+#include "model/schemes.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "scan/http_get_text.h"
@@ -17,11 +18,9 @@ namespace {
 /// By row of the delimiter box.
 constexpr std::array<std::string_view, 4> kDelimiters = {"|", "%", ",", "!"};
 
-/// The host of the user's page, with the "/" behind it where the URL has one. Only small letters count.
+/// The host of the user's page, with the "/" after it where the URL has one.
 std::string BaseOf(std::string url) {
-  for (const std::string_view head : {"http://", "https://", "www."}) {
-    ReplaceIn(url, head, "", Compare::Binary);
-  }
+  RemoveLowerCaseSchemesAndWww(url);
   const std::size_t slash = url.find('/');
   if (slash != std::string::npos) url.resize(slash + 1);
   return url;

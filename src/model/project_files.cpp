@@ -6,6 +6,7 @@
 
 #include "model/project_reader.h"
 #include "model/project_text.h"
+#include "model/schemes.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
@@ -75,8 +76,7 @@ std::string ProjectFiles::DefaultSaveName() const {
   if (project_.List4.Empty() || project_.List4.At(0).Text.empty()) return "Unnamed.prj";
   std::string name = project_.List4.At(0).Text;
   ReplaceIn(name, ".", "", Compare::Text);
-  ReplaceIn(name, "http://", "", Compare::Text);
-  ReplaceIn(name, "https://", "", Compare::Text);
+  RemoveSchemes(name);
   return std::string(Before(name, '/')) + ".prj";
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "model/schemes.h"
 #include "model/settings.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -70,8 +71,7 @@ void SiteEditing::txtDomain_Change() {
 
 void SiteEditing::cmdAdd() {
   std::string entered = window_.Text1.Text();
-  ReplaceIn(entered, "http://", "", Compare::Text);
-  ReplaceIn(entered, "https://", "", Compare::Text);
+  RemoveSchemes(entered);
   window_.Text1.SetText(entered);
   if (IsEmptyOrBlank(entered)) {
     dialogs_.Say("Please enter the Website URL first.");
@@ -144,8 +144,8 @@ void SiteEditing::NewProject() {
   project_.lstRules.Clear();
   project_.List3.Clear();
   window_.txtDomain.SetText("");
-  project_.txtPost.SetText("http://");
-  window_.txtPost2.SetText("http://");
+  project_.txtPost.SetText(std::string(kHttp));
+  window_.txtPost2.SetText(std::string(kHttp));
   project_.lstMulti.Clear();
   window_.cmbSites.Clear();
   window_.Text1.SetText("");

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Scheme, "www." and path taken off a URL by plain text operations, without copies on the usual road.
+// Scheme, "www." and path are taken off a URL by plain text operations.
 #include "model/url_forms.h"
 
+#include "model/schemes.h"
 #include "platform/text.h"
 
 namespace requite {
 namespace {
 
-constexpr std::string_view kHttp = "http://";
-constexpr std::string_view kHttps = "https://";
 constexpr std::string_view kWww = "www.";
-
-void RemoveSchemes(std::string& url) {
-  // No scheme is without this, and most URLs that come here have lost theirs.
-  if (url.find("://") == std::string::npos) return;
-  ReplaceIn(url, kHttp, "", Compare::Text);
-  ReplaceIn(url, kHttps, "", Compare::Text);
-}
 
 void RemoveLeadingWww(std::string& url, Compare compare) {
   if (url.size() > kWww.size() && StartsWith(url, kWww, compare)) url.erase(0, kWww.size());
@@ -38,14 +30,8 @@ std::string BareHost(std::string& url) {
 }
 
 std::string ParentDir(std::string_view path) {
-  // A scheme in capitals is remembered but not taken off, so that it comes out behind a second one.
   std::string s(path);
-  std::string scheme;
-  for (const std::string_view each : {kHttp, kHttps}) {
-    if (!Contains(s, each, Compare::Text)) continue;
-    ReplaceIn(s, each, "", Compare::Binary);
-    scheme.insert(0, each);
-  }
+  const std::string scheme = RemoveLowerCaseSchemes(s);
   if (s.ends_with('/')) s.pop_back();
   const std::size_t slash = s.rfind('/');
   if (slash == std::string::npos && (scheme.empty() || scheme == kHttp || scheme == kHttps)) return s + '/';

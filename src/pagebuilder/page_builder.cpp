@@ -5,6 +5,7 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "model/schemes.h"
 #include "pagebuilder/link_pages.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
@@ -24,7 +25,7 @@ std::string Entry(LinkPages& pages, const std::string& linking, int k, Style sty
   std::string url = pages.GetLinkPageUrl(linking, k);
   const std::string text = pages.GetLinkPageText(linking, k);
   const std::string description = pages.GetLinkPageDescription(linking, k);
-  if (!Contains(url, "http://", Compare::Text)) url.insert(0, "http://");
+  PutHttpInFront(url, scheme_sign::kHttp);
 
   std::string entry = "<a href=\"" + url + "\"";
   if (style.NewWindow) entry += " target=\"_blank\"";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The two help boxes of the posting tabs.
+#include "model/schemes.h"
 #include "platform/text.h"
 #include "posting/posting.h"
 
@@ -71,7 +72,7 @@ std::string MainPosting::TitleTail(std::string_view sentence) const {
 
 std::string ImportPosting::PersonalExample() const {
   const std::string& script = tab_.txtPost.Text();
-  if (script.empty() || script == "http://") {
+  if (script.empty() || script == kHttp) {
     return "\r\n\r\nEnter a test URL and click this button again to see it's variables replaced.";
   }
   return "\r\n\r\nIf the same site existed in your results list, the URL you entered\r\n" + script +

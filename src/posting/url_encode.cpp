@@ -2,12 +2,10 @@
 // The encoding of one value, byte by byte.
 #include "posting/url_encode.h"
 
-#include "platform/text.h"
+#include "model/schemes.h"
 
 namespace requite {
 namespace {
-
-constexpr std::string_view kHttp = "http://";
 
 bool GoesAsItIs(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.' || c == '-' ||
@@ -20,7 +18,7 @@ std::string UrlEncodeValue(std::string_view text) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string rest(text);
   std::string encoded;
-  if (ReplaceIn(rest, kHttp, "", Compare::Text)) encoded = kHttp;
+  if (RemoveHttp(rest)) encoded = kHttp;
   encoded.reserve(encoded.size() + rest.size());
   for (const char c : rest) {
     if (GoesAsItIs(c)) {

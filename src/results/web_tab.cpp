@@ -4,16 +4,16 @@
 
 #include <optional>
 
-#include "platform/text.h"
+#include "model/schemes.h"
 
 namespace requite {
 namespace {
 
 constexpr int kWebTab = 2;
 
-/// The letters count wherever they stand, so a host that has them in its name gets no scheme.
-std::string WithScheme(const std::string& url) {
-  return Contains(url, "http", Compare::Text) ? url : "http://" + url;
+std::string WithScheme(std::string url) {
+  PutHttpInFront(url, scheme_sign::kHttpLetters);
+  return url;
 }
 
 std::optional<std::string> SelectedUrl(const RecordList<ErrorEntry>& lstErr) {

@@ -5,8 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "model/page_limits.h"
 #include "scan/failure_box.h"
-#include "scan/page_limit.h"
 
 namespace requite {
 

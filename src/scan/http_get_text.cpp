@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/text.h"
+#include "model/schemes.h"
 
 namespace requite {
 namespace {
@@ -16,7 +16,7 @@ constexpr std::size_t kBlock = 256;
 }  // namespace
 
 std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events) {
-  if (!Contains(url, "http://", Compare::Text)) url.insert(0, "http://");
+  PutHttpInFront(url, scheme_sign::kHttp);
   std::optional<std::string> body = gets.OpenUrl(url, kAgent);
   if (!body) return {};
   for (std::size_t read = kBlock; read < body->size(); read += kBlock) events.LetPendingEventsRun();

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/schemes.h"
 #include "model/url_forms.h"
 #include "platform/text.h"
 
@@ -37,8 +38,7 @@ std::string DirectoryOf(std::string_view url) {
 
 void CutUrl(ScanState& state, PageFetch& page) {
   const bool keepSlash = DropLastSlash(state.PageUrl);
-  ReplaceIn(state.PageUrl, "http://", {}, Compare::Text);
-  ReplaceIn(state.PageUrl, "https://", {}, Compare::Text);
+  RemoveSchemes(state.PageUrl);
   state.PageFull = state.PageUrl;
   state.PageDir = DirectoryOf(state.PageUrl);
   const std::size_t slash = state.PageUrl.find('/');

@@ -7,28 +7,14 @@
 #include <array>
 #include <vector>
 
-#include "model/url_forms.h"
+#include "model/schemes.h"
 #include "platform/text.h"
 #include "scan/climb.h"
 
 namespace requite {
 namespace {
 
-constexpr std::string_view kHttp = "http://";
-constexpr std::string_view kHttps = "https://";
 constexpr std::size_t kNowhere = std::string_view::npos;
-
-/// Whether a text could hold a scheme at all; most links hold none.
-bool MayHoldScheme(std::string_view text) { return text.find("://") != kNowhere; }
-
-/// Takes both schemes out of a text. Returns whether "http://" was there; "https://" is not noted,
-/// which sends secure links to unknown hosts down the road of relative names.
-bool TakeSchemesOff(std::string& text) {
-  if (!MayHoldScheme(text)) return false;
-  const bool noted = ReplaceIn(text, kHttp, "", Compare::Text);
-  ReplaceIn(text, kHttps, "", Compare::Text);
-  return noted;
-}
 
 /// How a host is told from a relative file name: by these fragments, wherever they stand.
 bool LooksLikeHost(std::string_view link) {
@@ -115,7 +101,7 @@ std::string_view RegisteredDomain(std::string_view host) {
 }  // namespace
 
 void ResolveLinkFrom(const LinkOrigin& origin, std::string& link) {
-  const bool schemeNoted = TakeSchemesOff(link);
+  const bool schemeNoted = RemoveSchemes(link);
   MakeAbsolute(link, origin, schemeNoted);
   if (link.find('/') == kNowhere) link += '/';
   ShortenSlashRuns(link);
@@ -134,7 +120,7 @@ void SiteTests::ReadMainSite() {
   if (key == mainSiteKey_) return;
   mainSite_ = TextFinder(key);
   mainDomain_ = key;
-  TakeSchemesOff(mainDomain_);
+  RemoveSchemes(mainDomain_);
   // The slash stays with the host here and goes in IsSameDomain: a Main Site with a path is never the
   // same domain as any link.
   if (key.find('/') != kNowhere) mainDomain_.resize(mainDomain_.find('/') + 1);
@@ -152,7 +138,7 @@ bool SiteTests::IsOnLinkingSite(std::string_view url) {
   const std::string& website = sites.At(static_cast<std::size_t>(context_.State.SiteRow) - 1).WebsiteUrl;
   if (website != websiteUrl_) {
     linkingDomain_ = website;
-    TakeSchemesOff(linkingDomain_);
+    RemoveSchemes(linkingDomain_);
     linkingDomain_ = std::string(RegisteredDomain(Before(linkingDomain_, '/')));
     linkingSite_ = TextFinder(linkingDomain_);
     websiteUrl_ = website;
@@ -163,7 +149,7 @@ bool SiteTests::IsOnLinkingSite(std::string_view url) {
 
 bool SiteTests::IsSameDomain(std::string& url) {
   ReadMainSite();
-  TakeSchemesOff(url);
+  RemoveSchemes(url);
   url.resize(Before(url, '/').size());
   return RegisteredDomain(url) == mainDomain_;
 }

@@ -2,9 +2,9 @@
 // All rules that apply count alike, whatever their scope; their order decides only what is logged.
 #include "scan/rules.h"
 
-#include <array>
 #include <optional>
 
+#include "model/rule_kinds.h"
 #include "platform/files.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -12,23 +12,9 @@
 namespace requite {
 namespace {
 
-struct RuleKind {
-  std::string_view Word;
-  bool MustHold;
-  bool IsDirectory;
-};
-
-/// String and Root rules test alike, anywhere in the URL: the words are kept apart in the records only.
-constexpr std::array<RuleKind, 6> kKinds = {{{"LimitDirectory", true, true},
-                                             {"ExcludeDirectory", false, true},
-                                             {"LimitString", true, false},
-                                             {"ExcludeString", false, false},
-                                             {"LimitRoot", true, false},
-                                             {"ExcludeRoot", false, false}}};
-
 /// The kind of a rule; nothing for another word, which never fails.
 std::optional<RuleKind> KindOf(std::string_view word) {
-  for (const RuleKind& kind : kKinds) {
+  for (const RuleKind& kind : kRuleKinds) {
     if (kind.Word == word) return kind;
   }
   return std::nullopt;

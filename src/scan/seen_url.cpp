@@ -4,22 +4,13 @@
 #include "scan/seen_url.h"
 
 #include <algorithm>
-#include <initializer_list>
 
+#include "model/schemes.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 
 namespace requite {
 namespace {
-
-/// Takes each piece out of a text, in order, and then the blanks around it. The pieces are what is
-/// left of schemes cut at the front; all end in "://", which few texts hold.
-void TakeLeftoversOff(std::string& text, std::initializer_list<std::string_view> pieces) {
-  if (text.find("://") != std::string::npos) {
-    for (const std::string_view piece : pieces) ReplaceIn(text, piece, "", Compare::Text);
-  }
-  if (text.starts_with(' ') || text.ends_with(' ')) text = std::string(Trim(text));
-}
 
 bool IsLinkingSite(const ScanContext& context, const std::string& url, const std::string& lowerUrl) {
   LinkingSiteList& sites = context.Project.List1(context.Project.CurrentMainSite);
@@ -34,9 +25,7 @@ bool IsDigits(std::string_view text) {
 }  // namespace
 
 bool IsSeenUrl(const ScanContext& context, std::string& url) {
-  // The order matters: a piece that is part of a later one must not be taken first.
-  TakeLeftoversOff(
-      url, {"http://www.", "http://", "ttp://www", "ttp://ww", "ttp://w", "ttp://", "tp://", "p://", "://"});
+  RemoveSchemeAndWwwRemains(url);
   const std::string lowerUrl = Lower(url);
   // Most links lead to pages that were queued before, so that table is asked first. No page holds an
   // empty text.
@@ -57,7 +46,7 @@ std::size_t LongestSeenUrl(const ScanContext& context) {
 }
 
 bool RecordedPages::IsPageRecorded(std::string& page) {
-  TakeLeftoversOff(page, {"http://", "ttp://", "tp://", "p://", "://"});
+  RemoveSchemeRemains(page);
   if (!IsDigits(page) && NumbersAreDigits()) return false;
   const RecordList<LinkResult>& results = context_.Project.List3;
   for (std::size_t row = 0; row < results.RowCount(); ++row) {

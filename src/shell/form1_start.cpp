@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How the main window comes up and goes down.
-#include "scan/page_limit.h"
+#include "model/page_limits.h"
 #include "shell/form1.h"
 #include "shell/product.h"
 

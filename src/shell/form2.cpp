@@ -4,14 +4,12 @@
 
 #include <limits>
 
+#include "model/rule_kinds.h"
 #include "platform/runtime_failure.h"
 #include "shell/windows.h"
 
 namespace requite {
 namespace {
-
-constexpr std::array<std::string_view, 6> kRuleTypes{"LimitDirectory", "ExcludeDirectory", "LimitString",
-                                                     "ExcludeString",  "LimitRoot",        "ExcludeRoot"};
 
 constexpr std::string LinkingSite::*kSiteFields[] = {&LinkingSite::WebsiteUrl, &LinkingSite::LinksExpected,
                                                      &LinkingSite::LinkPageUrl, &LinkingSite::LinkPageText,
@@ -19,6 +17,12 @@ constexpr std::string LinkingSite::*kSiteFields[] = {&LinkingSite::WebsiteUrl, &
 
 /// The row of a list that a count from 1 names; it need not exist.
 std::size_t RowOf(std::int16_t number) { return static_cast<std::size_t>(number) - 1; }
+
+std::vector<std::string> RuleCaptions() {
+  std::vector<std::string> captions;
+  for (const RuleKind& each : kRuleKinds) captions.emplace_back(each.Caption);
+  return captions;
+}
 
 TextBox FieldBox(int number) { return TextBox("Text" + std::to_string(number)); }
 Label FieldCaption(int number) { return Label("Label" + std::to_string(number)); }
@@ -32,9 +36,7 @@ Form2::Form2(Windows& windows, const EditorKind& kind, Project& project, Dialogs
       FieldLabel{FieldCaption(1), FieldCaption(2), FieldCaption(3), FieldCaption(4), FieldCaption(5)},
       lblHeading("lblHeading", std::string(kind.Heading)),
       lblNote("lblNote", std::string(kind.Note)),
-      Option1("Option1", {"Limit to directories with this name:", "Exclude Directories with this name:",
-                          "Limit to URLs that contain this string:", "Exclude URLs that contain this string:",
-                          "Limit to URLs in this directory root:", "Exclude URLs in this directory root:"}),
+      Option1("Option1", RuleCaptions()),
       project_(project),
       dialogs_(dialogs) {
   for (std::size_t i = 0; i < Kind.Fields.size(); ++i) {
@@ -86,8 +88,8 @@ void Form2::AddRule() {
   if (Option1.Chosen() < 0) return dialogs_.Say("Please select a rule type before adding a rule.");
   // The Website URL is the one in the box, saved or not.
   const std::string remoteSite = Kind.OfLinkingSite ? Text[0].Text() : std::string(kGlobal);
-  const std::string_view type = kRuleTypes[static_cast<std::size_t>(Option1.Chosen())];
-  ListView1.Add({{RulesMainSite(), remoteSite, std::string(type), Text6.Text()}});
+  const RuleKind& kind = kRuleKinds[static_cast<std::size_t>(Option1.Chosen())];
+  ListView1.Add({{RulesMainSite(), remoteSite, std::string(kind.Word), Text6.Text()}});
   Text6.SetText("");
   Text6.SetFocus();
 }

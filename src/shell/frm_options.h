@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/file_types.h"
+#include "model/page_limits.h"
 #include "model/record_list.h"
 #include "model/settings.h"
 #include "platform/controls.h"
@@ -38,10 +39,7 @@ struct frmOptions : ProgramWindow {
   Label Label9{"Label9", "When the expected number of links has been found"};
   CheckBox chkAuto{"chkAuto", ""};
   Label Label7{"Label7", "When this many pages have been scanned:"};
-  ComboBox cmbAdvance{"cmbAdvance",
-                      "",
-                      {"1", "10", "50", "100", "500", "1,000", "5,000", "10,000", "20,000", "50,000",
-                       "100,000", "200,000", "500,000"}};
+  ComboBox cmbAdvance{"cmbAdvance", "", PageLimitCaptions()};
   Label Label18{"Label18", "Redirected Links:"};
   CheckBox chkRedirect{"chkRedirect", ""};
   Label Label19{"Label19", "Attempt to find links that go through a redirect script"};

@@ -2,7 +2,7 @@
 // What the small windows show and do.
 #include "shell/small_windows.h"
 
-#include "platform/text.h"
+#include "model/schemes.h"
 #include "shell/product.h"
 #include "shell/windows.h"
 
@@ -28,7 +28,7 @@ frmWebsite::frmWebsite(Windows& windows, std::string address, std::function<void
 }
 
 void frmWebsite::Load() {
-  if (!Contains(address_, "://", Compare::Binary)) address_ = "http://" + address_;
+  PutHttpInFront(address_, scheme_sign::kAny);
   WebBrowser1.Navigate(address_);
 }
 

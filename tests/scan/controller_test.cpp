@@ -2,8 +2,8 @@
 // Start, page steps, stop and time-out of the scan controller.
 #include <gtest/gtest.h>
 
+#include "model/page_limits.h"
 #include "scan/control_rig.h"
-#include "scan/page_limit.h"
 
 namespace requite::test {
 namespace {
@@ -21,6 +21,14 @@ TEST(PageLimit, FollowsTheRowsOfTheComboBoxAndStaysAsItWasOutsideThem) {
   for (std::int16_t row = 0; row < 13; ++row) EXPECT_EQ(PageLimitAt(row, 7), kLimits[row]) << "row " << row;
   for (const auto row : {std::int16_t{-1}, std::int16_t{13}})
     EXPECT_EQ(PageLimitAt(row, 7), 7) << "row " << row;
+}
+
+TEST(PageLimit, IsTheNumberThatItsCaptionShows) {
+  for (const PageLimitChoice& each : kPageLimits) {
+    std::string digits(each.Caption);
+    std::erase(digits, ',');
+    EXPECT_EQ(digits, std::to_string(each.Pages));
+  }
 }
 
 struct RefusedStart {
