@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Takes the pictures of the documentation: the real window, scanning the sample sites.
-// Usage: gui_screenshots FOLDER SUFFIX [all]; with "all" every picture, else a scan alone.
+// Takes the pictures of the documentation: the real window, scanning the sample sites. tools/screenshots
+// builds and runs it. Usage: gui_screenshots FOLDER SUFFIX [all]; with "all" every picture, else a scan
+// alone.
 #include <QElapsedTimer>
 #include <QHash>
 #include <QScreen>
@@ -10,7 +11,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "desk_rig.h"
+#include "gui/qt/desk_rig.h"
 #include "shell/qt/web/web_module.h"
 
 namespace requite::test {
