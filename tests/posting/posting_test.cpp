@@ -75,7 +75,7 @@ TEST(UrlEncodeValue, EncodesEveryByteButAFewAndKeepsTheScheme) {
                {"x?u=HTTP://h&v=http://i", "http://x%3Fu%3Dh%26v%3Di"},
                {"https://h", "https%3A%2F%2Fh"},
                {"\x80\xE9\n\t$%", "%80%E9%0A%09%24%25"}};
-  for (const auto& each : cases) EXPECT_EQ(UrlEncodeValue(each.Text), each.Encoded);
+  for (const auto& each : cases) EXPECT_EQ(UrlEncodeValue(each.Text), each.Encoded) << each.Text;
   EXPECT_EQ(UrlEncodeValue(std::string(1, '\0')), "%00");
 }
 

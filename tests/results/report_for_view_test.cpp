@@ -46,7 +46,7 @@ TEST(ReportForView, OnlyTheReportsOwnTagsAreTags) {
       {"<a href='a'>b</a><BR>", "&lt;a href=&#39;a&#39;&gt;b&lt;/a&gt;<BR>"},
       {"<h3>never closed", "&lt;h3&gt;never closed"},
   }};
-  for (const auto& [sections, shown] : cases) EXPECT_EQ(Shown(sections), shown);
+  for (const auto& [sections, shown] : cases) EXPECT_EQ(Shown(sections), shown) << sections;
   const std::string longest(kLongestLinkShown, 'x');
   EXPECT_EQ(Shown(Link(longest)), Link(longest));
   EXPECT_TRUE(Shown(Link(longest + "x")).starts_with("&lt;a"));

@@ -104,6 +104,7 @@ TEST(StartScan, WithoutFileTypesKeepsEverythingAndSaysSo) {
 TEST(StartScan, RefusesACountOfLinksThatIsNoNumberWithTheCommandsAlreadySwitched) {
   for (const auto& [count, words] : std::map<std::string, std::string>{
            {"many", "Type mismatch 13"}, {"", "Type mismatch 13"}, {"40000", "Overflow 6"}}) {
+    SCOPED_TRACE("expects \"" + count + "\" links");
     ControlRig rig;
     rig.AddMainSite("m", {}).Add({"x", count, "", "", ""});
     rig.Control.StartScan();

@@ -61,12 +61,13 @@ TEST(FetchPage, CutsTheAddressFromTheUrl) {
   for (const Address& row : kRows) {
     FetchRig rig;
     rig.Ask(row.Url);
-    EXPECT_EQ(rig.Page().PageHost, row.Host) << row.Url;
-    EXPECT_EQ(rig.Page().PagePath, row.Path) << row.Url;
-    EXPECT_EQ(rig.State.PageDir, row.Dir) << row.Url;
-    EXPECT_EQ(rig.State.PageFull, rig.State.PageUrl) << row.Url;
-    EXPECT_EQ(rig.Services.Connection.Host, row.Host) << row.Url;
-    EXPECT_EQ(rig.Services.Connection.Port, 80) << row.Url;
+    SCOPED_TRACE(row.Url);
+    EXPECT_EQ(rig.Page().PageHost, row.Host);
+    EXPECT_EQ(rig.Page().PagePath, row.Path);
+    EXPECT_EQ(rig.State.PageDir, row.Dir);
+    EXPECT_EQ(rig.State.PageFull, rig.State.PageUrl);
+    EXPECT_EQ(rig.Services.Connection.Host, row.Host);
+    EXPECT_EQ(rig.Services.Connection.Port, 80);
   }
 }
 
@@ -205,7 +206,7 @@ TEST(OnDataArrival, ReadsTheLengthOfTheFirstFittingLineOnly) {
     rig.Ask("a.example");
     rig.Services.Connection.Arrive("HTTP/1.1 200 OK\r\n" + line + "\r\n\r\nbody");
     EXPECT_EQ(rig.Page().ContentLength, length) << line;
-    EXPECT_EQ(rig.Page().BytesReceived, 4);
+    EXPECT_EQ(rig.Page().BytesReceived, 4) << line;
   }
 }
 

@@ -30,6 +30,7 @@ TEST(HttpGetText, PutsTheSchemeInFrontInTheCallersText) {
                                           {"https://a.example", "http://https://a.example"},
                                           {"a.example/?u=http://b", "a.example/?u=http://b"},
                                           {"", "http://"}}) {
+    SCOPED_TRACE(asked);
     FakeInternet internet;
     Gets gets(internet);
     FakeEventLoop events;

@@ -39,13 +39,14 @@ TEST(NextSite, WritesNoneFoundWithItsReasonAndTheBareHostTwice) {
 TEST(NextSite, WritesTheShortfallOnlyWhenLinksAreMissing) {
   for (const auto& [expected, status] :
        std::map<std::int16_t, std::string>{{3, "Missing 001"}, {1002, "Missing 1000"}, {2, ""}, {-5, ""}}) {
+    SCOPED_TRACE("expected: " + std::to_string(expected));
     TwoMainSites rig;
     rig.Now().LinkFound = true;
     rig.Now().LinksCounted = 2;
     rig.Now().LinksExpected = expected;
     rig.Now().RedirectSuspected = true;
     rig.Control.NextSite();
-    ASSERT_EQ(rig.Sites.List3.RowCount(), status.empty() ? 0U : 1U) << expected;
+    ASSERT_EQ(rig.Sites.List3.RowCount(), status.empty() ? 0U : 1U);
     if (status.empty()) continue;
     EXPECT_EQ(rig.Result(0), "main.example|a.example|" + status + "|000|a.example/page");
     EXPECT_EQ(rig.Sites.List3.Colour(0), kRed);
@@ -55,6 +56,7 @@ TEST(NextSite, WritesTheShortfallOnlyWhenLinksAreMissing) {
 
 TEST(NextSite, WritesARedirectAndUpdatesTheSiteAsTheOptionsSay) {
   for (const char* update : {"1", "0"}) {
+    SCOPED_TRACE(std::string("chkUpdate ") + update);
     TwoMainSites rig;
     rig.Set(setting::chkUpdate, update);
     rig.Now().RedirectSuspected = true;

@@ -43,11 +43,12 @@ TEST_F(TriageTest, ErrorCodesHaveTheirTexts) {
       {"", ""},
   };
   for (const auto& [line, text] : rows) {
+    SCOPED_TRACE(line);
     rig.State.ReasonNote = "";
     rig.Lists.lstErr.Clear();
     triage.CheckHttpStatus(line + "\r\n\r\n", "site.example/x");
-    EXPECT_EQ(rig.State.ReasonNote, text) << line;
-    ASSERT_EQ(rig.Lists.lstErr.RowCount(), text.empty() ? 0U : 1U) << line;
+    EXPECT_EQ(rig.State.ReasonNote, text);
+    ASSERT_EQ(rig.Lists.lstErr.RowCount(), text.empty() ? 0U : 1U);
     if (text.empty()) continue;
     EXPECT_EQ(rig.Lists.lstErr.At(0).Error, text);
     EXPECT_EQ(rig.Lists.lstErr.At(0).Url, "site.example/x");

@@ -20,9 +20,9 @@ class PageGenerator {
     return page;
   }
 
-  /// An href value, or what was left of one.
+  /// An href value, or what was left of one. Some begin with a whole address, which pieces rarely add up to.
   std::string Value(int pieces) {
-    std::string value;
+    std::string value = Below(8) == 0 ? Pick(kAddresses) : "";
     for (int i = 0; i < pieces; ++i) value += Pick(kUrlPieces);
     return value;
   }
@@ -54,6 +54,9 @@ class PageGenerator {
       "links",    "a",         "?",           "=",
       "#",        "mailto:",   "javascript:", "file://",
       "unsaved:", " ",         "/http",       ".ht"};
+  static constexpr std::array<std::string_view, 4> kAddresses = {
+      "http://www.main.example/", "https://main.example/x.htm", "http://shop.main.example/",
+      "http://partner.example/x.htm"};
   static constexpr std::array<std::string_view, 5> kHrefs = {"href=", "HREF=", "Href=", "href =", "hre"};
   static constexpr std::array<std::string_view, 8> kQuotes = {"\"", "\"",  "\"",  "'",
                                                               "",   "\"'", "'\"", "\"\""};

@@ -119,7 +119,7 @@ TEST_F(CurlInternetTest, TheUrlIsSentAsTyped) {
            {"/q//?a=\"<|>\\^`{}'&&b=[]#part", "/q//?a=\"<|>\\^`{}'&&b=[]"},
            {std::string("/q a\tb\r\nc\x7F") + '\0' + "?d e", "/q%20a%09b%0D%0Ac%7F%00?d%20e"},
            {"/q\xE9?a=\x80%E4", "/q\xE9?a=\x80%E4"}}) {
-    EXPECT_EQ(Get(internet, Url(typed)), sent);
+    EXPECT_EQ(Get(internet, Url(typed)), sent) << typed;
   }
   EXPECT_EQ(Get(internet, Url("/odd")), "/qodd?a=100%&b=%7E~%20c")
       << "an address to go to is no more changed";
