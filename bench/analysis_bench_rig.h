@@ -54,11 +54,13 @@ class BenchRig : public ScanSteps, public ScanHost {
   void AnalysePage(std::int16_t connection) override { analyser_.AnalysePage(connection); }
 
   void SelectMainSite(int) override {}
-  void UpdateStats(std::int16_t) override {}
+  void UpdateStats(Counted) override {}
   void ResetPageCounters() override {}
   void ResetSiteCounters() override {}
   void GenerateLinkReport() override {}
   void TellWorkFilesUnwritten() override {}
+  void SiteBegins(const ScannedSite&) override {}
+  void SiteFinished(const SiteVerdict&) override {}
 
  private:
   ScanRig rig_{*this};

@@ -47,7 +47,7 @@ void UpdateStats(benchmark::State& state) {
                                   TextBox("4"), TextBox("5"), TextBox("6")};
   Window window("Form1");
   Statistics statistics(Settings(store), lblStats, window);
-  for (auto _ : state) statistics.UpdateStats(0);
+  for (auto _ : state) statistics.UpdateStats(Counted::PageScanned);
 }
 BENCHMARK(UpdateStats);
 

@@ -16,6 +16,7 @@ namespace {
 std::string Text(bool value) { return value ? "True" : "False"; }
 std::string Text(std::int16_t value) { return std::to_string(value); }
 std::string Text(std::int32_t value) { return std::to_string(value); }
+std::string Text(ScanType value) { return Text(static_cast<std::int16_t>(value)); }
 std::string Text(const std::string& value) { return value; }
 
 struct Variable {

@@ -5,17 +5,16 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <ostream>
+
+#include "scan/scan_share.h"
 
 namespace requite {
 namespace {
 
 constexpr std::chrono::milliseconds kRedrawInterval{100};
 constexpr std::size_t kUsualColumns = 80;
-constexpr int kScanOneMainSite = 1;
-constexpr int kScanOneLinkingSite = 2;
-/// The label that a site's end is counted in.
-constexpr std::size_t kLinkingSitesLabel = 5;
 
 std::size_t TerminalColumns() {
   winsize size{};
@@ -24,67 +23,41 @@ std::size_t TerminalColumns() {
 
 }  // namespace
 
-ScanProgress::Watch::Watch(Control& control, std::function<void()> onChange)
-    : control_(control), onChange_(std::move(onChange)) {
-  control_.SetView(this);
+ScanProgress::ScanProgress(ConsoleProgram& program, Output output)
+    : program_(program), output_(output), start_(std::chrono::steady_clock::now()) {
+  program_.Form1.SiteListeners.push_back(this);
+  program_.Form1.StatusBar1.SetView(this);
 }
 
-ScanProgress::ScanProgress(ConsoleProgram& program, Output output)
-    : program_(program),
-      output_(output),
-      start_(std::chrono::steady_clock::now()),
-      sites_(program.Form1.lblStats[kLinkingSitesLabel], [this] { SiteFinished(); }),
-      panels_(program.Form1.StatusBar1, [this] { Redraw(); }) {}
+ScanProgress::~ScanProgress() {
+  Clear();
+  program_.Form1.StatusBar1.SetView(nullptr);
+  std::erase(program_.Form1.SiteListeners, static_cast<SiteEvents*>(this));
+}
 
-ScanProgress::~ScanProgress() { Clear(); }
-
-/// The figure rises before the site's state is cleared, so that state still tells how it went.
-void ScanProgress::SiteFinished() {
-  const Statistics& figures = program_.Form1.Figures;
-  if (figures.LinkingSitesScanned <= finished_) return;
-  finished_ = figures.LinkingSitesScanned;
-  const bool linksBack = SiteLinksBack();
-  if (linksBack) ++linkBack_;
-  if (!linksBack && SiteNotReached()) ++notReached_;
-  if (OnSiteFinished) OnSiteFinished();
+void ScanProgress::SiteFinished(const SiteVerdict& verdict) {
+  ++finished_;
+  if (verdict.LinksBack) {
+    ++linkBack_;
+  } else if (!verdict.Reached) {
+    ++notReached_;
+  }
   if (output_ == Output::None) return;
   if (output_ == Output::Terminal) return Redraw();
-  const ScanState& state = program_.Form1.State;
-  const std::string reason = linksBack || state.ReasonNote.empty() ? "" : " (" + state.ReasonNote + ")";
-  program_.Err << program_.Outside(Position(finished_) + ": " + state.CurrentLinkingUrl + ": " +
-                                   std::to_string(state.LinksCounted) + " of " +
-                                   std::to_string(state.LinksExpected) + " links" + reason)
+  const bool tellsReason = !verdict.LinksBack && !verdict.Reason.empty();
+  program_.Err << program_.Outside(Position(finished_) + ": " + verdict.Url + ": " +
+                                   std::to_string(verdict.LinksCounted) + " of " +
+                                   std::to_string(verdict.LinksExpected) + " links" +
+                                   (tellsReason ? " (" + verdict.Reason + ")" : ""))
                << std::endl;
 }
 
-bool ScanProgress::SiteLinksBack() const {
-  const ScanState& state = program_.Form1.State;
-  if (state.LinksCounted >= state.LinksExpected) return true;
-  // A link that goes through a redirect is one link, where such links are looked for.
-  return !state.LinkFound && state.RedirectSuspected && state.LinksExpected == 1 &&
-         program_.Form1.Settings.IsOne(setting::chkRedirect);
-}
-
-/// Nothing came of the site's first page: its name is unknown, it refuses, or it is silent.
-bool ScanProgress::SiteNotReached() const {
-  const ScanState& state = program_.Form1.State;
-  const bool givenUp = state.ReasonNote == "Timeout" || state.ReasonNote == "Skipped";
-  return givenUp && state.PagesDone <= 1 && state.LinksCounted == 0;
-}
-
-std::int32_t ScanProgress::SitesToScan() const {
-  const Project& sites = program_.Form1.Sites;
-  const int type = program_.Form1.State.ScanType;
-  if (type == kScanOneLinkingSite) return 1;
-  std::size_t rows = 0;
-  for (int k = 1; k <= sites.ListCount(); ++k) {
-    if (type != kScanOneMainSite || k == sites.CurrentMainSite) rows += sites.List1(k).RowCount();
-  }
-  return static_cast<std::int32_t>(rows);
+std::int32_t ScanProgress::AllSites() const {
+  return static_cast<std::int32_t>(SitesToScan(program_.Form1.Sites, program_.Form1.State));
 }
 
 std::string ScanProgress::Position(std::int32_t number) const {
-  return "Linking Site " + std::to_string(number) + " of " + std::to_string(SitesToScan());
+  return "Linking Site " + std::to_string(number) + " of " + std::to_string(AllSites());
 }
 
 void ScanProgress::Redraw() {
@@ -94,9 +67,9 @@ void ScanProgress::Redraw() {
   const ScanState& state = program_.Form1.State;
   if (!state.Scanning) return;
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
-  Draw(Position(std::min(finished_ + 1, SitesToScan())) + ", page " + std::to_string(state.PagesDone) +
-       " of " + std::to_string(state.PagesQueued + 1) + ", " +
-       std::to_string(program_.Form1.Figures.LinksFound) + " links found, " + std::to_string(seconds) + " s" +
+  Draw(Position(std::min(finished_ + 1, AllSites())) + ", page " + std::to_string(state.PagesDone) + " of " +
+       std::to_string(state.PagesQueued + 1) + ", " + std::to_string(program_.Form1.Figures.LinksFound) +
+       " links found, " + std::to_string(seconds) + " s" +
        (state.PageFull.empty() ? "" : ", " + state.PageFull));
 }
 
@@ -110,7 +83,7 @@ void ScanProgress::Draw(const std::string& text) {
 void ScanProgress::Summarise() {
   Clear();
   if (output_ == Output::None) return;
-  const std::int32_t all = SitesToScan();
+  const std::int32_t all = AllSites();
   program_.Err << finished_ << (finished_ < all ? " of " + std::to_string(all) : "")
                << (std::max(finished_, all) == 1 ? " site: " : " sites: ") << linkBack_ << " link back, "
                << finished_ - linkBack_ - notReached_ << " do not, " << notReached_ << " not reached"

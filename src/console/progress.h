@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: MIT
-// What a scan shows of itself while it runs, and whether its sites link back as they should.
+// What a scan shows of itself while it runs, and how many of its sites link back.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <string>
 
 #include "console/program.h"
 
 namespace requite {
 
-/// Watches the main window's figures. On a terminal one line is redrawn in place, elsewhere there is
-/// one line a finished site. At the end comes one line that counts.
-class ScanProgress {
+/// On a terminal one line is redrawn in place, elsewhere there is one line a finished site. At the end
+/// comes one line that counts.
+class ScanProgress : private SiteEvents, private ControlView {
  public:
   enum class Output { Terminal, Lines, None };
 
-  /// Watches from here on until the end of its life.
+  /// Follows the scan from here on until the end of its life.
   ScanProgress(ConsoleProgram& program, Output output);
-  ~ScanProgress();
+  ~ScanProgress() override;
   ScanProgress(const ScanProgress&) = delete;
   ScanProgress& operator=(const ScanProgress&) = delete;
 
@@ -30,30 +29,15 @@ class ScanProgress {
   /// Whether every site finished so far links back as often as expected.
   [[nodiscard]] bool AllLinkBack() const { return linkBack_ == finished_; }
   [[nodiscard]] std::int32_t SitesFinished() const { return finished_; }
-  /// Runs at the end of each site, before its state is cleared.
-  std::function<void()> OnSiteFinished;
 
  private:
-  /// Tells the progress that something on a control has changed.
-  class Watch : public ControlView {
-   public:
-    Watch(Control& control, std::function<void()> onChange);
-    ~Watch() override { control_.SetView(nullptr); }
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-    void Refresh(const Control&) override { onChange_(); }
-
-   private:
-    Control& control_;
-    std::function<void()> onChange_;
-  };
-
-  void SiteFinished();
+  void SiteBegins(const ScannedSite&) override {}
+  void SiteFinished(const SiteVerdict& verdict) override;
+  /// A panel of the status bar has changed.
+  void Refresh(const Control&) override { Redraw(); }
   void Redraw();
   void Draw(const std::string& text);
-  [[nodiscard]] bool SiteLinksBack() const;
-  [[nodiscard]] bool SiteNotReached() const;
-  [[nodiscard]] std::int32_t SitesToScan() const;
+  [[nodiscard]] std::int32_t AllSites() const;
   [[nodiscard]] std::string Position(std::int32_t number) const;
 
   ConsoleProgram& program_;
@@ -64,8 +48,6 @@ class ScanProgress {
   std::int32_t linkBack_ = 0;
   std::int32_t notReached_ = 0;
   bool lineOnShow_ = false;
-  Watch sites_;
-  Watch panels_;
 };
 
 }  // namespace requite

@@ -114,12 +114,11 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   ScanProgress progress(program, output);
   const BoxPrinter boxes(program, progress);
   ScanFiles files(program, options);
-  ScanLimits limits(program, options);
-  progress.OnSiteFinished = [&limits] { limits.SiteBegins(); };
+  const ScanLimits limits(program, options);
   interrupt.OnInterrupt = [&form] { Stop(form); };
 
   form.Command1.Click();
-  const bool refused = !form.State.Scanning && boxes.AnyShown() && form.Figures.LinkingSitesScanned == 0;
+  const bool refused = !form.State.Scanning && boxes.AnyShown() && progress.SitesFinished() == 0;
   if (interrupt.Seen) Stop(form);  // it may have come before there was anything to stop
   // The scan waits for its user after a message, and where a page could not be read. Each page in progress
   // has its time-out running, and between two events no step is half done.

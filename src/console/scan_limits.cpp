@@ -11,22 +11,30 @@ constexpr int kMillisecondsASecond = 1000;
 
 ScanLimits::ScanLimits(ConsoleProgram& program, const ScanOptions& options)
     : program_(program), options_(options) {
-  SiteBegins();
-  if (options_.StopAfter == 0) return;
+  program_.Form1.SiteListeners.push_back(this);
+}
+
+ScanLimits::~ScanLimits() { std::erase(program_.Form1.SiteListeners, static_cast<SiteEvents*>(this)); }
+
+void ScanLimits::SiteBegins(const ScannedSite&) {
+  ++site_;
+  if (options_.SkipAfter > 0) SkipLater();
+  if (options_.StopAfter > 0 && site_ == 1) StopLater();
+}
+
+void ScanLimits::SkipLater() {
+  program_.Loop.After(options_.SkipAfter * kMillisecondsASecond, [this, mine = site_] {
+    Form1& form = program_.Form1;
+    if (mine == site_ && form.State.Scanning && form.cmdSkip.EnabledInEffect()) form.cmdSkip.Click();
+  });
+}
+
+void ScanLimits::StopLater() {
   program_.Loop.After(options_.StopAfter * kMillisecondsASecond, [this] {
     Form1& form = program_.Form1;
     if (!form.State.Scanning) return;
     stopped_ = true;
     form.cmdStop.Click();
-  });
-}
-
-void ScanLimits::SiteBegins() {
-  ++site_;
-  if (options_.SkipAfter == 0) return;
-  program_.Loop.After(options_.SkipAfter * kMillisecondsASecond, [this, mine = site_] {
-    Form1& form = program_.Form1;
-    if (mine == site_ && form.State.Scanning && form.cmdSkip.EnabledInEffect()) form.cmdSkip.Click();
   });
 }
 

@@ -11,16 +11,23 @@ namespace requite {
 
 /// A server that sends one byte a second is never silent, so no time-out ends its site: a job that must
 /// end sets limits. To be made before the scan starts; must outlive the scan's last event.
-class ScanLimits {
+class ScanLimits : private SiteEvents {
  public:
   ScanLimits(ConsoleProgram& program, const ScanOptions& options);
+  ~ScanLimits() override;
+  ScanLimits(const ScanLimits&) = delete;
+  ScanLimits& operator=(const ScanLimits&) = delete;
 
-  /// Another site begins, and its time with it.
-  void SiteBegins();
   /// Whether Stop was pressed here.
   [[nodiscard]] bool Stopped() const { return stopped_; }
 
  private:
+  /// The time of the site begins; the first one begins the time of the scan too.
+  void SiteBegins(const ScannedSite& site) override;
+  void SiteFinished(const SiteVerdict&) override {}
+  void SkipLater();
+  void StopLater();
+
   ConsoleProgram& program_;
   const ScanOptions& options_;
   std::int32_t site_ = 0;

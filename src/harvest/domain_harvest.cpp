@@ -96,7 +96,7 @@ void DomainHarvest::Keep(const std::string& domain) {
   SeenDomains += domain;
   std::string url = domain;
   window_.Database.AddWebsite(url);
-  window_.UpdateStats(1);
+  window_.UpdateStats(Counted::PageFound);
   ++UniqueResults;
 }
 

@@ -27,7 +27,7 @@ struct DomainHarvestNeeds {
   modDatabase& Database;
   requite::EventLoop& EventLoop;
   const ProgramFolder& Folder;
-  std::function<void(std::int16_t kind)> UpdateStats;
+  std::function<void(Counted kind)> UpdateStats;
   std::function<void()> cmdDoSearch_Click;
   std::function<void()> Hide;    ///< takes the window off the screen; it stays loaded
   std::function<void()> Unload;  ///< closes the window

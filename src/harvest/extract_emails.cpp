@@ -77,8 +77,8 @@ void EmailHarvester::CountAddress(AddWebsite&& addWebsite) {
       context_.Platform.Sounds.PlaySoundFile(context_.Folder.File(sound::kLinkFound));
     }
   });
-  if (addWebsite()) PassOver([&] { context_.Host.UpdateStats(1); });
-  PassOver([&] { context_.Host.UpdateStats(2); });
+  if (addWebsite()) PassOver([&] { context_.Host.UpdateStats(Counted::PageFound); });
+  PassOver([&] { context_.Host.UpdateStats(Counted::LinkFound); });
   raise(state.PagesQueued);  // a slot of SeenPages with nothing stored into it
   context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");
   context_.Platform.EventLoop.LetPendingEventsRun();

@@ -39,28 +39,27 @@ void Statistics::ReadHistory() {
   HistoryPagesScanned = settings_.LongNumber(setting::lHistWebScanned);
 }
 
-void Statistics::UpdateStats(std::int16_t kind) {
+void Statistics::UpdateStats(Counted kind) {
   const DrawingPause pause(window_);
   Raise(kind);
   RefreshStats();
 }
 
-void Statistics::Raise(std::int16_t kind) {
+void Statistics::Raise(Counted kind) {
   switch (kind) {
-    case 0:
+    case Counted::PageScanned:
       Increment(PagesScanned);
       Increment(HistoryPagesScanned);
       settings_.SaveSetting(setting::lHistWebScanned, HistoryPagesScanned);
       break;
-    case 1: Increment(PagesFound); break;
-    case 2:
+    case Counted::PageFound: Increment(PagesFound); break;
+    case Counted::LinkFound:
       Increment(LinksFound);
       Increment(HistoryLinksFound);
       settings_.SaveSetting(setting::lHistEmailFound, HistoryLinksFound);
       break;
-    case 3: Increment(MainSitesScanned); break;
-    case 4: Increment(LinkingSitesScanned); break;
-    default: break;
+    case Counted::MainSite: Increment(MainSitesScanned); break;
+    case Counted::LinkingSite: Increment(LinkingSitesScanned); break;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 
+#include "model/scan_kinds.h"
 #include "model/settings.h"
 #include "platform/controls.h"
 
@@ -33,9 +34,8 @@ class Statistics {
   /// Throws TypeMismatch or Overflow for a stored text that is no 32-bit number.
   void ReadHistory();
 
-  /// Raises a counter by 1 (0 page scanned, 1 page found, 2 link found, 3 Main Site, 4 Linking Site;
-  /// any other kind raises nothing) and shows all figures. Throws Overflow for a counter that is full.
-  void UpdateStats(std::int16_t kind);
+  /// Raises a counter by 1 and shows all figures. Throws Overflow for a counter that is full.
+  void UpdateStats(Counted kind);
   /// Writes the seven counters into the labels.
   void RefreshStats();
 
@@ -44,7 +44,7 @@ class Statistics {
   void ResetSiteCounters();  ///< MainSitesScanned, LinkingSitesScanned
 
  private:
-  void Raise(std::int16_t kind);
+  void Raise(Counted kind);
 
   Settings settings_;
   std::span<TextBox, kLabels> lblStats_;

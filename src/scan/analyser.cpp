@@ -83,7 +83,7 @@ Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
 void Analyser::QueuePage(const std::string& url) {
   ScanState& state = context_.State;
   ++state.PagesQueued;
-  context_.Host.UpdateStats(1);
+  context_.Host.UpdateStats(Counted::PageFound);
   context_.Lists.List2.Add({url});
   // The full table fails here, with the page already queued, and ends the reading of the site.
   state.SeenPages.Store(state.PagesQueued, url);

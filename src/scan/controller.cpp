@@ -37,11 +37,12 @@ void Controller::StandStillOnFailure(Block&& block) {
 // calls would do on their way back is the same at each level: the rest of the page step, once for each
 // site that was closed because it expected no more links.
 void Controller::NextSite() {
-  SkipKind skip = CloseSite();
+  SkipType skip = CloseSite();
   std::size_t unfinishedPageSteps = 0;
   StandStillOnFailure([&] {
     while (AdvanceSite(skip)) {
       BeginSearch();
+      TellSiteBegins();
       const PageDecision decision = DecidePage();
       if (decision == PageDecision::TakePage) TakePage(0);
       if (decision == PageDecision::TakePage || decision == PageDecision::Return) return;
@@ -116,7 +117,7 @@ void Controller::TakePage(std::int16_t connection) {
 
 void Controller::cmdSkip() {
   scan_.State.SkipRequested = true;
-  scan_.State.ReasonNote = "Skipped";
+  scan_.State.ReasonNote = reason_word::kSkipped;
   NextSite();
 }
 
@@ -132,6 +133,7 @@ void Controller::cmdStop() {
   }
   window.Frame1.SetEnabled(true);
   scan_.State.SiteRow = 0;
+  site_ = {};
   scan_.Platform.Connection.Close();
   scan_.Gets.Abort();  // else a moved page would hold up the end of the scan
   window.pb1.SetValue(0);
@@ -139,7 +141,7 @@ void Controller::cmdStop() {
   for (const int panel : {2, 3, 4}) window.StatusBar1.SetPanel(panel, {});
   scan_.Platform.EventLoop.LetPendingEventsRun();
   scan_.Platform.timTimeout.Stop();
-  scan_.Host.UpdateStats(3);
+  scan_.Host.UpdateStats(Counted::MainSite);
   scan_.Host.GenerateLinkReport();
   scan_.Work.Release();
   if (scan_.Settings.IsOne(setting::chkAudioFinished)) {
@@ -158,8 +160,8 @@ void Controller::TimeoutTick(std::int16_t connection) {
   scan_.Window.StatusBar1.SetPanel(
       4, std::to_string(page.TimeoutTicks) + " of " + std::to_string(state.TimeoutSeconds) + " seconds");
   if (page.TimeoutTicks < state.TimeoutSeconds) return;
-  scan_.Lists.lstErr.Add({"Timeout", page.PageHost});
-  state.ReasonNote = "Timeout";
+  scan_.Lists.lstErr.Add({std::string(reason_word::kTimeout), page.PageHost});
+  state.ReasonNote = reason_word::kTimeout;
   NextSite();
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "scan/scan_context.h"
 
@@ -35,7 +36,6 @@ class Controller {
 
  private:
   enum class PageDecision { Return, CloseSite, CloseSiteAndGoOn, TakePage };
-  enum class SkipKind { LinkingSite, MainSite };
   enum class Advance { Stop, NextMainSite, NextLinkingSite };
 
   // start_scan.cpp
@@ -54,20 +54,25 @@ class Controller {
   void StandStillOnFailure(Block&& block);
 
   // next_site.cpp
-  [[nodiscard]] SkipKind CloseSite();
-  void WriteSiteResult();
+  [[nodiscard]] SkipType CloseSite();
+  [[nodiscard]] SiteVerdict Judge(std::string reason);
+  [[nodiscard]] SiteEnd DecideEnd() const;
+  void WriteSiteResult(SiteEnd end);
   void WriteMissing();
   void WriteRedirect();
   void WriteNoneFound();
   void ColourSiteRow(std::uint32_t colour);
   void ResetForNextSite();
-  [[nodiscard]] Advance DecideAdvance(SkipKind skip);
-  [[nodiscard]] bool AdvanceSite(SkipKind skip);
+  [[nodiscard]] Advance DecideAdvance(SkipType skip);
+  [[nodiscard]] bool AdvanceSite(SkipType skip);
   void TakeLinkingSite();
   void TakeMainSiteKey();
+  [[nodiscard]] std::string MainSiteText() const;
+  void TellSiteBegins();
   void PlayNextSiteSound();
 
   ScanContext& scan_;
+  ScannedSite site_;  ///< the one that began last, until its end
 };
 
 }  // namespace requite

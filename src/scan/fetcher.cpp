@@ -84,7 +84,7 @@ void Fetcher::FetchPage(std::int16_t connection) {
 void Fetcher::OnConnect() {
   if (!scan_.State.Scanning) return;
   const std::uint64_t fetch = fetches_;
-  scan_.Host.UpdateStats(0);
+  scan_.Host.UpdateStats(Counted::PageScanned);
   scan_.Platform.EventLoop.LetPendingEventsRun();
   scan_.Window.pb1.SetValue(0);
   // After a skip the connection is already another one, which sends its own request when it stands.

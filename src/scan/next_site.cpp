@@ -18,28 +18,56 @@ std::string InParentheses(const std::string& reason) {
 }  // namespace
 
 /// Everything of the end of a site that comes before the advance. Returns what kind of skip asked for it.
-Controller::SkipKind Controller::CloseSite() {
+SkipType Controller::CloseSite() {
   ScanState& state = scan_.State;
-  scan_.Host.UpdateStats(4);
-  const bool skipsMainSite = state.SkipRequested && scan_.Window.mnuSkip.FirstChecked() == 1;
+  scan_.Host.UpdateStats(Counted::LinkingSite);
+  const auto chosen = static_cast<SkipType>(scan_.Window.mnuSkip.FirstChecked());
+  const bool skipsMainSite = state.SkipRequested && chosen == SkipType::MainSite;
   state.TimeoutSeconds = scan_.Settings.Number(setting::txtTimeout);
-  state.ReasonNote = InParentheses(state.ReasonNote);
+  std::string reason = state.ReasonNote;
+  state.ReasonNote = InParentheses(reason);
   state.Scanning = true;  // lets a timer or a skip carry on
   scan_.Platform.Connection.Close();
   scan_.Gets.Abort();  // else a moved page would hold up the next site
-  WriteSiteResult();
+  const SiteVerdict verdict = Judge(std::move(reason));
+  WriteSiteResult(verdict.End);
+  scan_.Host.SiteFinished(verdict);
   ResetForNextSite();
-  return skipsMainSite ? SkipKind::MainSite : SkipKind::LinkingSite;
+  return skipsMainSite ? SkipType::MainSite : SkipType::LinkingSite;
 }
 
-/// One row at most. A site with all its links has none: the rows of its links stand alone.
-void Controller::WriteSiteResult() {
-  if (scan_.State.LinkFound) {
-    if (scan_.State.LinksCounted < scan_.State.LinksExpected) WriteMissing();
-  } else if (scan_.Settings.IsOne(setting::chkRedirect) && scan_.State.RedirectSuspected) {
-    WriteRedirect();
-  } else {
-    WriteNoneFound();
+SiteVerdict Controller::Judge(std::string reason) {
+  const ScanState& state = scan_.State;
+  SiteVerdict verdict;
+  verdict.Site = std::exchange(site_, {});
+  verdict.Url = state.CurrentLinkingUrl;
+  verdict.LinksCounted = state.LinksCounted;
+  verdict.LinksExpected = state.LinksExpected;
+  verdict.End = DecideEnd();
+  verdict.LinksBack = state.LinksCounted >= state.LinksExpected ||
+                      (verdict.End == SiteEnd::Redirect && state.LinksExpected == 1);
+  const bool givenUp = reason == reason_word::kTimeout || reason == reason_word::kSkipped;
+  verdict.Reached = !givenUp || state.PagesDone > 1 || state.LinksCounted > 0;
+  verdict.Reason = std::move(reason);
+  return verdict;
+}
+
+SiteEnd Controller::DecideEnd() const {
+  const ScanState& state = scan_.State;
+  if (state.LinkFound) {
+    return state.LinksCounted < state.LinksExpected ? SiteEnd::Missing : SiteEnd::AllLinks;
+  }
+  const bool redirect = scan_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected;
+  return redirect ? SiteEnd::Redirect : SiteEnd::NoneFound;
+}
+
+/// One row at most.
+void Controller::WriteSiteResult(SiteEnd end) {
+  switch (end) {
+    case SiteEnd::AllLinks: return;
+    case SiteEnd::Missing: return WriteMissing();
+    case SiteEnd::Redirect: return WriteRedirect();
+    case SiteEnd::NoneFound: return WriteNoneFound();
   }
 }
 
@@ -59,7 +87,7 @@ void Controller::WriteRedirect() {
       {state.MainSiteKey, std::move(linking), std::string(status::kRedirect), "001", state.RedirectPage},
       kIconGood, kBlue);
   ColourSiteRow(kGreen);
-  scan_.Host.UpdateStats(2);
+  scan_.Host.UpdateStats(Counted::LinkFound);
   if (!scan_.Settings.IsOne(setting::chkUpdate)) return;
   PassOver([&] {
     scan_.Project.List1(scan_.Project.CurrentMainSite)
@@ -104,7 +132,7 @@ void Controller::ResetForNextSite() {
 
 /// A skip of one Linking Site looks at no scan type: in a scan of one site it moves on as if all were
 /// to be scanned. A skip of a Main Site leaves SkipRequested set until a later site ends another way.
-Controller::Advance Controller::DecideAdvance(SkipKind skip) {
+Controller::Advance Controller::DecideAdvance(SkipType skip) {
   ScanState& state = scan_.State;
   const auto mainSites = static_cast<std::int64_t>(scan_.Project.List4.RowCount());
   const int current = scan_.Project.CurrentMainSite;
@@ -114,17 +142,18 @@ Controller::Advance Controller::DecideAdvance(SkipKind skip) {
     if (!listDone) return Advance::NextLinkingSite;
     return lastMainSite ? Advance::Stop : Advance::NextMainSite;
   };
-  if (skip == SkipKind::MainSite) return Advance::NextMainSite;
+  if (skip == SkipType::MainSite) return Advance::NextMainSite;
   if (std::exchange(state.SkipRequested, false)) return amongAll();
   switch (state.ScanType) {
-    case 1: return listDone ? Advance::Stop : Advance::NextLinkingSite;
-    case 2: return Advance::Stop;
-    default: return amongAll();
+    case ScanType::SelectedMainSite: return listDone ? Advance::Stop : Advance::NextLinkingSite;
+    case ScanType::SelectedLinkingSite: return Advance::Stop;
+    case ScanType::AllMainSites: break;
   }
+  return amongAll();
 }
 
 /// Goes to the next site and puts it in the queue. Returns false when the scan ended instead.
-bool Controller::AdvanceSite(SkipKind skip) {
+bool Controller::AdvanceSite(SkipType skip) {
   const Advance advance = DecideAdvance(skip);
   if (advance == Advance::Stop) {
     cmdStop();
@@ -139,7 +168,7 @@ bool Controller::AdvanceSite(SkipKind skip) {
       return false;
     }
     scan_.Host.SelectMainSite(scan_.Project.CurrentMainSite - 1);
-    scan_.Host.UpdateStats(3);
+    scan_.Host.UpdateStats(Counted::MainSite);
   }
   TakeLinkingSite();
   TakeMainSiteKey();
@@ -156,13 +185,22 @@ void Controller::TakeLinkingSite() {
   scan_.State.LinksExpected = ReadInt16(site.LinksExpected);
 }
 
-/// A Main Site that does not exist reads as an empty text, like a row of any single-column list.
 void Controller::TakeMainSiteKey() {
-  const int row = scan_.Project.CurrentMainSite - 1;
-  const bool exists = row >= 0 && row < static_cast<int>(scan_.Project.List4.RowCount());
-  scan_.State.MainSiteKey =
-      exists ? scan_.Project.List4.At(static_cast<std::size_t>(row)).Text : std::string();
+  scan_.State.MainSiteKey = MainSiteText();
   NormaliseMainSite(scan_.State.MainSiteKey);
+}
+
+/// A Main Site that does not exist reads as an empty text, like a row of any single-column list.
+std::string Controller::MainSiteText() const {
+  const RecordList<MainSite>& mainSites = scan_.Project.List4;
+  const int row = scan_.Project.CurrentMainSite - 1;
+  const bool exists = row >= 0 && row < static_cast<int>(mainSites.RowCount());
+  return exists ? mainSites.At(static_cast<std::size_t>(row)).Text : std::string();
+}
+
+void Controller::TellSiteBegins() {
+  site_ = {MainSiteText(), scan_.State.CurrentLinkingUrl, scan_.Project.CurrentMainSite, scan_.State.SiteRow};
+  scan_.Host.SiteBegins(site_);
 }
 
 void Controller::PlayNextSiteSound() {

@@ -48,7 +48,7 @@ void RecordLink(ScanContext& context, std::string_view status) {
   if (context.Settings.IsOne(setting::chkAudioEmail)) {
     context.Platform.Sounds.PlaySoundFile(context.Folder.File(sound::kLinkFound));
   }
-  context.Host.UpdateStats(2);
+  context.Host.UpdateStats(Counted::LinkFound);
   CountUp(state.PagesQueued);  // leaves a gap in SeenPages
   context.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
   context.Platform.EventLoop.LetPendingEventsRun();

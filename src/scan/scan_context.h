@@ -12,6 +12,7 @@
 #include "platform/services.h"
 #include "platform/work_folder.h"
 #include "scan/scan_state.h"
+#include "scan/site_verdict.h"
 
 namespace requite {
 
@@ -40,13 +41,12 @@ struct ScanWindow {
 };
 
 /// What the scan calls of parts above it.
-class ScanHost {
+class ScanHost : public SiteEvents {
  public:
-  virtual ~ScanHost() = default;
   /// Selects a row of List4, counted from 0, and runs the steps of a selection by the user.
   virtual void SelectMainSite(int row) = 0;
-  /// Raises a counter (0 page scanned, 1 page found, 2 link found, 3 Main Site, 4 Linking Site).
-  virtual void UpdateStats(std::int16_t kind) = 0;
+  /// Raises a counter and shows it.
+  virtual void UpdateStats(Counted kind) = 0;
   /// Sets the counters of one scan to 0 without showing them.
   virtual void ResetPageCounters() = 0;  ///< PagesScanned, PagesFound, LinksFound
   virtual void ResetSiteCounters() = 0;  ///< MainSitesScanned, LinkingSitesScanned

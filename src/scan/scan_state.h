@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/scan_kinds.h"
 #include "scan/seen_pages.h"
 
 namespace requite {
@@ -28,7 +29,7 @@ struct PageFetch {
 
 struct ScanState {
   bool Scanning = false;  ///< every step tests it first and does nothing when it is false
-  std::int16_t ScanType = 0;
+  requite::ScanType ScanType = requite::ScanType::AllMainSites;
   std::int32_t SiteRow = 0;       ///< 1-based row of the current Linking Site; 0 when no scan runs
   std::string CurrentLinkingUrl;  ///< as typed, and a bare host from the site's first result row on
   std::string MainSiteKey;

@@ -12,7 +12,7 @@ namespace requite {
 void Controller::StartScan() {
   scan_.State.AutoSaveTicks = 0;
   if (!TakeFileTypes()) return;
-  scan_.State.ScanType = static_cast<std::int16_t>(scan_.Window.mnuScan.FirstChecked());
+  scan_.State.ScanType = static_cast<ScanType>(scan_.Window.mnuScan.FirstChecked());
   ResetForStart();
   if (!ChooseMainSite()) return;
   if (!HasSomethingToScan()) return;
@@ -24,6 +24,7 @@ void Controller::StartScan() {
   if (!TakeFirstSite()) return;
   scan_.Work.Claim();
   scan_.State.Scanning = true;
+  TellSiteBegins();
   ScanNextPage(0);
 }
 
@@ -59,7 +60,7 @@ void Controller::ResetForStart() {
 bool Controller::ChooseMainSite() {
   Project& project = scan_.Project;
   Dialogs& dialogs = scan_.Platform.Dialogs;
-  if (scan_.State.ScanType == 0) {
+  if (scan_.State.ScanType == ScanType::AllMainSites) {
     project.CurrentMainSite = 1;
     return true;
   }
@@ -68,11 +69,12 @@ bool Controller::ChooseMainSite() {
     dialogs.Say("You must select a Main Site to scan before using this scan type.");
     return false;
   }
-  if (scan_.State.ScanType == 1 && project.List1(project.CurrentMainSite).Empty()) {
+  if (scan_.State.ScanType == ScanType::SelectedMainSite && project.List1(project.CurrentMainSite).Empty()) {
     dialogs.Say("You must enter a Linking Site to scan before using this scan type.");
     return false;
   }
-  if (scan_.State.ScanType == 2 && project.List1(project.CurrentMainSite).SelectedRow() < 0) {
+  if (scan_.State.ScanType == ScanType::SelectedLinkingSite &&
+      project.List1(project.CurrentMainSite).SelectedRow() < 0) {
     dialogs.Say("You must select a Linking Site to scan before using this scan type.");
     return false;
   }

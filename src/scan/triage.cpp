@@ -73,7 +73,7 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
   context_.State.ReasonNote = *text;
   context_.Lists.lstErr.Add({std::string(*text), url});
   // The page was counted when its connection stood: one with an error status counts twice.
-  context_.Host.UpdateStats(0);
+  context_.Host.UpdateStats(Counted::PageScanned);
 }
 
 void Triage::ProcessPage(std::string body, std::int16_t connection) {

@@ -73,6 +73,14 @@ void Form1::TellWorkFilesUnwritten() {
   if (OnNotice) OnNotice("The work files of a page could not be written. The scan goes on without them.");
 }
 
+void Form1::SiteBegins(const ScannedSite& site) {
+  for (SiteEvents* listener : SiteListeners) listener->SiteBegins(site);
+}
+
+void Form1::SiteFinished(const SiteVerdict& verdict) {
+  for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);
+}
+
 void Form1::WireFiles() {
   cmdNew.OnClick = [this] { Files.cmdNew(); };
   cmdOpen.OnClick = [this] { Files.cmdOpen(); };

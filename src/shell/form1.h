@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "harvest/extract_emails.h"
 #include "harvest/mod_database.h"
@@ -66,6 +67,8 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   std::function<void()> OnEnd;
   /// Shows the user a line that asks for nothing and waits for nobody.
   std::function<void(std::string_view)> OnNotice;
+  /// Those that the events of each site are passed on to, in this order.
+  std::vector<SiteEvents*> SiteListeners;
 
   /// The click of the tab strip; a number outside 1 to 5 does nothing.
   void ShowTab(int number);
@@ -73,11 +76,13 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   void OpenHelp();
 
   void SelectMainSite(int row) override { Editing.SelectMainSite(row); }
-  void UpdateStats(std::int16_t kind) override { Figures.UpdateStats(kind); }
+  void UpdateStats(Counted kind) override { Figures.UpdateStats(kind); }
   void ResetPageCounters() override { Figures.ResetPageCounters(); }
   void ResetSiteCounters() override { Figures.ResetSiteCounters(); }
   void GenerateLinkReport() override { Report.GenerateLinkReport(); }
   void TellWorkFilesUnwritten() override;
+  void SiteBegins(const ScannedSite& site) override;
+  void SiteFinished(const SiteVerdict& verdict) override;
 
   /// What the posting tabs of all windows work with. Log and list are the main window's.
   [[nodiscard]] PostingNeeds NeedsOfPosting();

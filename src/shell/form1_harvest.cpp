@@ -11,7 +11,7 @@ void Form1::WireHarvest() {
     return std::make_unique<Form3>(
         Windows,
         Form3Needs{txtSearch, Combo1, Combo2, StatusBar1, Sites, Database, Platform, Folder,
-                   [this](std::int16_t kind) { UpdateStats(kind); }, [this] { Scan.cmdDoSearch_Click(); }});
+                   [this](Counted kind) { UpdateStats(kind); }, [this] { Scan.cmdDoSearch_Click(); }});
   });
   Windows.Register("frmExport", [this] {
     return std::make_unique<frmExport>(Windows, Sites.List3, Database, Platform.Dialogs, Folder);

@@ -21,7 +21,7 @@ struct Form3Needs {
   modDatabase& Database;
   Services& Platform;
   const ProgramFolder& Folder;
-  std::function<void(std::int16_t kind)> UpdateStats;
+  std::function<void(Counted kind)> UpdateStats;
   std::function<void()> cmdDoSearch_Click;
 };
 

@@ -61,7 +61,9 @@ TEST(Database, DeletesResetTheCountersThatOnceBelongedToThem) {
   rig.Form.Database.AddEmail("a@b.c");
   std::string url = "a.example";
   rig.Form.Database.AddWebsite(url);
-  for (const int kind : {0, 1, 2}) rig.Form.UpdateStats(static_cast<std::int16_t>(kind));
+  for (const Counted kind : {Counted::PageScanned, Counted::PageFound, Counted::LinkFound}) {
+    rig.Form.UpdateStats(kind);
+  }
   rig.Form.Lists.List2.Add({"a"});
   EXPECT_TRUE(rig.Form.Database.DeleteAllEmails());
   EXPECT_EQ(rig.Form.Figures.LinksFound, 0);
@@ -76,8 +78,8 @@ TEST(Database, DeletesResetTheCountersThatOnceBelongedToThem) {
 /// What is left of a rig whose database fails in some way.
 void ExpectEachOperationFailsInItsOwnWay(HarvestRig& rig) {
   modDatabase& database = rig.Form.Database;
-  rig.Form.UpdateStats(1);
-  rig.Form.UpdateStats(2);
+  rig.Form.UpdateStats(Counted::PageFound);
+  rig.Form.UpdateStats(Counted::LinkFound);
   rig.Form.Lists.List2.Add({"a"});
   EXPECT_EQ(After(&modDatabase::AddWebsite, database, "http://a"), "a True");
   EXPECT_TRUE(database.DeleteAllEmails());

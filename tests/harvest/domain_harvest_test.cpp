@@ -123,7 +123,7 @@ TEST(ResultPage, IsReadAsItsPlainWordingSays) {
     TextBox text("Text1");
     DomainHarvest harvest({rig.Form.txtSearch, rig.Form.Combo1, rig.Form.Combo2, rig.Form.StatusBar1, text,
                            view, rig.Form.Sites, rig.Form.Database, rig.Services.EventLoop, rig.Folder.Folder,
-                           [](std::int16_t) {}, [] {}, [] {}, [] {}});
+                           [](Counted) {}, [] {}, [] {}, [] {}});
     harvest.TargetResults = 0;
     std::string kept;
     rig.Services.EventLoop.OnEveryYield = [&] {

@@ -29,9 +29,7 @@ struct StatisticsRig {
 
 TEST(Statistics, EachKindRaisesItsCounterAndShowsAllFigures) {
   StatisticsRig rig;
-  for (const int kind : {0, 0, 1, 2, 2, 2, 3, 4, 4, 5, -1}) {
-    rig.Counters.UpdateStats(static_cast<std::int16_t>(kind));
-  }
+  for (const int kind : {0, 0, 1, 2, 2, 2, 3, 4, 4}) rig.Counters.UpdateStats(static_cast<Counted>(kind));
   EXPECT_EQ(rig.Labels(), "2 1 3 2 3 2 1 ");
 }
 
@@ -40,19 +38,21 @@ TEST(Statistics, HistoryIsInTheStoreAtOnceAndOutlastsTheProgram) {
   rig.Store.Set("lHistWebScanned", "41");
   rig.Store.Set("lHistEmailFound", "7");
   rig.Counters.ReadHistory();
-  rig.Counters.UpdateStats(0);
+  rig.Counters.UpdateStats(Counted::PageScanned);
   EXPECT_EQ(rig.Store.Read("lHistWebScanned"), "42");
-  rig.Counters.UpdateStats(2);
+  rig.Counters.UpdateStats(Counted::LinkFound);
   EXPECT_EQ(rig.Store.Read("lHistEmailFound"), "8");
 
   const int writes = rig.Store.Writes;
-  for (const std::int16_t kind : std::array<std::int16_t, 3>{1, 3, 4}) rig.Counters.UpdateStats(kind);
+  for (const Counted kind : {Counted::PageFound, Counted::MainSite, Counted::LinkingSite}) {
+    rig.Counters.UpdateStats(kind);
+  }
   EXPECT_EQ(rig.Store.Writes, writes);
 }
 
 TEST(Statistics, ResetKeepsHistoryAndTheOldFiguresOnScreen) {
   StatisticsRig rig;
-  for (std::int16_t kind = 0; kind <= 4; ++kind) rig.Counters.UpdateStats(kind);
+  for (int kind = 0; kind <= 4; ++kind) rig.Counters.UpdateStats(static_cast<Counted>(kind));
   rig.Counters.ResetPageCounters();
   rig.Counters.ResetSiteCounters();
   EXPECT_EQ(rig.Labels(), "1 1 1 1 1 1 1 ");
@@ -64,7 +64,7 @@ TEST(Statistics, AFullCounterIsAnOverflow) {
   StatisticsRig rig;
   rig.Store.Set("lHistWebScanned", "2147483647");
   rig.Counters.ReadHistory();
-  EXPECT_EQ(NumberOf([&] { rig.Counters.UpdateStats(0); }), 6);
+  EXPECT_EQ(NumberOf([&] { rig.Counters.UpdateStats(Counted::PageScanned); }), 6);
   EXPECT_EQ(rig.Store.Read("lHistWebScanned"), "2147483647");
 }
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "shell/form1_rig.h"
-#include "shell/scan_share.h"
 
 namespace requite {
 namespace {
@@ -119,36 +118,6 @@ TEST(Form1Lists, ResultsAndErrorsOpenInTheWebTab) {
   EXPECT_EQ(rig.Form.WebBrowser1.AskedFor(), "http://slow.example");
   rig.Form.Lists.lstErr.OnDoubleClick(0);
   EXPECT_EQ(rig.Services.Shell.Opened, std::vector<std::string>{"http://slow.example"});
-}
-
-struct Share {
-  const char* What;
-  int ScanType;
-  std::int16_t CurrentMainSite;
-  int SitesScanned, PagesDone, PagesQueued;
-  int Percent;
-};
-
-TEST(ScanPercent, IsTheShareOfTheSitesThatAreScannedAndOfThePagesOfTheOneAtWork) {
-  Form1Rig rig;
-  rig.AddSites("a.example", {"a1.example", "a2.example"});
-  rig.AddSites("b.example", {"b1.example"});
-  for (const Share& row : {Share{"no page yet", 0, 1, 0, 0, 0, 0},
-                           {"a site and half of the next one's pages", 0, 1, 1, 1, 1, 50},
-                           {"all sites", 0, 1, 3, 0, 0, 100},
-                           {"one of a Main Site's two", 1, 1, 1, 0, 0, 50},
-                           {"a Main Site's only one", 1, 2, 0, 1, 3, 25},
-                           {"a Main Site that has gone", 1, 9, 0, 1, 1, 50},
-                           {"the one Linking Site", 2, 1, 0, 1, 3, 25},
-                           {"more pages than the queue had", 0, 1, 0, 9, 0, 33},
-                           {"more sites than are left", 0, 1, 7, 0, 0, 100}}) {
-    rig.Form.State.ScanType = static_cast<std::int16_t>(row.ScanType);
-    rig.Form.Sites.CurrentMainSite = row.CurrentMainSite;
-    rig.Form.Figures.LinkingSitesScanned = row.SitesScanned;
-    rig.Form.State.PagesDone = row.PagesDone;
-    rig.Form.State.PagesQueued = row.PagesQueued;
-    EXPECT_EQ(ScanPercent(rig.Form), row.Percent) << row.What;
-  }
 }
 
 TEST(ControlIndex, FindsControlsMembersAndListsByTheirNames) {

@@ -127,7 +127,7 @@ class PlainPage {
     }
     if (!PlainIsSeenUrl(context_, seen_, s) && PlainIsOnLinkingSite(context_, s)) {
       ++state.PagesQueued;
-      context_.Host.UpdateStats(1);
+      context_.Host.UpdateStats(Counted::PageFound);
       context_.Lists.List2.Add({s});
       seen_.at(static_cast<std::size_t>(state.PagesQueued)) = s;
     }
@@ -161,7 +161,7 @@ class PlainPage {
     if (context_.Settings.IsOne(setting::chkAudioEmail)) {
       context_.Platform.Sounds.PlaySoundFile(context_.Folder.File("sounds/foundemail.wav"));
     }
-    context_.Host.UpdateStats(2);
+    context_.Host.UpdateStats(Counted::LinkFound);
     ++state.PagesQueued;
     context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
   }

@@ -20,9 +20,10 @@ class FakeScanHost : public ScanHost {
     project_.List4.SelectOnly(row);
     project_.CurrentMainSite = static_cast<std::int16_t>(row + 1);
   }
-  void UpdateStats(std::int16_t kind) override {
-    Calls.push_back("UpdateStats " + std::to_string(kind));
-    ++Raised[static_cast<std::size_t>(kind)];
+  void UpdateStats(Counted kind) override {
+    const auto number = static_cast<std::size_t>(kind);
+    Calls.push_back("UpdateStats " + std::to_string(number));
+    ++Raised[number];
   }
   void ResetPageCounters() override { Calls.emplace_back("ResetPageCounters"); }
   void ResetSiteCounters() override { Calls.emplace_back("ResetSiteCounters"); }
@@ -31,10 +32,22 @@ class FakeScanHost : public ScanHost {
     if (OnReport) OnReport();
   }
   void TellWorkFilesUnwritten() override { Calls.emplace_back("TellWorkFilesUnwritten"); }
+  void SiteBegins(const ScannedSite& site) override {
+    Begun.push_back(site);
+    if (OnSiteBegins) OnSiteBegins();
+  }
+  void SiteFinished(const SiteVerdict& verdict) override {
+    Verdicts.push_back(verdict);
+    if (OnSiteFinished) OnSiteFinished();
+  }
 
   std::vector<std::string> Calls;
   std::array<int, 5> Raised{};
   std::function<void()> OnReport;
+  std::function<void()> OnSiteBegins;
+  std::function<void()> OnSiteFinished;
+  std::vector<ScannedSite> Begun;
+  std::vector<SiteVerdict> Verdicts;
 
  private:
   Project& project_;

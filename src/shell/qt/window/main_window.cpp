@@ -15,11 +15,11 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "scan/scan_share.h"
 #include "shell/qt/window/glyphs.h"
 #include "shell/qt/window/product_icon.h"
 #include "shell/qt/window/screen_fit.h"
 #include "shell/qt/window/shown_text.h"
-#include "shell/scan_share.h"
 
 namespace requite {
 
@@ -92,7 +92,8 @@ void MainWindow::ShowScan() {
   if (windowTitle() != title) setWindowTitle(title);
   if (!form_.State.WorkFilesUnwritten) notice_->hide();
   if (!desktopNotice_) return;
-  desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr, ScanPercent(form_),
+  desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr,
+                       ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),
                        form_.Figures.LinksFound, form_.Figures.PagesScanned});
 }
 
