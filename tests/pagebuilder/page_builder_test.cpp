@@ -4,15 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include "pagebuilder/link_pages.h"
-#include "support/fakes.h"
+#include "shell/form1_rig.h"
 
 namespace requite {
 namespace {
 
-class PageBuilderTest : public testing::Test {
+class PageBuilderTest : public testing::Test, protected test::Form1Rig {
  protected:
   PageBuilderTest() {
+    Form.Start();
+    Form.chkNewWin.SetValue(0);
     project_.AddMainSite("one.example");
     project_.AddMainSite(" two.example ");
     project_.List1(1).Add({"a.example", "1", "", "", ""});
@@ -20,7 +21,6 @@ class PageBuilderTest : public testing::Test {
     project_.List1(1).Add({"a.example", "1", "later", "A & <b>\"a\"</b>", "first"});
     project_.List1(1).Add({"www.b.example", "1", "http://b.example/x", "B", "b"});
     project_.List1(2).Add({"a.example", "1", "HTTP://two/", "", "  "});
-    optAll_.Choose(0);
   }
 
   void Result(const std::string& main, const std::string& linking, const std::string& status) {
@@ -29,7 +29,7 @@ class PageBuilderTest : public testing::Test {
 
   /// The hosts (or the texts) that the generated links show, in order.
   std::string Generated() {
-    builder_.GenerateLinks();
+    Form.Command5.Click();
     std::string shown;
     std::string_view rest = project_.txtHTML2.Text();
     for (std::size_t at = rest.find("\">"); at != std::string_view::npos; at = rest.find("\">")) {
@@ -39,37 +39,31 @@ class PageBuilderTest : public testing::Test {
     return shown;
   }
 
-  test::TemporaryFolder folder_;
-  test::ScriptedDialogs dialogs_;
-  Project project_;
-  OptionGroup optAll_{"optAll", {"all", "one"}};
-  ComboBox Combo3_{"Combo3", "Select"};
-  CheckBox chkNewWin_{"chkNewWin", ""};
-  CheckBox chkBullet_{"chkBullet", ""};
-  PageBuilder builder_{project_, {optAll_, Combo3_, chkNewWin_, chkBullet_}, folder_.Folder, dialogs_};
+  Project& project_ = Form.Sites;
 };
 
 TEST_F(PageBuilderTest, AnEntryIsBuiltFromTheFirstFieldsThatHoldSomething) {
   Result("one.example", "a.example", "Direct Link");
   Result("two.example", "a.example", "Redirect Link");
   Result("gone.example", "www.b.example", "Indirect Link");
-  builder_.GenerateLinks();
+  Form.Command5.Click();
   // A description of one blank is none, and the row with the next one is not asked: the blank is a value.
   EXPECT_EQ(project_.txtHTML2.Text(),
             "<a href=\"http://https://a.example/x\">A & <b>\"a\"</b></a><br><br>\r\n"
             "<a href=\"HTTP://two/\">a.example</a><BR>  <br><br>\r\n"
             "<a href=\"http://b.example/x\">B</a><BR>b<br><br>\r\n");
-  chkNewWin_.SetValue(1);
-  chkBullet_.SetValue(1);
+  Form.chkNewWin.SetValue(1);
+  Form.chkBullet.SetValue(1);
   project_.List3.Clear();
   Result("one.example", "www.c.example/x", "DIRECT");
-  builder_.GenerateLinks();
+  Form.Command5.Click();
   const std::string whole =
       "<li><a href=\"http://c.example\" target=\"_blank\">c.example</a></li><br><br>\r\n";
   EXPECT_EQ(project_.txtHTML2.Text(), whole);
-  chkNewWin_.SetValue(2);
-  chkBullet_.SetValue(2);  // grey is off
-  builder_.GenerateLinks();
+  EXPECT_EQ(Setting("txtHTML2"), whole) << "a generated text is a change";
+  Form.chkNewWin.SetValue(2);
+  Form.chkBullet.SetValue(2);  // grey is off
+  Form.Command5.Click();
   EXPECT_EQ(project_.txtHTML2.Text(), "<a href=\"http://c.example\">c.example</a><br><br>\r\n");
 }
 
@@ -98,11 +92,11 @@ TEST_F(PageBuilderTest, OneMainSiteIsChosenByItsExactText) {
   Result("one.example", "c", "Direct Link");
   Result("One.example", "d", "Direct Link");
   Result("Select", "e", "Direct Link");
-  optAll_.Choose(1);
+  Form.optAll.Choose(1);
   EXPECT_EQ(Generated(), "e;");
-  Combo3_.UserSets("one.example");
+  Form.Combo3.UserSets("one.example");
   EXPECT_EQ(Generated(), "c;");
-  Combo3_.UserSets("nowhere");
+  Form.Combo3.UserSets("nowhere");
   EXPECT_EQ(Generated(), "");
 }
 
@@ -110,19 +104,19 @@ TEST_F(PageBuilderTest, ThePageIsSavedOverAnOldOneWithoutAQuestion) {
   project_.txtHTML1.SetText("<top>");
   project_.txtHTML2.SetText("<links>");
   project_.txtHTML3.SetText("\xE9");
-  const std::string name = folder_.File("page");
+  const std::string name = Folder.File("page");
   WriteFile(name, "an old page that is longer than the new one");
-  dialogs_.Names = {name, ""};
-  builder_.SaveWebpage();
+  Services.Dialogs.Names = {name, ""};
+  Form.Command6.Click();
   EXPECT_EQ(ReadFile(name), "<top>\r\n\r\n<links>\r\n\r\n\xE9\r\n");
-  builder_.SaveWebpage();
-  EXPECT_TRUE(dialogs_.Boxes.empty());
-  ASSERT_EQ(dialogs_.FileDialogs.size(), 2U);
-  EXPECT_EQ(dialogs_.FileDialogs[0].Folder, folder_.Folder.Path);
-  EXPECT_EQ(dialogs_.FileDialogs[0].Filter,
+  Form.Command6.Click();
+  EXPECT_TRUE(Services.Dialogs.Boxes.empty());
+  ASSERT_EQ(Services.Dialogs.FileDialogs.size(), 2U);
+  EXPECT_EQ(Services.Dialogs.FileDialogs[0].Folder, Folder.Folder.Path);
+  EXPECT_EQ(Services.Dialogs.FileDialogs[0].Filter,
             "Web Files (*.htm, *.html, *.asp, *.php, *.txt)|*.htm;*.asp;*.php;*.html");
-  dialogs_.Names = {folder_.File("no such folder/page")};
-  EXPECT_THROW(builder_.SaveWebpage(), RuntimeFailure);
+  Services.Dialogs.Names = {Folder.File("no such folder/page")};
+  EXPECT_THROW(Form.Command6.Click(), RuntimeFailure);
 }
 
 }  // namespace

@@ -2,11 +2,8 @@
 // What the user does with the result lists: sort, browse, copy, mark.
 #include <gtest/gtest.h>
 
-#include "model/project.h"
-#include "results/results_popup.h"
 #include "results/sorting.h"
-#include "results/web_tab.h"
-#include "support/fakes.h"
+#include "shell/form1_rig.h"
 
 namespace requite::test {
 namespace {
@@ -48,73 +45,65 @@ TEST(Sorting, AFailureIsToldInItsOwnBox) {
   EXPECT_EQ(dialogs.Boxes[0].Icon, BoxIcon::Information);
 }
 
-struct LinksTab {
-  RecordList<LinkResult> List3{"List3"};
-  RecordList<ErrorEntry> lstErr{"lstErr"};
-  TabStrip TabStrip1{"TabStrip1", {{"Links", ""}, {"Web", ""}}};
-  BrowserView WebBrowser1{"WebBrowser1"};
-  TextBox lblErr{"lblErr", "Errors/Warnings:"};
-  TextBox txtURL{"txtURL"};
-  FakeShell Shell;
-  FakeClipboard Clipboard;
-  WebTab Tab{{TabStrip1, WebBrowser1, List3, lstErr, lblErr, txtURL}, Shell};
-  ResultsPopup Popup{List3, Clipboard, [this](const std::string& url) { Tab.BrowseInWebTab(url); }};
-
+struct LinksTab : Form1Rig {
   LinksTab() {
-    WebBrowser1.SetVisible(false);
-    List3.Add({"main.example", "partner.example", "None Found (Timeout)", "000", "partner.example/p"}, 1,
-              kRed);
+    Form.Start();
+    Form.Sites.List3.Add(
+        {"main.example", "partner.example", "None Found (Timeout)", "000", "partner.example/p"}, 1, kRed);
   }
 };
 
 TEST(ResultsPopup, BrowsesCopiesAndMarksTheSelectedRow) {
   LinksTab tab;
-  for (int entry = -1; entry < 10; ++entry) tab.Popup.Click(entry);  // without a row
-  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "");
-  EXPECT_EQ(tab.List3.At(0).Linking, "partner.example");
-  tab.List3.SelectOnly(0);
+  for (int entry = -1; entry < 10; ++entry) tab.Form.Popup2.Click(entry);  // without a row
+  EXPECT_EQ(tab.Form.TabStrip1.Selected(), 1);
+  EXPECT_EQ(tab.Form.Sites.List3.At(0).Linking, "partner.example");
+  tab.Form.Sites.List3.SelectOnly(0);
   const std::array<std::string, 3> fields{"main.example", "partner.example", "partner.example/p"};
   for (int i = 0; i < 3; ++i) {
     const std::string& field = fields[static_cast<std::size_t>(i)];
-    tab.Popup.Click(i);
-    EXPECT_EQ(tab.WebBrowser1.AskedFor(), "http://" + field);
-    tab.Popup.Click(i + 3);
-    EXPECT_EQ(tab.Clipboard.Text, field);
+    tab.Form.Popup2.Click(i);
+    EXPECT_EQ(tab.Form.WebBrowser1.AskedFor(), "http://" + field);
+    tab.Form.Popup2.Click(i + 3);
+    EXPECT_EQ(tab.Services.Clipboard.Text, field);
   }
   for (const auto& [entry, words, colour] : {std::tuple(7, "Direct Link", kBlue), {8, "None Found", kRed}}) {
-    tab.Popup.Click(entry);
-    EXPECT_EQ(tab.List3.At(0).Linking, words) << "a mark goes into the wrong column";
-    EXPECT_EQ(tab.List3.At(0).Status, "None Found (Timeout)");
-    EXPECT_EQ(tab.List3.Colour(0), colour);
+    tab.Form.Popup2.Click(entry);
+    EXPECT_EQ(tab.Form.Sites.List3.At(0).Linking, words) << "a mark goes into the wrong column";
+    EXPECT_EQ(tab.Form.Sites.List3.At(0).Status, "None Found (Timeout)");
+    EXPECT_EQ(tab.Form.Sites.List3.Colour(0), colour);
   }
 }
 
 TEST(WebTab, BrowsingShowsTheTabAndAddsASchemeOnlyWithoutTheLetters) {
   LinksTab tab;
-  tab.Tab.BrowseInWebTab("partner.example/x");
-  EXPECT_EQ(tab.TabStrip1.Selected(), 2);
-  EXPECT_TRUE(tab.WebBrowser1.Visible());
-  EXPECT_FALSE(tab.List3.Visible() || tab.lstErr.Visible() || tab.lblErr.Visible());
-  EXPECT_EQ(tab.txtURL.Text(), "http://partner.example/x");
-  EXPECT_TRUE(tab.WebBrowser1.Silent);
+  tab.Form.Web.BrowseInWebTab("partner.example/x");
+  EXPECT_EQ(tab.Form.TabStrip1.Selected(), 2);
+  EXPECT_TRUE(tab.Form.WebBrowser1.Visible());
+  EXPECT_FALSE(tab.Form.Sites.List3.Visible() || tab.Form.Lists.lstErr.Visible() ||
+               tab.Form.lblErr.Visible());
+  EXPECT_EQ(tab.Form.txtURL.Text(), "http://partner.example/x");
+  EXPECT_TRUE(tab.Form.WebBrowser1.Silent);
   for (const char* url : {"myHTTPserver.example", "HTTPS://a.example/"}) {
-    tab.Tab.BrowseInWebTab(url);
-    EXPECT_EQ(tab.WebBrowser1.AskedFor(), url);
+    tab.Form.Web.BrowseInWebTab(url);
+    EXPECT_EQ(tab.Form.WebBrowser1.AskedFor(), url);
   }
 }
 
 TEST(WebTab, AnErrorRowOpensInsideWithoutTouchingTheAddressBox) {
   LinksTab tab;
-  tab.lstErr.Add({"404 Not found", "a.example/gone.html"});
-  tab.Tab.OpenErrorInside();
-  EXPECT_EQ(tab.TabStrip1.Selected(), 1);
-  tab.lstErr.SelectOnly(0);
-  tab.Tab.OpenErrorInside();
-  EXPECT_EQ(tab.WebBrowser1.AskedFor(), "http://a.example/gone.html");
-  EXPECT_EQ(tab.TabStrip1.Selected(), 2);
-  EXPECT_FALSE(tab.lstErr.Visible());
-  EXPECT_EQ(tab.txtURL.Text(), "");
-  EXPECT_FALSE(tab.WebBrowser1.Silent);
+  tab.Form.Lists.lstErr.Add({"404 Not found", "a.example/gone.html"});
+  tab.Form.Lists.lstErr.OnLabelEdit(0);
+  EXPECT_EQ(tab.Form.TabStrip1.Selected(), 1) << "no row is selected";
+  tab.Form.Lists.lstErr.SelectOnly(0);
+  tab.Form.Lists.lstErr.OnLabelEdit(0);
+  EXPECT_EQ(tab.Form.WebBrowser1.AskedFor(), "http://a.example/gone.html");
+  EXPECT_EQ(tab.Form.TabStrip1.Selected(), 2);
+  EXPECT_FALSE(tab.Form.Lists.lstErr.Visible());
+  EXPECT_EQ(tab.Form.txtURL.Text(), "");
+  EXPECT_FALSE(tab.Form.WebBrowser1.Silent);
+  tab.Form.Lists.lstErr.OnDoubleClick(0);
+  EXPECT_EQ(tab.Services.Shell.Opened.back(), "http://a.example/gone.html");
 }
 
 }  // namespace

@@ -13,28 +13,13 @@
 #include "model/url_forms.h"
 #include "platform/spooled_text.h"
 #include "platform/text.h"
+#include "shell/form1_rig.h"
 #include "support/failure_number.h"
-#include "support/fakes.h"
 
 namespace requite::test {
 namespace {
 
-struct ReportRig {
-  TemporaryFolder Folder;
-  WorkFolder Work{Folder.Folder};
-  FakeEventLoop Loop;
-  MemorySettings Store;
-  ManualClock Clock;
-  Project Sites;
-  RecordList<ErrorEntry> lstErr{"lstErr"};
-  std::array<TextBox, 7> lblStats{TextBox("0"), TextBox("1"), TextBox("2"), TextBox("3"),
-                                  TextBox("4"), TextBox("5"), TextBox("6")};
-  Window Form1{"Form1"};
-  Statistics Counters{Settings(Store), lblStats, Form1};
-  BrowserView WebBrowser2{"WebBrowser2"};
-  LinkReport Report{
-      {Sites, lstErr, Counters, Settings(Store), Clock, Loop, Folder.Folder, Work, WebBrowser2}};
-
+struct ReportRig : Form1Rig {
   void AddMainSite(const std::string& text, const std::vector<std::string>& urls) {
     Sites.List4.Add({text});
     LinkingSiteList& list = Sites.CreateLinkingSiteList();
@@ -44,7 +29,7 @@ struct ReportRig {
     Sites.List3.Add({"main.example", linking, status, "001", url});
   }
   std::string Page() {
-    Report.GenerateLinkReport();
+    Form.Report.GenerateLinkReport();
     return ReadFile(Folder.File("tempreport.html"));
   }
   /// What stands behind the heading of the sections.
@@ -53,6 +38,8 @@ struct ReportRig {
     const std::string page = Page();
     return page.substr(page.find(heading) + heading.size());
   }
+
+  Project& Sites = Form.Sites;
 };
 
 std::string Head() {
@@ -81,7 +68,7 @@ TEST(LinkReport, AnEmptyProjectReportsItsConstants) {
                 "<tr><td>Sites with No Links:</td><td>100%</td></tr>\r\n"
                 "<tr><td>Average Pages Scanned Per Site:</td><td>0</td></tr></table><BR><BR>\r\n"
                 "<h1>Main Site Specific Overviews</h1>\r\n\r\n");
-  EXPECT_EQ(rig.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
+  EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
 }
 
 TEST(LinkReport, CountsAndSectionsOfEveryStatus) {
@@ -99,8 +86,8 @@ TEST(LinkReport, CountsAndSectionsOfEveryStatus) {
   rig.AddResult("domain.example", "Domain Link");
   rig.AddResult("no.example", "direct link");
   rig.AddResult("gone.example", "None Found");
-  rig.lstErr.Add({"404 Not found", "u"});
-  rig.Counters.PagesScanned = 7;
+  rig.Form.Lists.lstErr.Add({"404 Not found", "u"});
+  rig.Form.Figures.PagesScanned = 7;
 
   const std::string page = rig.Page();
   for (const char* row :
@@ -119,7 +106,7 @@ TEST(LinkReport, OnlyDomainLinksAndShortfallsCountAsNoLinksAtAll) {
   ReportRig rig;
   rig.AddResult("a", "Domain Link");
   rig.AddResult("b", "Missing 001");
-  rig.Counters.PagesScanned = 5;
+  rig.Form.Figures.PagesScanned = 5;
   const std::string page = rig.Page();
   EXPECT_NE(page.find("Reciprocal Links:</td><td>0%<"), std::string::npos);
   EXPECT_NE(page.find("No Links:</td><td>100%<"), std::string::npos);
@@ -186,8 +173,8 @@ TEST(LinkReport, ManySitesOfOneHostAreWrittenInBoundedMemory) {
   };
   const std::size_t before = allocated();
   std::size_t most = before;
-  rig.Loop.OnEveryYield = [&] { most = std::max(most, allocated()); };
-  rig.Report.GenerateLinkReport();
+  rig.Services.EventLoop.OnEveryYield = [&] { most = std::max(most, allocated()); };
+  rig.Form.Report.GenerateLinkReport();
   EXPECT_LT(most - before, 2 * SpooledText::kMostInMemory + 500'000);
   const std::string page = ReadFile(rig.Folder.File("tempreport.html"));
   EXPECT_GT(page.size(), 10 * SpooledText::kMostInMemory);
@@ -201,7 +188,7 @@ TEST(LinkReport, ChangesDuringAYieldEnterTheRestOfTheWalk) {
   rig.AddResult("b.example", "Domain Link");
   rig.AddResult("b.example", "None Found");
   // The first yield comes after the first entry: the last row then leaves its site, as a mark does.
-  rig.Loop.AtYield(1, [&] { rig.Sites.List3.SetFieldAt(2, 1, "None Found"); });
+  rig.Services.EventLoop.AtYield(1, [&] { rig.Sites.List3.SetFieldAt(2, 1, "None Found"); });
   EXPECT_EQ(rig.Sections(), "<h3>m1</h3>\r\n" + Site("a.example") + "<BR>" + Site("b.example") + "<BR>\r\n");
 }
 
@@ -213,7 +200,7 @@ TEST(LinkReport, ListsEmptiedAtAnyYieldEndTheSectionsWithoutAFailure) {
       rig.AddMainSite("m2", {"a.example"});
       rig.AddResult("a.example", "Direct Link");
       rig.AddResult("a.example", "None Found");
-      rig.Loop.AtYield(yield, [&] {
+      rig.Services.EventLoop.AtYield(yield, [&] {
         rig.Sites.List3.Clear();
         if (!all) return;
         rig.Sites.DropLinkingSiteLists();
@@ -226,23 +213,23 @@ TEST(LinkReport, ListsEmptiedAtAnyYieldEndTheSectionsWithoutAFailure) {
 
 TEST(LinkReport, TheFilesAreReplacedAndTheCopyTakesTheProjectsName) {
   ReportRig rig;
-  rig.Store.Set("LastProject", "/somewhere/else/My.PRJ.prj");
+  rig.Services.Store.Set("LastProject", "/somewhere/else/My.PRJ.prj");
   const std::string copy = rig.Folder.File("Project Files/My.html.html");
   WriteFile(copy, "old and long");
   WriteFile(rig.Folder.File("tempreport.html"), "old");
   const std::string page = rig.Page();
   EXPECT_TRUE(page.starts_with("<html>"));
   EXPECT_EQ(ReadFile(copy), page);
-  EXPECT_EQ(rig.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
+  EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
 }
 
 TEST(LinkReport, AMissingFolderForTheCopyGoesToTheCallerAfterTheReportIsShown) {
   ReportRig rig;
-  rig.Store.Set("LastProject", "a.prj");
+  rig.Services.Store.Set("LastProject", "a.prj");
   std::filesystem::remove(rig.Folder.File("Project Files"));
-  EXPECT_EQ(NumberOf([&] { rig.Report.GenerateLinkReport(); }), 76);
+  EXPECT_EQ(NumberOf([&] { rig.Form.Report.GenerateLinkReport(); }), 76);
   EXPECT_TRUE(FileExists(rig.Folder.File("tempreport.html")));
-  EXPECT_EQ(rig.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
+  EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
 }
 
 }  // namespace

@@ -6,20 +6,14 @@
 
 #include <array>
 
-#include "support/fakes.h"
+#include "shell/form1_rig.h"
 
 namespace requite::test {
 namespace {
 
 const std::string kHeader = "Main\tLinking\tStatus\tNo.\tLink URL\r\n\r\n";
 
-struct SaveRig {
-  TemporaryFolder Folder;
-  WorkFolder Work{Folder.Folder};
-  ScriptedDialogs Dialogs;
-  RecordList<LinkResult> List3{"List3"};
-  SavedFiles Saved{List3, Work, Dialogs};
-
+struct SaveRig : Form1Rig {
   SaveRig() { WriteFile(Folder.File("tempreport.html"), "report"); }
   std::string Text(std::string_view name) {
     return FileExists(Folder.File(name)) ? ReadFile(Folder.File(name)) : "none";
@@ -39,15 +33,15 @@ TEST(TabDelimited, HoldsTheRowsInTheOrderOfTheViewWithoutQuoting) {
 TEST(SavedFiles, ACancelledDialogWritesNothing) {
   SaveRig rig;
   for (const char* name : {"", " "}) {
-    rig.Dialogs.Names = {name, name};
-    rig.Saved.Command8();
-    rig.Saved.Command8a();
+    rig.Services.Dialogs.Names = {name, name};
+    rig.Form.Command8.Click();
+    rig.Form.Command8a.Click();
   }
-  EXPECT_TRUE(rig.Dialogs.Boxes.empty());
-  ASSERT_EQ(rig.Dialogs.FileDialogs.size(), 4U);
-  EXPECT_EQ(rig.Dialogs.FileDialogs[0].Filter, "HTML Files (*.htm, *.html)|*.htm,*.html");
-  EXPECT_EQ(rig.Dialogs.FileDialogs[1].Filter, "TAB Files (*.tab)|*.tab");
-  EXPECT_EQ(rig.Dialogs.FileDialogs[1].DefaultName, "");
+  EXPECT_TRUE(rig.Services.Dialogs.Boxes.empty());
+  ASSERT_EQ(rig.Services.Dialogs.FileDialogs.size(), 4U);
+  EXPECT_EQ(rig.Services.Dialogs.FileDialogs[0].Filter, "HTML Files (*.htm, *.html)|*.htm,*.html");
+  EXPECT_EQ(rig.Services.Dialogs.FileDialogs[1].Filter, "TAB Files (*.tab)|*.tab");
+  EXPECT_EQ(rig.Services.Dialogs.FileDialogs[1].DefaultName, "");
 }
 
 TEST(SavedFiles, AnExtensionAnywhereInTheNameIsEnough) {
@@ -60,8 +54,8 @@ TEST(SavedFiles, AnExtensionAnywhereInTheNameIsEnough) {
                                              {"c.tab.1", "c.tab.1", kHeader + "\r\n"}};
   for (const auto& [typed, written, text] : rows) {
     SaveRig rig;
-    rig.Dialogs.Names = {rig.Folder.File(typed)};
-    text == "report" ? rig.Saved.Command8() : rig.Saved.Command8a();
+    rig.Services.Dialogs.Names = {rig.Folder.File(typed)};
+    text == "report" ? rig.Form.Command8.Click() : rig.Form.Command8a.Click();
     EXPECT_EQ(rig.Text(written), text) << typed;
   }
 }
@@ -70,11 +64,12 @@ TEST(SavedFiles, AnExistingFileIsReplacedOnlyAfterOk) {
   SaveRig rig;
   const auto press = [&](const char* name, Answer answer, bool tab) {
     WriteFile(rig.Folder.File(name), "old, and longer than the new one would ever become by itself");
-    rig.Dialogs.Names = {rig.Folder.File(name)};
-    rig.Dialogs.Answers = {answer};
-    tab ? rig.Saved.Command8a() : rig.Saved.Command8();
-    EXPECT_EQ(rig.Dialogs.Boxes.back().Text, "File already exists.  Are you sure you want to overwrite it?");
-    EXPECT_EQ(rig.Dialogs.Boxes.back().Choice, Buttons::OkCancel);
+    rig.Services.Dialogs.Names = {rig.Folder.File(name)};
+    rig.Services.Dialogs.Answers = {answer};
+    tab ? rig.Form.Command8a.Click() : rig.Form.Command8.Click();
+    EXPECT_EQ(rig.Services.Dialogs.Boxes.back().Text,
+              "File already exists.  Are you sure you want to overwrite it?");
+    EXPECT_EQ(rig.Services.Dialogs.Boxes.back().Choice, Buttons::OkCancel);
     return rig.Text(name).substr(0, 6);
   };
   EXPECT_EQ(press("r.htm", Answer::Cancel, false), "old, a");
@@ -87,10 +82,10 @@ TEST(SavedFiles, ANameWithoutExtensionOverwritesOrAppendsWithoutAsking) {
   SaveRig rig;
   WriteFile(rig.Folder.File("r.htm"), "old");
   WriteFile(rig.Folder.File("t.tab"), "old");
-  rig.Dialogs.Names = {rig.Folder.File("r"), rig.Folder.File("t")};
-  rig.Saved.Command8();
-  rig.Saved.Command8a();
-  EXPECT_TRUE(rig.Dialogs.Boxes.empty());
+  rig.Services.Dialogs.Names = {rig.Folder.File("r"), rig.Folder.File("t")};
+  rig.Form.Command8.Click();
+  rig.Form.Command8a.Click();
+  EXPECT_TRUE(rig.Services.Dialogs.Boxes.empty());
   EXPECT_EQ(rig.Text("r.htm"), "report");
   EXPECT_EQ(rig.Text("t.tab"), "old" + kHeader + "\r\n");
 }
@@ -99,19 +94,19 @@ TEST(SavedFiles, WithoutAReportTheOldFileIsGoneAndNothingIsSaid) {
   SaveRig rig;
   DeleteFile(rig.Folder.File("tempreport.html"));
   WriteFile(rig.Folder.File("r.htm"), "old");
-  rig.Dialogs.Names = {rig.Folder.File("r.htm")};
-  rig.Saved.Command8();
+  rig.Services.Dialogs.Names = {rig.Folder.File("r.htm")};
+  rig.Form.Command8.Click();
   EXPECT_EQ(rig.Text("r.htm"), "none");
-  EXPECT_EQ(rig.Dialogs.Boxes.size(), 1U);  // the question alone
+  EXPECT_EQ(rig.Services.Dialogs.Boxes.size(), 1U);  // the question alone
 }
 
 TEST(SavedFiles, AFailureOfTheTabFileEndsInAMessage) {
   SaveRig rig;
-  rig.Dialogs.Names = {rig.Folder.File("nowhere/t.tab")};
-  rig.Saved.Command8a();
-  ASSERT_EQ(rig.Dialogs.Boxes.size(), 1U);
-  EXPECT_EQ(rig.Dialogs.Boxes[0].Text, "Error: 76 - Path not found");
-  EXPECT_EQ(rig.Dialogs.Boxes[0].Title, "");
+  rig.Services.Dialogs.Names = {rig.Folder.File("nowhere/t.tab")};
+  rig.Form.Command8a.Click();
+  ASSERT_EQ(rig.Services.Dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(rig.Services.Dialogs.Boxes[0].Text, "Error: 76 - Path not found");
+  EXPECT_EQ(rig.Services.Dialogs.Boxes[0].Title, "");
 }
 
 }  // namespace

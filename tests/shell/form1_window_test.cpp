@@ -105,21 +105,6 @@ TEST(Form1Lists, OnlyLinkingSitesAreGuardedAgainstASortDuringAScan) {
   EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "b.example");
 }
 
-TEST(Form1Lists, ResultsAndErrorsOpenInTheWebTab) {
-  Form1Rig rig;
-  rig.Form.Start();
-  rig.Form.Sites.List3.Add({"main.example", "partner.example", "Direct Link", "001", "partner.example/x"});
-  rig.Form.Sites.List3.SelectOnly(0);
-  rig.Form.Popup2.Click(2);
-  EXPECT_EQ(rig.Form.WebBrowser1.AskedFor(), "http://partner.example/x");
-  rig.Form.Lists.lstErr.Add({"Timeout", "slow.example"});
-  rig.Form.Lists.lstErr.SelectOnly(0);
-  rig.Form.Lists.lstErr.OnLabelEdit(0);
-  EXPECT_EQ(rig.Form.WebBrowser1.AskedFor(), "http://slow.example");
-  rig.Form.Lists.lstErr.OnDoubleClick(0);
-  EXPECT_EQ(rig.Services.Shell.Opened, std::vector<std::string>{"http://slow.example"});
-}
-
 TEST(ControlIndex, FindsControlsMembersAndListsByTheirNames) {
   Form1Rig rig;
   Form1& form = rig.Form;

@@ -9,10 +9,8 @@
 
 #include "model/file_types.h"
 #include "model/project_text.h"
-#include "model/quick_save.h"
 #include "model/site_rig.h"
 #include "platform/whole_file.h"
-#include "results/report.h"
 #include "results/saved_files.h"
 #include "shell/recovery.h"
 #include "support/at_every_call.h"
@@ -63,31 +61,22 @@ TEST(SaveFaults, AProjectIsInPlaceOrInBackupWhateverFails) {
   const fs::path memory = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
   for (const fs::path& elsewhere : {fs::temp_directory_path(), memory}) {
     for (const bool linked : {false, true}) {
-      for (const Fault fault : kFaults) {
-        ProjectSave save(elsewhere);
-        if (linked) {
-          fs::create_symlink(save.Projects.File("real"), save.Projects.File("link.prj"));
-          save.Path = save.Projects.File("link.prj");
-          save.Backup = save.Folder.File("Backup/link.prj");
-        }
-        const int calls = AtEveryCall(fault, [&](int failAt, Fault kind) {
-          save.LayOut(failAt % 2 == 0);
-          bool saved = false;
-          bool reached = false;
-          {
-            const FileFaults faults(failAt, kind);
-            saved = save.Saves();
-            reached = faults.Reached();
-          }
-          save.ExpectNothingLost(saved);
-          EXPECT_TRUE(save.Saves()) << "the disk is well again";
-          EXPECT_EQ(TextOf(save.Path), save.Fresh);
-          EXPECT_THAT(TextOf(save.Backup), AnyOf(kOld, save.Fresh)) << "no piece of a failed save";
-          EXPECT_EQ(fs::is_symlink(save.Path), linked);
-          return reached;
-        });
-        EXPECT_GT(calls, 10);
+      ProjectSave save(elsewhere);
+      if (linked) {
+        fs::create_symlink(save.Projects.File("real"), save.Projects.File("link.prj"));
+        save.Path = save.Projects.File("link.prj");
+        save.Backup = save.Folder.File("Backup/link.prj");
       }
+      const int calls = AtEveryCall([&](FailingDisk& disk) {
+        save.LayOut(disk.FailAt % 2 == 0);
+        const bool saved = disk.Lets([&] { save.Files.SaveProject(save.Path); });
+        save.ExpectNothingLost(saved);
+        EXPECT_TRUE(save.Saves()) << "the disk is well again";
+        EXPECT_EQ(TextOf(save.Path), save.Fresh);
+        EXPECT_THAT(TextOf(save.Backup), AnyOf(kOld, save.Fresh)) << "no piece of a failed save";
+        EXPECT_EQ(fs::is_symlink(save.Path), linked);
+      });
+      EXPECT_GT(calls, 10);
     }
   }
 }
@@ -130,122 +119,83 @@ TEST(SaveFaults, APowerCutLeavesTheProjectInPlaceOrInBackup) {
 }
 
 TEST(SaveFaults, ADeleteThroughTheQuickSaveFileReadsAWholeFileOrNone) {
-  for (const Fault fault : kFaults) {
-    AtEveryCall(fault, [](int failAt, Fault kind) {
-      SiteRig rig;
-      QuickSave quick{rig.Data,          rig.Sites, rig.Files, rig.Controls.innerFrame2, rig.Services.Dialogs,
-                      rig.Folder.Folder, [] {}};
-      for (const char* main : {"a.example", "b.example", "c.example"}) rig.EnterMainSite(main);
-      rig.Sites.SelectMainSite(1);
-      bool reached = false;
-      {
-        const FileFaults faults(failAt, kind);
-        quick.cmdDelete();
-        reached = faults.Reached();
-      }
-      const std::string file = TextOf(rig.Folder.File("quicksave.qsv"));
-      const bool whole =
-          file.starts_with("a.example\r\nNEXTSITE:c.example\r\n") && file.ends_with("\r\n\r\n");
-      EXPECT_TRUE(whole || file == kNone) << file;
-      EXPECT_EQ(rig.Services.Dialogs.Boxes.size(), whole ? 0U : 1U);
-      // The read back may be what fails; what it then leaves is an empty project.
-      EXPECT_THAT(rig.Data.List4.RowCount(), whole ? AnyOf(2U, 0U) : AnyOf(0U, 0U));
-      EXPECT_FALSE(rig.Data.ProjectSaved);
-      EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
-      return reached;
-    });
-  }
+  AtEveryCall([](FailingDisk& disk) {
+    SiteRig rig;
+    for (const char* main : {"a.example", "b.example", "c.example"}) rig.EnterMainSite(main);
+    rig.Sites.SelectMainSite(1);
+    disk.Lets([&] { rig.Controls.Quick.cmdDelete(); });
+    const std::string file = TextOf(rig.Folder.File("quicksave.qsv"));
+    const bool whole = file.starts_with("a.example\r\nNEXTSITE:c.example\r\n") && file.ends_with("\r\n\r\n");
+    EXPECT_TRUE(whole || file == kNone) << file;
+    EXPECT_EQ(rig.Services.Dialogs.Boxes.size(), whole ? 0U : 1U);
+    // The read back may be what fails; what it then leaves is an empty project.
+    EXPECT_THAT(rig.Data.List4.RowCount(), whole ? AnyOf(2U, 0U) : AnyOf(0U, 0U));
+    EXPECT_FALSE(rig.Data.ProjectSaved);
+    EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
+  });
 }
 
 TEST(SaveFaults, OtherFilesKeepTheirOldTextOrGetTheWholeNewOne) {
-  TemporaryFolder folder;
-  ScriptedDialogs dialogs;
-  RecordList<LinkResult> list3("List3");
-  const WorkFolder work(folder.Folder);
-  SavedFiles saved(list3, work, dialogs);
-  Project project;
-  project.AddMainSite("main.example");
-  const std::string table = TabDelimitedText(list3);
-  WriteFile(folder.File("tempreport.html"), "a report");
+  SiteRig rig;
+  rig.EnterMainSite("main.example");
+  rig.Controls.Sites.txtHTML1.SetText("the page");
+  const auto file = [&rig](const std::string& name) { return rig.Folder.File(name); };
+  WriteFile(file("tempreport.html"), "a report");
   struct Case {
     const char* File;
     std::function<void()> Save;
     std::string Fresh;
+    const char* Typed = "";  ///< in the dialog
   };
   const std::vector<Case> cases{
       {"filetypes.txt",
        [&] {
-         SaveFileTypes(folder.Folder, {".asp", ".php"});
+         SaveFileTypes(rig.Folder.Folder, {".asp", ".php"});
        },
        ".asp\r\n.php\r\n"},
-      {"Project Files/Recovered.prj", [&] { (void)WriteRecovered(project, folder.Folder, ""); },
-       ProjectText(project) + "\r\n"},
-      {"list.tab", [&] { saved.Command8a(); }, kOld + table},  // typed without its ending: added to
-      {"page.htm", [&] { saved.Command8(); }, "a report"},
+      {"Project Files/Recovered.prj", [&] { (void)WriteRecovered(rig.Data, rig.Folder.Folder, ""); },
+       ProjectText(rig.Data) + "\r\n"},
+      // Typed without its ending, the rows are added to.
+      {"list.tab", [&] { rig.Controls.Saved.Command8a(); }, kOld + TabDelimitedText(rig.Data.List3), "list"},
+      {"page.htm", [&] { rig.Controls.Saved.Command8(); }, "a report", "page"},
+      {"link page", [&] { rig.Controls.Command6.Click(); }, rig.Controls.Pages.WebPage(), "link page"},
   };
   for (const Case& each : cases) {
-    for (const Fault fault : kFaults) {
-      SCOPED_TRACE(each.File);
-      AtEveryCall(fault, [&](int failAt, Fault kind) {
-        WriteFile(folder.File(each.File), kOld);
-        fs::remove(folder.File("Recovered.prj"));
-        project.ProjectSaved = false;
-        dialogs.Names = {folder.File(each.File).substr(0, folder.File(each.File).size() - 4)};
-        dialogs.Boxes.clear();
-        bool reached = false;
-        bool done = false;
-        {
-          const FileFaults faults(failAt, kind);
-          done = PassOver(each.Save);
-          reached = faults.Reached();
-        }
-        const std::string text = TextOf(folder.File(each.File));
-        EXPECT_THAT(text, AnyOf(kOld, each.Fresh));
-        // A failure is told once, thrown or in a box; but never that of a copied report.
-        const bool told = !done || !dialogs.Boxes.empty();
-        const bool copied = each.Fresh == "a report" || text == each.Fresh ||
-                            TextOf(folder.File("Recovered.prj")) == each.Fresh;
-        EXPECT_TRUE(told || copied || std::string(each.File).ends_with("Recovered.prj"));
-        EXPECT_LE(dialogs.Boxes.size(), 1U);
-        EXPECT_EQ(UnfinishedFiles(folder.Folder.Path), 0);
-        return reached;
-      });
-    }
+    SCOPED_TRACE(each.File);
+    AtEveryCall([&](FailingDisk& disk) {
+      WriteFile(file(each.File), kOld);
+      fs::remove(file("Recovered.prj"));
+      rig.Data.ProjectSaved = false;
+      rig.Services.Dialogs.Names = {file(each.Typed)};
+      rig.Services.Dialogs.Boxes.clear();
+      const bool done = disk.Lets(each.Save);
+      const std::string text = TextOf(file(each.File));
+      EXPECT_THAT(text, AnyOf(kOld, each.Fresh));
+      // A failure is told once, thrown or in a box; but never that of a copied report.
+      const bool told = !done || !rig.Services.Dialogs.Boxes.empty();
+      const bool copied =
+          each.Fresh == "a report" || text == each.Fresh || TextOf(file("Recovered.prj")) == each.Fresh;
+      EXPECT_TRUE(told || copied || std::string(each.File).ends_with("Recovered.prj"));
+      EXPECT_LE(rig.Services.Dialogs.Boxes.size(), 1U);
+      EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
+    });
   }
 }
 
 TEST(SaveFaults, TheReportsCopyNeverCostsAProjectWithoutASuffix) {
-  for (const Fault fault : kFaults) {
-    AtEveryCall(fault, [](int failAt, Fault kind) {
-      SiteRig rig;
-      RecordList<ErrorEntry> lstErr("lstErr");
-      std::array<TextBox, 7> labels{TextBox("0"), TextBox("1"), TextBox("2"), TextBox("3"),
-                                    TextBox("4"), TextBox("5"), TextBox("6")};
-      Window form1("Form1");
-      const Settings settings(rig.Services.Store);
-      const Statistics counters(settings, labels, form1);
-      const WorkFolder work(rig.Folder.Folder);
-      LinkReport report({rig.Data, lstErr, counters, settings, rig.Services.Clock, rig.Services.EventLoop,
-                         rig.Folder.Folder, work, rig.WebBrowser2});
-      const std::string path = rig.Folder.File("Project Files/partners");
-      WriteFile(path, kOld);
-      rig.Services.Store.Set("LastProject", path);
-      bool reached = false;
-      {
-        const FileFaults faults(failAt, kind);
-        PassOver([&] { report.GenerateLinkReport(); });
-        reached = faults.Reached();
-      }
-      const std::string backup = rig.Folder.File("Backup/partners");
-      EXPECT_TRUE(TextOf(path) == kOld || TextOf(backup) == kOld);
-      // The next scan's copy goes over a report, which is not worth keeping.
-      report.GenerateLinkReport();
-      report.GenerateLinkReport();
-      EXPECT_TRUE(TextOf(path).starts_with("<html>"));
-      EXPECT_EQ(TextOf(backup), kOld);
-      return reached;
-    });
-  }
+  AtEveryCall([](FailingDisk& disk) {
+    SiteRig rig;
+    const std::string path = rig.Folder.File("Project Files/partners");
+    WriteFile(path, kOld);
+    rig.Services.Store.Set("LastProject", path);
+    disk.Lets([&] { rig.Controls.GenerateLinkReport(); });
+    const std::string backup = rig.Folder.File("Backup/partners");
+    EXPECT_TRUE(TextOf(path) == kOld || TextOf(backup) == kOld);
+    // The next scan's copy goes over a report, which is not worth keeping.
+    for (int scan = 0; scan < 2; ++scan) rig.Controls.GenerateLinkReport();
+    EXPECT_TRUE(TextOf(path).starts_with("<html>"));
+    EXPECT_EQ(TextOf(backup), kOld);
+  });
 }
 
 TEST(SaveFaults, ModesAndOddTargetsAreKept) {

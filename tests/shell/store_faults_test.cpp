@@ -32,39 +32,35 @@ std::string OldSettings(bool isLong) {
 
 TEST(StoreFaults, SettingsAreKeptAndAChangeIsSavedOrToldOnce) {
   for (const bool isLong : {false, true}) {
-    for (const Fault fault : kFaults) {
-      const int calls = AtEveryCall(fault, [isLong](int failAt, Fault kind) {
-        const TemporaryFolder folder;
-        const std::string path = folder.File("settings");
-        WriteFile(path, OldSettings(isLong));
-        bool reached = false;
-        int told = 0;
-        {
-          std::optional<FileFaults> faults(std::in_place, failAt, kind);
-          SettingsFile store(path);
-          store.OnUnsaved = [&told](const std::string&, int) { ++told; };
-          store.Write("value", "2");
-          store.Write("second", "3");
-          EXPECT_EQ(store.Read("value"), "2");
-          reached = faults->Reached();
-          faults.reset();
-          EXPECT_LE(told, 1);
-          SettingsFile after(path);
-          EXPECT_EQ(after.Read("old"), "kept");
-          EXPECT_THAT(after.Read("value"), AnyOf("1", "2"));
-          EXPECT_TRUE(told == 1 || after.Read("value") == "2");
-          EXPECT_TRUE(told == 1 || after.Read("second") == "3");
-          store.Write("later", "4");
-        }
-        SettingsFile last(path);
-        EXPECT_EQ(last.Read("old"), "kept");
-        EXPECT_EQ(last.Read("value"), "2") << "the disk is well again";
-        EXPECT_EQ(last.Read("second"), "3");
-        EXPECT_FALSE(FileExists(path + ".damaged-1"));
-        return reached;
-      });
-      EXPECT_GE(calls, 3);
-    }
+    const int calls = AtEveryCall([isLong](FailingDisk& disk) {
+      const TemporaryFolder folder;
+      const std::string path = folder.File("settings");
+      WriteFile(path, OldSettings(isLong));
+      int told = 0;
+      {
+        std::optional<SettingsFile> store;
+        disk.Lets([&] {
+          store.emplace(path);
+          store->OnUnsaved = [&told](const std::string&, int) { ++told; };
+          store->Write("value", "2");
+          store->Write("second", "3");
+          EXPECT_EQ(store->Read("value"), "2");
+        });
+        EXPECT_LE(told, 1);
+        SettingsFile after(path);
+        EXPECT_EQ(after.Read("old"), "kept");
+        EXPECT_THAT(after.Read("value"), AnyOf("1", "2"));
+        EXPECT_TRUE(told == 1 || after.Read("value") == "2");
+        EXPECT_TRUE(told == 1 || after.Read("second") == "3");
+        store->Write("later", "4");
+      }
+      SettingsFile last(path);
+      EXPECT_EQ(last.Read("old"), "kept");
+      EXPECT_EQ(last.Read("value"), "2") << "the disk is well again";
+      EXPECT_EQ(last.Read("second"), "3");
+      EXPECT_FALSE(FileExists(path + ".damaged-1"));
+    });
+    EXPECT_GE(calls, 3);
   }
 }
 
@@ -96,62 +92,29 @@ TEST(StoreFaults, APowerCutLeavesTheSettings) {
 
 TEST(StoreFaults, AnAutoSaveLeavesTheProjectInPlaceOrInBackup) {
   const std::string old = "the old project\r\nHTML01:x\r\n\r\n";
-  for (const Fault fault : kFaults) {
-    const int calls = AtEveryCall(fault, [&old](int failAt, Fault kind) {
-      Form1Rig rig;
-      const std::string path = rig.Folder.File("a.prj");
-      WriteFile(path, old);
-      rig.Form.StartWithoutProject();
-      rig.AddSites("main.example", {"partner.example"});
-      rig.Services.Store.Set("LastProject", path);
-      rig.Services.Store.Set("chkAutoSave", "1");
-      rig.Form.State.Scanning = true;
-      for (int second = 1; second < kAutoSaveSeconds; ++second) rig.Services.Timer1.Tick();
-      EXPECT_EQ(TextOf(path), old);
-      bool reached = false;
-      bool saved = false;
-      {
-        const FileFaults faults(failAt, kind);
-        saved = PassOver([&] { rig.Services.Timer1.Tick(); });
-        reached = faults.Reached();
-      }
-      const std::string fresh = ProjectText(rig.Form.Sites) + "\r\n";
-      EXPECT_THAT(TextOf(path), saved ? AnyOf(fresh, fresh, fresh) : AnyOf(old, fresh, kNone));
-      EXPECT_TRUE(TextOf(path) == old || TextOf(rig.Folder.File("Backup/a.prj")) == old);
-      EXPECT_EQ(rig.Form.Sites.ProjectSaved, saved);
-      EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
-      return reached;
-    });
-    EXPECT_GT(calls, 10);
-  }
-}
-
-TEST(StoreFaults, ALinkPageIsTheOldOneOrTheWholeNewOne) {
-  for (const Fault fault : kFaults) {
-    AtEveryCall(fault, [](int failAt, Fault kind) {
-      Form1Rig rig;
-      rig.Form.Sites.txtHTML1.SetText("the page");
-      const std::string before = failAt % 2 == 0 ? "old" : kNone;
-      const std::string path = rig.Folder.File("page.html");
-      if (before != kNone) WriteFile(path, before);
-      rig.Services.Dialogs.Names = {path};
-      bool reached = false;
-      bool done = false;
-      {
-        const FileFaults faults(failAt, kind);
-        done = PassOver([&] { rig.Form.Command6.Click(); });
-        reached = faults.Reached();
-      }
-      const std::string page = rig.Form.Pages.WebPage();
-      EXPECT_THAT(TextOf(path), done ? AnyOf(page, page) : AnyOf(before, page));
-      EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
-      return reached;
-    });
-  }
+  const int calls = AtEveryCall([&old](FailingDisk& disk) {
+    Form1Rig rig;
+    const std::string path = rig.Folder.File("a.prj");
+    WriteFile(path, old);
+    rig.Form.StartWithoutProject();
+    rig.AddSites("main.example", {"partner.example"});
+    rig.Services.Store.Set("LastProject", path);
+    rig.Services.Store.Set("chkAutoSave", "1");
+    rig.Form.State.Scanning = true;
+    for (int second = 1; second < kAutoSaveSeconds; ++second) rig.Services.Timer1.Tick();
+    EXPECT_EQ(TextOf(path), old);
+    const bool saved = disk.Lets([&] { rig.Services.Timer1.Tick(); });
+    const std::string fresh = ProjectText(rig.Form.Sites) + "\r\n";
+    EXPECT_THAT(TextOf(path), saved ? AnyOf(fresh, fresh, fresh) : AnyOf(old, fresh, kNone));
+    EXPECT_TRUE(TextOf(path) == old || TextOf(rig.Folder.File("Backup/a.prj")) == old);
+    EXPECT_EQ(rig.Form.Sites.ProjectSaved, saved);
+    EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
+  });
+  EXPECT_GT(calls, 10);
 }
 
 TEST(StoreFaults, AnImportTakesAllOrNothing) {
-  const int calls = AtEveryCall(Fault::Once, [](int failAt, Fault kind) {
+  const auto attempt = [](FailingDisk& disk) {
     Form1Rig rig;
     rig.AddSites("main.example", {"kept.example"});
     const std::string path = rig.Folder.File("sites.txt");
@@ -159,63 +122,41 @@ TEST(StoreFaults, AnImportTakesAllOrNothing) {
     rig.Form.cmdImport.Click();
     auto& window = static_cast<Form4&>(*rig.Form.Windows.Find("Form4"));
     rig.Services.Dialogs.Names = {path};
-    bool reached = false;
-    {
-      const FileFaults faults(failAt, kind, path);
-      window.Command4.Click();
-      reached = faults.Reached();
-    }
+    disk.Lets([&] { window.Command4.Click(); }, path);
     EXPECT_THAT(rig.Form.Sites.List1(1).RowCount(), AnyOf(1U, 3U));
     EXPECT_EQ(TextOf(path), "a.example\r\nb.example\r\n");
-    return reached;
-  });
-  EXPECT_GT(calls, 0);
+  };
+  EXPECT_GT(AtEveryCall(attempt, {Fault::Once}), 0);
 }
 
 TEST(StoreFaults, AnAddressIsStoredOrRefusedAndTheOthersStay) {
-  for (const Fault fault : kFaults) {
-    const int calls = AtEveryCall(fault, [](int failAt, Fault kind) {
-      HarvestRig rig;
-      rig.Form.Database.AddEmail("kept@b.c");
-      bool reached = false;
-      bool added = false;
-      {
-        const FileFaults faults(failAt, kind, rig.Database());
-        added = rig.Form.Database.AddEmail("new@b.c");
-        reached = faults.Reached();
-      }
-      EXPECT_EQ(rig.Sql("pragma integrity_check"), "ok;");
-      const std::string rows = rig.Sql("select email from emails");
-      EXPECT_THAT(rows, added ? AnyOf("kept@b.c;new@b.c;", "") : AnyOf("kept@b.c;", "kept@b.c;new@b.c;"));
-      return reached;
-    });
-    EXPECT_GT(calls, 5) << "the engine's calls come here";
-  }
+  const int calls = AtEveryCall([](FailingDisk& disk) {
+    HarvestRig rig;
+    rig.Form.Database.AddEmail("kept@b.c");
+    bool added = false;
+    disk.Lets([&] { added = rig.Form.Database.AddEmail("new@b.c"); }, rig.Database());
+    EXPECT_EQ(rig.Sql("pragma integrity_check"), "ok;");
+    const std::string rows = rig.Sql("select email from emails");
+    EXPECT_THAT(rows, added ? AnyOf("kept@b.c;new@b.c;", "") : AnyOf("kept@b.c;", "kept@b.c;new@b.c;"));
+  });
+  EXPECT_GT(calls, 5) << "the engine's calls come here";
 }
 
 TEST(StoreFaults, AnExportLeavesTheAddressesWhereTheyAre) {
-  for (const Fault fault : kFaults) {
-    AtEveryCall(fault, [](int failAt, Fault kind) {
-      HarvestRig rig;
-      rig.Form.Database.AddEmail("a@b.c");
-      const std::string path = rig.Folder.File("out.txt");
-      WriteFile(path, "old");
-      rig.Form.Command2.Click();
-      auto& window = static_cast<frmExport&>(*rig.Form.Windows.Find("frmExport"));
-      rig.Services.Dialogs.Names = {path};
-      bool reached = false;
-      {
-        const FileFaults faults(failAt, kind);
-        window.Command1.Click();
-        reached = faults.Reached();
-      }
-      // Without its database an export is one line end.
-      EXPECT_THAT(TextOf(path), AnyOf(kNone, "old", "old\r\n", "olda@b.c;\r\n", "\r\n", "a@b.c;\r\n"));
-      EXPECT_EQ(rig.Sql("select email from emails"), "a@b.c;");
-      EXPECT_EQ(rig.Form.Windows.Find("frmExport"), nullptr);
-      return reached;
-    });
-  }
+  AtEveryCall([](FailingDisk& disk) {
+    HarvestRig rig;
+    rig.Form.Database.AddEmail("a@b.c");
+    const std::string path = rig.Folder.File("out.txt");
+    WriteFile(path, "old");
+    rig.Form.Command2.Click();
+    auto& window = static_cast<frmExport&>(*rig.Form.Windows.Find("frmExport"));
+    rig.Services.Dialogs.Names = {path};
+    disk.Lets([&] { window.Command1.Click(); });
+    // Without its database an export is one line end.
+    EXPECT_THAT(TextOf(path), AnyOf(kNone, "old", "old\r\n", "olda@b.c;\r\n", "\r\n", "a@b.c;\r\n"));
+    EXPECT_EQ(rig.Sql("select email from emails"), "a@b.c;");
+    EXPECT_EQ(rig.Form.Windows.Find("frmExport"), nullptr);
+  });
 }
 
 }  // namespace

@@ -57,7 +57,8 @@ QPixmap Picture() {
 
 Splash::Splash() : QSplashScreen(Picture()) {
   setObjectName("frmSplash");
-  setWindowTitle(ToUnicode(product::kName));
+  // Message boxes have the bare name; nothing that looks for one may find the splash.
+  setWindowTitle(tr("%1 is starting").arg(ToUnicode(product::kName)));
 }
 
 }  // namespace requite
