@@ -12,7 +12,7 @@
 
 namespace requite::test {
 
-class BenchRig : public ScanSteps, public ScanHost {
+class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
  public:
   BenchRig() {
     // As the receive buffer of any larger page does: the allocator then keeps blocks of page size.
@@ -37,21 +37,17 @@ class BenchRig : public ScanSteps, public ScanHost {
   void Read(const std::string& url, const std::string& body) {
     State().PageFull = url;
     State().PageDir = url.substr(0, url.rfind('/') + 1);
-    State().Pages[0].PageHost = "site.example";
-    triage_.ProcessPage(body, 0);
+    State().Page.PageHost = "site.example";
+    triage_.ProcessPage(body);
   }
 
   [[nodiscard]] ScanState& State() { return rig_.State; }
   [[nodiscard]] ScanContext& Context() { return context_; }
 
-  void ScanNextPage(std::int16_t) override {}
+  void ScanNextPage() override {}
   void NextSite() override {}
-  void FetchPage(std::int16_t) override {}
-  void CheckHttpStatus(const std::string&, const std::string&) override {}
-  void ProcessPage(std::string body, std::int16_t connection) override {
-    triage_.ProcessPage(std::move(body), connection);
-  }
-  void AnalysePage(std::int16_t connection) override { analyser_.AnalysePage(connection); }
+  void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }
+  void AnalysePage() override { analyser_.AnalysePage(); }
 
   void SelectMainSite(int) override {}
   void UpdateStats(Counted) override {}
@@ -63,19 +59,18 @@ class BenchRig : public ScanSteps, public ScanHost {
   void SiteFinished(const SiteVerdict&) override {}
 
  private:
-  ScanRig rig_{*this};
+  ScanRig rig_;
   ScanContext context_{rig_.Sites,
                        rig_.Lists,
                        rig_.State,
                        rig_.Controls.Window(),
                        *this,
-                       *this,
                        rig_.Services.All,
                        Settings(rig_.Services.Store),
                        rig_.Folder.Folder,
                        rig_.Work};
-  Triage triage_{context_};
-  Analyser analyser_{context_};
+  Triage triage_{context_, *this};
+  Analyser analyser_{context_, *this};
 };
 
 }  // namespace requite::test

@@ -27,7 +27,7 @@ std::chrono::nanoseconds Now() {
 }
 
 /// All steps of a page for real; the controller's are not needed.
-struct PageRoad : ScanSteps {
+struct PageRoad : RecordedSteps {
   PageRoad() {
     rig.Services.Connection.Events = &fetcher;
     rig.AddMainSite("main.example", {"site.example"});
@@ -50,7 +50,7 @@ struct PageRoad : ScanSteps {
 
   void Read(const std::string& response) {
     rig.State.PageUrl = "site.example/";
-    fetcher.FetchPage(0);
+    fetcher.FetchPage();
     for (std::size_t at = 0; at < response.size(); at += kPiece) {
       rig.Services.Connection.Arrive(std::string_view(response).substr(at, kPiece));
     }
@@ -59,23 +59,18 @@ struct PageRoad : ScanSteps {
     Look();
   }
 
-  void ScanNextPage(std::int16_t) override {}
-  void NextSite() override {}
-  void FetchPage(std::int16_t) override {}
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     triage.CheckHttpStatus(header, url);
   }
-  void ProcessPage(std::string body, std::int16_t connection) override {
-    triage.ProcessPage(std::move(body), connection);
-  }
-  void AnalysePage(std::int16_t connection) override { analyser.AnalysePage(connection); }
+  void ProcessPage(std::string body) override { triage.ProcessPage(std::move(body)); }
+  void AnalysePage() override { analyser.AnalysePage(); }
 
   static constexpr std::size_t kPiece = 128 * 1024;
   std::chrono::nanoseconds Longest{};
-  ScanRig rig{*this};
-  Fetcher fetcher{rig.Context};
-  Triage triage{rig.Context};
-  Analyser analyser{rig.Context};
+  ScanRig rig;
+  Fetcher fetcher{rig.Context, *this};
+  Triage triage{rig.Context, *this};
+  Analyser analyser{rig.Context, *this};
 
  private:
   std::chrono::nanoseconds last_ = Now();

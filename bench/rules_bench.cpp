@@ -20,7 +20,8 @@ void PassesManyRules(benchmark::State& state) {
     rules.Add({"Global", "Global", kTypes[static_cast<std::size_t>(i) % 3], "private" + std::to_string(i)});
   }
   rig.Context().Project.List4.Set(0, &MainSite::Text, "main.example");
-  Rules tested(rig.Context());
+  ScanContext& scan = rig.Context();
+  Rules tested(scan.Project, scan.State, scan.Settings, scan.Folder);
   std::int64_t number = 0;
   for (auto _ : state) {
     const std::string url = "site.example/section/page" + std::to_string(++number % 5000) + ".html?private";

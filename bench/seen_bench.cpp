@@ -26,7 +26,7 @@ void SeenPage(benchmark::State& state) {
   for (auto _ : state) {
     number = (number + 7919) % (2 * std::int64_t{pages});  // half of them are new
     std::string url = PageUrl(number);
-    benchmark::DoNotOptimize(IsSeenUrl(rig.Context(), url));
+    benchmark::DoNotOptimize(IsSeenUrl(rig.Context().Project, rig.Context().Lists.List2, rig.State(), url));
   }
 }
 BENCHMARK(SeenPage)->Arg(100)->Arg(10000)->Arg(99999);

@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   texts.resize(3);
   const std::string& page = texts[0];
   ScanState state;
-  state.Pages[0].PageHost = texts[2];
+  state.Page.PageHost = texts[2];
   StatusBar status("StatusBar1");
   FakeEventLoop events;
   const std::function<bool()> ended = [] { return false; };

@@ -21,18 +21,20 @@ void Require(bool agrees) {
 void Compare(ScanRig& rig, const std::vector<std::string>& texts) {
   const std::string& link = texts[0];
   rig.State.PageDir = texts[1];
-  rig.State.Pages[0].PageHost = texts[2];
+  rig.State.Page.PageHost = texts[2];
   rig.State.MainSiteKey = texts[3];
   rig.Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, texts[4]);
   std::string resolved = link;
-  Require(ResolveLink(rig.Context, resolved) == PlainResolveLink(rig.Context, link));
+  SiteTests sites(rig.Sites, rig.State);
+  Require(ResolveLink(rig.State, resolved) == PlainResolveLink(rig.Context, link));
   for (std::string url : {link, resolved}) {
-    Require(IsLinkToMainSite(rig.Context, url) == PlainIsLinkToMainSite(rig.Context, url));
-    Require(IsOnLinkingSite(rig.Context, url) == PlainIsOnLinkingSite(rig.Context, url));
+    Require(sites.IsLinkToMainSite(url) == PlainIsLinkToMainSite(rig.Context, url));
+    Require(sites.IsOnLinkingSite(url) == PlainIsOnLinkingSite(rig.Context, url));
     std::string plain = url;
-    Require(IsSeenUrl(rig.Context, url) == PlainIsSeenUrl(rig.Context, {""}, plain));
+    Require(IsSeenUrl(rig.Sites, rig.Lists.List2, rig.State, url) ==
+            PlainIsSeenUrl(rig.Context, {""}, plain));
     Require(url == plain);
-    Require(IsSameDomain(rig.Context, url) == PlainIsSameDomain(rig.Context, plain));
+    Require(sites.IsSameDomain(url) == PlainIsSameDomain(rig.Context, plain));
     Require(url == plain);
   }
 }
@@ -42,8 +44,7 @@ void Compare(ScanRig& rig, const std::vector<std::string>& texts) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace requite::test;
-  static RecordedSteps steps;
-  static ScanRig rig(steps);
+  static ScanRig rig;
   if (rig.Sites.ListCount() == 0) {
     rig.AddMainSite("main.example", {""});
     rig.State.SiteRow = 1;

@@ -38,7 +38,8 @@ void ComparePreparation(const std::string& body) {
 void CheckStatus(ScanRig& rig, const std::string& header) {
   rig.State.ReasonNote = "";
   rig.Lists.lstErr.Clear();
-  Triage(rig.Context).CheckHttpStatus(header, "url");
+  RecordedSteps steps;
+  Triage(rig.Context, steps).CheckHttpStatus(header, "url");
   const std::vector<std::string> words = Split(header, " ");
   const std::string code = words.size() > 2 ? words[1] : "";
   const bool noted = !rig.State.ReasonNote.empty();
@@ -55,8 +56,7 @@ void CheckStatus(ScanRig& rig, const std::string& header) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace requite::test;
-  static RecordedSteps steps;
-  static ScanRig rig(steps);
+  static ScanRig rig;
   const std::string text(reinterpret_cast<const char*>(data), size);
   ComparePreparation(text);
   CheckStatus(rig, text);

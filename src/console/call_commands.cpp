@@ -28,9 +28,9 @@ struct Variable {
   Variable {                                                    \
 #field, [](Form1 & form) { return Text(form.owner.field); } \
   }
-#define REQUITE_PAGE_VARIABLE(field)                                    \
-  Variable {                                                            \
-#field, [](Form1 & form) { return Text(form.State.Page(0).field); } \
+#define REQUITE_PAGE_VARIABLE(field)                                 \
+  Variable {                                                         \
+#field, [](Form1 & form) { return Text(form.State.Page.field); } \
   }
 
 constexpr Variable kVariables[] = {
@@ -128,6 +128,8 @@ std::string ExtractEmails(Form1& form, std::string& argument) {
   return {};
 }
 
+SiteTests Sites(const Form1& form) { return SiteTests(form.Sites, form.State); }
+
 /// An operation: its result as text. It may change its argument.
 struct Operation {
   std::string_view Name;
@@ -137,20 +139,21 @@ struct Operation {
 constexpr Operation kOperations[] = {
     {"BareHost", [](Form1&, std::string& argument) { return BareHost(argument); }},
     {"ParentDir", [](Form1&, std::string& argument) { return ParentDir(argument); }},
-    {"ResolveLink",
-     [](Form1& form, std::string& argument) { return ResolveLink(form.Scan.Context(), argument); }},
+    {"ResolveLink", [](Form1& form, std::string& argument) { return ResolveLink(form.State, argument); }},
     {"IsLinkToMainSite",
-     [](Form1& form, std::string& argument) {
-       return Text(IsLinkToMainSite(form.Scan.Context(), argument));
-     }},
+     [](Form1& form, std::string& argument) { return Text(Sites(form).IsLinkToMainSite(argument)); }},
     {"IsOnLinkingSite",
-     [](Form1& form, std::string& argument) { return Text(IsOnLinkingSite(form.Scan.Context(), argument)); }},
+     [](Form1& form, std::string& argument) { return Text(Sites(form).IsOnLinkingSite(argument)); }},
     {"IsSameDomain",
-     [](Form1& form, std::string& argument) { return Text(IsSameDomain(form.Scan.Context(), argument)); }},
+     [](Form1& form, std::string& argument) { return Text(Sites(form).IsSameDomain(argument)); }},
     {"IsSeenUrl",
-     [](Form1& form, std::string& argument) { return Text(IsSeenUrl(form.Scan.Context(), argument)); }},
+     [](Form1& form, std::string& argument) {
+       return Text(IsSeenUrl(form.Sites, form.Lists.List2, form.State, argument));
+     }},
     {"PassesRules",
-     [](Form1& form, std::string& argument) { return Text(PassesRules(form.Scan.Context(), argument)); }},
+     [](Form1& form, std::string& argument) {
+       return Text(Rules(form.Sites, form.State, form.Settings, form.Folder).PassesRules(argument));
+     }},
     {"UrlEncodeValue", [](Form1&, std::string& argument) { return UrlEncodeValue(argument); }},
     {"IsValidEmail",
      [](Form1& form, std::string& argument) { return Text(form.Emails.IsValidEmail(argument)); }},

@@ -23,7 +23,7 @@ void EmailHarvester::ExtractEmails(std::int16_t connection) {
   context_.Platform.EventLoop.LetPendingEventsRun();
   EndSilently([&] { ReadLines(connection); });
   status.SetPanel(2, "");
-  if (context_.State.Scanning) PassOver([&] { context_.Steps.ScanNextPage(connection); });
+  if (context_.State.Scanning) PassOver(scanNextPage_);
 }
 
 void EmailHarvester::ReadLines(std::int16_t connection) {
@@ -45,7 +45,9 @@ bool EmailHarvester::GoesOn(std::size_t characters) {
 bool EmailHarvester::TakeLongAddress(std::size_t staying) {
   // What no field of the database takes in is in none, and what is longer than every known URL is no known
   // one.
-  if (staying <= std::max(modDatabase::kFieldLength, LongestSeenUrl(context_))) return false;
+  if (staying <= std::max(modDatabase::kFieldLength,
+                          LongestSeenUrl(context_.Project, context_.Lists.List2, context_.State)))
+    return false;
   CountAddress([] { return true; });
   return true;
 }
@@ -61,7 +63,7 @@ void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRig
 
 bool EmailHarvester::AddWebsiteOf(const std::string& right) {
   std::string url = "http://www." + right + "/";
-  if (IsSeenUrl(context_, url)) return false;
+  if (IsSeenUrl(context_.Project, context_.Lists.List2, context_.State, url)) return false;
   return database_.AddWebsite(url);
 }
 

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "harvest/email_line.h"
 #include "harvest/email_pattern.h"
@@ -14,8 +16,9 @@ namespace requite {
 
 class EmailHarvester : private EmailLineReader {
  public:
-  /// Both must outlive this object.
-  EmailHarvester(ScanContext& context, modDatabase& database) : context_(context), database_(database) {}
+  /// Both must outlive this object. `scanNextPage` is the step that follows.
+  EmailHarvester(ScanContext& context, modDatabase& database, std::function<void()> scanNextPage)
+      : context_(context), database_(database), scanNextPage_(std::move(scanNextPage)) {}
 
   /// Reads the flat page file of a connection to its end, stores and counts each new address, and goes on
   /// with ScanNextPage. Lets events run all the time; a scan that is stopped meanwhile ends it in the middle
@@ -35,6 +38,7 @@ class EmailHarvester : private EmailLineReader {
 
   ScanContext& context_;
   modDatabase& database_;
+  std::function<void()> scanNextPage_;
   EmailPattern pattern_;
 };
 

@@ -68,7 +68,7 @@ std::string ExtractLinks(std::string_view html, std::string_view base, const Ext
     if (!line->starts_with(kHref)) continue;
     std::string value(CutImportValue(*line));
     if (filter.Takes(value)) continue;
-    ResolveImportLink(value, base, needs.State.Pages[0].PageHost);
+    ResolveImportLink(value, base, needs.State.Page.PageHost);
     if (ownSite.IsIn(value)) continue;
     links += value;
     links += ',';

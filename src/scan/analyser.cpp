@@ -14,23 +14,31 @@
 
 namespace requite {
 
-void Analyser::AnalysePage(std::int16_t connection) {
-  const std::string text = std::exchange(context_.State.Page(connection).PreparedText, {});
-  if (!context_.State.Scanning) return;
-  context_.Window.StatusBar1.SetPanel(2, "Getting Links");
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  PageLines lines(text, SlicesOf(context_));
+Analyser::Analyser(ScanContext& scan, Next& next)
+    : scan_(scan),
+      next_(next),
+      sites_(scan.Project, scan.State),
+      rules_(scan.Project, scan.State, scan.Settings, scan.Folder),
+      recorded_(scan.Project.List3),
+      filter_(scan.Settings, scan.State.FileTypes) {}
+
+void Analyser::AnalysePage() {
+  const std::string text = std::exchange(scan_.State.Page.PreparedText, {});
+  if (!scan_.State.Scanning) return;
+  scan_.Window.StatusBar1.SetPanel(2, "Getting Links");
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  PageLines lines(text, scan_.PageSlices());
   switch (ReadLines(lines)) {
-    case PageEnd::Moved: FollowMove(lines, connection); break;
-    case PageEnd::Read: HandBack(connection); break;
+    case PageEnd::Moved: FollowMove(lines); break;
+    case PageEnd::Read: HandBack(); break;
   }
 }
 
 Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
-  const ScanState& state = context_.State;
+  const ScanState& state = scan_.State;
   std::string link;  // one for all lines, for its room
   while (!lines.AtEnd()) {
-    context_.Platform.EventLoop.LetPendingEventsRun();
+    scan_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
     if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
     if (lines.HasHref()) AnalyseLink(lines.Line(), link);
@@ -41,7 +49,7 @@ Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
 }
 
 void Analyser::AnalyseLink(std::string_view line, std::string& link) {
-  if (CutHrefValue(line, context_, link) != Cut::Done) return;
+  if (CutHrefValue(line, scan_.State.Scanning, scan_.Platform.EventLoop, link) != Cut::Done) return;
   if (TakeLink(link) == Road::Record) RecordIfOurs(link);
 }
 
@@ -54,14 +62,14 @@ Analyser::Road Analyser::TakeLink(std::string& link) {
   if (!isAllowed) return RoadOfRefused(link);
   if (filter_.IsLocalOrFragment(link, letters)) return Road::NextLine;
   if (!GoesOn(link)) return Road::NextLine;
-  ResolveLink(context_, link);
+  ResolveLink(scan_.State, link);
   if (!GoesOn(link)) return Road::NextLine;
   if (!rules_.PassesRules(link)) {
-    context_.State.ReasonNote = "Possible Rule Problem";
+    scan_.State.ReasonNote = "Possible Rule Problem";
     return RoadOfRefused(link);
   }
   if (!GoesOn(link)) return Road::NextLine;
-  const bool isNew = !IsSeenUrl(context_, link);
+  const bool isNew = !IsSeenUrl(scan_.Project, scan_.Lists.List2, scan_.State, link);
   if (!GoesOn(link)) return Road::NextLine;
   if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link);
   return GoesOn(link) ? Road::Record : Road::NextLine;
@@ -72,8 +80,8 @@ Analyser::Road Analyser::TakeLink(std::string& link) {
 bool Analyser::GoesOn(std::string_view link) const {
   constexpr std::size_t kLong = std::size_t{1} << 20;
   if (link.size() < kLong) return true;
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  return context_.State.Scanning;
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  return scan_.State.Scanning;
 }
 
 Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
@@ -81,44 +89,44 @@ Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
 }
 
 void Analyser::QueuePage(const std::string& url) {
-  ScanState& state = context_.State;
+  ScanState& state = scan_.State;
   ++state.PagesQueued;
-  context_.Host.UpdateStats(Counted::PageFound);
-  context_.Lists.List2.Add({url});
+  scan_.Host.UpdateStats(Counted::PageFound);
+  scan_.Lists.List2.Add({url});
   // The full table fails here, with the page already queued, and ends the reading of the site.
   state.SeenPages.Store(state.PagesQueued, url);
 }
 
 void Analyser::RecordIfOurs(std::string& link) {
-  if (recorded_.IsPageRecorded(context_.State.PageFull)) return;
+  if (recorded_.IsPageRecorded(scan_.State.PageFull)) return;
   if (sites_.IsLinkToMainSite(link)) {
-    RecordLink(context_, status::kDirect);
+    RecordLink(scan_, status::kDirect);
   } else if (sites_.IsSameDomain(link)) {
-    RecordLink(context_, status::kDomain);
+    RecordLink(scan_, status::kDomain);
   }
 }
 
-void Analyser::FollowMove(PageLines& lines, std::int16_t connection) {
-  std::optional<std::string> address = MovedAddress(lines, context_.State.PageFull, SlicesOf(context_));
+void Analyser::FollowMove(PageLines& lines) {
+  std::optional<std::string> address = MovedAddress(lines, scan_.State.PageFull, scan_.PageSlices());
   if (!address) return;
-  std::string text = HttpGetText(*address, context_.Gets, context_.Platform.EventLoop);
-  context_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
-  context_.Steps.ProcessPage(std::move(text), connection);
+  std::string text = HttpGetText(*address, scan_.Gets, scan_.Platform.EventLoop);
+  scan_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
+  next_.ProcessPage(std::move(text));
 }
 
-void Analyser::HandBack(std::int16_t connection) {
-  ScanState& state = context_.State;
-  context_.Window.StatusBar1.SetPanel(2, "");
-  context_.Platform.EventLoop.LetPendingEventsRun();
+void Analyser::HandBack() {
+  ScanState& state = scan_.State;
+  scan_.Window.StatusBar1.SetPanel(2, "");
+  scan_.Platform.EventLoop.LetPendingEventsRun();
   state.RedirectFollowed = false;
   if (!state.Scanning) return;
   // The Main Site's text was seen, but no link with it: nothing more is to be had of this site.
   const bool redirect =
-      context_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound;
+      scan_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound;
   if (redirect) {
-    context_.Steps.NextSite();
+    next_.NextSite();
   } else {
-    context_.Steps.ScanNextPage(connection);
+    next_.ScanNextPage();
   }
 }
 

@@ -17,12 +17,20 @@ namespace requite {
 
 class Analyser {
  public:
-  explicit Analyser(ScanContext& context)
-      : context_(context), sites_(context), rules_(context), recorded_(context), filter_(context) {}
+  /// The steps that follow: one of them.
+  class Next {
+   public:
+    virtual ~Next() = default;
+    virtual void ProcessPage(std::string body) = 0;
+    virtual void NextSite() = 0;
+    virtual void ScanNextPage() = 0;
+  };
+
+  Analyser(ScanContext& scan, Next& next);
 
   /// Reads the page that triage has prepared on a connection and hands back to the scan controller. A page
   /// that says that it has moved is read again once. A failure ends the step, and the caller passes over it.
-  void AnalysePage(std::int16_t connection);
+  void AnalysePage();
 
  private:
   enum class PageEnd { Read, Moved };
@@ -36,10 +44,11 @@ class Analyser {
   [[nodiscard]] Road RoadOfRefused(std::string_view link);
   void QueuePage(const std::string& url);
   void RecordIfOurs(std::string& link);
-  void FollowMove(PageLines& lines, std::int16_t connection);
-  void HandBack(std::int16_t connection);
+  void FollowMove(PageLines& lines);
+  void HandBack();
 
-  ScanContext& context_;
+  ScanContext& scan_;
+  Next& next_;
   SiteTests sites_;
   Rules rules_;
   RecordedPages recorded_;

@@ -10,14 +10,14 @@
 
 namespace requite {
 
-void Controller::ScanNextPage(std::int16_t connection) {
+void Controller::ScanNextPage() {
   switch (DecidePage()) {
     case PageDecision::Return: return;
     case PageDecision::CloseSite: NextSite(); return;
     case PageDecision::CloseSiteAndGoOn: NextSite(); break;
     case PageDecision::TakePage: break;
   }
-  TakePage(connection);
+  TakePage();
 }
 
 /// A failure leaves the scan where it is until the user presses Stop. No page is in progress then, so the
@@ -44,20 +44,20 @@ void Controller::NextSite() {
       BeginSearch();
       TellSiteBegins();
       const PageDecision decision = DecidePage();
-      if (decision == PageDecision::TakePage) TakePage(0);
+      if (decision == PageDecision::TakePage) TakePage();
       if (decision == PageDecision::TakePage || decision == PageDecision::Return) return;
       skip = CloseSite();
       if (decision == PageDecision::CloseSiteAndGoOn) ++unfinishedPageSteps;
     }
   });
   for (; unfinishedPageSteps > 0; --unfinishedPageSteps) {
-    StandStillOnFailure([this] { TakePage(0); });
+    StandStillOnFailure([this] { TakePage(); });
   }
 }
 
 void Controller::cmdDoSearch_Click() {
   BeginSearch();
-  ScanNextPage(0);
+  ScanNextPage();
 }
 
 void Controller::BeginSearch() {
@@ -95,7 +95,7 @@ Controller::PageDecision Controller::DecidePage() {
 
 /// The second half of the page step. Only its beginning and the fetch look at Scanning: a stop that
 /// comes while the window repaints still sees the next page leave the queue.
-void Controller::TakePage(std::int16_t connection) {
+void Controller::TakePage() {
   ScanState& state = scan_.State;
   if (!state.Scanning) return;
   StatusBar& bar = scan_.Window.StatusBar1;
@@ -112,7 +112,7 @@ void Controller::TakePage(std::int16_t connection) {
   state.PageUrl = scan_.Lists.List2.At(0).Url;
   scan_.Lists.List2.Remove(0);
   bar.SetPanel(3, "Searching " + state.CurrentLinkingUrl);
-  scan_.Steps.FetchPage(connection);
+  next_.FetchPage();
 }
 
 void Controller::cmdSkip() {
@@ -152,10 +152,10 @@ void Controller::cmdStop() {
 
 // A stop that came while a fetch was starting leaves the timer running, so a tick looks at Scanning
 // like every other step: silence after a stop must not begin the scan anew.
-void Controller::TimeoutTick(std::int16_t connection) {
+void Controller::TimeoutTick() {
   ScanState& state = scan_.State;
   if (!state.Scanning) return;
-  PageFetch& page = state.Page(connection);
+  PageFetch& page = state.Page;
   if (page.TimeoutTicks < std::numeric_limits<std::int16_t>::max()) ++page.TimeoutTicks;
   scan_.Window.StatusBar1.SetPanel(
       4, std::to_string(page.TimeoutTicks) + " of " + std::to_string(state.TimeoutSeconds) + " seconds");

@@ -14,13 +14,20 @@ namespace requite {
 /// carries the chain on. The context must outlive the controller.
 class Controller {
  public:
-  explicit Controller(ScanContext& context) : scan_(context) {}
+  /// The step that follows.
+  class Next {
+   public:
+    virtual ~Next() = default;
+    virtual void FetchPage() = 0;
+  };
+
+  Controller(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
   /// Behind Command1. Says in a message box why a scan does not start; the results of the last scan
   /// are gone even then.
   void StartScan();
   /// Takes the next page from the queue, or closes the site.
-  void ScanNextPage(std::int16_t connection);
+  void ScanNextPage();
   /// Writes the result of the site in hand and goes on to the next one, or stops after the last.
   void NextSite();
   /// Goes on from the queue as it stands.
@@ -32,7 +39,7 @@ class Controller {
   /// Ends the scan, writes the report and releases the commands.
   void cmdStop();
   /// One second without data on a connection.
-  void TimeoutTick(std::int16_t connection);
+  void TimeoutTick();
 
  private:
   enum class PageDecision { Return, CloseSite, CloseSiteAndGoOn, TakePage };
@@ -48,7 +55,7 @@ class Controller {
 
   // controller.cpp
   [[nodiscard]] PageDecision DecidePage();
-  void TakePage(std::int16_t connection);
+  void TakePage();
   void BeginSearch();
   template <class Block>
   void StandStillOnFailure(Block&& block);
@@ -72,6 +79,7 @@ class Controller {
   void PlayNextSiteSound();
 
   ScanContext& scan_;
+  Next& next_;
   ScannedSite site_;  ///< the one that began last, until its end
 };
 

@@ -63,10 +63,10 @@ bool Fetcher::Attempt(Statement&& statement) {
   }
 }
 
-void Fetcher::FetchPage(std::int16_t connection) {
+void Fetcher::FetchPage() {
   if (!scan_.State.Scanning) return;
   ++fetches_;
-  PageFetch& page = scan_.State.Page(connection);
+  PageFetch& page = scan_.State.Page;
   CutUrl(scan_.State, page);
   page.RecvBuffer.clear();
   page.HeaderSeen = false;
@@ -89,12 +89,12 @@ void Fetcher::OnConnect() {
   scan_.Window.pb1.SetValue(0);
   // After a skip the connection is already another one, which sends its own request when it stands.
   if (fetch != fetches_ || !scan_.State.Scanning) return;
-  scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page(0)));
+  scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page));
 }
 
 void Fetcher::OnDataArrival(std::size_t bytesTotal) {
   if (!scan_.State.Scanning) return;
-  PageFetch& page = scan_.State.Page(0);
+  PageFetch& page = scan_.State.Page;
   page.TimeoutTicks = 0;
   TakeData(page);
   page.BytesReceived += static_cast<std::int32_t>(bytesTotal);
@@ -151,16 +151,16 @@ std::size_t Fetcher::FindHeaderEnd(const PageFetch& page) {
 void Fetcher::OnClose() {
   if (!scan_.State.Scanning) return;
   scan_.Platform.timTimeout.Stop();
-  PageFetch& page = scan_.State.Page(0);
+  PageFetch& page = scan_.State.Page;
   const std::size_t end = FindHeaderEnd(page);
   const std::string header(
       Left(page.RecvBuffer, end == std::string::npos ? kHeaderOfHeaderless : end + kHeaderEnd.size()));
-  scan_.Steps.CheckHttpStatus(header, page.PageHost + page.PagePath);
+  next_.CheckHttpStatus(header, page.PageHost + page.PagePath);
   std::string response = std::exchange(page.RecvBuffer, {});
   scan_.Window.StatusBar1.SetPanel(1, Joined("Finished: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  RemoveHeader(response, header, SlicesOf(scan_));
-  scan_.Steps.ProcessPage(std::move(response), 0);
+  RemoveHeader(response, header, scan_.PageSlices());
+  next_.ProcessPage(std::move(response));
 }
 
 }  // namespace requite

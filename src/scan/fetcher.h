@@ -18,11 +18,19 @@ class Fetcher : public ConnectionEvents {
   /// A page ends here at the latest: no more of it is kept.
   static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 
-  explicit Fetcher(ScanContext& context) : scan_(context) {}
+  /// The steps that follow, in this order.
+  class Next {
+   public:
+    virtual ~Next() = default;
+    virtual void CheckHttpStatus(const std::string& header, const std::string& url) = 0;
+    virtual void ProcessPage(std::string body) = 0;
+  };
+
+  Fetcher(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
   /// Cuts State.PageUrl into host and path and starts the fetch; the page comes back through the
   /// events. Changes PageUrl, PageFull and PageDir. A failure leaves the fetch to the time-out.
-  void FetchPage(std::int16_t connection);
+  void FetchPage();
 
   void OnConnect() override;
   void OnDataArrival(std::size_t bytesTotal) override;
@@ -37,6 +45,7 @@ class Fetcher : public ConnectionEvents {
   [[nodiscard]] bool Attempt(Statement&& statement);
 
   ScanContext& scan_;
+  Next& next_;
   std::size_t searchedTo_ = 0;  // no header end begins before this offset of RecvBuffer
   std::uint64_t fetches_ = 0;   // tells after a yield whether the page is still the same
 };

@@ -19,9 +19,9 @@ std::size_t LengthOfValue(std::string_view text) {
 }
 
 /// The place of the first quote or ">", or the end of the text. Nothing when the scan was stopped.
-std::optional<std::size_t> FindTerminator(std::string_view text, const ScanContext& context) {
-  for (std::size_t from = 0; context.State.Scanning; from += kSlice) {
-    if (from > 0) context.Platform.EventLoop.LetPendingEventsRun();
+std::optional<std::size_t> FindTerminator(std::string_view text, const bool& scanning, EventLoop& events) {
+  for (std::size_t from = 0; scanning; from += kSlice) {
+    if (from > 0) events.LetPendingEventsRun();
     const std::string_view slice = text.substr(from, kSlice);
     const std::size_t length = LengthOfValue(slice);
     if (length < slice.size() || text.size() - from <= kSlice) return from + length;
@@ -44,9 +44,9 @@ std::size_t KeptLength(std::size_t length, std::size_t end) {
 
 }  // namespace
 
-Cut CutHrefValue(std::string_view line, const ScanContext& context, std::string& value) {
+Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events, std::string& value) {
   const std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
-  const std::optional<std::size_t> end = FindTerminator(rest, context);
+  const std::optional<std::size_t> end = FindTerminator(rest, scanning, events);
   if (!end) return Cut::Stopped;
   // A value that is shorter than its own "href=" and one letter is none.
   const std::size_t kept = KeptLength(rest.size() + kHref.size(), *end + kHref.size());

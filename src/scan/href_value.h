@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "scan/scan_context.h"
+#include "platform/services.h"
 
 namespace requite {
 
@@ -21,6 +21,7 @@ enum class Cut {
 /// behind "href=" goes, the value ends at the next quote or ">", and at its first blank. A line on which no
 /// end comes, or only as its last character, loses its last two characters: ResolveLink mends some of what
 /// that cuts off. Lets events run in long values.
-[[nodiscard]] Cut CutHrefValue(std::string_view line, const ScanContext& context, std::string& value);
+[[nodiscard]] Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
+                               std::string& value);
 
 }  // namespace requite

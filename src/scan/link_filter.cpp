@@ -15,16 +15,15 @@ bool LinkFilter::IsAllowedType(std::string_view value, LetterSet letters) {
   const bool isQuery = value.find('.') == std::string_view::npos && value.find('?') != std::string_view::npos;
   if (isQuery || HoldsFileType(value, letters)) return true;
   // Compared as a text, unlike the other flags: any other text switches the list off.
-  return context_.Settings.GetSetting(setting::chkFileTypes) != "1";
+  return settings_.GetSetting(setting::chkFileTypes) != "1";
 }
 
 bool LinkFilter::HoldsFileType(std::string_view value, LetterSet letters) {
-  const std::vector<std::string>& types = context_.State.FileTypes;
-  for (std::size_t i = 0; i < types.size(); ++i) {
-    if (i == fileTypes_.size()) fileTypes_.emplace_back(types[i]);
+  for (std::size_t i = 0; i < fileTypes_.size(); ++i) {
+    if (i == needles_.size()) needles_.emplace_back(fileTypes_[i]);
     // A new scan may have read another list.
-    if (fileTypes_[i].Pattern() != types[i]) fileTypes_[i] = Needle(types[i]);
-    if (fileTypes_[i].IsIn(value, letters)) return true;
+    if (needles_[i].Pattern() != fileTypes_[i]) needles_[i] = Needle(fileTypes_[i]);
+    if (needles_[i].IsIn(value, letters)) return true;
   }
   return false;
 }

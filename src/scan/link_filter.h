@@ -6,15 +6,17 @@
 #include <string_view>
 #include <vector>
 
+#include "model/settings.h"
 #include "platform/needle_set.h"
-#include "scan/scan_context.h"
 
 namespace requite {
 
 /// Each test is given the value with its letters.
 class LinkFilter {
  public:
-  explicit LinkFilter(const ScanContext& context) : context_(context) {}
+  /// `fileTypes` is the list of the current scan; it must outlive the filter.
+  LinkFilter(const Settings& settings, const std::vector<std::string>& fileTypes)
+      : settings_(settings), fileTypes_(fileTypes) {}
 
   /// Whether the value names a script or a mail address.
   [[nodiscard]] bool IsScriptOrMail(std::string_view value, LetterSet letters) const;
@@ -27,8 +29,9 @@ class LinkFilter {
  private:
   [[nodiscard]] bool HoldsFileType(std::string_view value, LetterSet letters);
 
-  const ScanContext& context_;
-  std::vector<Needle> fileTypes_;  // of ScanState::FileTypes, each made when it is first asked for
+  Settings settings_;
+  const std::vector<std::string>& fileTypes_;
+  std::vector<Needle> needles_;  // of fileTypes_, each made when it is first needed
   Needle javascript_{"javascript"};
   Needle mailto_{"mailto"};
   Needle file_{"file://"};

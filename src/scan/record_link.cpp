@@ -17,41 +17,41 @@ void CountUp(Integer& count) {
   ++count;
 }
 
-void AddResult(ScanContext& context, std::string_view status) {
-  ScanState& state = context.State;
+void AddResult(ScanContext& scan, std::string_view status) {
+  ScanState& state = scan.State;
   // The reduction to the bare host stays in CurrentLinkingUrl.
   const std::string linking = BareHost(state.CurrentLinkingUrl);
-  context.Project.List3.Add(
+  scan.Project.List3.Add(
       {state.MainSiteKey, linking, std::string(status), ZeroPadded(state.LinkNumber, 3), state.PageFull},
       kIconGood, kBlue);
 }
 
-void MarkSite(ScanContext& context, std::string_view status) {
-  LinkingSiteList& sites = context.Project.List1(context.Project.CurrentMainSite);
-  const auto row = static_cast<std::size_t>(context.State.SiteRow) - 1;
+void MarkSite(ScanContext& scan, std::string_view status) {
+  LinkingSiteList& sites = scan.Project.List1(scan.Project.CurrentMainSite);
+  const auto row = static_cast<std::size_t>(scan.State.SiteRow) - 1;
   sites.SetColour(row, kBlue);
-  if (status == status::kDirect && context.Settings.IsOne(setting::chkUpdate)) {
-    sites.Set(row, &LinkingSite::WebsiteUrl, context.State.PageFull);
+  if (status == status::kDirect && scan.Settings.IsOne(setting::chkUpdate)) {
+    sites.Set(row, &LinkingSite::WebsiteUrl, scan.State.PageFull);
   }
 }
 
 }  // namespace
 
-void RecordLink(ScanContext& context, std::string_view status) {
-  ScanState& state = context.State;
+void RecordLink(ScanContext& scan, std::string_view status) {
+  ScanState& state = scan.State;
   CountUp(state.LinksOnSite);
   CountUp(state.LinksCounted);
   CountUp(state.LinkNumber);
-  AddResult(context, status);
-  MarkSite(context, status);
+  AddResult(scan, status);
+  MarkSite(scan, status);
   state.LinkFound = true;
-  if (context.Settings.IsOne(setting::chkAudioEmail)) {
-    context.Platform.Sounds.PlaySoundFile(context.Folder.File(sound::kLinkFound));
+  if (scan.Settings.IsOne(setting::chkAudioEmail)) {
+    scan.Platform.Sounds.PlaySoundFile(scan.Folder.File(sound::kLinkFound));
   }
-  context.Host.UpdateStats(Counted::LinkFound);
+  scan.Host.UpdateStats(Counted::LinkFound);
   CountUp(state.PagesQueued);  // leaves a gap in SeenPages
-  context.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
-  context.Platform.EventLoop.LetPendingEventsRun();
+  scan.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
+  scan.Platform.EventLoop.LetPendingEventsRun();
 }
 
 }  // namespace requite

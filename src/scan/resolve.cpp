@@ -109,14 +109,14 @@ void ResolveLinkFrom(const LinkOrigin& origin, std::string& link) {
   if (link.size() >= kShortestMended) MendEnding(link);
 }
 
-const std::string& ResolveLink(const ScanContext& context, std::string& link) {
-  const std::string& host = context.State.Pages[0].PageHost;
-  ResolveLinkFrom({host, host, context.State.PageDir, Climb}, link);
+const std::string& ResolveLink(const ScanState& state, std::string& link) {
+  const std::string& host = state.Page.PageHost;
+  ResolveLinkFrom({host, host, state.PageDir, Climb}, link);
   return link;
 }
 
 void SiteTests::ReadMainSite() {
-  const std::string& key = context_.State.MainSiteKey;
+  const std::string& key = state_.MainSiteKey;
   if (key == mainSiteKey_) return;
   mainSite_ = TextFinder(key);
   mainDomain_ = key;
@@ -134,8 +134,8 @@ bool SiteTests::IsLinkToMainSite(std::string_view url) {
 }
 
 bool SiteTests::IsOnLinkingSite(std::string_view url) {
-  const LinkingSiteList& sites = context_.Project.List1(context_.Project.CurrentMainSite);
-  const std::string& website = sites.At(static_cast<std::size_t>(context_.State.SiteRow) - 1).WebsiteUrl;
+  const LinkingSiteList& sites = project_.List1(project_.CurrentMainSite);
+  const std::string& website = sites.At(static_cast<std::size_t>(state_.SiteRow) - 1).WebsiteUrl;
   if (website != websiteUrl_) {
     linkingDomain_ = website;
     RemoveSchemes(linkingDomain_);
@@ -152,18 +152,6 @@ bool SiteTests::IsSameDomain(std::string& url) {
   RemoveSchemes(url);
   url.resize(Before(url, '/').size());
   return RegisteredDomain(url) == mainDomain_;
-}
-
-bool IsLinkToMainSite(const ScanContext& context, std::string_view url) {
-  return SiteTests(context).IsLinkToMainSite(url);
-}
-
-bool IsOnLinkingSite(const ScanContext& context, std::string_view url) {
-  return SiteTests(context).IsOnLinkingSite(url);
-}
-
-bool IsSameDomain(const ScanContext& context, std::string& url) {
-  return SiteTests(context).IsSameDomain(url);
 }
 
 }  // namespace requite

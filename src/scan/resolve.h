@@ -5,8 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "model/project.h"
 #include "platform/text_search.h"
-#include "scan/scan_context.h"
+#include "scan/scan_state.h"
 
 namespace requite {
 
@@ -25,13 +26,13 @@ void ResolveLinkFrom(const LinkOrigin& origin, std::string& link);
 
 /// The same, seen from the page in hand
 /// (`PageDir` and the host on connection 0). Returns `link` itself.
-const std::string& ResolveLink(const ScanContext& context, std::string& link);
+const std::string& ResolveLink(const ScanState& state, std::string& link);
 
 /// Whether a URL belongs to the Main Site or to the Linking Site in scan. What follows from the
 /// scan state alone is kept from call to call and made anew when the text it came from has changed.
 class SiteTests {
  public:
-  explicit SiteTests(const ScanContext& context) : context_(context) {}
+  SiteTests(const Project& project, const ScanState& state) : project_(project), state_(state) {}
 
   /// Whether `url` holds `MainSiteKey` anywhere, in any letter case.
   [[nodiscard]] bool IsLinkToMainSite(std::string_view url);
@@ -45,7 +46,8 @@ class SiteTests {
  private:
   void ReadMainSite();
 
-  const ScanContext& context_;
+  const Project& project_;
+  const ScanState& state_;
   std::string mainSiteKey_;
   TextFinder mainSite_{""};
   std::string mainDomain_;
@@ -53,10 +55,5 @@ class SiteTests {
   std::string linkingDomain_;
   TextFinder linkingSite_{""};
 };
-
-/// The same questions asked once, on the scan as it stands.
-[[nodiscard]] bool IsLinkToMainSite(const ScanContext& context, std::string_view url);
-[[nodiscard]] bool IsOnLinkingSite(const ScanContext& context, std::string_view url);
-[[nodiscard]] bool IsSameDomain(const ScanContext& context, std::string& url);
 
 }  // namespace requite

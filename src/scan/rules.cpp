@@ -37,17 +37,17 @@ void LogExclusion(const ProgramFolder& folder, std::string_view ruleType, std::s
 }
 
 bool Rules::PassesRules(std::string_view url) {
-  const RecordList<Rule>& rules = context_.Project.lstRules;
+  const RecordList<Rule>& rules = project_.lstRules;
   if (rules.Empty()) return true;
   PickApplicable();
   if (applicable_.empty()) return true;
   const LetterSet letters = LettersOf(url);
   for (const Applicable& each : applicable_) {
     if (each.Value.IsIn(url, letters) == each.MustHold) continue;
-    if (context_.Settings.IsOne(setting::chkLog)) {
+    if (settings_.IsOne(setting::chkLog)) {
       const Rule& failed = rules.At(each.Row);
       // A log that cannot be written must not stop the scan.
-      PassOver([&] { LogExclusion(context_.Folder, failed.RuleType, failed.RuleValue, url); });
+      PassOver([&] { LogExclusion(folder_, failed.RuleType, failed.RuleValue, url); });
     }
     return false;
   }
@@ -55,14 +55,13 @@ bool Rules::PassesRules(std::string_view url) {
 }
 
 void Rules::PickApplicable() {
-  const Project& project = context_.Project;
   // Rows are read at each URL: a recorded link may change the Website URL, and from then on a rule for
   // the site as it was no longer applies.
-  const std::string& mainSite = project.List4.At(static_cast<std::size_t>(project.CurrentMainSite) - 1).Text;
-  const std::string& websiteUrl = project.List1(project.CurrentMainSite)
-                                      .At(static_cast<std::size_t>(context_.State.SiteRow) - 1)
-                                      .WebsiteUrl;
-  const RecordList<Rule>& rules = project.lstRules;
+  const std::string& mainSite =
+      project_.List4.At(static_cast<std::size_t>(project_.CurrentMainSite) - 1).Text;
+  const std::string& websiteUrl =
+      project_.List1(project_.CurrentMainSite).At(static_cast<std::size_t>(state_.SiteRow) - 1).WebsiteUrl;
+  const RecordList<Rule>& rules = project_.lstRules;
   if (picked_ && version_ == rules.Version() && mainSite_ == mainSite && websiteUrl_ == websiteUrl) return;
   applicable_.clear();
   for (std::size_t row = 0; row < rules.RowCount(); ++row) {
@@ -78,7 +77,5 @@ void Rules::PickApplicable() {
   websiteUrl_ = websiteUrl;
   picked_ = true;
 }
-
-bool PassesRules(const ScanContext& context, std::string_view url) { return Rules(context).PassesRules(url); }
 
 }  // namespace requite

@@ -7,8 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "model/project.h"
+#include "model/settings.h"
+#include "platform/files.h"
 #include "platform/needle_set.h"
-#include "scan/scan_context.h"
+#include "scan/scan_state.h"
 
 namespace requite {
 
@@ -21,7 +24,8 @@ void LogExclusion(const ProgramFolder& folder, std::string_view ruleType, std::s
 /// a rule, the Main Site's text or the row's Website URL has changed since the last URL.
 class Rules {
  public:
-  explicit Rules(const ScanContext& context) : context_(context) {}
+  Rules(const Project& project, const ScanState& state, const Settings& settings, const ProgramFolder& folder)
+      : project_(project), state_(state), settings_(settings), folder_(folder) {}
 
   /// Whether the crawl may use a resolved URL. The first rule that fails decides, and is logged when
   /// the setting says so. With any rule in the project it throws Subscript when the row of the Main
@@ -36,15 +40,15 @@ class Rules {
   };
   void PickApplicable();
 
-  const ScanContext& context_;
+  const Project& project_;
+  const ScanState& state_;
+  Settings settings_;
+  const ProgramFolder& folder_;
   std::vector<Applicable> applicable_;
   std::uint64_t version_ = 0;
   std::string mainSite_;
   std::string websiteUrl_;
   bool picked_ = false;
 };
-
-/// The same test once, on the scan as it stands.
-[[nodiscard]] bool PassesRules(const ScanContext& context, std::string_view url);
 
 }  // namespace requite

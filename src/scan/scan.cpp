@@ -6,20 +6,20 @@ namespace requite {
 
 Scan::Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
            Services& services, const ProgramFolder& folder, WorkFolder& work)
-    : context_{project, lists, state, window, host, *this, services, Settings(services.Store), folder, work},
-      controller_(context_),
-      fetcher_(context_),
-      triage_(context_),
-      analyser_(context_) {
+    : scan_{project, lists, state, window, host, services, Settings(services.Store), folder, work},
+      controller_(scan_, *this),
+      fetcher_(scan_, *this),
+      triage_(scan_, *this),
+      analyser_(scan_, *this) {
   services.Connection.Events = &fetcher_;
-  services.timTimeout.OnTick = [this] { controller_.TimeoutTick(0); };
+  services.timTimeout.OnTick = [this] { controller_.TimeoutTick(); };
 }
 
 Scan::~Scan() {
-  context_.Platform.Connection.Close();
-  context_.Platform.timTimeout.Stop();
-  context_.Platform.Connection.Events = nullptr;
-  context_.Platform.timTimeout.OnTick = nullptr;
+  scan_.Platform.Connection.Close();
+  scan_.Platform.timTimeout.Stop();
+  scan_.Platform.Connection.Events = nullptr;
+  scan_.Platform.timTimeout.OnTick = nullptr;
 }
 
 }  // namespace requite

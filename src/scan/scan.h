@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The whole scan: makes its steps, hands them the shared context and leads each step to the next.
+// The whole scan: makes its steps over one context, and is what each of them calls next.
 #pragma once
 
-#include <cstdint>
 #include <string>
+#include <utility>
 
 #include "scan/analyser.h"
 #include "scan/controller.h"
@@ -15,7 +15,7 @@ namespace requite {
 
 /// Owned by the main window, which owns what it is built over. Takes the events of the connection and
 /// the ticks of timTimeout as long as it lives.
-class Scan : public ScanSteps {
+class Scan : private Controller::Next, private Fetcher::Next, private Triage::Next, private Analyser::Next {
  public:
   Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
        Services& services, const ProgramFolder& folder, WorkFolder& work);
@@ -30,22 +30,22 @@ class Scan : public ScanSteps {
   void cmdNextSearch() { controller_.cmdNextSearch(); }
   void cmdStop() { controller_.cmdStop(); }
 
-  void ScanNextPage(std::int16_t connection) override { controller_.ScanNextPage(connection); }
-  void NextSite() override { controller_.NextSite(); }
-  void FetchPage(std::int16_t connection) override { fetcher_.FetchPage(connection); }
+  /// Takes the next page of the current site, or closes the site.
+  void ScanNextPage() override { controller_.ScanNextPage(); }
+
+  /// What every step works on.
+  [[nodiscard]] ScanContext& Context() { return scan_; }
+
+ private:
+  void FetchPage() override { fetcher_.FetchPage(); }
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     triage_.CheckHttpStatus(header, url);
   }
-  void ProcessPage(std::string body, std::int16_t connection) override {
-    triage_.ProcessPage(std::move(body), connection);
-  }
-  void AnalysePage(std::int16_t connection) override { analyser_.AnalysePage(connection); }
+  void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }
+  void AnalysePage() override { analyser_.AnalysePage(); }
+  void NextSite() override { controller_.NextSite(); }
 
-  /// What every step works on.
-  [[nodiscard]] ScanContext& Context() { return context_; }
-
- private:
-  ScanContext context_;
+  ScanContext scan_;
   Controller controller_;
   Fetcher fetcher_;
   Triage triage_;

@@ -2,7 +2,6 @@
 // The state that the steps of a scan share. One object, owned by the main window.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,10 +11,7 @@
 
 namespace requite {
 
-/// Connections are numbered; every call in the chain passes 0, so a table of one serves.
-inline constexpr std::size_t kConnections = 1;
-
-/// What is known of the page in hand on one connection.
+/// The current page, as far as its one connection has brought it.
 struct PageFetch {
   std::string PageHost;
   std::string PagePath;            ///< starts with "/"
@@ -55,10 +51,7 @@ struct ScanState {
   requite::SeenPages SeenPages;
   std::int32_t AutoSaveTicks = 0;
   bool WorkFilesUnwritten = false;  ///< the user was told in this scan that they could not be written
-  std::array<PageFetch, kConnections> Pages;
-
-  /// Throws Subscript for a connection that does not exist.
-  [[nodiscard]] PageFetch& Page(std::int16_t connection);
+  PageFetch Page;
 };
 
 }  // namespace requite

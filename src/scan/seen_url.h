@@ -6,23 +6,24 @@
 #include <cstdint>
 #include <string>
 
-#include "scan/scan_context.h"
+#include "model/project.h"
+#include "scan/scan_state.h"
 
 namespace requite {
 
 /// Whether the URL is a Linking Site of the Main Site in scan, waits in the queue, or was queued
 /// before on this site. Takes scheme leftovers and outer blanks off `url`, in place. Failures are
 /// passed over.
-[[nodiscard]] bool IsSeenUrl(const ScanContext& context, std::string& url);
+[[nodiscard]] bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url);
 
 /// IsSeenUrl is false for every URL that has more characters than this when all "www." are out of it.
-[[nodiscard]] std::size_t LongestSeenUrl(const ScanContext& context);
+[[nodiscard]] std::size_t LongestSeenUrl(Project& project, PageQueue& queue, const ScanState& state);
 
 /// Whether the "No." column of a result holds the page's text. That column has digits only, so no
 /// real page is ever recorded; the question is asked for its effect on its argument.
 class RecordedPages {
  public:
-  explicit RecordedPages(const ScanContext& context) : context_(context) {}
+  explicit RecordedPages(const RecordList<LinkResult>& results) : results_(results) {}
 
   /// Takes scheme leftovers and outer blanks off `page`, in place.
   [[nodiscard]] bool IsPageRecorded(std::string& page);
@@ -30,8 +31,8 @@ class RecordedPages {
  private:
   [[nodiscard]] bool NumbersAreDigits();
 
-  const ScanContext& context_;
-  std::uint64_t checkedVersion_ = 0;  // of List3, up to which every "No." is known to be digits only
+  const RecordList<LinkResult>& results_;
+  std::uint64_t checkedVersion_ = 0;  // of the results, up to which every "No." is known to be digits only
   std::size_t checkedRows_ = 0;
 };
 

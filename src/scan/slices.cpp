@@ -6,10 +6,10 @@
 
 namespace requite {
 
-Slices SlicesOf(const ScanContext& context) {
-  return {[&context] {
-    context.Platform.EventLoop.LetPendingEventsRun();
-    return context.State.Scanning;
+Slices SlicesOf(const bool& scanning, EventLoop& events) {
+  return {[&scanning, &events] {
+    events.LetPendingEventsRun();
+    return scanning;
   }};
 }
 

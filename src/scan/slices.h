@@ -8,8 +8,8 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/services.h"
 #include "platform/text_search.h"
-#include "scan/scan_context.h"
 
 namespace requite {
 
@@ -21,8 +21,8 @@ struct Slices {
   std::size_t Bytes = std::size_t{1} << 20;
 };
 
-/// Slices of a scan's steps.
-[[nodiscard]] Slices SlicesOf(const ScanContext& context);
+/// The slices of a step of a scan. `scanning` is read after each; both arguments must outlive the slices.
+[[nodiscard]] Slices SlicesOf(const bool& scanning, EventLoop& events);
 
 /// Finder.Find(text, from) in slices; nothing when broken off.
 [[nodiscard]] std::optional<std::size_t> FindInSlices(const TextFinder& finder, std::string_view text,

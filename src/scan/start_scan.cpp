@@ -25,7 +25,7 @@ void Controller::StartScan() {
   scan_.Work.Claim();
   scan_.State.Scanning = true;
   TellSiteBegins();
-  ScanNextPage(0);
+  ScanNextPage();
 }
 
 bool Controller::TakeFileTypes() {

@@ -70,28 +70,28 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
   const auto text = std::find_if(kStatusTexts.begin(), kStatusTexts.end(),
                                  [&](std::string_view each) { return Before(each, ' ') == *code; });
   if (text == kStatusTexts.end()) return;
-  context_.State.ReasonNote = *text;
-  context_.Lists.lstErr.Add({std::string(*text), url});
+  scan_.State.ReasonNote = *text;
+  scan_.Lists.lstErr.Add({std::string(*text), url});
   // The page was counted when its connection stood: one with an error status counts twice.
-  context_.Host.UpdateStats(Counted::PageScanned);
+  scan_.Host.UpdateStats(Counted::PageScanned);
 }
 
-void Triage::ProcessPage(std::string body, std::int16_t connection) {
+void Triage::ProcessPage(std::string body) {
   // The look through a large page lets events run. It comes before all else: a Skip in the middle of it
   // then does what one just before the page does, and what the page tells is noted for one site.
   const Signs signs = LookThrough(body);
-  PassOver([&] { context_.Platform.Connection.Close(); });
-  if (!context_.State.Scanning) return;
+  PassOver([&] { scan_.Platform.Connection.Close(); });
+  if (!scan_.State.Scanning) return;
   NoteReasons(signs);
-  context_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  PrepareText(std::move(body), connection);
-  PassOver([&] { context_.Steps.AnalysePage(connection); });
+  scan_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  PrepareText(std::move(body));
+  PassOver([&] { next_.AnalysePage(); });
 }
 
 Triage::Signs Triage::LookThrough(std::string_view body) {
-  if (!context_.State.Scanning) return {};
-  const Slices slices = SlicesOf(context_);
+  if (!scan_.State.Scanning) return {};
+  const Slices slices = scan_.PageSlices();
   Signs signs;
   signs.Protected = FindInSlices(protected_, body, 0, slices).value_or(kNowhere) != kNowhere;
   signs.UnrunScript = HoldsUnrunScript(body, slices);
@@ -101,7 +101,7 @@ Triage::Signs Triage::LookThrough(std::string_view body) {
 }
 
 bool Triage::HoldsMainSite(std::string_view body, const Slices& slices) {
-  const std::string& key = context_.State.MainSiteKey;
+  const std::string& key = scan_.State.MainSiteKey;
   for (;;) {
     if (mainSite_.Pattern() != key) mainSite_ = TextFinder(key);
     const std::optional<std::size_t> at = FindInSlices(mainSite_, body, 0, slices);
@@ -112,7 +112,7 @@ bool Triage::HoldsMainSite(std::string_view body, const Slices& slices) {
 }
 
 void Triage::NoteReasons(const Signs& signs) {
-  ScanState& state = context_.State;
+  ScanState& state = scan_.State;
   // In this order: of several words the last one stays.
   if (signs.MainSite) {
     state.RedirectSuspected = true;
@@ -124,24 +124,24 @@ void Triage::NoteReasons(const Signs& signs) {
 }
 
 /// A scan that is stopped in the middle of it prepares nothing: the analyser would not look at it.
-void Triage::PrepareText(std::string body, std::int16_t connection) {
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  std::optional<std::string> text = PutHrefsOnLines(body, SlicesOf(context_));
+void Triage::PrepareText(std::string body) {
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  std::optional<std::string> text = PutHrefsOnLines(body, scan_.PageSlices());
   if (!text) return;
   body = {};
   text->append(kLineEnd);
-  WriteWorkFiles(*text, connection);
-  PassOver([&] { context_.State.Page(connection).PreparedText = *std::move(text); });
+  WriteWorkFiles(*text);
+  scan_.State.Page.PreparedText = *std::move(text);
 }
 
-void Triage::WriteWorkFiles(std::string_view text, std::int16_t connection) {
-  const Slices slices = SlicesOf(context_);
-  bool written = WritePageFile(PageFile(context_.Work, connection), text, slices);
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  written = WriteFlatPageFile(FlatPageFile(context_.Work, connection), text, slices) && written;
-  context_.Platform.EventLoop.LetPendingEventsRun();
-  if (written || std::exchange(context_.State.WorkFilesUnwritten, true)) return;
-  context_.Host.TellWorkFilesUnwritten();
+void Triage::WriteWorkFiles(std::string_view text) {
+  const Slices slices = scan_.PageSlices();
+  bool written = WritePageFile(PageFile(scan_.Work, kConnection), text, slices);
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  written = WriteFlatPageFile(FlatPageFile(scan_.Work, kConnection), text, slices) && written;
+  scan_.Platform.EventLoop.LetPendingEventsRun();
+  if (written || std::exchange(scan_.State.WorkFilesUnwritten, true)) return;
+  scan_.Host.TellWorkFilesUnwritten();
 }
 
 }  // namespace requite

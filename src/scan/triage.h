@@ -15,7 +15,14 @@ namespace requite {
 
 class Triage {
  public:
-  explicit Triage(ScanContext& context) : context_(context) {}
+  /// The step that follows.
+  class Next {
+   public:
+    virtual ~Next() = default;
+    virtual void AnalysePage() = 0;
+  };
+
+  Triage(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
   /// Notes an error status of the header block as the site's reason word and as a row of `lstErr`.
   /// `url` is host and path of the page.
@@ -24,7 +31,7 @@ class Triage {
   /// Looks through a page's text, puts each href at the start of a line, writes both work files and
   /// goes on with AnalysePage. Every failure on this road is passed over; work files that cannot be
   /// written are told once a scan. Lets events run between the slices of a large page.
-  void ProcessPage(std::string body, std::int16_t connection);
+  void ProcessPage(std::string body);
 
  private:
   /// What the text of a page tells of it as a whole.
@@ -37,10 +44,11 @@ class Triage {
   [[nodiscard]] Signs LookThrough(std::string_view body);
   [[nodiscard]] bool HoldsMainSite(std::string_view body, const Slices& slices);
   void NoteReasons(const Signs& signs);
-  void PrepareText(std::string body, std::int16_t connection);
-  void WriteWorkFiles(std::string_view text, std::int16_t connection);
+  void PrepareText(std::string body);
+  void WriteWorkFiles(std::string_view text);
 
-  ScanContext& context_;
+  ScanContext& scan_;
+  Next& next_;
   TextFinder mainSite_{""};
   TextFinder protected_{"You are seeing this text because"};
 };

@@ -12,6 +12,9 @@
 
 namespace requite {
 
+/// The number of the one connection that a scan uses. It is part of the names of the files.
+inline constexpr std::int16_t kConnection = 0;
+
 /// The page with one href at the start of each line from the first href on.
 [[nodiscard]] std::string PageFile(const WorkFolder& folder, std::int16_t connection);
 /// The same text without any line end: what the e-mail harvester reads.

@@ -25,7 +25,7 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Saved(Sites.List3, Work, services.Dialogs),
       Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder, Work),
       Database(folder, services.Clock, Figures, Lists.List2),
-      Emails(Scan.Context(), Database),
+      Emails(Scan.Context(), Database, [this] { Scan.ScanNextPage(); }),
       Pages(Sites, {optAll, Combo3, chkNewWin, chkBullet}, folder, services.Dialogs),
       PostedLog(Windows),
       Post(NeedsOfPosting(), {optScript, Sites.txtPost, Sites.lstMulti, cmbSites, txtPost2, cmdScriptAdd,

@@ -32,7 +32,7 @@ TEST(ExtractLinks, AgreesWithItsPlainWordingOnRandomPages) {
     const std::string html = RandomText(random, pieces, 16);
     const std::string base = round % 7 == 0 ? "" : round % 2 == 0 ? "home.example/" : "home";
     Extraction run;
-    run.State.Pages[0].PageHost = "scan.example";
+    run.State.Page.PageHost = "scan.example";
     ASSERT_EQ(run.Run(html, base), PlainExtractLinks(html, base, "scan.example")) << html;
   }
 }

@@ -13,9 +13,9 @@ namespace requite::test {
 /// Remembers the URL of each page that was to be fetched.
 class ControllerSteps : public RecordedSteps {
  public:
-  void ScanNextPage(std::int16_t connection) override { Scan->ScanNextPage(connection); }
+  void ScanNextPage() override { Scan->ScanNextPage(); }
   void NextSite() override { Scan->NextSite(); }
-  void FetchPage(std::int16_t) override {
+  void FetchPage() override {
     Fetched.push_back(State->PageUrl);
     if (OnFetch) OnFetch();
   }
@@ -27,7 +27,7 @@ class ControllerSteps : public RecordedSteps {
 };
 
 struct ControlRig : ControllerSteps, ScanRig {
-  ControlRig() : ScanRig(static_cast<ScanSteps&>(*this)), Control(Context) {
+  ControlRig() : Control(Context, *this) {
     ControllerSteps::Scan = &Control;
     ControllerSteps::State = &(ScanRig::State);
     WriteFile(Folder.File("filetypes.txt"), ".htm\r\n \r\n\r\n.php\r\n");

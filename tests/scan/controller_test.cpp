@@ -142,18 +142,18 @@ TEST(ScanNextPage, TakesPagesInOrderUpToTheLimitOfTheSettingAtThatMoment) {
   rig.AddMainSite("m", {"x", "y"});
   rig.Control.StartScan();
   for (int i = 1; i < 30; ++i) rig.Lists.List2.Add({"x/" + std::to_string(i)});
-  for (int i = 1; i < 10; ++i) rig.Control.ScanNextPage(0);
+  for (int i = 1; i < 10; ++i) rig.Control.ScanNextPage();
   EXPECT_EQ(rig.Fetched.size(), 10U);
   EXPECT_EQ(rig.Fetched.back(), "x/9");
   EXPECT_TRUE(rig.Sites.List3.Empty());
-  rig.Control.ScanNextPage(0);
+  rig.Control.ScanNextPage();
   EXPECT_EQ(rig.Fetched.back(), "y") << "the eleventh step closes the site";
   EXPECT_EQ(rig.Now().PagesDone, 1);
   rig.Set(setting::chkAuto, "0");
   for (int i = 0; i < 30; ++i) rig.Lists.List2.Add({"y/" + std::to_string(i)});
-  for (int i = 0; i < 30; ++i) rig.Control.ScanNextPage(0);
+  for (int i = 0; i < 30; ++i) rig.Control.ScanNextPage();
   EXPECT_EQ(rig.Fetched.back(), "y/29") << "without the limit only the queue ends a site";
-  rig.Control.ScanNextPage(0);
+  rig.Control.ScanNextPage();
   EXPECT_FALSE(rig.Now().Scanning);
 }
 
@@ -168,14 +168,14 @@ TEST(ScanNextPage, GoesOnWithTheRestOfTheStepAfterASiteWithAllItsLinks) {
   rig.OnFetch = [&] {
     if (rig.Fetched.back() == "y") rig.Lists.List2.Add({"y/1"});
   };
-  rig.Control.ScanNextPage(0);
+  rig.Control.ScanNextPage();
   EXPECT_EQ(rig.Fetched, (std::vector<std::string>{"x", "y", "y/1"}));
 
   ControlRig limited;  // no such rest when the queue or the limit ended the site
   limited.AddMainSite("m", {"x", "y"});
   limited.Control.StartScan();
   limited.OnFetch = [&] { limited.Lists.List2.Add({"y/1"}); };
-  limited.Control.ScanNextPage(0);
+  limited.Control.ScanNextPage();
   EXPECT_EQ(limited.Fetched, (std::vector<std::string>{"x", "y"}));
 }
 
@@ -226,17 +226,17 @@ TEST(TimeoutTick, CountsSilenceAndEndsTheWholeSite) {
   rig.AddMainSite("m", {"x.example/a", "y.example"});
   rig.Control.StartScan();
   rig.Lists.List2.Add({"x.example/more"});
-  rig.Now().Page(0).PageHost = "x.example";
-  rig.Control.TimeoutTick(0);
+  rig.Now().Page.PageHost = "x.example";
+  rig.Control.TimeoutTick();
   EXPECT_EQ(rig.Controls.StatusBar1.Panel(4), "1 of 2 seconds");
   EXPECT_TRUE(rig.Lists.lstErr.Empty());
-  rig.Control.TimeoutTick(0);
+  rig.Control.TimeoutTick();
   EXPECT_EQ(rig.Lists.lstErr.At(0).Error, "Timeout");
   EXPECT_EQ(rig.Lists.lstErr.At(0).Url, "x.example");
   EXPECT_EQ(rig.Result(0), "m|x.example|None Found (Timeout)|000|x.example");
   EXPECT_EQ(rig.Fetched.back(), "y.example");
   rig.Control.cmdStop();
-  rig.Control.TimeoutTick(0);
+  rig.Control.TimeoutTick();
   EXPECT_FALSE(rig.Now().Scanning) << "a late tick does not begin the scan anew";
 }
 

@@ -14,7 +14,7 @@ namespace requite::test {
 namespace {
 
 struct FetchRig : RecordedSteps, ScanRig {
-  FetchRig() : ScanRig(static_cast<ScanSteps&>(*this)), Fetch(Context) {
+  FetchRig() : Fetch(Context, *this) {
     Services.Connection.Events = &Fetch;
     State.Scanning = true;
   }
@@ -22,13 +22,13 @@ struct FetchRig : RecordedSteps, ScanRig {
     Header = header;
     Url = url;
   }
-  void ProcessPage(std::string body, std::int16_t) override { Bodies.push_back(std::move(body)); }
+  void ProcessPage(std::string body) override { Bodies.push_back(std::move(body)); }
 
   void Ask(const std::string& url) {
     State.PageUrl = url;
-    Fetch.FetchPage(0);
+    Fetch.FetchPage();
   }
-  [[nodiscard]] PageFetch& Page() { return State.Pages[0]; }
+  [[nodiscard]] PageFetch& Page() { return State.Page; }
 
   Fetcher Fetch;
   std::string Header;

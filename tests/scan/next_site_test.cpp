@@ -177,7 +177,7 @@ TEST(NextSite, AfterATimeOutOntoAMainSiteWithoutSitesNoTimerRuns) {
   bool runsUnderTheBox = true;
   rig.Services.Dialogs.OnShow = [&] { runsUnderTheBox = rig.Services.timTimeout.Running; };
   rig.Now().TimeoutSeconds = 1;
-  rig.Control.TimeoutTick(0);
+  rig.Control.TimeoutTick();
   EXPECT_EQ(rig.LastBox(), "Subscript out of range 9");
   EXPECT_FALSE(runsUnderTheBox);
   EXPECT_EQ(rig.Sites.List3.RowCount(), 2U);

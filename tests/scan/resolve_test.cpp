@@ -12,19 +12,18 @@ namespace requite::test {
 namespace {
 
 TEST(ResolveLink, AgreesWithThePlainWording) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
+  ScanRig rig;
   PageGenerator generate(1);
   for (int i = 0; i < 20000; ++i) {
     rig.State.PageDir = "site.example/" + generate.Value(generate.Below(3));
-    rig.State.Pages[0].PageHost = "site.example";
+    rig.State.Page.PageHost = "site.example";
     std::string value = generate.Value(generate.Below(8));
     // Four rounds of halving leave of seventeen slashes two, so long runs are needed.
     if (i % 4 == 0) value += std::string(static_cast<std::size_t>(generate.Below(40)), '/') + "x";
     constexpr std::array<std::string_view, 6> kCutEnds = {"", "", "/hre", "/HREF", "/http:", "/http"};
     value += generate.Pick(kCutEnds);
     std::string link = value;
-    ASSERT_EQ(ResolveLink(rig.Context, link), PlainResolveLink(rig.Context, value))
+    ASSERT_EQ(ResolveLink(rig.State, link), PlainResolveLink(rig.Context, value))
         << value << " on " << rig.State.PageDir;
   }
 }
@@ -50,11 +49,10 @@ TEST(Climb, IsQuickForMillionsOfSteps) {
 }
 
 TEST(SiteTests, AgreeWithThePlainWording) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
+  ScanRig rig;
   LinkingSiteList& list = rig.AddMainSite("main.example", {""});
   rig.State.SiteRow = 1;
-  SiteTests sites(rig.Context);
+  SiteTests sites(rig.Sites, rig.State);
   PageGenerator generate(3);
   for (int i = 0; i < 20000; ++i) {
     if (i % 3 == 0) rig.State.MainSiteKey = generate.Value(generate.Below(4));

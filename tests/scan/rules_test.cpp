@@ -20,10 +20,9 @@ struct RulesTest : testing::Test {
     rig.Sites.lstRules.Add(rule);
   }
 
-  RecordedSteps steps;
-  ScanRig rig{steps};
+  ScanRig rig;
   LinkingSiteList* sites = nullptr;
-  Rules rules{rig.Context};
+  Rules rules{rig.Sites, rig.State, rig.Context.Settings, rig.Folder.Folder};
 };
 
 TEST_F(RulesTest, ARuleForASiteStopsApplyingWhenTheRowChanges) {

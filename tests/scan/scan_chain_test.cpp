@@ -12,10 +12,8 @@ namespace requite::test {
 namespace {
 
 /// A scan with all its steps, and a server that answers from a table of pages.
-struct WholeScan : RecordedSteps, ScanRig {
-  WholeScan()
-      : ScanRig(static_cast<ScanSteps&>(*this)),
-        Road(Sites, Lists, State, Controls.Window(), Host, Services.All, Folder.Folder, Work) {
+struct WholeScan : ScanRig {
+  WholeScan() : Road(Sites, Lists, State, Controls.Window(), Host, Services.All, Folder.Folder, Work) {
     WriteFile(Folder.File("filetypes.txt"), ".htm\r\n");
     Pages["a.example/"] = Page("<a href=\"next.html\">x</a>\r\n<a href='http://a.example/dir/'>");
     Pages["a.example/next.html"] = Page("<a href=\"http://main.example/\">Main</a>");
@@ -35,7 +33,7 @@ struct WholeScan : RecordedSteps, ScanRig {
   /// false when the scan neither ends nor stands still.
   bool Run(std::size_t chunk = std::string::npos) {
     for (int turns = 0; turns < 300; ++turns) {
-      const PageFetch& page = State.Pages[0];
+      const PageFetch& page = State.Page;
       const auto found = Pages.find(page.PageHost + page.PagePath);
       if (Services.Connection.Open && found != Pages.end()) {
         Services.Connection.Serve(found->second, chunk);

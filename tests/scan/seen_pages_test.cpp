@@ -31,8 +31,7 @@ TEST(SeenPages, AgreeWithAWalkOverTheSlots) {
 }
 
 TEST(IsSeenUrl, AgreesWithThePlainWording) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
+  ScanRig rig;
   LinkingSiteList& sites = rig.AddMainSite("main.example", {"a", "", "www."});
   std::vector<std::string> seen(10);
   PageGenerator generate(6);
@@ -47,15 +46,16 @@ TEST(IsSeenUrl, AgreesWithThePlainWording) {
     std::string url = generate.Value(generate.Below(4));
     std::string plainUrl = url;
     const std::string shown = url;
-    ASSERT_EQ(IsSeenUrl(rig.Context, url), PlainIsSeenUrl(rig.Context, seen, plainUrl)) << shown;
+    ASSERT_EQ(IsSeenUrl(rig.Sites, rig.Lists.List2, rig.State, url),
+              PlainIsSeenUrl(rig.Context, seen, plainUrl))
+        << shown;
     ASSERT_EQ(url, plainUrl) << shown;
   }
 }
 
 TEST(RecordedPages, LookAtTheNumberColumnOnly) {
-  RecordedSteps steps;
-  ScanRig rig(steps);
-  RecordedPages recorded(rig.Context);
+  ScanRig rig;
+  RecordedPages recorded(rig.Sites.List3);
   const auto isRecorded = [&recorded](std::string page) { return recorded.IsPageRecorded(page); };
   rig.Sites.List3.Add({"m", "l", "Direct Link", "012", "site.example/x"});
   EXPECT_FALSE(isRecorded("site.example/x"));

@@ -26,8 +26,8 @@ struct TriageTest : testing::Test {
   [[nodiscard]] std::string WorkFile(const char* name) const { return ReadFile(rig.Folder.File(name)); }
 
   RecordedSteps steps;
-  ScanRig rig{steps};
-  Triage triage{rig.Context};
+  ScanRig rig;
+  Triage triage{rig.Context, steps};
 };
 
 TEST_F(TriageTest, ErrorCodesHaveTheirTexts) {
@@ -60,7 +60,7 @@ TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
   const std::string path = rig.Folder.File("html0.txt");
   WriteFile(path, "old");
   ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
-  triage.ProcessPage("new", 0);
+  triage.ProcessPage("new");
   EXPECT_EQ(ReadFile(path), "new\r\n");
   EXPECT_TRUE(rig.Host.Calls.empty());
 }
@@ -68,8 +68,8 @@ TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
 TEST_F(TriageTest, WorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
   std::filesystem::create_directory(rig.Folder.File("html0.txt"));
   for (const char* page : {"new", "newer"}) {
-    triage.ProcessPage(page, 0);
-    EXPECT_EQ(rig.State.Pages[0].PreparedText, std::string(page) + "\r\n");
+    triage.ProcessPage(page);
+    EXPECT_EQ(rig.State.Page.PreparedText, std::string(page) + "\r\n");
     EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");
   }
   EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
@@ -83,21 +83,21 @@ TEST_F(TriageTest, AFullDiskDoesNotMixTwoPagesInOneFile) {
   const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit full{4, before.rlim_max};
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
-  triage.ProcessPage("new text", 0);
+  triage.ProcessPage("new text");
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, oldHandler);
   EXPECT_EQ(WorkFile("html0.txt"), "new ");
-  EXPECT_EQ(rig.State.Pages[0].PreparedText, "new text\r\n");
+  EXPECT_EQ(rig.State.Page.PreparedText, "new text\r\n");
   EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
 }
 
 TEST_F(TriageTest, AFailureOfTheAnalyserIsPassedOver) {
   struct : RecordedSteps {
-    void AnalysePage(std::int16_t) override { throw RuntimeFailure(Failure::Subscript); }
+    void AnalysePage() override { throw RuntimeFailure(Failure::Subscript); }
   } failing;
-  ScanRig failingRig(failing);
+  ScanRig failingRig;
   failingRig.State.Scanning = true;
-  EXPECT_NO_THROW(Triage(failingRig.Context).ProcessPage("x", 0));
+  EXPECT_NO_THROW(Triage(failingRig.Context, failing).ProcessPage("x"));
 }
 
 TEST(PutHrefsOnLines, AgreesWithNineReplacementsInSlicesOfAnySize) {

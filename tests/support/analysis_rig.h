@@ -17,11 +17,11 @@ namespace requite::test {
 /// Runs the steps of one page for real; those of the controller are only remembered.
 class PageSteps : public RecordedSteps {
  public:
-  void ProcessPage(std::string body, std::int16_t connection) override {
-    if (Plain) return Plain->ProcessPage(std::move(body), connection);
-    Triage->ProcessPage(std::move(body), connection);
+  void ProcessPage(std::string body) override {
+    if (Plain) return Plain->ProcessPage(std::move(body));
+    Triage->ProcessPage(std::move(body));
   }
-  void AnalysePage(std::int16_t connection) override { Analyser->AnalysePage(connection); }
+  void AnalysePage() override { Analyser->AnalysePage(); }
 
   std::unique_ptr<requite::Triage> Triage;
   std::unique_ptr<requite::Analyser> Analyser;
@@ -31,10 +31,10 @@ class PageSteps : public RecordedSteps {
 enum class Wording { Program, Plain };
 
 struct AnalysisRig {
-  explicit AnalysisRig(Wording wording = Wording::Program) : Rig(Steps) {
-    if (wording == Wording::Plain) Steps.Plain = std::make_unique<PlainPage>(Rig.Context);
-    Steps.Triage = std::make_unique<Triage>(Rig.Context);
-    Steps.Analyser = std::make_unique<Analyser>(Rig.Context);
+  explicit AnalysisRig(Wording wording = Wording::Program) {
+    if (wording == Wording::Plain) Steps.Plain = std::make_unique<PlainPage>(Rig.Context, Steps);
+    Steps.Triage = std::make_unique<Triage>(Rig.Context, Steps);
+    Steps.Analyser = std::make_unique<Analyser>(Rig.Context, Steps);
     Rig.State.FileTypes = {".htm", ".php", ".asp"};
     Rig.Controls.StatusBar1.SetPanel(2, "");
   }
@@ -57,10 +57,10 @@ struct AnalysisRig {
   void At(const std::string& url) {
     Rig.State.PageFull = url;
     Rig.State.PageDir = url.substr(0, url.rfind('/') + 1);
-    Rig.State.Pages[0].PageHost = std::string(Before(url, '/'));
+    Rig.State.Page.PageHost = std::string(Before(url, '/'));
   }
 
-  void Page(const std::string& body) { Steps.ProcessPage(body, 0); }
+  void Page(const std::string& body) { Steps.ProcessPage(body); }
 
   [[nodiscard]] std::vector<std::string> Queue() const {
     std::vector<std::string> urls;

@@ -44,7 +44,7 @@ inline std::string PlainMend(std::string link) {
 }
 
 inline std::string PlainResolveLink(const ScanContext& context, std::string link) {
-  const std::string& host = context.State.Pages[0].PageHost;
+  const std::string& host = context.State.Page.PageHost;
   const std::string& directory = context.State.PageDir;
   const bool noted = Holds(link, "http://");
   link = Without(link, {"http://"});

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "scan/analyser.h"
 #include "scan/http_get_text.h"
 #include "support/plain_links.h"
 
@@ -14,9 +15,9 @@ namespace requite::test {
 
 class PlainPage {
  public:
-  explicit PlainPage(ScanContext& context) : context_(context), seen_(2000) {}
+  PlainPage(ScanContext& context, Analyser::Next& next) : context_(context), next_(next), seen_(2000) {}
 
-  void ProcessPage(std::string body, std::int16_t connection) {
+  void ProcessPage(std::string body) {
     ScanState& state = context_.State;
     context_.Platform.Connection.Close();
     if (!state.Scanning) return;
@@ -32,21 +33,21 @@ class PlainPage {
     }
     body = Replace(body, "href=", "\r\nhref=", Compare::Text);
     context_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
-    OverwriteFile(context_.Folder.File("html" + std::to_string(connection) + ".txt"), body + "\r\n");
+    OverwriteFile(context_.Folder.File("html0.txt"), body + "\r\n");
     for (const std::string_view end : {"\r\n", "\r", "\n"}) body = Replace(body, end, "", Compare::Binary);
-    OverwriteFile(context_.Folder.File("html2" + std::to_string(connection) + ".txt"), body + "\r\n");
-    PassOver([&] { AnalysePage(connection); });
+    OverwriteFile(context_.Folder.File("html20.txt"), body + "\r\n");
+    PassOver([&] { AnalysePage(); });
   }
 
-  void AnalysePage(std::int16_t connection) {
+  void AnalysePage() {
     ScanState& state = context_.State;
     if (!state.Scanning) return;
     context_.Window.StatusBar1.SetPanel(2, "Getting Links");
-    file_ = ReadFile(context_.Folder.File("html" + std::to_string(connection) + ".txt"));
+    file_ = ReadFile(context_.Folder.File("html0.txt"));
     LineReader lines(file_, LineEnds::CarriageReturn);
     while (!lines.AtEnd()) {
       std::string line(*lines.Next());
-      if (SaysMoved(line) && !state.RedirectFollowed) return FollowMove(lines, line, connection);
+      if (SaysMoved(line) && !state.RedirectFollowed) return FollowMove(lines, line);
       if (Holds(line, "href=")) AnalyseLine(line);
       if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
     }
@@ -54,9 +55,9 @@ class PlainPage {
     state.RedirectFollowed = false;
     if (!state.Scanning) return;
     if (context_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound) {
-      context_.Steps.NextSite();
+      next_.NextSite();
     } else {
-      context_.Steps.ScanNextPage(connection);
+      next_.ScanNextPage();
     }
   }
 
@@ -69,7 +70,7 @@ class PlainPage {
     return false;
   }
 
-  void FollowMove(LineReader& lines, std::string line, std::int16_t connection) {
+  void FollowMove(LineReader& lines, std::string line) {
     while (!Holds(line, "href=") && !lines.AtEnd()) line = std::string(*lines.Next());
     if (Holds(line, "href=")) {
       for (const char mark : {' ', '<', '>'}) line = std::string(Before(line, mark));
@@ -78,7 +79,7 @@ class PlainPage {
     if (line.empty()) line = context_.State.PageFull;
     std::string text = HttpGetText(line, context_.Gets, context_.Platform.EventLoop);
     context_.State.RedirectFollowed = true;
-    context_.Steps.ProcessPage(text, connection);
+    next_.ProcessPage(text);
   }
 
   std::optional<std::string> CutValue(const std::string& line) {
@@ -167,6 +168,7 @@ class PlainPage {
   }
 
   ScanContext& context_;
+  Analyser::Next& next_;
   std::vector<std::string> seen_;
   std::string file_;
 };

@@ -5,7 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "scan/analyser.h"
+#include "scan/controller.h"
+#include "scan/fetcher.h"
 #include "scan/scan_context.h"
+#include "scan/triage.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -54,16 +58,19 @@ class FakeScanHost : public ScanHost {
 };
 
 /// Steps that are only remembered; a test overrides those that it wants to run for real.
-class RecordedSteps : public ScanSteps {
+class RecordedSteps : public Controller::Next,
+                      public Fetcher::Next,
+                      public Triage::Next,
+                      public Analyser::Next {
  public:
-  void ScanNextPage(std::int16_t) override { Calls.emplace_back("ScanNextPage"); }
+  void ScanNextPage() override { Calls.emplace_back("ScanNextPage"); }
   void NextSite() override { Calls.emplace_back("NextSite"); }
-  void FetchPage(std::int16_t) override { Calls.emplace_back("FetchPage"); }
+  void FetchPage() override { Calls.emplace_back("FetchPage"); }
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     Calls.push_back("CheckHttpStatus " + header + " " + url);
   }
-  void ProcessPage(std::string body, std::int16_t) override { Calls.push_back("ProcessPage " + body); }
-  void AnalysePage(std::int16_t) override { Calls.emplace_back("AnalysePage"); }
+  void ProcessPage(std::string body) override { Calls.push_back("ProcessPage " + body); }
+  void AnalysePage() override { Calls.emplace_back("AnalysePage"); }
 
   std::vector<std::string> Calls;
 };
@@ -100,11 +107,6 @@ struct ScanControls {
 
 /// Everything that a step of a scan is built over, in a temporary program folder.
 struct ScanRig {
-  explicit ScanRig(ScanSteps& steps)
-      : Context{Sites,         Lists, State,        Controls.Window(),
-                Host,          steps, Services.All, Settings(Services.Store),
-                Folder.Folder, Work} {}
-
   /// Adds a Main Site with its Linking Sites and makes it the current one.
   LinkingSiteList& AddMainSite(const std::string& text, const std::vector<std::string>& linkingSites) {
     Sites.List4.Add({text});
@@ -122,7 +124,9 @@ struct ScanRig {
   ScanState State;
   ScanControls Controls;
   FakeScanHost Host{Sites};
-  ScanContext Context;
+  ScanContext Context{
+      Sites,         Lists, State, Controls.Window(), Host, Services.All, Settings(Services.Store),
+      Folder.Folder, Work};
 };
 
 }  // namespace requite::test

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// What a scan asks of the parts above it, and what it tells them.
+#pragma once
+
+#include "model/scan_kinds.h"
+#include "scan/site_verdict.h"
+
+namespace requite {
+
+class ScanHost : public SiteEvents {
+ public:
+  /// Selects a row of List4, counted from 0, and runs the steps of a selection by the user.
+  virtual void SelectMainSite(int row) = 0;
+  /// Raises a counter and shows it.
+  virtual void UpdateStats(Counted kind) = 0;
+  /// Sets the counters of one scan to 0 without showing them.
+  virtual void ResetPageCounters() = 0;  ///< PagesScanned, PagesFound, LinksFound
+  virtual void ResetSiteCounters() = 0;  ///< MainSitesScanned, LinkingSitesScanned
+  virtual void GenerateLinkReport() = 0;
+  /// Tells the user, without waiting for an answer, that the work files of a page could not be written.
+  /// Called once a scan at the most; nothing of the scan depends on the files.
+  virtual void TellWorkFilesUnwritten() = 0;
+};
+
+}  // namespace requite
