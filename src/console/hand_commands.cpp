@@ -1,32 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The commands that act like the user's hand. They work on hidden controls too, and on disabled ones:
-// only a click refuses those.
+// The commands that act like the user's hand. They work on hidden and disabled controls too: only a
+// click refuses a disabled one.
 #include <iterator>
 #include <sstream>
 
 #include "console/script_commands.h"
 #include "console/script_line.h"
+#include "console/use_control.h"
 #include "platform/list_view.h"
 
 namespace requite {
 namespace {
-
-template <class Kind>
-Kind* As(const NamedControl& control) {
-  return dynamic_cast<Kind*>(control.Which);
-}
-
-/// A box that the user can type in: labels are none.
-TextBox* AsTextBox(const NamedControl& control) {
-  auto* const box = As<TextBox>(control);
-  return control.ReadOnly ? nullptr : box;
-}
-
-/// A combo box that can be typed in: lists to pick from are none.
-ComboBox* AsTypedCombo(const NamedControl& control) {
-  auto* const combo = As<ComboBox>(control);
-  return control.ReadOnly ? nullptr : combo;
-}
 
 Complaint PressFound(const NamedControl& control, const std::string& name) {
   if (auto* button = As<Button>(control)) {
@@ -44,60 +28,38 @@ Complaint PressFound(const NamedControl& control, const std::string& name) {
 }
 
 Complaint Click(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  if (!control.Which->EnabledInEffect()) return "\"" + words[0] + "\" is disabled";
-  return PressFound(control, words[0]);
+  return UseControl(session, words[0], [&](const NamedControl& control) -> Complaint {
+    if (!control.Which->EnabledInEffect()) return "\"" + words[0] + "\" is disabled";
+    return PressFound(control, words[0]);
+  });
 }
 
 Complaint Type(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  TextBox* const box = AsTextBox(control);
-  if (box == nullptr) return NoUse(words[0]);
-  box->UserTypes(session.Program.Codec.FromUtf8(words[1]));
-  return {};
+  return UseTypedBox(session, words[0],
+                     [&](TextBox& box) { box.UserTypes(session.Program.Codec.FromUtf8(words[1])); });
 }
 
 Complaint Set(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  std::string text = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
-  if (TextBox* const box = AsTextBox(control)) {
-    box->UserSets(std::move(text));
-  } else if (ComboBox* const combo = AsTypedCombo(control)) {
-    combo->UserSets(std::move(text));
-  } else {
-    return NoUse(words[0]);
-  }
-  return {};
+  const std::string text = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
+  return UseTypedBox(
+      session, words[0], [&](TextBox& box) { box.UserSets(text); },
+      [&](ComboBox& combo) { combo.UserSets(text); });
 }
 
 Complaint Enter(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  if (TextBox* const box = AsTextBox(control)) {
-    box->UserPressesEnter();
-  } else if (ComboBox* const combo = AsTypedCombo(control)) {
-    combo->UserPressesEnter();
-  } else {
-    return NoUse(words[0]);
-  }
-  return {};
+  return UseTypedBox(
+      session, words[0], [](TextBox& box) { box.UserPressesEnter(); },
+      [](ComboBox& combo) { combo.UserPressesEnter(); });
 }
 
 Complaint Choose(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  auto* const combo = As<ComboBox>(control);
-  if (combo == nullptr) return NoUse(words[0]);
-  const std::optional<int> row = ReadNumber(words[1]);
-  if (!row) return NoNumber(words[1]);
-  if (*row < 0 || *row >= static_cast<int>(combo->Items().size())) {
-    return "\"" + words[0] + "\" has no row " + words[1];
-  }
-  combo->SetListIndex(*row);
-  return {};
+  return UseControl(session, words[0], [&](ComboBox& combo) -> Complaint {
+    const std::optional<int> row = ReadNumber(words[1]);
+    if (!row) return NoNumber(words[1]);
+    if (*row < 0 || *row >= static_cast<int>(combo.Items().size())) return NoRow(words[0], words[1]);
+    combo.SetListIndex(*row);
+    return {};
+  });
 }
 
 /// A list by name and one of its rows, read from a script's count from 1.
@@ -108,11 +70,9 @@ struct ListRow {
 };
 
 ListRow FindList(const ScriptSession& session, const std::string& name) {
-  const NamedControl control = session.Find(name);
-  if (!control) return {nullptr, -1, NoControl(name)};
-  auto* const list = As<ListView>(control);
-  if (list == nullptr) return {nullptr, -1, NoUse(name)};
-  return {list, -1, {}};
+  ListRow found;
+  found.Why = UseControl(session, name, [&found](ListView& list) { found.List = &list; });
+  return found;
 }
 
 ListRow FindListRow(const ScriptSession& session, const std::string& name, const std::string& rowText) {
@@ -121,7 +81,7 @@ ListRow FindListRow(const ScriptSession& session, const std::string& name, const
   const std::optional<int> number = ReadNumber(rowText);
   if (!number) return {nullptr, -1, NoNumber(rowText)};
   if (*number < 1 || static_cast<std::size_t>(*number) > found.List->RowCount()) {
-    return {nullptr, -1, "\"" + name + "\" has no row " + rowText};
+    return {nullptr, -1, NoRow(name, rowText)};
   }
   found.Row = *number - 1;
   return found;
@@ -151,7 +111,7 @@ Complaint Select(ScriptSession& session, const Words& words) {
   if (rows.empty()) ClickRow(*list.List, -1, Press::Only);
   Press press = Press::Only;
   for (const std::string& row : rows) {
-    // Found anew each time: a handler may have dropped the list or its rows.
+    // Found again each time: a handler may have dropped the list or its rows.
     const ListRow found = FindListRow(session, words[0], row);
     if (found.List == nullptr) return found.Why;
     ClickRow(*found.List, found.Row, press);
@@ -183,7 +143,7 @@ Complaint RightClick(ScriptSession& session, const Words& words) {
   } else if (found.List->OnMouseDown) {
     found.List->OnMouseDown(found.Row);
   }
-  // Each handler may drop the list or its rows; the button still goes down and up.
+  // A handler may drop the list or its rows. The button is pressed and released even so.
   found = find();
   if (found.List != nullptr && found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
   found = find();
@@ -213,7 +173,7 @@ Complaint EditLabel(ScriptSession& session, const Words& words) {
 }
 
 Complaint Tab(ScriptSession& session, const Words& words) {
-  if (words.size() > 1 && !session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
+  if (words.size() > 1 && !session.IsOpenWindow(words[0])) return NoOpenWindow(words[0]);
   const std::optional<int> number = ReadNumber(words.back());
   if (!number) return NoNumber(words.back());
   const std::string name = words.size() > 1 ? words[0] + ".TabStrip1" : "TabStrip1";

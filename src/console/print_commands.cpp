@@ -3,33 +3,31 @@
 #include "console/control_text.h"
 #include "console/script_commands.h"
 #include "console/script_line.h"
+#include "console/use_control.h"
 #include "platform/list_view.h"
 
 namespace requite {
 namespace {
 
 Complaint Rows(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  if (const auto* list = dynamic_cast<ListView*>(control.Which)) {
-    for (std::size_t row = 0; row < list->RowCount(); ++row) session.Program.PrintLine(RowFields(*list, row));
-  } else if (const auto* combo = dynamic_cast<ComboBox*>(control.Which)) {
-    for (const std::string& item : combo->Items()) session.Program.PrintLine(item);
-  } else {
-    return NoUse(words[0]);
-  }
-  return {};
+  return UseControl(
+      session, words[0],
+      [&](ListView& list) {
+        for (std::size_t row = 0; row < list.RowCount(); ++row) {
+          session.Program.PrintLine(RowFields(list, row));
+        }
+      },
+      [&](ComboBox& combo) {
+        for (const std::string& item : combo.Items()) session.Program.PrintLine(item);
+      });
 }
 
 Complaint Style(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  const auto* const list = dynamic_cast<ListView*>(control.Which);
-  if (list == nullptr) return NoUse(words[0]);
-  for (std::size_t row = 0; row < list->RowCount(); ++row) {
-    session.Program.PrintLine({std::to_string(list->Icon(row)), std::to_string(list->Colour(row))});
-  }
-  return {};
+  return UseControl(session, words[0], [&](ListView& list) {
+    for (std::size_t row = 0; row < list.RowCount(); ++row) {
+      session.Program.PrintLine({std::to_string(list.Icon(row)), std::to_string(list.Colour(row))});
+    }
+  });
 }
 
 /// "StatusBar1(2)" is the second panel; everything else is a control's own name.
@@ -49,54 +47,44 @@ NamedControl FindWithPanel(ScriptSession& session, const std::string& name, int&
 Complaint Print(ScriptSession& session, const Words& words) {
   int panel = 1;
   const NamedControl control = FindWithPanel(session, words[0], panel);
-  if (!control) return NoControl(words[0]);
-  const std::optional<std::string> text = ControlText(control, panel);
-  if (!text) return NoUse(words[0]);
-  session.Program.PrintLine(*text);
-  return {};
+  return UseControl(control, words[0], [&](const NamedControl& found) -> Complaint {
+    const std::optional<std::string> text = ControlText(found, panel);
+    if (!text) return NoUse(words[0]);
+    session.Program.PrintLine(*text);
+    return {};
+  });
 }
 
 Complaint Index(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  if (const auto* list = dynamic_cast<ListView*>(control.Which)) {
-    session.Program.PrintLine(std::to_string(list->SelectedRow() + 1));
-  } else if (const auto* combo = dynamic_cast<ComboBox*>(control.Which)) {
-    session.Program.PrintLine(std::to_string(combo->ListIndex()));
-  } else {
-    return NoUse(words[0]);
-  }
-  return {};
+  const auto print = [&](int index) { session.Program.PrintLine(std::to_string(index)); };
+  return UseControl(
+      session, words[0], [&](ListView& list) { print(list.SelectedRow() + 1); },
+      [&](ComboBox& combo) { print(combo.ListIndex()); });
 }
 
 Complaint Checked(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  const std::optional<bool> checked = ControlChecked(control);
-  if (!checked) return NoUse(words[0]);
-  session.Program.PrintLine(*checked ? "1" : "0");
-  return {};
+  return UseControl(session, words[0], [&](const NamedControl& control) -> Complaint {
+    const std::optional<bool> checked = ControlChecked(control);
+    if (!checked) return NoUse(words[0]);
+    session.Program.PrintLine(*checked ? "1" : "0");
+    return {};
+  });
 }
 
 Complaint Tip(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  session.Program.PrintLine(control.Which->ToolTip);
-  return {};
+  return UseControl(session, words[0], [&](Control& control) { session.Program.PrintLine(control.ToolTip); });
 }
 
 Complaint Title(ScriptSession& session, const Words& words) {
-  if (!session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
+  if (!session.IsOpenWindow(words[0])) return NoOpenWindow(words[0]);
   const ProgramWindow* const other = session.Program.Form1.Windows.Find(words[0]);
   session.Program.PrintLine((other == nullptr ? session.Program.Form1.Main : other->Main).Title());
   return {};
 }
 
 Complaint State(ScriptSession& session, const Words& words) {
-  const NamedControl control = session.Find(words[0]);
-  if (!control) return NoControl(words[0]);
-  session.Program.PrintLine(ControlState(*control.Which));
-  return {};
+  return UseControl(session, words[0],
+                    [&](Control& control) { session.Program.PrintLine(ControlState(control)); });
 }
 
 Complaint Panels(ScriptSession& session, const Words&) {
@@ -109,15 +97,16 @@ Complaint Panels(ScriptSession& session, const Words&) {
 Complaint Trace(ScriptSession& session, const Words& words) {
   int panel = 1;
   const NamedControl control = FindWithPanel(session, words[0], panel);
-  if (!control) return NoControl(words[0]);
-  if (!ControlText(control, panel)) return NoUse(words[0]);
-  std::unique_ptr<Tracer>& tracer = session.Tracers[control.Which];
-  if (tracer == nullptr) {
-    tracer = std::make_unique<Tracer>(session.Program);
-    control.Which->SetView(tracer.get());
-  }
-  tracer->Tell(control, words[0], panel);
-  return {};
+  return UseControl(control, words[0], [&](const NamedControl& found) -> Complaint {
+    if (!ControlText(found, panel)) return NoUse(words[0]);
+    std::unique_ptr<Tracer>& tracer = session.Tracers[found.Which];
+    if (tracer == nullptr) {
+      tracer = std::make_unique<Tracer>(session.Program);
+      found.Which->SetView(tracer.get());
+    }
+    tracer->Tell(found, words[0], panel);
+    return {};
+  });
 }
 
 Complaint Messages(ScriptSession& session, const Words&) {

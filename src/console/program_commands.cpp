@@ -32,9 +32,14 @@ Complaint LayAnswer(ScriptSession& session, const Words& words) {
   return {};
 }
 
+std::optional<int> ReadMilliseconds(const std::string& text) {
+  const std::optional<int> number = ReadNumber(text);
+  return number && *number >= 0 ? number : std::nullopt;
+}
+
 Complaint RunFor(ScriptSession& session, const Words& words) {
-  const std::optional<int> milliseconds = ReadNumber(words[0]);
-  if (!milliseconds || *milliseconds < 0) return NoNumber(words[0]);
+  const std::optional<int> milliseconds = ReadMilliseconds(words[0]);
+  if (!milliseconds) return NoNumber(words[0]);
   session.Program.Loop.RunUntil([&] { return session.Ended(); }, *milliseconds);
   return {};
 }
@@ -53,8 +58,8 @@ Complaint Wait(ScriptSession& session, const Words& words) {
 }
 
 Complaint After(ScriptSession& session, const Words& words) {
-  const std::optional<int> milliseconds = ReadNumber(words[0]);
-  if (!milliseconds || *milliseconds < 0) return NoNumber(words[0]);
+  const std::optional<int> milliseconds = ReadMilliseconds(words[0]);
+  if (!milliseconds) return NoNumber(words[0]);
   const std::optional<ScriptLine> command = ReadScriptLine(words[1]);
   if (!command || FindCommand(command->Command) == nullptr) return "\"" + words[1] + "\" is no command";
   session.Program.Loop.After(*milliseconds,
@@ -70,7 +75,7 @@ Complaint Load(ScriptSession& session, const Words& words) {
 }
 
 Complaint Close(ScriptSession& session, const Words& words) {
-  if (!session.IsOpenWindow(words[0])) return "no open window \"" + words[0] + "\"";
+  if (!session.IsOpenWindow(words[0])) return NoOpenWindow(words[0]);
   if (ProgramWindow* const other = session.Program.Form1.Windows.Find(words[0])) {
     other->Close();
   } else {

@@ -47,4 +47,10 @@ Complaint NoNumber(std::string_view text) {
   return "\"" + std::string(text) + "\" is no number that can be used here";
 }
 
+Complaint NoRow(std::string_view name, std::string_view row) {
+  return "\"" + std::string(name) + "\" has no row " + std::string(row);
+}
+
+Complaint NoOpenWindow(std::string_view name) { return "no open window \"" + std::string(name) + "\""; }
+
 }  // namespace requite

@@ -38,9 +38,11 @@ struct ScriptCommand {
 [[nodiscard]] std::span<const ScriptCommand> PrintCommands();
 [[nodiscard]] std::span<const ScriptCommand> ProgramCommands();
 
-/// Helpers of the commands.
+/// What several commands complain with.
 [[nodiscard]] Complaint NoControl(std::string_view name);
 [[nodiscard]] Complaint NoUse(std::string_view name);
 [[nodiscard]] Complaint NoNumber(std::string_view text);
+[[nodiscard]] Complaint NoRow(std::string_view name, std::string_view row);
+[[nodiscard]] Complaint NoOpenWindow(std::string_view name);
 
 }  // namespace requite

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// How a script command gets at the control that it names.
+#pragma once
+
+#include <string_view>
+#include <type_traits>
+
+#include "console/script_commands.h"
+
+namespace requite {
+
+template <class Kind>
+[[nodiscard]] Kind* As(const NamedControl& control) {
+  if constexpr (std::is_same_v<Kind, const NamedControl>) {
+    return &control;
+  } else {
+    return dynamic_cast<Kind*>(control.Which);
+  }
+}
+
+/// Runs a use if the control is of the kind that it takes. Returns whether it is.
+template <class Use, class Result, class Kind>
+bool UseIfOfKind(const NamedControl& control, const Use& use, Result (Use::*)(Kind&) const, Complaint& why) {
+  Kind* const which = As<Kind>(control);
+  if (which == nullptr) return false;
+  if constexpr (std::is_void_v<Result>) {
+    use(*which);
+  } else {
+    why = use(*which);
+  }
+  return true;
+}
+
+/// Hands a control to the first of `uses` that takes its kind. Each use is a lambda on one kind of control
+/// (ListView&, ...) or on any (Control&, or const NamedControl& where the index counts) that returns nothing
+/// or a Complaint. Complains about a control that does not exist or that no use takes.
+template <class... Uses>
+[[nodiscard]] Complaint UseControl(const NamedControl& control, std::string_view name, const Uses&... uses) {
+  if (!control) return NoControl(name);
+  Complaint why;
+  const bool used = (UseIfOfKind(control, uses, &Uses::operator(), why) || ...);
+  return used ? why : NoUse(name);
+}
+
+template <class... Uses>
+[[nodiscard]] Complaint UseControl(const ScriptSession& session, std::string_view name, const Uses&... uses) {
+  return UseControl(session.Find(name), name, uses...);
+}
+
+/// The same for a box that the user can type in: it has no use for labels and lists to pick from.
+template <class... Uses>
+[[nodiscard]] Complaint UseTypedBox(const ScriptSession& session, std::string_view name,
+                                    const Uses&... uses) {
+  const NamedControl control = session.Find(name);
+  return control.ReadOnly ? NoUse(name) : UseControl(control, name, uses...);
+}
+
+}  // namespace requite
