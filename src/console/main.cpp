@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -64,24 +63,12 @@ class QtConsoleLoop : public ConsoleLoop {
 
 int Code(ExitStatus status) { return static_cast<int>(status); }
 
-/// Ends the program for a failure that nothing handled. The user's unsaved work goes to a file first.
-[[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
-                                const ProgramFolder& folder, const std::string& settingsFile) {
-  std::cerr << "requite-console: run-time failure " << failure.Number << ": " << ToUtf8(failure.Description)
-            << std::endl;
-  if (!failure.Remedy.empty()) {
-    std::cerr << "requite-console: " << ToUtf8(failure.Remedy) << " It can be corrected in the settings file "
-              << settingsFile << std::endl;
+void PrintReport(const std::vector<ReportLine>& lines) {
+  for (const ReportLine& each : lines) {
+    std::cerr << "requite-console: " << ToUtf8(each.Words);
+    if (!each.Path.empty()) std::cerr << ' ' << each.Path;
+    std::cerr << std::endl;
   }
-  const Recovered recovered =
-      project == nullptr ? Recovered{} : WriteRecovered(*project, folder, HomeFolder());
-  if (!recovered.Path.empty()) {
-    std::cerr << "requite-console: the unsaved project was written to " << recovered.Path << std::endl;
-  } else if (recovered.Needed) {
-    std::cerr << "requite-console: the unsaved project could not be written to a file" << std::endl;
-  }
-  // Handlers may stand on the stack that would use what is being taken down.
-  std::_Exit(Code(ExitStatus::RunTimeFailure));
 }
 
 ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsoleProgram& program) {
@@ -105,8 +92,9 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   const Project* project = nullptr;
   const std::string settingsFile =
       options.Common.SettingsFile.empty() ? DefaultSettingsPath() : options.Common.SettingsFile;
-  const EventGuard guard(
-      [&](const RuntimeFailure& failure) { EndWithReport(failure, project, folder, settingsFile); });
+  const EventGuard guard([&](const RuntimeFailure& failure) {
+    EndWithReport(failure, project, {folder, HomeFolder(), settingsFile}, PrintReport);
+  });
   SettingsFile store(settingsFile,
                      options.Common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared);
   store.OnUnsaved = [](const std::string& path, int error) {

@@ -29,6 +29,10 @@ void Control::SetFocus() {
   if (view_ != nullptr) view_->TakeFocus();
 }
 
+void PutInto(const Frame& frame, std::initializer_list<Control*> controls) {
+  for (Control* each : controls) each->SetFrame(&frame);
+}
+
 void Button::SetCaption(std::string caption) {
   caption_ = std::move(caption);
   Changed();

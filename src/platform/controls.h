@@ -4,6 +4,7 @@
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +69,8 @@ class Frame : public Control {
   using Control::Control;
   std::string Caption;
 };
+
+void PutInto(const Frame& frame, std::initializer_list<Control*> controls);
 
 class Button : public Control {
  public:

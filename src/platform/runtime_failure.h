@@ -24,6 +24,9 @@ enum class Failure : int {
   InvalidProperty = 380,
 };
 
+/// The exit status of a program that ends because nothing handled a failure.
+inline constexpr int kRunTimeFailureStatus = 70;
+
 /// A failed operation: a number and words for it, as the message boxes show them.
 class RuntimeFailure : public std::exception {
  public:

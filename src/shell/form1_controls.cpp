@@ -18,10 +18,6 @@ std::vector<TabStrip::Tab> Tabs() {
           {"Post", "Post links to a database"}};
 }
 
-void PutInto(const Frame& frame, std::initializer_list<Control*> controls) {
-  for (Control* each : controls) each->SetFrame(&frame);
-}
-
 void Disable(std::initializer_list<Control*> controls) {
   for (Control* each : controls) each->SetEnabled(false);
 }

@@ -14,10 +14,6 @@ constexpr const char* kAdvanced =
     "that outputs all domains separated by a delimiter.  For example: "
     "lighthouse.example,harbour.example,ferry.example,tide.example (no HTML)";
 
-void PutInto(const Frame& frame, std::initializer_list<Control*> controls) {
-  for (Control* each : controls) each->SetFrame(&frame);
-}
-
 }  // namespace
 
 Form4Controls::Form4Controls(const ImportVersion& version)

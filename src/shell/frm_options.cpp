@@ -48,17 +48,15 @@ void frmOptions::BuildControls() {
   for (Control* each : std::initializer_list<Control*>{&Label5_0, &chkAutoSave, &Label1, &txtAutoSave}) {
     each->SetVisible(false);
   }
-  Control* const inFrame[] = {
+  const std::initializer_list<Control*> inFrame = {
       &Label6,       &chkAuto2,  &Label9,           &chkAuto,   &Label7,     &cmbAdvance, &Label18,
       &chkRedirect,  &Label19,   &Label5_4,         &Label20,   &Label21,    &txtTimeout, &chkAudioEmail,
       &chkAudioNext, &Label5_3,  &chkAudioFinished, &chkLog,    &Label5_5,   &chkUpdate,  &Label5_1,
       &chkFileTypes, &txtDomain, &cmdAdd2,          &cmdDelete, &List1,      &Label5_2,   &Label2,
       &Command1,     &Label5_0,  &chkAutoSave,      &Label1,    &txtAutoSave};
+  PutInto(Frame1, inFrame);
   Controls.Add(Frame1);
-  for (Control* each : inFrame) {
-    each->SetFrame(&Frame1);
-    Controls.Add(*each);
-  }
+  for (Control* each : inFrame) Controls.Add(*each);
   Controls.AddDropDownList(cmbAdvance);
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Writing the recovered project.
+// Writing the recovered project and the words of the report.
 #include "shell/recovery.h"
 
+#include <cstdlib>
 #include <exception>
 
 #include "model/project_files.h"
@@ -27,6 +28,26 @@ Recovered WriteRecovered(const Project& project, const ProgramFolder& folder, co
     }
   }
   return {true, {}};
+}
+
+void EndWithReport(const RuntimeFailure& failure, const Project* project, const ReportPlaces& places,
+                   const std::function<void(const std::vector<ReportLine>&)>& show) {
+  // The user's work comes first: showing the report may fail too.
+  const Recovered recovered =
+      project == nullptr ? Recovered{} : WriteRecovered(*project, places.Folder, places.Home);
+  std::vector<ReportLine> lines = {
+      {"run-time failure " + std::to_string(failure.Number) + ": " + failure.Description, {}}};
+  if (!failure.Remedy.empty()) {
+    lines.push_back({failure.Remedy + " It can be corrected in the settings file", places.SettingsFile});
+  }
+  if (!recovered.Path.empty()) {
+    lines.push_back({"the unsaved project was written to", recovered.Path});
+  } else if (recovered.Needed) {
+    lines.push_back({"the unsaved project could not be written to a file.", {}});
+  }
+  show(lines);
+  // No destructors: handlers on the stack may still use what they would take down.
+  std::_Exit(kRunTimeFailureStatus);
 }
 
 }  // namespace requite

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// What is saved of the user's work when a failure that nothing handles ends the program.
+// The end of the program after a failure that nothing handled: the user's work is saved and told of.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "model/project.h"
 #include "platform/files.h"
+#include "platform/runtime_failure.h"
 
 namespace requite {
 
@@ -19,5 +22,25 @@ struct Recovered {
 /// and the new one is on the disk on return. Never throws.
 [[nodiscard]] Recovered WriteRecovered(const Project& project, const ProgramFolder& folder,
                                        const std::string& home);
+
+/// One line of the report: words in the code page that begin without a capital letter, and the path that
+/// they lead to, in bytes of the file system; without a path it is empty.
+struct ReportLine {
+  std::string Words;
+  std::string Path;
+};
+
+/// Where the report looks for the user's work and what it names.
+struct ReportPlaces {
+  const ProgramFolder& Folder;
+  std::string Home;
+  std::string SettingsFile;
+};
+
+/// Writes a project with unsaved edits as WriteRecovered does, shows the report, and ends the program with
+/// kRunTimeFailureStatus. `project` is null before there is one.
+[[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
+                                const ReportPlaces& places,
+                                const std::function<void(const std::vector<ReportLine>&)>& show);
 
 }  // namespace requite

@@ -25,28 +25,18 @@
 namespace requite {
 namespace {
 
-constexpr int kRunTimeFailure = 70;
 constexpr int kSplashTicks = 75;
 constexpr int kSplashInterval = 2;
 
-/// Ends the program for a failure that nothing handled. The user's unsaved work goes to a file first.
-[[noreturn]] void EndWithReport(const RuntimeFailure& failure, const Project* project,
-                                const ProgramFolder& folder) {
-  QString text = QString("Run-time failure %1: %2").arg(failure.Number).arg(ToUnicode(failure.Description));
-  if (!failure.Remedy.empty()) {
-    text += "\n\n" + ToUnicode(failure.Remedy) + " It can be corrected in the settings file\n" +
-            QFile::decodeName(DefaultSettingsPath().c_str());
+void ShowReport(const std::vector<ReportLine>& lines) {
+  QStringList paragraphs;
+  for (const ReportLine& each : lines) {
+    QString paragraph = ToUnicode(each.Words);
+    paragraph[0] = paragraph[0].toUpper();
+    if (!each.Path.empty()) paragraph += "\n" + QFile::decodeName(each.Path.c_str());
+    paragraphs << paragraph;
   }
-  const Recovered recovered =
-      project == nullptr ? Recovered{} : WriteRecovered(*project, folder, HomeFolder());
-  if (!recovered.Path.empty()) {
-    text += "\n\nThe unsaved project was written to\n" + QFile::decodeName(recovered.Path.c_str());
-  } else if (recovered.Needed) {
-    text += "\n\nThe unsaved project could not be written to a file.";
-  }
-  QMessageBox::critical(nullptr, ToUnicode(product::kName), text);
-  // Handlers may stand on the stack that would use what is being taken down.
-  std::_Exit(kRunTimeFailure);
+  QMessageBox::critical(nullptr, ToUnicode(product::kName), paragraphs.join("\n\n"));
 }
 
 /// Stands in for the toolkit's words while the application object is made: without a display that can be
@@ -64,8 +54,9 @@ int Run(QApplication& application) {
   Splash splash;
   const EventGuard guard([&](const RuntimeFailure& failure) {
     splash.close();  // the report must not lie under it
-    // Events go on behind the report's box; what fails there fails for the first one's reason.
-    if (!std::exchange(ending, true)) EndWithReport(failure, project, folder);
+    // Events run while the report's box is open. What fails then fails because of the first failure.
+    if (std::exchange(ending, true)) return;
+    EndWithReport(failure, project, {folder, HomeFolder(), DefaultSettingsPath()}, ShowReport);
   });
   const ConnectMap map;
   DesktopServices services(guard, map, DefaultSettingsPath());
