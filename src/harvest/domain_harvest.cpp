@@ -3,7 +3,7 @@
 #include "harvest/domain_harvest.h"
 
 #include "harvest/result_line.h"
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

@@ -3,8 +3,8 @@
 #include "harvest/mod_database.h"
 
 #include "harvest/sql_file.h"
-#include "model/schemes.h"
 #include "platform/runtime_failure.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

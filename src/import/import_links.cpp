@@ -7,8 +7,8 @@
 
 #include "import/extract_links.h"
 #include "import/strip_tags.h"
-#include "model/schemes.h"
 #include "platform/runtime_failure.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 #include "scan/http_get_text.h"
 

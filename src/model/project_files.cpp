@@ -6,8 +6,8 @@
 
 #include "model/project_reader.h"
 #include "model/project_text.h"
-#include "model/schemes.h"
 #include "platform/runtime_failure.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
 

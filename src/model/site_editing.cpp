@@ -5,9 +5,9 @@
 #include <limits>
 #include <string_view>
 
-#include "model/schemes.h"
 #include "model/settings.h"
 #include "platform/runtime_failure.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

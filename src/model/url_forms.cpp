@@ -2,7 +2,7 @@
 // Scheme, "www." and path are taken off a URL by plain text operations.
 #include "model/url_forms.h"
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

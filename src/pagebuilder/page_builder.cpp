@@ -5,8 +5,8 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "model/schemes.h"
 #include "pagebuilder/link_pages.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The two help boxes of the posting tabs.
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 #include "posting/posting.h"
 

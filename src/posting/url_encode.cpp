@@ -2,7 +2,7 @@
 // The encoding of one value, byte by byte.
 #include "posting/url_encode.h"
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 
 namespace requite {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 
 namespace requite {
 namespace {

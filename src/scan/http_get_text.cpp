@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 
 namespace requite {
 namespace {

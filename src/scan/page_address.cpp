@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "model/schemes.h"
 #include "model/url_forms.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

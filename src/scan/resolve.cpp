@@ -7,7 +7,7 @@
 #include <array>
 #include <vector>
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 #include "scan/climb.h"
 

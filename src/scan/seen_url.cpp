@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "model/schemes.h"
 #include "platform/runtime_failure.h"
+#include "platform/schemes.h"
 #include "platform/text.h"
 
 namespace requite {

@@ -2,7 +2,7 @@
 // What the small windows show and do.
 #include "shell/small_windows.h"
 
-#include "model/schemes.h"
+#include "platform/schemes.h"
 #include "shell/product.h"
 #include "shell/windows.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Replacing in place; most texts hold no scheme and are searched once.
-#include "model/schemes.h"
+#include "platform/schemes.h"
 
 #include <initializer_list>
 
