@@ -99,7 +99,7 @@ class PageChain : public ConnectionEvents {
 void BM_PageConnection(benchmark::State& state) {
   const PageServer server(static_cast<std::size_t>(state.range(0)));
   LoopRig rig;
-  SocketPoller poller(rig.Guard);
+  SocketPoller poller(rig.Descriptors, rig.Guard);
   NameResolver resolver(poller);
   const ConnectMap map;
   PageConnection connection(poller, resolver, map);

@@ -9,10 +9,11 @@
 
 #include "posting/posting.h"
 #include "server.h"
+#include "shell/qt/code_page.h"
 #include "shell/qt/connect_map.h"
 #include "shell/qt/curl_internet.h"
+#include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
-#include "shell/qt/qt_get_loop.h"
 #include "support/fakes.h"
 
 namespace requite::test {
@@ -34,8 +35,8 @@ void PostThousandRows(benchmark::State& state) {
   ConnectMap map;
   map.Add(*ReadConnectRule("::127.0.0.1:" + std::to_string(server.Port())));
   const EventGuard guard([](const RuntimeFailure&) {});
-  QtGetLoop getLoop(guard);
-  CurlInternet internet(getLoop, map);
+  QtDescriptorLoop getLoop(guard);
+  CurlInternet internet(getLoop, map, AsciiHost);
   QtEventLoop loop;
   MemorySettings store;
   ScriptedDialogs dialogs;

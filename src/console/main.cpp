@@ -25,8 +25,8 @@
 #include "shell/qt/name_resolver.h"
 #include "shell/qt/page_connection.h"
 #include "shell/qt/program_folder.h"
+#include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
-#include "shell/qt/qt_get_loop.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/settings_file.h"
 #include "shell/qt/signal_watch.h"
@@ -112,13 +112,13 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
 
   QtEventLoop events;
   QtConsoleLoop loop(events, guard);
-  SocketPoller poller(guard);
+  QtDescriptorLoop descriptors(guard);
+  SocketPoller poller(descriptors, guard);
   NameResolver resolver(poller);
   PageConnection connection(poller, resolver, map);
   QtTimer timTimeout(guard);
   QtTimer timer1(guard);
-  QtGetLoop getLoop(guard);
-  CurlInternet internet(getLoop, map);
+  CurlInternet internet(descriptors, map, AsciiHost);
   ConsoleDialogs dialogs(kCodec);
   MemoryClipboard clipboard;
   SoundRecorder sounds;

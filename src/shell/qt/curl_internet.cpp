@@ -8,8 +8,9 @@
 
 namespace requite {
 
-CurlInternet::CurlInternet(GetLoop& loop, const ConnectMap& map, GetLimits limits)
-    : loop_(loop), map_(map), limits_(limits) {}
+CurlInternet::CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii,
+                           GetLimits limits)
+    : loop_(loop), map_(map), hostToAscii_(hostToAscii), limits_(limits) {}
 
 CurlInternet::~CurlInternet() {
   Take([](const Get&) { return true; });
@@ -18,7 +19,7 @@ CurlInternet::~CurlInternet() {
 void CurlInternet::Begin(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer,
                          Wait* waiting) {
   if (!multi_) multi_ = std::make_unique<CurlMulti>(loop_, [this](CURL* handle) { OnDone(handle); });
-  auto transfer = std::make_unique<CurlTransfer>(url, agent, map_, limits_);
+  auto transfer = std::make_unique<CurlTransfer>(url, agent, hostToAscii_, map_, limits_);
   multi_->Add(transfer->Handle());
   inProgress_.push_back({owner, std::move(onAnswer), waiting, std::move(transfer)});
 }

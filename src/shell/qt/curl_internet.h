@@ -17,7 +17,7 @@ namespace requite {
 class CurlInternet : public Internet {
  public:
   /// Loop and map must outlive this object.
-  CurlInternet(GetLoop& loop, const ConnectMap& map, GetLimits limits = {});
+  CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii, GetLimits limits = {});
   ~CurlInternet() override;
   CurlInternet(const CurlInternet&) = delete;
   CurlInternet& operator=(const CurlInternet&) = delete;
@@ -46,8 +46,9 @@ class CurlInternet : public Internet {
   template <class Matches>
   std::vector<Get> Take(Matches matches);
 
-  GetLoop& loop_;
+  DescriptorLoop& loop_;
   const ConnectMap& map_;
+  HostToAscii hostToAscii_;
   GetLimits limits_;
   std::unique_ptr<CurlMulti> multi_;
   std::vector<Get> inProgress_;

@@ -23,9 +23,8 @@ void WatchIn(int epoll, int change, int descriptor, std::uint32_t events) {
 
 }  // namespace
 
-CurlMulti::CurlMulti(GetLoop& loop, std::function<void(CURL*)> onDone)
-    : loop_(loop),
-      onDone_(std::move(onDone)),
+CurlMulti::CurlMulti(DescriptorLoop& loop, std::function<void(CURL*)> onDone)
+    : onDone_(std::move(onDone)),
       epoll_(::epoll_create1(EPOLL_CLOEXEC)),
       timer_(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)) {
   static_cast<void>(curl_global_init(CURL_GLOBAL_DEFAULT));
@@ -35,12 +34,12 @@ CurlMulti::CurlMulti(GetLoop& loop, std::function<void(CURL*)> onDone)
   curl_multi_setopt(multi_, CURLMOPT_TIMERFUNCTION, OnTimer);
   curl_multi_setopt(multi_, CURLMOPT_TIMERDATA, this);
   WatchIn(epoll_, EPOLL_CTL_ADD, timer_, EPOLLIN);
-  loop_.Watch(epoll_, [this] { OnReady(); });
+  watch_ = loop.Watch(epoll_, [this] { OnReady(); });
 }
 
 CurlMulti::~CurlMulti() {
   curl_multi_cleanup(multi_);
-  loop_.Unwatch();
+  watch_.reset();
   ::close(timer_);
   ::close(epoll_);
 }

@@ -5,8 +5,9 @@
 #include <curl/curl.h>
 
 #include <functional>
+#include <memory>
 
-#include "shell/qt/get_loop.h"
+#include "shell/qt/descriptor_loop.h"
 
 namespace requite {
 
@@ -16,7 +17,7 @@ class CurlMulti {
  public:
   /// `onDone` runs outside of the library: it may add and remove transfers and let events run. The loop must
   /// outlive this object, and this object every transfer that was added.
-  CurlMulti(GetLoop& loop, std::function<void(CURL*)> onDone);
+  CurlMulti(DescriptorLoop& loop, std::function<void(CURL*)> onDone);
   ~CurlMulti();
   CurlMulti(const CurlMulti&) = delete;
   CurlMulti& operator=(const CurlMulti&) = delete;
@@ -30,11 +31,11 @@ class CurlMulti {
   static int OnTimer(CURLM*, long milliseconds, void* self);
   void OnReady();
 
-  GetLoop& loop_;
   std::function<void(CURL*)> onDone_;
   int epoll_;
   int timer_;
   CURLM* multi_;
+  std::unique_ptr<DescriptorWatch> watch_;
 };
 
 }  // namespace requite

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "platform/text.h"
-#include "shell/qt/code_page.h"
 
 namespace requite {
 namespace {
@@ -73,7 +72,7 @@ std::string Escaped(std::string_view url) {
 
 }  // namespace
 
-std::string UrlToSend(std::string_view url) {
+std::string UrlToSend(std::string_view url, HostToAscii hostToAscii) {
   if (!IsWebUrl(url)) return {};
   const std::size_t authority = url.find("://") + 3;
   const std::size_t pathBegin = std::min(url.find_first_of("/?#", authority), url.size());
@@ -82,15 +81,15 @@ std::string UrlToSend(std::string_view url) {
   const std::size_t hostEnd = std::min(url.find(':', hostBegin), pathBegin);
   std::string host(url.substr(hostBegin, hostEnd - hostBegin));
   const bool plain = std::all_of(host.begin(), host.end(), [](char byte) { return (byte & 0x80) == 0; });
-  if (!plain) host = AsciiHost(host);  // the library would look at the locale for what the letters mean
-  if (host.empty()) return {};         // the library would take the first folder for the host
+  if (!plain) host = hostToAscii(host);  // the library would look at the locale for what the letters mean
+  if (host.empty()) return {};           // the library would take the first folder for the host
   return Escaped(url.substr(0, hostBegin)) + Escaped(host) + Escaped(url.substr(hostEnd));
 }
 
-CurlTransfer::CurlTransfer(std::string_view url, std::string_view agent, const ConnectMap& map,
-                           const GetLimits& limits)
+CurlTransfer::CurlTransfer(std::string_view url, std::string_view agent, HostToAscii hostToAscii,
+                           const ConnectMap& map, const GetLimits& limits)
     : limits_(limits), easy_(curl_easy_init()) {
-  SetUrl(UrlToSend(url));
+  SetUrl(UrlToSend(url, hostToAscii));
   SetRequest(agent);
   SetConnection(map);
   curl_easy_setopt(easy_, CURLOPT_HEADERFUNCTION, OnHeadLine);

@@ -19,15 +19,19 @@ struct GetLimits {
   int MostRedirects = 20;
 };
 
+/// The name of a host as the net knows it: an international one in its ASCII form. Empty when there is none.
+using HostToAscii = std::string (*)(std::string_view host);
+
 /// The URL as it goes to the library: an international host in its ASCII form, a blank or a control character
 /// as "%XX", and every other byte as it is. Empty when it does not begin with "http://" or "https://"
 /// and a host.
-[[nodiscard]] std::string UrlToSend(std::string_view url);
+[[nodiscard]] std::string UrlToSend(std::string_view url, HostToAscii hostToAscii);
 
 /// One GET with its redirects; it must not be moved meanwhile.
 class CurlTransfer {
  public:
-  CurlTransfer(std::string_view url, std::string_view agent, const ConnectMap& map, const GetLimits& limits);
+  CurlTransfer(std::string_view url, std::string_view agent, HostToAscii hostToAscii, const ConnectMap& map,
+               const GetLimits& limits);
   ~CurlTransfer();
   CurlTransfer(const CurlTransfer&) = delete;
   CurlTransfer& operator=(const CurlTransfer&) = delete;

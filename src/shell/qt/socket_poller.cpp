@@ -8,11 +8,12 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <utility>
 
 namespace requite {
 namespace {
 
-/// How long the poller keeps the thread from Qt's loop, at most.
+/// How long the poller keeps the thread from the event loop, at most.
 constexpr std::chrono::nanoseconds kSlice = std::chrono::milliseconds(4);
 
 /// The bits of poll() and epoll have the same values; the kernel's interface promises it.
@@ -21,16 +22,14 @@ static_assert(POLLIN == static_cast<int>(EPOLLIN) && POLLOUT == static_cast<int>
 
 }  // namespace
 
-SocketPoller::SocketPoller(const EventGuard& guard)
+SocketPoller::SocketPoller(DescriptorLoop& loop, const EventGuard& guard)
     : guard_(guard),
       epoll_(::epoll_create1(EPOLL_CLOEXEC)),
       sliceEnd_(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)),
-      notifier_(std::make_unique<QSocketNotifier>(epoll_, QSocketNotifier::Read)) {
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { OnNotified(); });
-}
+      watch_(loop.Watch(epoll_, [this] { OnReadable(); })) {}
 
 SocketPoller::~SocketPoller() {
-  notifier_.reset();
+  watch_.reset();
   ::close(sliceEnd_);
   ::close(epoll_);
 }
@@ -55,11 +54,12 @@ void SocketPoller::Arm(PolledSocket& socket) const {
   socket.armed_ = socket.wanted_;
 }
 
-void SocketPoller::OnNotified() {
+void SocketPoller::OnReadable() {
   if (delivering_) {
-    // A handler lets events run. What is ready now waits until it has returned, and so long the
-    // notifier must be silent, or a nested loop would spin on it.
-    notifier_->setEnabled(false);
+    // A handler lets events run. What is ready now waits until it has returned; until then the watch
+    // must be off, or a nested loop would spin on it.
+    watch_->SetOn(false);
+    watchIsOff_ = true;
     return;
   }
   delivering_ = true;
@@ -71,11 +71,11 @@ void SocketPoller::OnNotified() {
   }
   delivering_ = false;
   for (PolledSocket* socket : sockets_) Arm(*socket);
-  if (!notifier_->isEnabled()) notifier_->setEnabled(true);
+  if (std::exchange(watchIsOff_, false)) watch_->SetOn(true);
 }
 
 /// Waits for a socket to become ready and runs its handler. False at the end of the slice, and when no
-/// socket waits for anything. Each handler may open and close any socket, so readiness is asked for anew
+/// socket waits for anything. Each handler may open and close any socket, so readiness is asked for again
 /// after it.
 bool SocketPoller::DeliverOne() {
   polled_.clear();

@@ -4,27 +4,27 @@
 
 #include <poll.h>
 
-#include <QSocketNotifier>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "shell/qt/descriptor_loop.h"
 #include "shell/qt/event_guard.h"
 
 namespace requite {
 
 class PolledSocket;
 
-/// Watches sockets for Qt's loop through one epoll descriptor and one permanent notifier.
+/// Watches sockets for the event loop through one epoll descriptor and one permanent watch.
 ///
 /// While sockets become ready in quick succession it waits for them itself, for a slice of a few
-/// milliseconds at most: a page from a fast server then costs no turn of Qt's loop. While a handler
+/// milliseconds at most: a page from a fast server then costs no turn of the event loop. While a handler
 /// runs (it may yield, and the yield may open a message box), no other readiness is delivered: it
 /// waits until the handler has returned, so handlers never nest, however fast the network is.
 class SocketPoller {
  public:
-  /// The guard must outlive the poller, and the poller its sockets.
-  explicit SocketPoller(const EventGuard& guard);
+  /// Loop and guard must outlive the poller, and the poller its sockets.
+  SocketPoller(DescriptorLoop& loop, const EventGuard& guard);
   ~SocketPoller();
   SocketPoller(const SocketPoller&) = delete;
   SocketPoller& operator=(const SocketPoller&) = delete;
@@ -35,14 +35,15 @@ class SocketPoller {
   void Add(PolledSocket& socket);
   void Remove(PolledSocket& socket);
   void Changed(PolledSocket& socket);
-  void OnNotified();
+  void OnReadable();
   bool DeliverOne();
   void Arm(PolledSocket& socket) const;
 
   const EventGuard& guard_;
   int epoll_;
   int sliceEnd_;  ///< a timer's descriptor
-  std::unique_ptr<QSocketNotifier> notifier_;
+  std::unique_ptr<DescriptorWatch> watch_;
+  bool watchIsOff_ = false;
   std::vector<PolledSocket*> sockets_;
   std::vector<pollfd> polled_;  ///< reused, so that a wait allocates nothing
   std::size_t next_ = 0;

@@ -10,9 +10,10 @@
 #include <atomic>
 #include <mutex>
 
+#include "shell/qt/code_page.h"
 #include "shell/qt/local_server.h"
 #include "shell/qt/loop_rig.h"
-#include "shell/qt/qt_get_loop.h"
+#include "shell/qt/qt_descriptor_loop.h"
 
 namespace requite::test {
 namespace {
@@ -30,7 +31,7 @@ class CurlInternetTest : public testing::Test {
  protected:
   LoopRig rig_;
   EventGuard guard_{[](const RuntimeFailure& failure) { ADD_FAILURE() << failure.Description; }};
-  QtGetLoop loop_{guard_};
+  QtDescriptorLoop loop_{guard_};
   ConnectMap map_;
   std::mutex requestsLock_;
   std::vector<std::string> requests_;
@@ -88,7 +89,7 @@ class CurlInternetTest : public testing::Test {
 };
 
 TEST_F(CurlInternetTest, BodiesComeWhateverTheStatus) {
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   EXPECT_EQ(Get(internet, Url("")), "home");
   const std::string request = TakeRequests().at(0);
   for (const char* line : {"User-Agent: Mozilla\r\n", "Pragma: no-cache\r\n", "Connection: close\r\n"}) {
@@ -103,7 +104,7 @@ TEST_F(CurlInternetTest, BodiesComeWhateverTheStatus) {
 }
 
 TEST_F(CurlInternetTest, OneRequestIsMadeWhateverTheServerDoes) {
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   EXPECT_EQ(Get(internet, Url("/")), "home") << "a connection that could be used again";
   for (const char* path : {"/close", "/reset", "/cut-head", "/no-head", "/interim"}) {
     TakeRequests();
@@ -113,7 +114,7 @@ TEST_F(CurlInternetTest, OneRequestIsMadeWhateverTheServerDoes) {
 }
 
 TEST_F(CurlInternetTest, TheUrlIsSentAsTyped) {
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   for (const auto& [typed, sent] : std::vector<std::pair<std::string, std::string>>{
            {"/q/../b/./%41%7e%2d?rate=100%&f=%7E~", "/q/../b/./%41%7e%2d?rate=100%&f=%7E~"},
            {"/q//?a=\"<|>\\^`{}'&&b=[]#part", "/q//?a=\"<|>\\^`{}'&&b=[]"},
@@ -127,7 +128,7 @@ TEST_F(CurlInternetTest, TheUrlIsSentAsTyped) {
 
 TEST_F(CurlInternetTest, RedirectsAreFollowedToTheWebOnlyAndNotForEver) {
   map_.Add({"other.example", 80, {"127.0.0.1", server_.Port()}});
-  CurlInternet internet(loop_, map_, {.MostRedirects = 5});
+  CurlInternet internet(loop_, map_, AsciiHost, {.MostRedirects = 5});
   EXPECT_EQ(Get(internet, Url("/absolute")), "home");
   EXPECT_NE(TakeRequests().back().find("Host: other.example\r\n"), std::string::npos);
   EXPECT_EQ(Get(internet, Url("/dir/relative")), "no such page");
@@ -145,7 +146,7 @@ TEST_F(CurlInternetTest, AMappedHostKeepsItsHostLineAndItsRelativeRedirects) {
   map_.Add({"::1", 8080, here});
   map_.Add({"xn--mller-kva.example", std::nullopt, here});
   map_.Add({"", std::nullopt, {"127.0.0.1", RefusingPort()}});
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   EXPECT_EQ(Get(internet, "http://SITE.example:8080/dir/relative"), "no such page");
   for (const std::string& request : TakeRequests()) {
     EXPECT_NE(request.find("Host: SITE.example:8080\r\n"), std::string::npos) << request;
@@ -156,7 +157,7 @@ TEST_F(CurlInternetTest, AMappedHostKeepsItsHostLineAndItsRelativeRedirects) {
 }
 
 TEST_F(CurlInternetTest, WhatIsNoWebAddressGivesNothing) {
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   for (const std::string& url :
        {std::string(), std::string("http://"), std::string("http:///127.0.0.1"), std::string("site.example"),
         "127.0.0.1/?u=" + Url("/"), std::string("file:///etc/hostname"),
@@ -169,14 +170,14 @@ TEST_F(CurlInternetTest, WhatIsNoWebAddressGivesNothing) {
 }
 
 TEST_F(CurlInternetTest, ALongBodyIsCut) {
-  CurlInternet internet(loop_, map_, {.MostBytes = 5'000'000});
+  CurlInternet internet(loop_, map_, AsciiHost, {.MostBytes = 5'000'000});
   EXPECT_EQ(Get(internet, Url("/endless")).size(), 5'000'000U);
-  CurlInternet larger(loop_, map_);
+  CurlInternet larger(loop_, map_, AsciiHost);
   EXPECT_EQ(Get(larger, Url("/endless")).size(), 64'000'000U);
 }
 
 TEST_F(CurlInternetTest, SilenceEndsTheWait) {
-  CurlInternet internet(loop_, map_, {.Silence = std::chrono::seconds(1)});
+  CurlInternet internet(loop_, map_, AsciiHost, {.Silence = std::chrono::seconds(1)});
   EXPECT_EQ(Get(internet, Url("/silent")), "(nothing)");
   EXPECT_EQ(Get(internet, Url("/half-silent")), "half");
 }
@@ -184,7 +185,7 @@ TEST_F(CurlInternetTest, SilenceEndsTheWait) {
 TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
   LocalServer mute([](ServedConnection& client) { client.WaitForPeer(); });
   const std::string silent = "http://127.0.0.1:" + std::to_string(mute.Port()) + "/";
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   Gets scan(internet);
   auto window = std::make_unique<Gets>(internet);
   std::vector<std::string> answers;
@@ -213,7 +214,7 @@ TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
 }
 
 TEST_F(CurlInternetTest, TheEndOfTheProgramEndsAWait) {
-  CurlInternet internet(loop_, map_);
+  CurlInternet internet(loop_, map_, AsciiHost);
   QTimer::singleShot(5, [] { QCoreApplication::exit(); });
   EXPECT_EQ(Get(internet, Url("/silent")), "(nothing)");
 }
@@ -224,7 +225,7 @@ std::atomic<int> hanging = 0;
 
 TEST_F(CurlInternetTest, AHangingLookUpHoldsNothingUp) {
   hang = true;
-  auto internet = std::make_unique<CurlInternet>(loop_, map_);
+  auto internet = std::make_unique<CurlInternet>(loop_, map_, AsciiHost);
   auto gets = std::make_unique<Gets>(*internet);
   QTimer::singleShot(20, [&] { gets->Abort(); });
   EXPECT_EQ(gets->OpenUrl("http://mute.requite.example/", "Mozilla"), std::nullopt);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "shell/qt/event_guard.h"
+#include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
 
 namespace requite::test {
@@ -19,6 +20,7 @@ struct LoopRig {
   QtEventLoop Loop;
   std::vector<int> Failures;
   EventGuard Guard{[this](const RuntimeFailure& failure) { Failures.push_back(failure.Number); }};
+  QtDescriptorLoop Descriptors{Guard};
 
   /// Lets events run until the condition holds; false after a time that only a fault can take.
   bool Until(const std::function<bool()>& condition) {

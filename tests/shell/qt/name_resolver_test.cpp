@@ -45,7 +45,7 @@ class NameResolverTest : public testing::Test {
   }
 
   LoopRig rig_;
-  SocketPoller poller_{rig_.Guard};
+  SocketPoller poller_{rig_.Descriptors, rig_.Guard};
   std::unique_ptr<NameResolver> resolver_ = std::make_unique<NameResolver>(poller_, TestLookUp);
   std::map<std::string, int> answers_;
 };

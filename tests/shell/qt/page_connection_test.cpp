@@ -65,7 +65,7 @@ class Recorder : public ConnectionEvents {
 class PageConnectionTest : public testing::Test {
  protected:
   LoopRig rig_;
-  SocketPoller poller_{rig_.Guard};
+  SocketPoller poller_{rig_.Descriptors, rig_.Guard};
   NameResolver resolver_{poller_};
   ConnectMap map_;
   PageConnection connection_{poller_, resolver_, map_};

@@ -15,13 +15,13 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
                                  const std::string& settingsPath)
     : guard_(guard),
       store_(settingsPath),
-      poller_(guard),
+      descriptors_(guard),
+      poller_(descriptors_, guard),
       resolver_(poller_),
       connection_(poller_, resolver_, map),
       timTimeout_(guard),
       timer1_(guard),
-      getLoop_(guard),
-      internet_(getLoop_, map) {
+      internet_(descriptors_, map, AsciiHost) {
   shell_.OnFailed = ShowUnopened;
   store_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +

@@ -8,8 +8,8 @@
 #include "shell/qt/desktop_shell.h"
 #include "shell/qt/name_resolver.h"
 #include "shell/qt/page_connection.h"
+#include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
-#include "shell/qt/qt_get_loop.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/settings_file.h"
 #include "shell/qt/sound_process.h"
@@ -38,12 +38,12 @@ class DesktopServices {
   bool mayTell_ = false;
   SettingsFile store_;
   QtEventLoop events_;
+  QtDescriptorLoop descriptors_;
   SocketPoller poller_;
   NameResolver resolver_;
   PageConnection connection_;
   QtTimer timTimeout_;
   QtTimer timer1_;
-  QtGetLoop getLoop_;
   CurlInternet internet_;
   QtDialogs dialogs_;
   QtClipboard clipboard_;
