@@ -9,10 +9,10 @@
 #include <filesystem>
 #include <string>
 
-#include "shell/qt/local_server.h"
 #include "shell/qt/loop_rig.h"
-#include "shell/qt/page_connection.h"
-#include "shell/qt/settings_file.h"
+#include "system/local_server.h"
+#include "system/page_connection.h"
+#include "system/settings_file.h"
 
 namespace requite::test {
 namespace {

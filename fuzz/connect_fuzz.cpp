@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/text.h"
-#include "shell/qt/connect_map.h"
+#include "system/connect_map.h"
 
 namespace {
 

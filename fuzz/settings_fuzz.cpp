@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "shell/qt/settings_file.h"
-#include "shell/qt/settings_record.h"
 #include "support/fakes.h"
+#include "system/settings_file.h"
+#include "system/settings_record.h"
 
 namespace {
 

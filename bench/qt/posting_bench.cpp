@@ -10,11 +10,11 @@
 #include "posting/posting.h"
 #include "server.h"
 #include "shell/qt/code_page.h"
-#include "shell/qt/connect_map.h"
-#include "shell/qt/curl_internet.h"
 #include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
 #include "support/fakes.h"
+#include "system/connect_map.h"
+#include "system/curl_internet.h"
 
 namespace requite::test {
 namespace {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "console/exit_status.h"
-#include "shell/qt/connect_map.h"
+#include "system/connect_map.h"
 
 namespace requite {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/qt/local_server.h"
+#include "system/local_server.h"
 
 namespace requite::hostile {
 

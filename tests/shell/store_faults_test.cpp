@@ -11,8 +11,8 @@
 #include "shell/form1_rig.h"
 #include "shell/form4.h"
 #include "shell/frm_export.h"
-#include "shell/qt/settings_file.h"
 #include "support/at_every_call.h"
+#include "system/settings_file.h"
 
 namespace requite::test {
 namespace {

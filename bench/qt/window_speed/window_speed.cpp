@@ -19,9 +19,9 @@
 #include <optional>
 #include <string>
 
-#include "shell/qt/freed_memory.h"
 #include "shell/qt/window/desktop_services.h"
 #include "shell/qt/window/main_window.h"
+#include "system/freed_memory.h"
 
 namespace requite {
 namespace {

@@ -5,8 +5,8 @@
 #include <QEventLoop>
 #include <vector>
 
-#include "shell/qt/descriptor_loop.h"
-#include "shell/qt/event_guard.h"
+#include "system/descriptor_loop.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

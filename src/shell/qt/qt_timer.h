@@ -5,7 +5,7 @@
 #include <QTimer>
 
 #include "platform/services.h"
-#include "shell/qt/event_guard.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

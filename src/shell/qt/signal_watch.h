@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "shell/qt/event_guard.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

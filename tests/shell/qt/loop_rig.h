@@ -6,9 +6,9 @@
 #include <functional>
 #include <vector>
 
-#include "shell/qt/event_guard.h"
 #include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
+#include "system/event_guard.h"
 
 namespace requite::test {
 

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "shell/qt/code_page.h"
-#include "shell/qt/connect_map.h"
 #include "shell/qt/loop_rig.h"
 #include "shell/qt/qt_timer.h"
 #include "shell/qt/system_clock.h"
+#include "system/connect_map.h"
 
 namespace requite::test {
 namespace {

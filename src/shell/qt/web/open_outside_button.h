@@ -5,7 +5,7 @@
 #include <QToolButton>
 
 #include "platform/services.h"
-#include "shell/qt/event_guard.h"
+#include "system/event_guard.h"
 
 class QLineEdit;
 

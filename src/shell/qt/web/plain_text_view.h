@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/services.h"
-#include "shell/qt/event_guard.h"
 #include "shell/qt/web/web_view.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

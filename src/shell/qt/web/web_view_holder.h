@@ -6,8 +6,8 @@
 
 #include "platform/controls.h"
 #include "platform/services.h"
-#include "shell/qt/event_guard.h"
 #include "shell/qt/web/web_module.h"
+#include "system/event_guard.h"
 
 class QLabel;
 class QProgressBar;

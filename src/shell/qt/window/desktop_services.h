@@ -4,17 +4,17 @@
 
 #include <string>
 
-#include "shell/qt/curl_internet.h"
 #include "shell/qt/desktop_shell.h"
-#include "shell/qt/name_resolver.h"
-#include "shell/qt/page_connection.h"
 #include "shell/qt/qt_descriptor_loop.h"
 #include "shell/qt/qt_event_loop.h"
 #include "shell/qt/qt_timer.h"
-#include "shell/qt/settings_file.h"
 #include "shell/qt/sound_process.h"
 #include "shell/qt/system_clock.h"
 #include "shell/qt/window/qt_dialogs.h"
+#include "system/curl_internet.h"
+#include "system/name_resolver.h"
+#include "system/page_connection.h"
+#include "system/settings_file.h"
 
 namespace requite {
 

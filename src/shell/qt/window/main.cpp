@@ -12,7 +12,6 @@
 #include "platform/process_start.h"
 #include "shell/product.h"
 #include "shell/qt/code_page.h"
-#include "shell/qt/freed_memory.h"
 #include "shell/qt/program_folder.h"
 #include "shell/qt/web/web_module.h"
 #include "shell/qt/window/desktop_bus.h"
@@ -21,6 +20,7 @@
 #include "shell/qt/window/product_icon.h"
 #include "shell/qt/window/splash.h"
 #include "shell/recovery.h"
+#include "system/freed_memory.h"
 
 namespace requite {
 namespace {

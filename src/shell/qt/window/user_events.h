@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "shell/qt/event_guard.h"
 #include "shell/qt/window/view_refresh.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The workers in progress and the line of questions before them.
-#include "shell/qt/name_resolver.h"
+#include "system/name_resolver.h"
 
 #include <poll.h>
 

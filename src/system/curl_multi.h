@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "shell/qt/descriptor_loop.h"
+#include "system/descriptor_loop.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What becomes of an exception at the event loop's edge.
-#include "shell/qt/event_guard.h"
+#include "system/event_guard.h"
 
 #include <new>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // getaddrinfo in detached threads.
-#include "shell/qt/look_up.h"
+#include "system/look_up.h"
 
 #include <netdb.h>
 #include <netinet/in.h>

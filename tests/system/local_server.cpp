@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Blocking sockets in a thread.
-#include "shell/qt/local_server.h"
+#include "system/local_server.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>

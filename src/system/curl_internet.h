@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/services.h"
-#include "shell/qt/connect_map.h"
-#include "shell/qt/curl_multi.h"
-#include "shell/qt/curl_transfer.h"
+#include "system/connect_map.h"
+#include "system/curl_multi.h"
+#include "system/curl_transfer.h"
 
 namespace requite {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/qt/look_up.h"
-#include "shell/qt/socket_poller.h"
+#include "system/look_up.h"
+#include "system/socket_poller.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // GETs against a server on loopback: what is sent, redirects, limits, silence, and whose each GET is.
-#include "shell/qt/curl_internet.h"
+#include "system/curl_internet.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -11,9 +11,9 @@
 #include <mutex>
 
 #include "shell/qt/code_page.h"
-#include "shell/qt/local_server.h"
 #include "shell/qt/loop_rig.h"
 #include "shell/qt/qt_descriptor_loop.h"
+#include "system/local_server.h"
 
 namespace requite::test {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The GETs in progress: whose each is, and who waits for it.
-#include "shell/qt/curl_internet.h"
+#include "system/curl_internet.h"
 
 #include <algorithm>
 #include <iterator>

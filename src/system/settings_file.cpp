@@ -4,7 +4,7 @@
 // Every process holds a shared lock on the journal as long as it uses it. Whoever gets the exclusive
 // lock is alone with it, and only then may the file behind the name be exchanged. A lock may be had on
 // a file that has just been exchanged, so after each change of locks the name is looked at again.
-#include "shell/qt/settings_file.h"
+#include "system/settings_file.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -17,7 +17,7 @@
 #include <utility>
 
 #include "platform/text.h"
-#include "shell/qt/settings_record.h"
+#include "system/settings_record.h"
 
 namespace requite {
 namespace {

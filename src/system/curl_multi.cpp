@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the library asks for, translated to epoll and a timer's descriptor, and readiness back.
-#include "shell/qt/curl_multi.h"
+#include "system/curl_multi.h"
 
 #include <sys/epoll.h>
 #include <sys/timerfd.h>

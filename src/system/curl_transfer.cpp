@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The options of a request, and the reading of its response.
-#include "shell/qt/curl_transfer.h"
+#include "system/curl_transfer.h"
 
 #include <algorithm>
 #include <array>

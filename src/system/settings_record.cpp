@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Escapes of the settings journal.
-#include "shell/qt/settings_record.h"
+#include "system/settings_record.h"
 
 namespace requite {
 namespace {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Look-ups that hang, fail and succeed, and all addresses of a host tried in turn.
-#include "shell/qt/name_resolver.h"
+#include "system/name_resolver.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <map>
 
-#include "shell/qt/local_server.h"
 #include "shell/qt/loop_rig.h"
-#include "shell/qt/page_connection.h"
+#include "system/local_server.h"
+#include "system/page_connection.h"
 
 namespace requite::test {
 namespace {

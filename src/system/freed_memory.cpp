@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The C library's knobs, where it has them.
-#include "shell/qt/freed_memory.h"
+#include "system/freed_memory.h"
 
 #include <cstdlib>
 #ifdef __GLIBC__

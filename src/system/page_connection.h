@@ -3,9 +3,9 @@
 #pragma once
 
 #include "platform/services.h"
-#include "shell/qt/connect_map.h"
-#include "shell/qt/name_resolver.h"
-#include "shell/qt/socket_poller.h"
+#include "system/connect_map.h"
+#include "system/name_resolver.h"
+#include "system/socket_poller.h"
 
 namespace requite {
 

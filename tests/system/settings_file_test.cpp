@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The settings journal: any bytes, sudden ends, damage, and several processes at once.
-#include "shell/qt/settings_file.h"
+#include "system/settings_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The slice loop over poll(), and epoll for the time between slices.
-#include "shell/qt/socket_poller.h"
+#include "system/socket_poller.h"
 
 #include <poll.h>
 #include <sys/epoll.h>

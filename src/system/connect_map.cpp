@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reading and applying connection rules.
-#include "shell/qt/connect_map.h"
+#include "system/connect_map.h"
 
 #include <charconv>
 

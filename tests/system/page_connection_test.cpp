@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Page connections over real loopback sockets: the order of events, silence, and yields in handlers.
-#include "shell/qt/page_connection.h"
+#include "system/page_connection.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 
-#include "shell/qt/local_server.h"
 #include "shell/qt/loop_rig.h"
 #include "shell/qt/qt_timer.h"
+#include "system/local_server.h"
 
 namespace requite::test {
 namespace {

@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "shell/qt/descriptor_loop.h"
-#include "shell/qt/event_guard.h"
+#include "system/descriptor_loop.h"
+#include "system/event_guard.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A raw socket, non-blocking, with as few system calls a page as a blocking one would take.
-#include "shell/qt/page_connection.h"
+#include "system/page_connection.h"
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/qt/connect_map.h"
+#include "system/connect_map.h"
 
 namespace requite {
 
