@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string>
 
-#include "shell/qt/loop_rig.h"
+#include "qt/loop_rig.h"
 #include "system/local_server.h"
 #include "system/page_connection.h"
 #include "system/settings_file.h"

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "shell/qt/web/html_text.h"
+#include "qt/web/html_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kLongestLine = 4096;

@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <iostream>
 
-#include "gui/qt/desk_rig.h"
-#include "shell/qt/web/web_module.h"
+#include "gui/desk_rig.h"
+#include "qt/web/web_module.h"
 
 namespace requite::test {
 namespace {

@@ -8,10 +8,10 @@
 #include <thread>
 
 #include "posting/posting.h"
+#include "qt/services/code_page.h"
+#include "qt/services/qt_descriptor_loop.h"
+#include "qt/services/qt_event_loop.h"
 #include "server.h"
-#include "shell/qt/code_page.h"
-#include "shell/qt/qt_descriptor_loop.h"
-#include "shell/qt/qt_event_loop.h"
 #include "support/fakes.h"
 #include "system/connect_map.h"
 #include "system/curl_internet.h"

@@ -12,7 +12,7 @@
 #include "console/child_process.h"
 #include "hostile/behaviour.h"
 #include "platform/text.h"
-#include "shell/qt/code_page.h"
+#include "qt/services/code_page.h"
 #include "support/fakes.h"
 
 namespace requite::hostile {

@@ -10,9 +10,9 @@
 #include <atomic>
 #include <mutex>
 
-#include "shell/qt/code_page.h"
-#include "shell/qt/loop_rig.h"
-#include "shell/qt/qt_descriptor_loop.h"
+#include "qt/loop_rig.h"
+#include "qt/services/code_page.h"
+#include "qt/services/qt_descriptor_loop.h"
 #include "system/local_server.h"
 
 namespace requite::test {

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <map>
 
-#include "shell/qt/loop_rig.h"
+#include "qt/loop_rig.h"
 #include "system/local_server.h"
 #include "system/page_connection.h"
 

@@ -6,8 +6,8 @@
 
 #include <atomic>
 
-#include "shell/qt/loop_rig.h"
-#include "shell/qt/qt_timer.h"
+#include "qt/loop_rig.h"
+#include "qt/services/qt_timer.h"
 #include "system/local_server.h"
 
 namespace requite::test {

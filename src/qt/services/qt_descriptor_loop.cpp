@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// A notifier for each descriptor, and an event loop of its own for each wait.
+#include "qt/services/qt_descriptor_loop.h"
+
+#include <QSocketNotifier>
+
+namespace requite {
+namespace {
+
+/// How a loop ends that is only to look again. One that ends otherwise was ended with the program.
+constexpr int kLookAgain = 0x4745;
+
+class NotifierWatch : public DescriptorWatch {
+ public:
+  NotifierWatch(int descriptor, const EventGuard& guard, std::function<void()> onReadable)
+      : notifier_(descriptor, QSocketNotifier::Read) {
+    QObject::connect(&notifier_, &QSocketNotifier::activated,
+                     [&guard, run = std::move(onReadable)] { guard.Run(run); });
+  }
+  void SetOn(bool on) override { notifier_.setEnabled(on); }
+
+ private:
+  QSocketNotifier notifier_;
+};
+
+}  // namespace
+
+std::unique_ptr<DescriptorWatch> QtDescriptorLoop::Watch(int descriptor, std::function<void()> onReadable) {
+  return std::make_unique<NotifierWatch>(descriptor, guard_, std::move(onReadable));
+}
+
+bool QtDescriptorLoop::RunUntil(const bool& over) {
+  QEventLoop loop;
+  waiting_.push_back(&loop);
+  while (!over && loop.exec() == kLookAgain) {
+  }
+  std::erase(waiting_, &loop);
+  return over;
+}
+
+void QtDescriptorLoop::Wake() {
+  for (QEventLoop* loop : waiting_) loop->exit(kLookAgain);
+}
+
+}  // namespace requite

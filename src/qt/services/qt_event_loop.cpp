@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Yields, with the slicing that makes them cheap, and waits.
+#include "qt/services/qt_event_loop.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <algorithm>
+#include <ctime>
+
+namespace requite {
+namespace {
+
+/// What a predicate depends on may change without an event (a signal handler's flag).
+constexpr std::chrono::milliseconds kLookAgain{50};
+
+/// Keeps the end of a wait within what the clock can count.
+constexpr std::chrono::milliseconds kLongest = std::chrono::hours(24 * 365 * 100);
+
+/// The system's coarse clock: it moves every few milliseconds, and reading it costs a fifth of the
+/// exact one. A page has a yield a line.
+std::chrono::nanoseconds YieldClock() {
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+}  // namespace
+
+void QtEventLoop::LetPendingEventsRun() {
+  if (YieldClock() - lastDelivery_ < kSlice) return;
+  QCoreApplication::processEvents();
+  lastDelivery_ = YieldClock();
+}
+
+void QtEventLoop::RunFor(std::chrono::milliseconds duration) {
+  // A predicate that never holds: only the limit ends the run.
+  RunUntil([] { return false; }, duration);
+}
+
+bool QtEventLoop::RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit) {
+  using SteadyClock = std::chrono::steady_clock;
+  if (predicate()) return true;
+  QCoreApplication::processEvents();
+  lastDelivery_ = YieldClock();
+  const SteadyClock::time_point end =
+      SteadyClock::now() + std::clamp(limit, std::chrono::milliseconds(0), kLongest);
+  QTimer alarm;
+  alarm.setTimerType(Qt::PreciseTimer);
+  while (!predicate()) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - SteadyClock::now());
+    if (left.count() <= 0) return false;
+    alarm.start(std::min(left, kLookAgain));
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    lastDelivery_ = YieldClock();
+  }
+  return true;
+}
+
+}  // namespace requite

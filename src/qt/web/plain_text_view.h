@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// The text of web pages: no markup, no links, no further requests.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/services.h"
+#include "qt/web/web_view.h"
+#include "system/event_guard.h"
+
+namespace requite {
+
+/// Shows the text of local HTML files, and of remote pages by one GET each, where the browser's library is
+/// not installed. No more of a page is shown than kMostText characters, and a last line says where it was
+/// cut.
+class PlainTextView final : public QPlainTextEdit, public WebView {
+  Q_OBJECT
+
+ public:
+  static constexpr std::size_t kMostText = 1 << 20;
+
+  /// The events, the service and the guard must outlive the view.
+  PlainTextView(WebViewEvents& events, Internet& internet, const EventGuard& guard, QWidget* parent);
+
+  QWidget* Widget() override { return this; }
+  void Load(const QUrl& url) override;
+  void Stop() override;
+  void Reload() override { ShowSoon(); }
+  bool Back() override;
+  bool Forward() override;
+
+ private:
+  void ShowSoon();
+  void ShowNow();
+  [[nodiscard]] std::optional<std::string> PageOf(const QUrl& url);
+  void Show(const std::string& page);
+
+  WebViewEvents& events_;
+  Gets gets_;
+  const EventGuard& guard_;
+  std::vector<QUrl> history_;
+  std::size_t at_ = 0;
+  int asked_ = 0;
+};
+
+}  // namespace requite

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The windows of the harvesters, on screen.
+#pragma once
+
+#include "qt/window/further_window.h"
+#include "shell/form3.h"
+#include "shell/frm_export.h"
+
+namespace requite {
+
+class ExportView final : public FurtherWindow {
+ public:
+  ExportView(frmExport& window, const WindowSurroundings& surroundings);
+};
+
+/// Shows how far a harvest has come; its view of the pages has nothing to show, as they are read and not
+/// looked at. Hides when the harvest hides its window.
+class HarvestView final : public FurtherWindow {
+ public:
+  HarvestView(Form3& window, const WindowSurroundings& surroundings);
+};
+
+}  // namespace requite

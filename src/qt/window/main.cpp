@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// The start of the window program: makes the services, shows the splash, then the main window.
+#include <QApplication>
+#include <QFile>
+#include <QMessageBox>
+#include <QTimer>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <utility>
+
+#include "platform/process_start.h"
+#include "qt/services/code_page.h"
+#include "qt/services/program_folder.h"
+#include "qt/web/web_module.h"
+#include "qt/window/desktop_bus.h"
+#include "qt/window/desktop_services.h"
+#include "qt/window/main_window.h"
+#include "qt/window/product_icon.h"
+#include "qt/window/splash.h"
+#include "shell/product.h"
+#include "shell/recovery.h"
+#include "system/freed_memory.h"
+
+namespace requite {
+namespace {
+
+constexpr int kSplashTicks = 75;
+constexpr int kSplashInterval = 2;
+
+void ShowReport(const std::vector<ReportLine>& lines) {
+  QStringList paragraphs;
+  for (const ReportLine& each : lines) {
+    QString paragraph = ToUnicode(each.Words);
+    paragraph[0] = paragraph[0].toUpper();
+    if (!each.Path.empty()) paragraph += "\n" + QFile::decodeName(each.Path.c_str());
+    paragraphs << paragraph;
+  }
+  QMessageBox::critical(nullptr, ToUnicode(product::kName), paragraphs.join("\n\n"));
+}
+
+/// Stands in for the toolkit's words while the application object is made: without a display that can be
+/// opened it would fill the terminal and abort.
+void OneLineWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QString&) {
+  if (kind != QtFatalMsg) return;
+  std::cerr << "requite: there is no display; requite-console scans from a terminal" << std::endl;
+  std::_Exit(1);
+}
+
+int Run(QApplication& application) {
+  const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
+  const Project* project = nullptr;
+  bool ending = false;
+  Splash splash;
+  const EventGuard guard([&](const RuntimeFailure& failure) {
+    splash.close();  // the report must not lie under it
+    // Events run while the report's box is open. What fails then fails because of the first failure.
+    if (std::exchange(ending, true)) return;
+    EndWithReport(failure, project, {folder, HomeFolder(), DefaultSettingsPath()}, ShowReport);
+  });
+  const ConnectMap map;
+  DesktopServices services(guard, map, DefaultSettingsPath());
+  SessionBus desktop;
+
+  splash.show();
+
+  std::unique_ptr<Form1> form;
+  std::unique_ptr<MainWindow> window;
+  QTimer timer2;
+  int ticks = 0;
+  QObject::connect(&timer2, &QTimer::timeout, [&] {
+    if (++ticks != kSplashTicks) return;
+    timer2.stop();
+    guard.Run([&] {
+      form = std::make_unique<Form1>(services.All, folder);
+      project = &form->Sites;
+      form->OnEnd = [&] { application.quit(); };
+      window = std::make_unique<MainWindow>(*form, guard, &desktop);
+      form->Start();
+      window->show();
+      splash.finish(window.get());
+      services.TellUnsavedSettings();
+    });
+  });
+  timer2.start(kSplashInterval);
+  const int status = QApplication::exec();
+  window.reset();
+  return status;
+}
+
+}  // namespace
+}  // namespace requite
+
+int main(int argc, char** argv) {
+  requite::OpenStandardStreams();
+  requite::LetWritesFail();
+  requite::KeepFreedMemory();
+  requite::PrepareWebEngine();
+  requite::StayOffMissingBus();
+  qInstallMessageHandler(requite::OneLineWithoutDisplay);
+  QApplication application(argc, argv);
+  qInstallMessageHandler(nullptr);
+  // The main window's close tells when the program ends: another window may outlive it.
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setApplicationName("requite");
+  QApplication::setDesktopFileName("requite");
+  QApplication::setWindowIcon(requite::ProductIcon());
+  return requite::Run(application);
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// An application object, an event loop and a guard for tests over real sockets and timers.
+#pragma once
+
+#include <QCoreApplication>
+#include <functional>
+#include <vector>
+
+#include "qt/services/qt_descriptor_loop.h"
+#include "qt/services/qt_event_loop.h"
+#include "system/event_guard.h"
+
+namespace requite::test {
+
+struct LoopRig {
+  int Count = 1;
+  char Name[8] = "requite";
+  char* Arguments[2] = {Name, nullptr};
+  QCoreApplication Application{Count, Arguments};
+  QtEventLoop Loop;
+  std::vector<int> Failures;
+  EventGuard Guard{[this](const RuntimeFailure& failure) { Failures.push_back(failure.Number); }};
+  QtDescriptorLoop Descriptors{Guard};
+
+  /// Lets events run until the condition holds; false after a time that only a fault can take.
+  bool Until(const std::function<bool()>& condition) {
+    return Loop.RunUntil(condition, std::chrono::seconds(10));
+  }
+
+  /// Lets everything that is on its way over loopback arrive, and shows that nothing more comes.
+  void Settle() { Loop.RunFor(std::chrono::milliseconds(30)); }
+};
+
+}  // namespace requite::test

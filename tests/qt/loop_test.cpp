@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// Yields, waits and timers of the event loop, the code page, and the rules of connections.
+#include <gtest/gtest.h>
+
+#include <QTimer>
+#include <string>
+
+#include "qt/loop_rig.h"
+#include "qt/services/code_page.h"
+#include "qt/services/qt_timer.h"
+#include "qt/services/system_clock.h"
+#include "system/connect_map.h"
+
+namespace requite::test {
+namespace {
+
+TEST(QtEventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
+  LoopRig rig;
+  int delivered = 0;
+  rig.Loop.RunFor(std::chrono::milliseconds(0));
+  QTimer::singleShot(0, [&] { ++delivered; });
+  for (int yields = 0; delivered == 0 && yields < 100'000'000; ++yields) rig.Loop.LetPendingEventsRun();
+  EXPECT_EQ(delivered, 1);
+}
+
+TEST(QtTimerTest, TicksRepeatUntilStoppedAndFailuresStayInside) {
+  LoopRig rig;
+  QtTimer timer(rig.Guard);
+  int ticks = 0;
+  timer.OnTick = [&] {
+    ++ticks;
+    throw RuntimeFailure(Failure::Overflow);
+  };
+  timer.Start(1);
+  ASSERT_TRUE(rig.Until([&] { return ticks >= 3; }));
+  timer.Stop();
+  const int before = ticks;
+  rig.Settle();
+  EXPECT_EQ(ticks, before);
+  EXPECT_EQ(rig.Failures.size(), static_cast<std::size_t>(ticks));
+}
+
+TEST(CodePageTest, EveryByteSurvivesThereAndBack) {
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  EXPECT_EQ(FromUnicode(ToUnicode(all)), all);
+  EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
+  EXPECT_EQ(ToUtf8("\x80\x8A\x81 \xE9"), "\xE2\x82\xAC\xC5\xA0\xC2\x81 \xC3\xA9");
+}
+
+TEST(CodePageTest, AStrangeCharacterIsOneQuestionMark) {
+  EXPECT_EQ(FromUtf8("a\xE6\xBC\xA2z"), "a?z");               // Chinese
+  EXPECT_EQ(FromUtf8("a\xF0\x9F\x98\x80z"), "a?z");           // beyond the basic plane
+  EXPECT_EQ(FromUtf8("a\xC2\x80z\xC2\x9F"), "a?z?");          // controls whose bytes are letters here
+  EXPECT_EQ(FromUtf8(std::string_view("a\xFFz", 3)), "a?z");  // no UTF-8
+}
+
+TEST(ConnectRuleTest, RulesAreReadOrRefused) {
+  const auto rule = ReadConnectRule("Site.Example:80:127.0.0.1:8081");
+  ASSERT_TRUE(rule);
+  EXPECT_EQ(rule->Host, "Site.Example");
+  EXPECT_EQ(rule->Port, 80);
+  EXPECT_EQ(rule->Target.Host, "127.0.0.1");
+  EXPECT_EQ(rule->Target.Port, 8081);
+  const auto any = ReadConnectRule("::[::1]:80");
+  ASSERT_TRUE(any);
+  EXPECT_EQ(any->Host, "");
+  EXPECT_FALSE(any->Port);
+  EXPECT_EQ(any->Target.Host, "::1");
+  for (const char* wrong : {"", "a", "a:80", "a:80:b", "a:80:b:", "a:80::1", "a:x:b:1", "a:80:b:0",
+                            "a:80:b:65536", "a:80:b:1:2", "a:-1:b:1", "[a:80:b:1", "a:80:b: 1"}) {
+    EXPECT_FALSE(ReadConnectRule(wrong)) << wrong;
+  }
+}
+
+TEST(ConnectMapTest, TheFirstMatchWinsAndAnEmptyPartMatchesAny) {
+  ConnectMap map;
+  for (const char* rule : {"a.example:80:one:1", "a.example::two:2", ":81:three:3"}) {
+    map.Add(*ReadConnectRule(rule));
+  }
+  const auto target = [&](const char* host, std::uint16_t port) {
+    const Endpoint end = map.Target(host, port);
+    return end.Host + " " + std::to_string(end.Port);
+  };
+  EXPECT_EQ(target("A.Example", 80), "one 1");
+  EXPECT_EQ(target("a.example", 81), "two 2");
+  EXPECT_EQ(target("b.example", 81), "three 3");
+  EXPECT_EQ(target("b.example", 80), "b.example 80");
+}
+
+TEST(SystemClockTest, TwoDecimalsGoAwayFromZeroInTheLocalesSigns) {
+  SystemClock english(QLocale(QLocale::English, QLocale::UnitedStates));
+  EXPECT_EQ(english.TwoDecimals(0), "0.00");
+  EXPECT_EQ(english.TwoDecimals(1.005), "1.01");
+  EXPECT_EQ(english.TwoDecimals(-2.675), "-2.68");
+  EXPECT_EQ(english.TwoDecimals(1234567.5), "1,234,567.50");
+  SystemClock german(QLocale(QLocale::German, QLocale::Germany));
+  EXPECT_EQ(german.TwoDecimals(1234.5), "1.234,50");
+}
+
+}  // namespace
+}  // namespace requite::test
