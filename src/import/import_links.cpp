@@ -7,10 +7,10 @@
 
 #include "import/extract_links.h"
 #include "import/strip_tags.h"
+#include "platform/http_get_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/schemes.h"
 #include "platform/text.h"
-#include "scan/http_get_text.h"
 
 namespace requite {
 namespace {

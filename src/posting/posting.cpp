@@ -2,10 +2,10 @@
 // The walk over the result rows, and the list of script URLs.
 #include "posting/posting.h"
 
+#include "platform/http_get_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "posting/url_encode.h"
-#include "scan/http_get_text.h"
 
 namespace requite {
 

@@ -6,9 +6,9 @@
 #include <optional>
 #include <utility>
 
+#include "platform/http_get_text.h"
 #include "platform/text.h"
 #include "scan/href_value.h"
-#include "scan/http_get_text.h"
 #include "scan/moved_page.h"
 #include "scan/record_link.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "model/page_limits.h"
-#include "scan/failure_box.h"
+#include "platform/failure_box.h"
 
 namespace requite {
 

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "model/file_types.h"
+#include "platform/failure_box.h"
 #include "platform/text.h"
 #include "scan/controller.h"
-#include "scan/failure_box.h"
 
 namespace requite {
 

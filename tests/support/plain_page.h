@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/http_get_text.h"
 #include "scan/analyser.h"
-#include "scan/http_get_text.h"
 #include "support/plain_links.h"
 
 namespace requite::test {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The block rule and the address rule of the blocking GET.
-#include "scan/http_get_text.h"
+#include "platform/http_get_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The block rule over the platform's library.
-#include "scan/http_get_text.h"
+#include "platform/http_get_text.h"
 
 #include <optional>
 #include <utility>
