@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <string>
 
+#include "editing/site_rig.h"
 #include "model/project_reader.h"
 #include "model/project_text.h"
-#include "model/site_rig.h"
 
 namespace {
 

@@ -8,14 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "editing/auto_save.h"
+#include "editing/main_site_delete.h"
+#include "editing/project_files.h"
+#include "editing/site_editing.h"
 #include "harvest/extract_emails.h"
 #include "harvest/mod_database.h"
-#include "model/auto_save.h"
 #include "model/project.h"
-#include "model/project_files.h"
-#include "model/quick_save.h"
 #include "model/settings.h"
-#include "model/site_editing.h"
 #include "pagebuilder/page_builder.h"
 #include "platform/files.h"
 #include "platform/services.h"
@@ -95,7 +95,7 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   SiteEditing Editing;
   ProjectFiles Files;
   LinkReport Report;
-  QuickSave Quick;
+  MainSiteDelete Deletion;
   AutoSave Auto;
   WebTab Web;
   ResultsPopup Popup;

@@ -9,7 +9,7 @@ void Form1::WireLists() {
   Editing.WireWindow();
   Sites.OnListCreated = [this](LinkingSiteList& list, int k) { WireLinkingSites(list, k); };
   Sites.lstRules.SetVisible(false);
-  cmdDelete.OnClick = [this] { Quick.cmdDelete(); };
+  cmdDelete.OnClick = [this] { Deletion.cmdDelete(); };
   Popup1.OnClick = [this](int) { Editing.cmbDel(); };
   Popup2.OnClick = [this](int index) { Popup.Click(index); };
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <exception>
 
-#include "model/project_files.h"
+#include "editing/project_files.h"
 #include "model/project_text.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"

@@ -7,7 +7,7 @@
 
 #include "model/project_text.h"
 #include "platform/files.h"
-#include "site_rig.h"
+#include "support/rows.h"
 
 namespace requite::test {
 namespace {

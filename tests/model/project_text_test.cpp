@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "site_rig.h"
+#include "support/rows.h"
 
 namespace requite::test {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "model/keyed_list.h"
 #include "model/project.h"
-#include "site_rig.h"
+#include "support/rows.h"
 
 namespace requite::test {
 namespace {

@@ -7,9 +7,11 @@
 
 #include <filesystem>
 
+#include "editing/main_site_delete.h"
+#include "editing/site_rig.h"
 #include "model/file_types.h"
 #include "model/project_text.h"
-#include "model/site_rig.h"
+
 #include "platform/whole_file.h"
 #include "results/saved_files.h"
 #include "shell/recovery.h"
@@ -123,7 +125,7 @@ TEST(SaveFaults, ADeleteThroughTheQuickSaveFileReadsAWholeFileOrNone) {
     SiteRig rig;
     for (const char* main : {"a.example", "b.example", "c.example"}) rig.EnterMainSite(main);
     rig.Sites.SelectMainSite(1);
-    disk.Lets([&] { rig.Controls.Quick.cmdDelete(); });
+    disk.Lets([&] { rig.Controls.Deletion.cmdDelete(); });
     const std::string file = TextOf(rig.Folder.File("quicksave.qsv"));
     const bool whole = file.starts_with("a.example\r\nNEXTSITE:c.example\r\n") && file.ends_with("\r\n\r\n");
     EXPECT_TRUE(whole || file == kNone) << file;

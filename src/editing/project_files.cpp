@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The steps of saving and loading a project, in the order that the flags and settings depend on.
-#include "model/project_files.h"
+#include "editing/project_files.h"
 
 #include <filesystem>
 

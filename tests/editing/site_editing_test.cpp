@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The site lists edited as the user edits them: messages, enabled states, flags, and what rules go along.
-#include "model/site_editing.h"
+#include "editing/site_editing.h"
 
 #include <gmock/gmock.h>
 
+#include "editing/site_rig.h"
 #include "model/settings.h"
-#include "site_rig.h"
 
 namespace requite::test {
 namespace {

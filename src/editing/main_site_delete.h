@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Deleting a Main Site: the project goes through a file without it, which numbers the lists anew.
+// Deleting a Main Site: the project goes through a file without it, which numbers the lists again.
 #pragma once
 
 #include <functional>
 #include <string_view>
 #include <utility>
 
+#include "editing/project_files.h"
+#include "editing/site_editing.h"
 #include "model/project.h"
-#include "model/project_files.h"
-#include "model/site_editing.h"
 #include "platform/files.h"
 #include "platform/services.h"
 
@@ -17,11 +17,11 @@ namespace requite {
 /// The file that a delete goes through. It has the form of a project file and is no backup.
 inline constexpr std::string_view kQuickSaveFile = "quicksave.qsv";
 
-class QuickSave {
+class MainSiteDelete {
  public:
-  /// `generateLinkReport` writes the report anew after a load.
-  QuickSave(Project& project, SiteEditing& sites, const ProjectFiles& files, Frame& innerFrame2,
-            Dialogs& dialogs, const ProgramFolder& folder, std::function<void()> generateLinkReport)
+  /// `generateLinkReport` writes the report again after a load.
+  MainSiteDelete(Project& project, SiteEditing& sites, const ProjectFiles& files, Frame& innerFrame2,
+                 Dialogs& dialogs, const ProgramFolder& folder, std::function<void()> generateLinkReport)
       : project_(project),
         sites_(sites),
         files_(files),

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "editing/site_editing.h"
 #include "model/project.h"
 #include "model/settings.h"
-#include "model/site_editing.h"
 #include "platform/controls.h"
 #include "platform/files.h"
 #include "platform/services.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The main window over fakes, used through its site lists; lists as texts.
+// The main window over fakes, used through its site lists.
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "shell/form1.h"
 #include "support/fakes.h"
+#include "support/rows.h"
 
 namespace requite::test {
 
@@ -42,19 +42,5 @@ struct SiteRig {
   BrowserView& WebBrowser2 = Controls.WebBrowser2;
   bool& Scanning = Controls.State.Scanning;
 };
-
-/// Every field of every row, joined by "|"; rows in order.
-template <class Record>
-std::vector<std::string> Rows(const RecordList<Record>& list) {
-  std::vector<std::string> rows;
-  for (std::size_t row = 0; row < list.RowCount(); ++row) {
-    std::string joined;
-    for (std::size_t column = 0; column < list.ColumnCount(); ++column) {
-      joined += (column == 0 ? "" : "|") + list.FieldAt(row, column);
-    }
-    rows.push_back(joined);
-  }
-  return rows;
-}
 
 }  // namespace requite::test

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The count towards the next save, and its target.
-#include "model/auto_save.h"
+#include "editing/auto_save.h"
 
 #include <string>
 

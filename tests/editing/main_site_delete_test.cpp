@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Deleting a Main Site through the quick-save file, and saving during a scan.
-#include "model/quick_save.h"
+#include "editing/main_site_delete.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "model/site_rig.h"
+#include "editing/site_rig.h"
 
 namespace requite {
 namespace {

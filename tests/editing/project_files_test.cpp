@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What saving, loading and the commands around them leave in files, flags, settings and dialogs.
-#include "model/project_files.h"
+#include "editing/project_files.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include "editing/site_rig.h"
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
-#include "site_rig.h"
 
 namespace requite::test {
 namespace {

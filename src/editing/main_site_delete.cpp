@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The steps of a delete and of the file that it goes through.
-#include "model/quick_save.h"
+#include "editing/main_site_delete.h"
 
 #include <string>
 
@@ -12,7 +12,7 @@
 
 namespace requite {
 
-void QuickSave::cmdDelete() {
+void MainSiteDelete::cmdDelete() {
   const int row = project_.List4.SelectedRow();
   RemoveRulesOfSelected();
   project_.ProjectSaved = false;
@@ -27,7 +27,7 @@ void QuickSave::cmdDelete() {
   }
 }
 
-void QuickSave::RemoveRulesOfSelected() {
+void MainSiteDelete::RemoveRulesOfSelected() {
   const int row = project_.List4.SelectedRow();
   if (row < 0) return;
   // Main Sites of the same text share their rules, so these lose them too.
@@ -35,7 +35,7 @@ void QuickSave::RemoveRulesOfSelected() {
   project_.lstRules.RemoveWhere([&](const Rule& rule) { return rule.MainSite == text; });
 }
 
-bool QuickSave::QuickSaveProject(int leaveOutRow) {
+bool MainSiteDelete::QuickSaveProject(int leaveOutRow) {
   const std::string path = folder_.File(kQuickSaveFile);
   if (FileExists(path)) DeleteFile(path);
   try {
@@ -50,7 +50,7 @@ bool QuickSave::QuickSaveProject(int leaveOutRow) {
   }
 }
 
-bool QuickSave::QuickLoadProject() {
+bool MainSiteDelete::QuickLoadProject() {
   sites_.NewProject();
   bool reachedEnd = false;
   EndSilently([&] {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "model/project_files.h"
+#include "editing/project_files.h"
 #include "model/settings.h"
 #include "platform/files.h"
 

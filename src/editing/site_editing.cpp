@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The steps of the site list commands, with the messages and enabled states that go with them.
-#include "model/site_editing.h"
+#include "editing/site_editing.h"
 
 #include <limits>
 #include <string_view>
