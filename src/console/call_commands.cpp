@@ -8,7 +8,7 @@
 #include "scan/resolve.h"
 #include "scan/rules.h"
 #include "scan/seen_url.h"
-#include "shell/form3.h"
+#include "shell/harvest_windows/form3.h"
 
 namespace requite {
 namespace {

@@ -11,7 +11,7 @@
 #include "console/console_loop.h"
 #include "console/console_services.h"
 #include "console/text_codec.h"
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 #include "support/fakes.h"
 #include "support/rows.h"
 

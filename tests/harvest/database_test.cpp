@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "harvest/harvest_rig.h"
-#include "shell/frm_export.h"
+#include "shell/harvest_windows/frm_export.h"
 
 namespace requite {
 namespace {

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <string>
 
-#include "shell/form1.h"
-#include "shell/form3.h"
+#include "shell/harvest_windows/form3.h"
+#include "shell/main_window/form1.h"
 #include "support/fakes.h"
 
 namespace requite::test {

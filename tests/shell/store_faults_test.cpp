@@ -8,9 +8,9 @@
 
 #include "harvest/harvest_rig.h"
 #include "model/project_text.h"
-#include "shell/form1_rig.h"
-#include "shell/form4.h"
-#include "shell/frm_export.h"
+#include "shell/harvest_windows/frm_export.h"
+#include "shell/imports/form4.h"
+#include "shell/main_window/form1_rig.h"
 #include "support/at_every_call.h"
 #include "system/settings_file.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "qt/window/further_window.h"
-#include "shell/form2.h"
+#include "shell/editors/form2.h"
 
 class QLayout;
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "qt/window/further_window.h"
-#include "shell/form3.h"
-#include "shell/frm_export.h"
+#include "shell/harvest_windows/form3.h"
+#include "shell/harvest_windows/frm_export.h"
 
 namespace requite {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "qt/window/further_window.h"
-#include "shell/form4.h"
+#include "shell/imports/form4.h"
 
 class QComboBox;
 class QGridLayout;

@@ -10,7 +10,7 @@
 #include "qt/window/further_windows.h"
 #include "qt/window/list_table.h"
 #include "qt/window/scan_notice.h"
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 class QLabel;
 class QSplitter;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "qt/window/further_window.h"
-#include "shell/frm_options.h"
+#include "shell/options/frm_options.h"
 
 class QCheckBox;
 class QVBoxLayout;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The harvest, its view's fetcher and the window around them.
-#include "shell/form3.h"
+#include "shell/harvest_windows/form3.h"
 
 namespace requite {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The windows that the main window opens.
-#include "shell/form1.h"
-#include "shell/form2.h"
-#include "shell/form4.h"
-#include "shell/frm_options.h"
+#include "shell/editors/form2.h"
+#include "shell/imports/form4.h"
+#include "shell/main_window/form1.h"
+#include "shell/options/frm_options.h"
 #include "shell/product.h"
 #include "shell/small_windows.h"
 

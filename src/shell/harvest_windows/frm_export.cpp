@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The controls of the export.
-#include "shell/frm_export.h"
+#include "shell/harvest_windows/frm_export.h"
 
 namespace requite {
 

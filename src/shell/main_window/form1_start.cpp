@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the main window comes up and goes down.
 #include "model/page_limits.h"
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 #include "shell/product.h"
 
 namespace requite {

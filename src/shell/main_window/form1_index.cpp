@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The names under which the main window's controls are found.
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 

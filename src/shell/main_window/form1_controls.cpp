@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Tool tips, frames and the start state of the main window's controls.
-#include "shell/form1_controls.h"
+#include "shell/main_window/form1_controls.h"
 
 #include <initializer_list>
 
-#include "results/results_popup.h"
+#include "shell/main_window/results_popup.h"
 #include "shell/product.h"
 
 namespace requite {

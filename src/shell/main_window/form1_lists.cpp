@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The main window's lists: selection, popups and sorting.
-#include "results/sorting.h"
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
+#include "shell/main_window/sorting.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How the options are read, checked and written.
-#include "shell/frm_options.h"
+#include "shell/options/frm_options.h"
 
 #include "platform/runtime_failure.h"
 #include "platform/text.h"

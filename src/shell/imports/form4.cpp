@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Both import windows.
-#include "shell/form4.h"
+#include "shell/imports/form4.h"
 
 #include <array>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 #include "support/fakes.h"
 
 namespace requite::test {

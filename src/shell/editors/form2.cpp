@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How the editors fill themselves, stage rules and write back.
-#include "shell/form2.h"
+#include "shell/editors/form2.h"
 
 #include <limits>
 

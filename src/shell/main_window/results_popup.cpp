@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The actions of the results list's popup.
-#include "results/results_popup.h"
+#include "shell/main_window/results_popup.h"
 
 #include "platform/runtime_failure.h"
 

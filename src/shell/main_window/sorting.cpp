@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The toggle of a view's sort.
-#include "results/sorting.h"
+#include "shell/main_window/sorting.h"
 
 #include "platform/runtime_failure.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The roads from a list row to a browser.
-#include "results/web_tab.h"
+#include "shell/main_window/web_tab.h"
 
 #include <optional>
 

@@ -2,7 +2,7 @@
 // How the main window comes up and goes down.
 #include <gtest/gtest.h>
 
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 #include "shell/recovery.h"
 
 namespace requite {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The table of differences between the three editors.
-#include "shell/form2.h"
+#include "shell/editors/form2.h"
 
 namespace requite {
 namespace {

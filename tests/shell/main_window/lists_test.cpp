@@ -2,8 +2,8 @@
 // What the user does with the result lists: sort, browse, copy, mark.
 #include <gtest/gtest.h>
 
-#include "results/sorting.h"
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
+#include "shell/main_window/sorting.h"
 
 namespace requite::test {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The commands of the harvesters. Their buttons are never shown; each keeps its action.
-#include "shell/form1.h"
-#include "shell/form3.h"
-#include "shell/frm_export.h"
+#include "shell/harvest_windows/form3.h"
+#include "shell/harvest_windows/frm_export.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The three editors: what each fills itself with, stages and writes back.
-#include "shell/form2.h"
+#include "shell/editors/form2.h"
 
 #include <gmock/gmock.h>
 
 #include "platform/runtime_failure.h"
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite {
 namespace {

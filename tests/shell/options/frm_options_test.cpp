@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The options: what is stored by opening them, by each change, and in the list of file types.
-#include "shell/frm_options.h"
+#include "shell/options/frm_options.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "platform/runtime_failure.h"
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite {
 namespace {

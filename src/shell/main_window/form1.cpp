@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The making of the main window: what is built over what, and the handlers of its plain buttons.
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 

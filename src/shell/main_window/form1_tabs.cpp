@@ -3,7 +3,7 @@
 #include <array>
 #include <span>
 
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 namespace {

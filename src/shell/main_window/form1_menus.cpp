@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The menus of the main window.
-#include "shell/form1.h"
+#include "shell/main_window/form1.h"
 
 namespace requite {
 namespace {

@@ -22,15 +22,15 @@
 #include "platform/work_folder.h"
 #include "posting/posting.h"
 #include "results/report.h"
-#include "results/results_popup.h"
 #include "results/saved_files.h"
 #include "results/statistics.h"
-#include "results/web_tab.h"
 #include "scan/scan.h"
 #include "scan/scan_state.h"
 #include "shell/control_index.h"
-#include "shell/form1_controls.h"
 #include "shell/form5_log.h"
+#include "shell/main_window/form1_controls.h"
+#include "shell/main_window/results_popup.h"
+#include "shell/main_window/web_tab.h"
 #include "shell/windows.h"
 
 namespace requite {
