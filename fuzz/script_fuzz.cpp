@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "console/script_line.h"
+#include "console/script/script_line.h"
 #include "console/text_codec.h"
 #include "platform/text.h"
 

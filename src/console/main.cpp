@@ -14,7 +14,7 @@
 #include "console/path_checks.h"
 #include "console/program.h"
 #include "console/scan_command.h"
-#include "console/script_runner.h"
+#include "console/script/script_runner.h"
 #include "console/window_program.h"
 #include "model/settings.h"
 #include "platform/process_start.h"

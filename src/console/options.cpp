@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "console/path_checks.h"
-#include "console/script_commands.h"
+#include "console/script/script_commands.h"
 #include "console/text_codec.h"
 #include "console/unknown_word.h"
 #include "shell/product.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "console/program.h"
-#include "console/script_runner.h"
+#include "console/script/script_runner.h"
 #include "support/fakes.h"
 
 namespace requite::test {

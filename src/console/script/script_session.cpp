@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Carrying out script lines: finding the command, its arguments, and the controls that it names.
-#include "console/script_session.h"
+#include "console/script/script_session.h"
 
-#include "console/control_text.h"
-#include "console/script_commands.h"
-#include "console/script_line.h"
+#include "console/script/control_text.h"
+#include "console/script/script_commands.h"
+#include "console/script/script_line.h"
 #include "platform/text.h"
 
 namespace requite {

@@ -2,7 +2,7 @@
 // Looking at the scan's state and calling single operations on it.
 #pragma once
 
-#include "console/script_commands.h"
+#include "console/script/script_commands.h"
 
 namespace requite {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The loop over a script's lines.
-#include "console/script_runner.h"
+#include "console/script/script_runner.h"
 
 #include <cstdio>
 #include <istream>
 #include <streambuf>
 #include <string>
 
-#include "console/script_session.h"
+#include "console/script/script_session.h"
 
 namespace requite {
 namespace {

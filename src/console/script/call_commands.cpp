@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The scan's state by its names, and single operations on it.
-#include "console/call_commands.h"
+#include "console/script/call_commands.h"
 
 #include "model/url_forms.h"
 #include "platform/text.h"

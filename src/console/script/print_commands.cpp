@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The commands that print what a control, a window or the program's records hold.
-#include "console/control_text.h"
-#include "console/script_commands.h"
-#include "console/script_line.h"
+#include "console/script/control_text.h"
+#include "console/script/script_commands.h"
+#include "console/script/script_line.h"
 #include "console/use_control.h"
 #include "platform/list_view.h"
 

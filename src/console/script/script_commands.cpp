@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Finding a command by its word, and the words that several commands complain with.
-#include "console/script_commands.h"
+#include "console/script/script_commands.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "console/progress.h"
-#include "console_rig.h"
+#include "console/console_rig.h"
 
 namespace requite {
 namespace {

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "console/script_commands.h"
-#include "console/script_line.h"
+#include "console/script/script_commands.h"
+#include "console/script/script_line.h"
 #include "console/use_control.h"
 #include "platform/list_view.h"
 

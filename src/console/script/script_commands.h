@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "console/script_line.h"
-#include "console/script_session.h"
+#include "console/script/script_line.h"
+#include "console/script/script_session.h"
 
 namespace requite {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The grammar of script lines.
-#include "console/script_line.h"
+#include "console/script/script_line.h"
 
 #include <charconv>
 #include <utility>

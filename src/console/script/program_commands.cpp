@@ -2,9 +2,9 @@
 // The commands that steer the script and the program as a whole.
 #include <limits>
 
-#include "console/call_commands.h"
-#include "console/script_commands.h"
-#include "console/script_line.h"
+#include "console/script/call_commands.h"
+#include "console/script/script_commands.h"
+#include "console/script/script_line.h"
 
 namespace requite {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The texts of controls, by their kind.
-#include "console/control_text.h"
+#include "console/script/control_text.h"
 
 namespace requite {
 namespace {
