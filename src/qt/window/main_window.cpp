@@ -20,7 +20,6 @@
 #include "qt/window/screen_fit.h"
 #include "qt/window/shown_text.h"
 #include "scan/scan_share.h"
-#include "shell/main_window/scan_share.h"
 
 namespace requite {
 

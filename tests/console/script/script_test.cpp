@@ -2,8 +2,8 @@
 // The commands of a script, each by what it prints or does, over a program with no network.
 #include <gtest/gtest.h>
 
-#include "console/progress.h"
 #include "console/console_rig.h"
+#include "console/progress.h"
 
 namespace requite {
 namespace {

@@ -2,8 +2,8 @@
 // What the main window's controls do: enabled states, tabs, menus, lists and the Web tab.
 #include <gtest/gtest.h>
 
+#include "scan/scan_share.h"
 #include "shell/main_window/form1_rig.h"
-#include "shell/main_window/scan_share.h"
 
 namespace requite {
 namespace {
