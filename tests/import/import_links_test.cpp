@@ -4,9 +4,9 @@
 
 #include <gmock/gmock.h>
 
-#include "model/site_rig.h"
-#include "shell/form1_rig.h"
-#include "shell/form4.h"
+#include "editing/site_rig.h"
+#include "shell/imports/form4.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite {
 namespace {

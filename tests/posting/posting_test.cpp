@@ -7,8 +7,8 @@
 #include <chrono>
 
 #include "posting/url_encode.h"
-#include "shell/form1_rig.h"
-#include "shell/form4.h"
+#include "shell/imports/form4.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite {
 namespace {

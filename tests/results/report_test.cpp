@@ -13,7 +13,7 @@
 #include "model/url_forms.h"
 #include "platform/spooled_text.h"
 #include "platform/text.h"
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 #include "support/failure_number.h"
 
 namespace requite::test {

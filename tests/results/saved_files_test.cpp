@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "shell/form1_rig.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite::test {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "console/script/script_commands.h"
 #include "console/script/script_line.h"
-#include "console/use_control.h"
+#include "console/script/use_control.h"
 #include "platform/list_view.h"
 
 namespace requite {

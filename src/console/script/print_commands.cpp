@@ -3,7 +3,7 @@
 #include "console/script/control_text.h"
 #include "console/script/script_commands.h"
 #include "console/script/script_line.h"
-#include "console/use_control.h"
+#include "console/script/use_control.h"
 #include "platform/list_view.h"
 
 namespace requite {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "console/script_commands.h"
+#include "console/script/script_commands.h"
 
 namespace requite {
 
