@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The count towards the next save, and its target.
+// Counts the seconds to the next save and chooses the file.
 #include "editing/auto_save.h"
 
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Saving the project by itself while a scan runs.
+// Saves the project automatically while a scan runs.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ class AutoSave {
       : files_(files), settings_(settings), folder_(folder), ticks_(ticks) {}
 
   /// One second. Counts, and saves, only while a scan runs and the setting says so: to the last
-  /// project, or else to "AutoSaved.prj" in a folder "projects" that nothing makes. That file is the
-  /// last project from then on. A failure to save goes to the caller.
+  /// project, or else to "AutoSaved.prj" in a folder "projects", which the program never makes. That file
+  /// is the last project from then on. A failure to save is thrown.
   void Timer1_Tick(bool scanning);
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of a delete and of the file that it goes through.
+// The steps of a delete, and the temporary project file that it writes and reads back.
 #include "editing/main_site_delete.h"
 
 #include <string>
@@ -21,7 +21,7 @@ void MainSiteDelete::cmdDelete() {
     project_.DropLinkingSiteLists();
     innerFrame2_.SetVisible(false);
   } else if (row >= 0) {
-    // Whether or not the file could be written, it is what is read back.
+    // The file is read back even when it could not be written.
     PassOver([&] { QuickSaveProject(row); });
     QuickLoadProject();
   }
@@ -30,7 +30,7 @@ void MainSiteDelete::cmdDelete() {
 void MainSiteDelete::RemoveRulesOfSelected() {
   const int row = project_.List4.SelectedRow();
   if (row < 0) return;
-  // Main Sites of the same text share their rules, so these lose them too.
+  // Main Sites with the same text share their rules, so the others lose them too.
   const std::string text = project_.List4.At(static_cast<std::size_t>(row)).Text;
   project_.lstRules.RemoveWhere([&](const Rule& rule) { return rule.MainSite == text; });
 }
@@ -41,7 +41,7 @@ bool MainSiteDelete::QuickSaveProject(int leaveOutRow) {
   try {
     std::string text = ProjectText(project_, leaveOutRow);
     text += kLineEnd;
-    // It is read back at once and never again, so it need not be on the disk.
+    // It is read back at once and never again, so it need not be flushed to the disk.
     WriteWhole(path, text, Flush::No);
     return true;
   } catch (const RuntimeFailure& failure) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Deleting a Main Site: the project goes through a file without it, which numbers the lists again.
+// Deleting a Main Site: the project is written without it and read back, which renumbers the lists.
 #pragma once
 
 #include <functional>
@@ -14,7 +14,7 @@
 
 namespace requite {
 
-/// The file that a delete goes through. It has the form of a project file and is no backup.
+/// The temporary file of a delete. It has the form of a project file; it is not a backup.
 inline constexpr std::string_view kQuickSaveFile = "quicksave.qsv";
 
 class MainSiteDelete {
@@ -31,16 +31,16 @@ class MainSiteDelete {
         generateLinkReport_(std::move(generateLinkReport)) {}
 
   /// Deletes the selected Main Site with its rules and Linking Sites; its results stay. Whatever a
-  /// project file loses is lost for the whole project. The only Main Site goes without a file, also
-  /// when it is not selected.
+  /// project file does not keep is lost for the whole project. The only Main Site is deleted without the
+  /// file, even when it is not selected.
   void cmdDelete();
 
   /// Writes the project without one Main Site, by its row in List4 counted from 0. Returns whether the
-  /// file was written; after a failure, told in a message box, there is none. Throws when the old file
+  /// file was written; after a failure, which a message box reports, there is none. Throws when the old file
   /// cannot be removed.
   bool QuickSaveProject(int leaveOutRow);
 
-  /// Replaces the project by the file's. Returns whether the end of the file was reached; a failure
+  /// Replaces the project with the file's. Returns whether the end of the file was reached; a failure
   /// leaves what was read so far, which is nothing when there is no file. Whether the project then
   /// counts as saved depends on how it was opened, and on nothing else.
   bool QuickLoadProject();

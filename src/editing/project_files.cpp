@@ -14,7 +14,7 @@
 namespace requite {
 namespace {
 
-/// A folder that may be written lets a write-protected file be replaced, which its owner did not want.
+/// In a writable folder even a write-protected file could be replaced, which its owner did not want.
 void RequireNoWriteProtection(const std::string& path) {
   namespace fs = std::filesystem;
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
@@ -36,7 +36,7 @@ void ProjectFiles::SaveProject(const std::string& path) {
 void ProjectFiles::LoadProject(const std::string& path, ClearFirst clearFirst) {
   if (clearFirst == ClearFirst::Yes) sites_.NewProject();
   EndSilently([&] {
-    // Before the file is even opened: a path that has gone stays the last project.
+    // Set before the file is opened, so a path that no longer exists stays the last project.
     settings_.SaveSetting(setting::LastProject, path);
     const std::string text = ReadFile(path);
     if (text.empty()) return;

@@ -28,28 +28,28 @@ class ProjectFiles {
         folder_(folder),
         WebBrowser2_(webBrowser2) {}
 
-  /// Replaces the file at `path`; on return the new one is on the disk, and the old one lies in the
+  /// Replaces the file at `path`; on return the new one is on the disk, and the old one is in the
   /// folder "Backup" of the program's folder. On success ProjectSaved is set and the path becomes the
-  /// setting LastProject. Throws RuntimeFailure for what the file system refused, a write-protected
-  /// file included. After a failure to write there is no file at `path`: the old one is in "Backup".
+  /// setting LastProject. Throws RuntimeFailure when the file system refuses, also for a
+  /// write-protected file. After a failure to write there is no file at `path`: the old one is in "Backup".
   void SaveProject(const std::string& path);
 
   /// Whether a load empties the project before it reads. Every command does.
   enum class ClearFirst { No, Yes };
 
   /// Reads a project file, makes its path the setting LastProject, selects the first Main Site and
-  /// shows the project's report. Any failure ends the load silently with what was read so far; the
-  /// last two steps are left out then.
+  /// shows the project's report. Any failure ends the load silently, keeps what was read so far and
+  /// skips the last two steps.
   void LoadProject(const std::string& path, ClearFirst clearFirst = ClearFirst::Yes);
 
-  /// Sends the report view to the report that lies under the whole of `path` in the folder for
-  /// project files, else to "about:blank". A full path is never found there: that stays so.
+  /// Shows the report found by appending all of `path` to the folder for project files, else
+  /// "about:blank". A full path is never found that way: the report view must stay empty for it.
   void ShowProjectReport(const std::string& path);
 
-  /// The commands. None of them asks whether unsaved work may go.
+  /// The commands. None of them asks before it discards unsaved work.
   void cmdNew();
   void cmdOpen();
-  /// A second failure to save goes to the caller.
+  /// A second failure to save is thrown.
   void cmdSave();
 
   /// Set by Open Project, cleared by Import Project; otherwise these two commands are the same.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of the site list commands, with the messages and enabled states that go with them.
+// The steps of the site list commands, with their messages and enabled states.
 #include "editing/site_editing.h"
 
 #include <limits>
@@ -61,7 +61,7 @@ void SiteEditing::Text1_Change() { window_.cmdAdd.SetEnabled(!window_.Text1.Text
 
 void SiteEditing::txtDomain_Change() {
   if (!window_.txtDomain.Text().empty()) window_.cmdAdd2.SetEnabled(true);
-  // The first change after a load is passed over; the next one is an edit.
+  // The first change after a load is ignored; the next one is an edit.
   if (project_.JustLoaded) {
     project_.JustLoaded = false;
   } else {
@@ -110,7 +110,8 @@ void SiteEditing::cmbDel() {
 
 void SiteEditing::DeleteLinkingSite(LinkingSiteList& list, int number) {
   if (number == 0) return dialogs_.Say("You must select a site to delete.");
-  // Only the first site is guarded during a scan, and only its rules go with it. Kept as it is.
+  // Only the first site is protected during a scan, and only its rules are deleted with it: the rules of
+  // the other sites stay in the project.
   if (number == 1) {
     if (scanning_()) {
       return dialogs_.Say("You cannot delete the current site while the search is running.");
@@ -122,7 +123,7 @@ void SiteEditing::DeleteLinkingSite(LinkingSiteList& list, int number) {
   project_.ProjectSaved = false;
 }
 
-/// Looks the list up by itself: a message may have let other events change the lists. Without a current
+/// Looks the list up again: events during a message box may have changed the lists. Without a current
 /// Main Site there is nothing to skip to.
 void SiteEditing::EnableNextSearch() {
   std::size_t sites = 0;
@@ -131,7 +132,7 @@ void SiteEditing::EnableNextSearch() {
 }
 
 LinkingSiteList& SiteEditing::CurrentList() {
-  // The template holds nothing and never will.
+  // List 0 is the template and always empty.
   if (project_.CurrentMainSite < 1) throw RuntimeFailure(Failure::Subscript);
   return project_.List1(project_.CurrentMainSite);
 }
@@ -164,7 +165,7 @@ void SiteEditing::WireWindow() {
   window_.cmdAdd2.OnClick = [this] { cmdAdd2(); };
   window_.cmbDel.OnClick = [this] { cmbDel(); };
   project_.List4.OnItemClick = [this](int) { List4_Click(); };
-  project_.List4.PressBesideSelectsNone = true;  // and shows no list of Linking Sites
+  project_.List4.PressBesideSelectsNone = true;  // and then shows no list of Linking Sites
 }
 
 void SiteEditing::WireList(LinkingSiteList& list, int k) {

@@ -13,13 +13,13 @@
 namespace requite {
 
 /// The second Page Builder text of a new project. It differs from the setting's default by one word;
-/// both stay as they are.
+/// projects and settings hold both, so neither may change.
 inline constexpr std::string_view kNewProjectHtml2 =
     "Your link HTML will be generate here.  This will be the second part of your generated webpage.";
 
 /// The controls of the main window that the site lists are edited with.
 struct SiteWindow {
-  TextBox& txtDomain;  ///< must be built with ProgramChange::Silent: only the user's changes are edits
+  TextBox& txtDomain;  ///< must be ProgramChange::Silent: only the user's changes are edits
   Button& cmdAdd2;
   Button& cmdDelete;
   Button& cmdEditMain;
@@ -61,7 +61,7 @@ class SiteEditing {
   void Text1_Change();
   void txtDomain_Change();
 
-  /// Adds the Linking Site in Text1 to the current list. Failures are passed over.
+  /// Adds the Linking Site in Text1 to the current list. Failures are ignored.
   void cmdAdd();
   /// Adds the Main Site in txtDomain and selects it.
   void cmdAdd2();

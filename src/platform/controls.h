@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Plain control objects: what the logic sets and what the user did, with no toolkit behind them.
+// Plain control objects: what the logic sets and what the user does, without any toolkit.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ class ControlView {
   virtual void Refresh(const Control& control) = 0;
   /// The logic put the focus on the control.
   virtual void TakeFocus() {}
-  /// The logic put a text box's cursor behind its text.
+  /// The logic put a text box's cursor after its text.
   virtual void MoveCursorToEnd() {}
 };
 
@@ -79,7 +79,7 @@ class Button : public Control {
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption);
 
-  /// The user's press, or its action called by another road. Does not look at the enabled state.
+  /// Runs the action, for a press by the user or a call from elsewhere. Does not look at the enabled state.
   void Click();
   std::function<void()> OnClick;
 
@@ -102,7 +102,7 @@ class TextBox : public Control {
   void SetText(std::string text);
   /// The program adds to the end; the time does not depend on how long the text already is.
   void Append(std::string_view text);
-  /// Puts the cursor behind the text, where a view shows one.
+  /// Puts the cursor after the text, where a view shows one.
   void MoveCursorToEnd();
   /// The user makes this the whole text, in one change.
   void UserSets(std::string text);
@@ -138,7 +138,7 @@ class CheckBox : public Control {
 /// A control array of option buttons, of which at most one is chosen.
 class OptionGroup : public Control {
  public:
-  /// `chosen` is the option that stands chosen before anything was done; its action has not run.
+  /// `chosen` is the option chosen at the start; its action has not run.
   OptionGroup(std::string name, std::vector<std::string> captions, int chosen = -1)
       : Control(std::move(name)), Captions(std::move(captions)), chosen_(chosen) {}
 
@@ -166,7 +166,7 @@ class ComboBox : public Control {
   [[nodiscard]] const std::vector<std::string>& Items() const { return items_; }
 
   void AddItem(std::string item);
-  /// Empties the rows; the text goes too.
+  /// Empties the rows and the text.
   void Clear();
   /// Empties the rows and keeps the text.
   void ClearItems();
@@ -215,7 +215,7 @@ class ProgressBar : public Control {
   int value_ = 0;
 };
 
-/// What stands behind a browser view.
+/// The browser that a browser view shows.
 class BrowserEngine {
  public:
   virtual ~BrowserEngine() = default;
@@ -227,7 +227,7 @@ class BrowserEngine {
   virtual void GoForward() = 0;
 };
 
-/// An embedded browser view; without an engine, navigations are only remembered as asked for.
+/// An embedded browser view; without an engine, it only remembers which page was asked for last.
 class BrowserView : public Control {
  public:
   using Control::Control;
@@ -240,14 +240,14 @@ class BrowserView : public Control {
   /// The engine tells that a page is complete, at its location.
   void DocumentComplete(std::string locationUrl);
 
-  /// Engines may come late: what was asked for before is in AskedFor.
+  /// An engine may be set late: what was asked for before is in AskedFor.
   void SetEngine(BrowserEngine* engine) { engine_ = engine; }
   [[nodiscard]] const std::string& AskedFor() const { return askedFor_; }
   [[nodiscard]] const std::string& LocationUrl() const { return locationUrl_; }
 
   bool Silent = false;
   std::function<void()> OnDocumentComplete;
-  /// Hears each navigation, by whom ever it was asked for.
+  /// Called for each navigation, whoever asked for it.
   std::function<void(const std::string& url)> OnNavigate;
 
  private:

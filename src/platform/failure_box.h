@@ -10,7 +10,7 @@
 
 namespace requite {
 
-/// Shows the failure's description and its number with a blank between.
+/// Shows the failure's description and its number with a space between them.
 inline void ShowFailure(Dialogs& dialogs, const RuntimeFailure& failure) {
   dialogs.Say(failure.Description + " " + std::to_string(failure.Number));
 }

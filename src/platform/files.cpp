@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// File operations over the C library, with failures as classic numbers.
+// File operations on the C library; failures become the classic numbers.
 #include "platform/files.h"
 
 #include <fcntl.h>
@@ -23,14 +23,14 @@ bool FolderExists(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// A missing folder is another failure than a missing file in it.
+/// A missing folder and a missing file in it are different failures.
 bool LiesInFolder(const std::string& path) {
   const std::size_t at = path.rfind(kSeparator);
   return at == std::string::npos || FolderExists(path.substr(0, at + 1));
 }
 
-/// An open file that is closed when the operation ends. It is opened without waiting: a pipe that
-/// nobody reads or writes must not hold the program up.
+/// An open file that is closed when the operation ends. Opening does not wait: a pipe that
+/// nobody reads or writes must not block the program.
 class FileHandle {
  public:
   FileHandle(const std::string& path, int flags)
@@ -47,12 +47,12 @@ class FileHandle {
 
   void Write(std::string_view text) const { WriteBytes(fd_, path_, text); }
 
-  /// Some file systems tell only here that there was no room.
+  /// Some file systems report a full disk only here.
   void Close() {
     if (::close(std::exchange(fd_, -1)) != 0) ThrowFileFailure(path_, errno);
   }
 
-  /// Drops what lies behind the first `size` bytes.
+  /// Drops everything after the first `size` bytes.
   void CutAt(std::size_t size) const {
     struct stat status {};
     if (::fstat(fd_, &status) != 0) ThrowFileFailure(path_, errno);
@@ -65,7 +65,7 @@ class FileHandle {
   int fd_;
 };
 
-/// Takes back what was added to a normal file after its first `size` bytes.
+/// Removes what was added to a normal file after its first `size` bytes.
 void TakeBack(const std::string& path, off_t size) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
@@ -100,7 +100,7 @@ std::string ProgramFolder::File(std::string_view name) const { return Path + kSe
 
 std::size_t LineReader::EndOfLine() {
   if (ends_ == LineEnds::CarriageReturn) return rest_.find('\r');
-  // The next LF is kept: in a text with none, or with few, it would be searched to the end each time.
+  // The next LF is remembered: in a text with few of them, each call would search to the end.
   if (lineFeed_ == nullptr || lineFeed_ < rest_.data()) {
     const std::size_t at = rest_.find('\n');
     lineFeed_ = rest_.data() + std::min(at, rest_.size());
@@ -131,7 +131,7 @@ std::string ReadFile(const std::string& path) {
   if (::fstat(file.Descriptor(), &status) != 0) ThrowFileFailure(path, errno);
   if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
   if (status.st_size > kLongestText) throw RuntimeFailure(Failure::OutOfMemory);
-  // One byte more than the file has, so that its end is seen without another round.
+  // One byte more than the file has, so that the first read finds the end.
   std::string text(static_cast<std::size_t>(status.st_size) + 1, '\0');
   std::size_t filled = 0;
   for (;;) {

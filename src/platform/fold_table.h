@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The one table of letter case over the code page; everything that ignores case reads it.
+// The one table of letter case over the code page; every comparison that ignores case uses it.
 #pragma once
 
 #include <array>
 
 namespace requite {
 
-/// Builds the lower-case form of each byte of Windows-1252; other bytes are their own.
+/// Builds the lower-case form of each byte of Windows-1252; other bytes stay as they are.
 constexpr std::array<unsigned char, 256> MakeFoldTable() {
   std::array<unsigned char, 256> table{};
   for (unsigned i = 0; i < 256; ++i) {

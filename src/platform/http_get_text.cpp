@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The block rule over the platform's library.
+// Reads in blocks, as the callers expect, through the Internet service.
 #include "platform/http_get_text.h"
 
 #include <optional>
@@ -20,7 +20,7 @@ std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events) {
   std::optional<std::string> body = gets.OpenUrl(url, kAgent);
   if (!body) return {};
   for (std::size_t read = kBlock; read < body->size(); read += kBlock) events.LetPendingEventsRun();
-  // Readers of short replies know the padding: the first block comes whole.
+  // Readers of short replies rely on the padding: the first block is always full.
   if (body->size() < kBlock) body->resize(kBlock, '\0');
   return std::move(*body);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The simple road to a page: one blocking GET through the platform's internet library.
+// The simple way to a page: one blocking GET through the Internet service.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 namespace requite {
 
-/// The body behind a URL, or an empty text when it could not be opened. A `url` without "http://"
-/// gets it in front, in the caller's text, also when it begins with "https://". The body is read in
-/// blocks of 256 bytes and the first block always counts as a whole: a shorter body, an empty one too, is
-/// filled up with bytes of 0. Lets events run between the blocks.
+/// The body at a URL, or an empty text when it could not be opened. "http://" is put before a `url`
+/// without it, in the caller's text, even when it begins with "https://". The body is read in blocks of
+/// 256 bytes and the first block is always full: a shorter body, even an empty one, is padded with bytes
+/// of 0. Lets events run between the blocks.
 [[nodiscard]] std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events);
 
 }  // namespace requite

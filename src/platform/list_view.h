@@ -24,21 +24,21 @@ struct SortState {
   int SortOrder = 0;  ///< 0 ascending, 1 descending
 };
 
-/// Hears the changes of one list, row by row; row numbers are those after the change.
+/// Is told of the changes of one list, row by row; row numbers are those after the change.
 class ListObserver {
  public:
   virtual ~ListObserver() = default;
   virtual void RowAdded(std::size_t row) = 0;
   virtual void RowRemoved(std::size_t row) = 0;
   virtual void RowChanged(std::size_t row) = 0;
-  /// Every row may be another: the list was emptied or sorted.
+  /// Any row may have changed: the list was emptied or sorted.
   virtual void ListReset() = 0;
   virtual void SelectionChanged() = 0;
   /// The drawing was held back or is resumed.
   virtual void RedrawChanged() {}
 };
 
-/// A list view of any record. Rows and columns are counted from 0; a selected row of -1 is none.
+/// A list view of any record. Rows and columns are counted from 0; a selected row of -1 means none.
 class ListView : public Control {
  public:
   using Control::Control;
@@ -68,7 +68,7 @@ class ListView : public Control {
   /// Takes a new sort state and orders the rows by it. Equal rows keep their order.
   virtual void SetSort(const SortState& sort) = 0;
 
-  /// With false the view keeps the picture that it has, however the rows change; true draws it again.
+  /// With false the view stays as it is on screen, however the rows change; true draws it again.
   virtual void SetRedraw(bool redraw) = 0;
   [[nodiscard]] virtual bool Redraw() const = 0;
 
@@ -77,7 +77,7 @@ class ListView : public Control {
 
   /// A right press on a row selects it, as a left press does.
   bool RightPressSelects = false;
-  /// A left press beside the rows selects none and is a click like one on a row. Elsewhere it does nothing.
+  /// A left press beside the rows clears the selection and counts as a click. When false, it does nothing.
   bool PressBesideSelectsNone = false;
 
   /// What the user did. `row` is -1 beside the rows.

@@ -9,8 +9,8 @@
 namespace requite {
 namespace {
 
-/// The number of each byte's bit. Letters and digits have a bit each, and so have the signs that URLs
-/// are made of; the other bytes share the last three.
+/// The number of each byte's bit. Letters, digits and the characters that URLs
+/// are made of have a bit each; the other bytes share the last three.
 constexpr std::array<unsigned char, 256> MakeLetterNumbers() {
   constexpr std::string_view kOwnBit = "abcdefghijklmnopqrstuvwxyz0123456789/:.-_?=&#%@~+,;\"'<>() !$*";
   static_assert(kOwnBit.size() <= 61);

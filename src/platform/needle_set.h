@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Many patterns against one short text: most of them are ruled out by the letters of the text alone.
+// Many patterns against one short text: the letters of the text alone rule out most of them.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ struct LetterSet {
   }
 };
 
-/// The letters of a text. Take it once a text, then ask every needle.
+/// The letters of a text. Compute it once for each text, then ask every needle.
 [[nodiscard]] LetterSet LettersOf(std::string_view text);
 
 /// A pattern that is looked for in many short texts, ignoring letter case.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reading a number out of a text the strict way. The digits are taken as they stand, with no floating
-// point between, so that one half is exactly one half.
+// Reading a number out of a text the strict way. It works on the decimal digits, without floating
+// point, so that one half is exactly one half.
 #include <algorithm>
 #include <limits>
 
@@ -18,7 +18,7 @@ bool TakeSign(std::string_view& rest) {
   return negative;
 }
 
-/// The digits at the start of the text, which are taken off it.
+/// Removes the digits at the start of the text and returns them.
 std::string_view TakeDigits(std::string_view& rest) {
   const auto end = std::find_if_not(rest.begin(), rest.end(), IsDigit);
   const std::string_view digits = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
@@ -68,7 +68,7 @@ Decimal ReadDecimal(std::string_view text) {
   return decimal;
 }
 
-/// Whether what stands behind the point is more than one half (1), one half (0) or less (-1).
+/// Whether the fraction is more than one half (1), one half (0) or less (-1).
 int CompareToHalf(const Decimal& decimal) {
   const std::int64_t size = static_cast<std::int64_t>(decimal.Digits.size());
   if (decimal.Point < 0 || decimal.Point >= size) return -1;

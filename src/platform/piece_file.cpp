@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pieces of a file over the C library.
+// The pieces of a file, on the C library.
 #include "platform/piece_file.h"
 
 #include <fcntl.h>
@@ -17,7 +17,7 @@ PieceFile::PieceFile(const std::string& path) {
   failed_ = !Open(path, O_EXCL);
 }
 
-/// Opens without waiting: a pipe that nobody reads must not hold the program up.
+/// Opens without waiting: a pipe that nobody reads must not block the program.
 bool PieceFile::Open(const std::string& path, int more) {
   fd_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | more, 0666);
   if (fd_ < 0) return false;

@@ -8,9 +8,9 @@
 
 namespace requite {
 
-/// Writes over the old bytes, which spares the file system the waits of emptying a file first
-/// (milliseconds on some). What lies there and may be deleted but not written, or is no normal file, gives
-/// way to a new file. Nothing here throws.
+/// Overwrites the old bytes, because emptying the file first would take some file systems milliseconds.
+/// A file that may be deleted but not written, or that is not a normal file, is replaced by a new one.
+/// Nothing here throws.
 class PieceFile {
  public:
   explicit PieceFile(const std::string& path);
@@ -20,7 +20,7 @@ class PieceFile {
 
   /// Adds a piece. False when it or an earlier one could not be written.
   bool Write(std::string_view piece);
-  /// Cuts off what lies after the pieces, so that no old text follows them, and closes the file. False when
+  /// Cuts off any old text after the pieces and closes the file. False when
   /// anything failed since it was opened.
   bool Finish();
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Standard streams and signals of a process that has just begun.
+// Standard streams and signals of a process that has just started.
 #include "platform/process_start.h"
 
 #include <fcntl.h>

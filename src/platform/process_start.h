@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// What a program does before anything else, so that its output and its files cannot be mixed up.
+// What a program must do first, so that its output cannot end up in its files.
 #pragma once
 
 namespace requite {
 
-/// Gives each of the descriptors 0 to 2 that is closed the null device. Without it the next file to be
-/// opened would be standard output, and every printed line would land in it. To be called first in main.
+/// Opens the null device for each of the descriptors 0 to 2 that is closed. Without this, the next file
+/// opened would become standard output and receive every printed line. Call it first in main.
 void OpenStandardStreams();
 
-/// A write to a pipe without a reader, and one beyond the size that a file may have, fail like any other
+/// Makes a write to a pipe without a reader, or beyond the size limit of files, fail like any other
 /// write instead of ending the process.
 void LetWritesFail();
 

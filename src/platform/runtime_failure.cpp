@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The words of the classic failures.
+// The messages of the classic failures.
 #include "platform/runtime_failure.h"
 
 namespace requite {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one exception of the program, and the two ways in which the logic passes over it.
+// The one exception of the program, and the two ways to ignore it.
 #pragma once
 
 #include <exception>
@@ -27,10 +27,10 @@ enum class Failure : int {
 /// The exit status of a program that ends because nothing handled a failure.
 inline constexpr int kRunTimeFailureStatus = 70;
 
-/// A failed operation: a number and words for it, as the message boxes show them.
+/// A failed operation: its number and message, as the message boxes show them.
 class RuntimeFailure : public std::exception {
  public:
-  /// A classic failure with its usual words.
+  /// A classic failure with its usual message.
   explicit RuntimeFailure(Failure failure);
   RuntimeFailure(int number, std::string description) : Number(number), Description(std::move(description)) {}
 
@@ -38,11 +38,11 @@ class RuntimeFailure : public std::exception {
 
   int Number;
   std::string Description;
-  /// What the report of a failure that nothing handled tells besides: where to mend it. Mostly empty.
+  /// Where to fix it, added to the report of a failure that nothing handled. Usually empty.
   std::string Remedy = {};
 };
 
-/// Runs one statement; a failure of it is passed over and the caller goes on with its next statement.
+/// Runs one statement and ignores its failure, so that the caller continues with the next statement.
 /// Returns false when the statement failed.
 template <class Statement>
 bool PassOver(Statement&& statement) {
@@ -54,7 +54,7 @@ bool PassOver(Statement&& statement) {
   }
 }
 
-/// Runs a block of statements; the first failure ends the block silently, with what was done so far.
+/// Runs a block of statements; the first failure ends the block silently and undoes nothing.
 /// Returns false when the block was cut short.
 template <class Block>
 bool EndSilently(Block&& block) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Looks at several places of a text at once: where could a pattern start, judged by two of its bytes?
+// Looks at several places of a text at once: where could a pattern start, going by two of its bytes?
 #pragma once
 
 #include <bit>
@@ -14,7 +14,7 @@ namespace requite {
 
 /// The two bytes of a pattern that a text is scanned for before anything is compared. A byte fits
 /// where `(byte | Case) == Value`; a byte that fits is the wanted one in either case, or (for Y with
-/// diaeresis, whose two cases lie far apart) one that only looks like it: the pattern is always
+/// diaeresis, whose two cases are far apart) a false match, so the pattern is always
 /// compared as well.
 struct SearchAnchors {
   struct Anchor {

@@ -17,7 +17,7 @@ class EventLoop {
   virtual ~EventLoop() = default;
 
   /// Delivers waiting user, timer and connection events. A call that comes a few milliseconds after
-  /// the last one may return at once, so loops call it freely. After it nothing may be trusted:
+  /// the last one may return at once, so loops call it freely. Trust nothing after it:
   /// lists may have been emptied and the scan may have been stopped.
   virtual void LetPendingEventsRun() = 0;
 };
@@ -32,7 +32,7 @@ class Timer {
   std::function<void()> OnTick;
 };
 
-/// What a connection tells its owner. Errors tell nothing: a refused, unknown or reset host is silence.
+/// The events of a connection. Errors raise none: a refused, unknown or reset host is silence.
 class ConnectionEvents {
  public:
   virtual ~ConnectionEvents() = default;
@@ -46,7 +46,7 @@ class Connection {
  public:
   virtual ~Connection() = default;
 
-  /// Drops any connection and starts a new one; the host's name goes to the resolver as it stands.
+  /// Drops any connection and starts a new one; the host's name is resolved exactly as given.
   virtual void Connect(const std::string& host, std::uint16_t port) = 0;
   virtual void SendData(std::string_view bytes) = 0;
   /// The bytes received since the last call.
@@ -54,27 +54,27 @@ class Connection {
   /// Drops the connection. Safe when closed; raises no event.
   virtual void Close() = 0;
 
-  /// Who hears the events; not owned, set once before the first Connect.
+  /// Receives the events; not owned, set once before the first Connect.
   ConnectionEvents* Events = nullptr;
 };
 
-/// The platform's library for GETs. Each of them belongs to whoever started it, by the address of an object;
-/// `Gets` below is the way to use it.
+/// The platform's library for GETs. Each GET belongs to the object that started it, known by
+/// its address; use it through `Gets` below.
 class Internet {
  public:
   using Owner = const void*;
-  /// Gets the body; nothing when the URL could not be opened.
+  /// Receives the body, or nothing when the URL could not be opened.
   using OnAnswer = std::function<void(std::optional<std::string> body)>;
 
   virtual ~Internet() = default;
 
   /// Starts a GET of a URL, from the network and never from a cache; redirects to http and https are
-  /// followed, and a body of an error status is a body like any other. The URL goes out as typed, but for
-  /// "%XX" in place of a blank and of a control character. One request is made, whatever the server does.
-  /// Bodies end at 64 MiB, and a server that stays silent for 60 s ends the GET. `onAnswer` runs once, as an
-  /// event, unless the GET is aborted before.
+  /// followed, and the body of an error status is a body like any other. The URL is sent as typed, except
+  /// that a space or a control character becomes "%XX". One request is made, whatever the server does. Bodies
+  /// are cut at 64 MiB, and 60 s of silence end the GET. `onAnswer` runs once, as an event, unless the GET is
+  /// aborted first.
   virtual void Start(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer) = 0;
-  /// A GET that the caller waits for; events run meanwhile. Nothing when it is aborted.
+  /// A GET that the caller waits for while events run. Returns nothing when it is aborted.
   [[nodiscard]] virtual std::optional<std::string> OpenUrl(Owner owner, const std::string& url,
                                                            std::string_view agent) = 0;
   /// Ends the owner's GETs in progress, and nobody else's.
@@ -92,7 +92,7 @@ class Gets {
   void Start(const std::string& url, std::string_view agent, Internet::OnAnswer onAnswer) {
     internet_.Start(this, url, agent, std::move(onAnswer));
   }
-  /// This object may be gone when the call returns.
+  /// This object may have been destroyed when the call returns.
   [[nodiscard]] std::optional<std::string> OpenUrl(const std::string& url, std::string_view agent) {
     return internet_.OpenUrl(this, url, agent);
   }
@@ -115,7 +115,7 @@ enum class Answer { Ok, Cancel, Yes, No };
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class BoxIcon { None, Information, Question, Critical };
 
-/// A message box: its words as they are shown. An empty title stands for the program's own.
+/// A message box. An empty title means the program's own.
 struct MessageBox {
   std::string Text;
   std::string Title;
@@ -123,18 +123,18 @@ struct MessageBox {
   BoxIcon Icon = BoxIcon::None;
 };
 
-/// What a save dialog does by itself with the name that the user chose.
+/// What a save dialog does with the name that the user chose.
 struct SaveHabits {
-  std::string DefaultSuffix;      ///< without its dot, added to a name that has none; empty: nothing is
-  bool AsksToReplace = false;     ///< whether it asks before it gives the name of an existing file
-  std::string ReplacedUnasked{};  ///< the path that it never asks about
+  std::string DefaultSuffix;      ///< without its dot, added to a name without one; empty: nothing is added
+  bool AsksToReplace = false;     ///< whether it asks before it returns the name of an existing file
+  std::string ReplacedUnasked{};  ///< the one path that it never asks about
 };
 
 /// A file dialog. `Filter` has the form "Words (*.x)|*.x".
 struct FileDialog {
-  std::string Folder;  ///< as the file system's bytes
+  std::string Folder;  ///< in the file system's encoding
   std::string Filter;
-  std::string DefaultName;  ///< in the code page: it is made of a site's text
+  std::string DefaultName;  ///< in the code page, because it is made from a site's text
   SaveHabits Habits{};
 };
 
@@ -158,7 +158,7 @@ class Clipboard {
   virtual void SetText(const std::string& text) = 0;
 };
 
-/// Plays a wave file asynchronously; a second sound cuts off the first, a missing file is silence.
+/// Plays a wave file asynchronously; a second sound cuts off the first, and a missing file plays nothing.
 class SoundPlayer {
  public:
   virtual ~SoundPlayer() = default;
@@ -183,8 +183,8 @@ class Clock {
   [[nodiscard]] virtual std::string ShortTime() = 0;
   /// Local date and time in a form that sorts, whatever the locale: "2026-01-02 15:04:05".
   [[nodiscard]] virtual std::string IsoDateTime() = 0;
-  /// A number with exactly two digits after the decimal sign, halves away from zero: ASCII digits, with
-  /// the locale's decimal and grouping signs or what is nearest to them in the code page.
+  /// A number with exactly two digits after the decimal sign, halves rounded away from zero: ASCII digits,
+  /// with the locale's decimal and grouping signs, or the nearest ones in the code page.
   [[nodiscard]] virtual std::string TwoDecimals(double value) = 0;
 };
 

@@ -10,14 +10,14 @@
 
 namespace requite {
 
-/// Keeps the end of the text in memory and the rest in a file without a name, so that nothing of it is left
-/// whatever ends the program. Where that file cannot be written, the text stays in memory: a full disk is the
-/// failure of the file that is written from it, not of its building.
+/// Keeps the end of the text in memory and the rest in a file without a name, which vanishes with the
+/// program however it ends. Where that file cannot be written, the text stays in memory: a full disk
+/// fails the final file, not the building of the text.
 class SpooledText {
  public:
   static constexpr std::size_t kMostInMemory = std::size_t{1} << 20;
 
-  /// `folder` is where the file without a name is made once it is needed.
+  /// `folder` is where the nameless file is made when it is needed.
   explicit SpooledText(std::string folder) : folder_(std::move(folder)) {}
   ~SpooledText();
   SpooledText(const SpooledText&) = delete;
@@ -32,8 +32,8 @@ class SpooledText {
   /// Appends the text to a file, whole or not at all, with the failures of AppendToFile.
   void AppendTo(const std::string& path) const;
 
-  /// Hands the text over in order, in pieces of at most about kMostInMemory. Throws RuntimeFailure where it
-  /// cannot be read back, and lets a failure of `take` through.
+  /// Passes the text to `take` in order, in pieces of at most about kMostInMemory. Throws RuntimeFailure when
+  /// the text cannot be read back; failures of `take` pass through.
   void ForEachPiece(const std::function<void(std::string_view)>& take) const;
 
  private:

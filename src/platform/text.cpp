@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Comparing, cutting and joining; finding and replacing stand in text_search.cpp.
+// Comparing, cutting and joining; finding and replacing are in text_search.cpp.
 #include "platform/text.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ std::string Lower(std::string_view text) {
   std::string lower(text);
   char* at = lower.data();
   char* const end = at + lower.size();
-  // Letters beyond ASCII are rare, and without them the compiler folds a block at a time.
+  // Letters beyond ASCII are rare, and without them the compiler can fold a block at a time.
   for (; end - at >= kFoldBlock; at += kFoldBlock) {
     if (IsAscii(at)) {
       for (int i = 0; i < kFoldBlock; ++i) at[i] = FoldAscii(at[i]);

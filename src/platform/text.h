@@ -14,14 +14,14 @@ enum class Compare { Text, Binary };
 
 inline constexpr std::string_view kLineEnd = "\r\n";
 
-/// The lower-case form of one byte of the code page; other bytes are their own.
+/// The lower-case form of one byte of the code page; other bytes stay as they are.
 [[nodiscard]] unsigned char FoldByte(unsigned char byte);
 
 /// The whole text in lower case.
 [[nodiscard]] std::string Lower(std::string_view text);
 
-/// Offset of the first occurrence of `what` at or behind `from`, or npos.
-/// An empty `what` is found at `from`, but an empty `text` holds nothing, not even an empty text.
+/// Offset of the first occurrence of `what` at or after `from`, or npos.
+/// An empty `what` is found at `from`, except that nothing is ever found in an empty `text`.
 [[nodiscard]] std::size_t Find(std::string_view text, std::string_view what, Compare compare,
                                std::size_t from = 0);
 
@@ -30,11 +30,11 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 [[nodiscard]] bool EndsWith(std::string_view text, std::string_view what, Compare compare);
 [[nodiscard]] bool Equals(std::string_view a, std::string_view b, Compare compare);
 
-/// Negative, zero or positive as `a` sorts before, with or behind `b`, ignoring letter case.
+/// Negative, zero or positive as `a` sorts before, with or after `b`, ignoring letter case.
 [[nodiscard]] int CompareText(std::string_view a, std::string_view b);
 
-/// A copy with every occurrence of `what` replaced, from the start of the text, without looking
-/// again at what was put in. An empty `what` changes nothing.
+/// A copy with every occurrence of `what` replaced, from the start of the text, without searching
+/// what was put in. An empty `what` changes nothing.
 [[nodiscard]] std::string Replace(std::string_view text, std::string_view what, std::string_view with,
                                   Compare compare);
 
@@ -57,12 +57,12 @@ bool ReplaceIn(std::string& text, std::string_view what, std::string_view with, 
 /// True for an empty text and for a single blank, the two forms of "nothing entered".
 [[nodiscard]] bool IsEmptyOrBlank(std::string_view text);
 
-/// The number in decimal with "0" put in front up to `width` characters.
+/// The number in decimal, filled up with leading zeros to `width` characters.
 [[nodiscard]] std::string ZeroPadded(std::int64_t number, std::size_t width);
 
 /// The number that a text holds, read the strict way: blanks around it, a sign, a fraction and an
-/// exponent are allowed, a fraction of one half goes to the even neighbour.
-/// Throws RuntimeFailure: TypeMismatch for what is no number, Overflow for one out of range.
+/// exponent are allowed, and one half is rounded to the even neighbour.
+/// Throws RuntimeFailure: TypeMismatch for a text that is not a number, Overflow for one out of range.
 [[nodiscard]] std::int16_t ReadInt16(std::string_view text);
 [[nodiscard]] std::int32_t ReadInt32(std::string_view text);
 

@@ -68,7 +68,7 @@ SearchAnchors RarestAnchors(std::string_view pattern, Compare compare) {
   return {AnchorAt(pattern, first, compare), AnchorAt(pattern, second, compare)};
 }
 
-/// One search for a pattern that is not empty and not longer than the text behind its start.
+/// One search for a pattern that is not empty and not longer than the text from its start on.
 template <Compare compare>
 class Search {
  public:
@@ -86,7 +86,7 @@ class Search {
       if (const std::size_t found = FirstOf(at, block.Fits(text_ + at)); found != kNowhere) return found;
     }
     if (at < end_ && end_ - from >= FastBlock::kPlaces) {
-      // The last few places together with some that were found empty already.
+      // The last few places, with some that were looked at already.
       at = end_ - FastBlock::kPlaces;
       return FirstOf(at, block.Fits(text_ + at));
     }
@@ -135,9 +135,9 @@ class Search {
 
   const char* text_;
   std::string_view pattern_;
-  std::size_t end_;  ///< behind the last place where the pattern could start
+  std::size_t end_;  ///< one past the last place where the pattern could start
   const SearchAnchors& anchors_;
-  std::size_t compared_ = 0;  ///< bytes compared in vain
+  std::size_t compared_ = 0;  ///< bytes compared without a match
 };
 
 bool MayHold(std::string_view text, std::string_view pattern, std::size_t from) {

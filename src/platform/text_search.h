@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The fast search behind the text operations: a pattern looked at once, then found in many texts.
+// The fast search that the text operations use: a pattern is prepared once, then found in many texts.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ class TextFinder {
   /// Takes a copy of the pattern.
   explicit TextFinder(std::string_view pattern, Compare compare = Compare::Text);
 
-  /// Offset of the first occurrence at or behind `from`, or npos, as `Find` of text.h tells it.
+  /// Offset of the first occurrence at or after `from`, or npos, as with `Find` of text.h.
   /// The time is linear in the text, whatever text and pattern hold.
   [[nodiscard]] std::size_t Find(std::string_view text, std::size_t from = 0) const;
   [[nodiscard]] bool IsIn(std::string_view text) const { return Find(text) != std::string_view::npos; }

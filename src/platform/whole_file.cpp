@@ -22,10 +22,10 @@ constexpr int kMostLinks = 40;
 constexpr int kMostNames = 1000;
 constexpr mode_t kPermissionBits = 07777;
 
-/// The folder with the separator at its end; empty for the current folder.
+/// The folder, ending in a separator; empty for the current folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-/// Follows the links of the last name only: the system follows those of the folders.
+/// Follows links of the last name only; the system follows those of the folders.
 std::string BehindLinks(std::string path) {
   for (int i = 0; i < kMostLinks; ++i) {
     std::error_code error;
@@ -45,7 +45,7 @@ void FlushFolder(const std::string& folder) {
   if (descriptor < 0) ThrowFileFailure(path, errno);
   const int error = ::fsync(descriptor) == 0 ? 0 : errno;
   ::close(descriptor);
-  // Some file systems know no flush of a folder; they keep its names by themselves.
+  // Some file systems cannot flush a folder; they keep its names safe by themselves.
   if (error != 0 && error != EINVAL && error != ENOTSUP) ThrowFileFailure(path, error);
 }
 
@@ -57,14 +57,14 @@ std::string TemporaryName(const std::string& folder) {
 
 void DeleteQuietly(const std::string& path) { ::unlink(path.c_str()); }
 
-/// A second name for the file, over an older file of that name. False where the file system has no
-/// such names, or none across two of them.
+/// Gives the file a second name, replacing an older file of that name. False where the file system has no
+/// hard links, or the two names are on different ones.
 bool LinkOver(const std::string& path, const std::string& target) {
   const std::string unused = TemporaryName(FolderOf(target));
   if (::link(path.c_str(), unused.c_str()) != 0) return false;
   const bool renamed = ::rename(unused.c_str(), target.c_str()) == 0;
   const int error = errno;
-  // Two names of one file are left alone by a rename.
+  // A rename between two names of one file does nothing.
   DeleteQuietly(unused);
   if (!renamed) ThrowFileFailure(target, error);
   return true;
@@ -79,7 +79,7 @@ WholeFile::WholeFile(const std::string& path) : target_(BehindLinks(path)) {
   rights_ = RightsOf(status);
 }
 
-/// Throws for what is no normal file.
+/// Throws for anything but a normal file.
 WholeFile::Rights WholeFile::RightsOf(const struct stat& status) {
   if (!S_ISREG(status.st_mode)) throw RuntimeFailure(Failure::PathFileAccess);
   return {status.st_mode & kPermissionBits, status.st_uid, status.st_gid};
@@ -91,7 +91,7 @@ WholeFile::~WholeFile() {
 }
 
 void WholeFile::Open() {
-  // Nobody may read the new text who could not read the old one, not even for a moment.
+  // Nobody who could not read the old text may read the new one, not even for a moment.
   const mode_t mode = rights_ ? 0600 : 0666;
   for (int i = 0; i < kMostNames && descriptor_ < 0; ++i) {
     temporary_ = TemporaryName(FolderOf(target_));
@@ -109,7 +109,7 @@ void WholeFile::TakeOverRights() const {
   if (::fstat(descriptor_, &status) != 0) ThrowFileFailure(target_, errno);
   const bool foreign = status.st_uid != rights_->Owner || status.st_gid != rights_->Group;
   mode_t mode = rights_->Mode;
-  // What the old group could do is not meant for another one, which gets what everybody has.
+  // The old group's rights are not meant for another group, which gets everybody's rights.
   if (foreign && ::fchown(descriptor_, rights_->Owner, rights_->Group) != 0 &&
       status.st_gid != rights_->Group) {
     mode = (mode & ~mode_t{S_IRWXG}) | (mode & mode_t{S_IRWXO}) << 3U;
@@ -147,7 +147,7 @@ void WholeFile::FlushText() {
   if (::fsync(descriptor_) != 0) ThrowFileFailure(target_, errno);
 }
 
-/// Some file systems tell only here that there was no room.
+/// Some file systems report a full disk only here.
 void WholeFile::Close() {
   if (::close(std::exchange(descriptor_, -1)) != 0) ThrowFileFailure(target_, errno);
 }
@@ -168,7 +168,7 @@ void WriteWhole(const std::string& path, std::string_view text, Flush flush) {
 
 namespace {
 
-/// A second name or a copy of the file in "Backup", over an older one. Not flushed.
+/// Keeps a second name or a copy of the file in "Backup", replacing an older one. Not flushed.
 void KeepInBackup(const ProgramFolder& folder, const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) ThrowFileFailure(path, errno);
@@ -176,7 +176,7 @@ void KeepInBackup(const ProgramFolder& folder, const std::string& path) {
   const std::string backup = folder.File("Backup/");
   if (::mkdir(backup.c_str(), 0777) != 0 && errno != EEXIST) ThrowFileFailure(backup, errno);
   std::string target = backup + FileNameOfPath(path);
-  // The copy of a file that lies there has to outlive the file itself, under another name.
+  // The copy of a file that is in "Backup" itself needs another name to survive it.
   const std::string file = BehindLinks(path);
   std::error_code none;
   if (std::filesystem::equivalent(FolderOf(file) + ".", backup, none)) target += ".old";
@@ -219,7 +219,7 @@ void ReplaceKeepingBackup(const ProgramFolder& folder, const std::string& path,
     if (failed) std::rethrow_exception(failed);
     file.PutInPlace(Flush::No);
   } catch (const RuntimeFailure&) {
-    // To whoever looks, the old file went first: a failed save leaves none.
+    // A failed save leaves no file, as if the old one had been deleted first.
     if (file.Replaces()) {
       PassOver([&] {
         FlushBackup(folder);
@@ -228,7 +228,7 @@ void ReplaceKeepingBackup(const ProgramFolder& folder, const std::string& path,
     }
     throw;
   }
-  // The first flush takes along what the second one asks for where both folders are on one disk.
+  // Where both folders are on one disk, the first flush does most of the work of the second.
   FlushFolder(FolderOf(file.Target()));
   if (file.Replaces()) FlushBackup(folder);
 }

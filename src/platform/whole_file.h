@@ -23,12 +23,12 @@ enum class Flush { No, Yes };
 ///
 /// A symbolic link is followed, also one to a file that is not there yet, and stays a link. An old
 /// file's mode is kept, and its owner where the user may give files away; a new file gets the usual
-/// mode. What is no normal file (a folder, a pipe, a device) is never replaced.
+/// mode. Only a normal file is ever replaced, never a folder, a pipe or a device.
 ///
-/// All calls throw RuntimeFailure for what the file system refused.
+/// All calls throw RuntimeFailure when the file system refuses.
 class WholeFile {
  public:
-  /// Looks at the file at `path` and changes nothing. Throws PathFileAccess when it is no normal file.
+  /// Looks at the file at `path` and changes nothing. Throws PathFileAccess when it is not a normal file.
   explicit WholeFile(const std::string& path);
   ~WholeFile();
   WholeFile(const WholeFile&) = delete;
@@ -41,11 +41,11 @@ class WholeFile {
 
   /// Adds text at the end. The first call makes the temporary file.
   void Write(std::string_view text);
-  /// The bytes and the mode of another file instead of calls of Write. Holds a bounded piece at a time.
+  /// Takes the bytes and the mode of another file, instead of calls of Write. Reads it in bounded pieces.
   void CopyFrom(const std::string& path);
   /// Waits until the disk has the text that was written.
   void FlushText();
-  /// Makes the text the file's, in one step: at each moment the name has the old text or the new.
+  /// Replaces the file in one step: at each moment the name has the old text or the new.
   /// With Flush::Yes the text and the new name are on the disk on return; a failure to flush the name
   /// is thrown although the new text is in place.
   void PutInPlace(Flush flush);
@@ -66,26 +66,26 @@ class WholeFile {
   std::string temporary_;  ///< empty when nothing is to be removed
   int descriptor_ = -1;
   bool replaces_ = false;
-  std::optional<Rights> rights_;  ///< to be given to the temporary file; nothing: the usual ones
+  std::optional<Rights> rights_;  ///< for the temporary file; nothing: the usual ones
 };
 
 /// Replaces the file at `path`, or makes it. After a failure the old file is untouched.
 void WriteWhole(const std::string& path, std::string_view text, Flush flush);
 
-/// Moves the file at `path` into the folder "Backup" of the program's folder, over the one of that name
-/// that lies there, and returns when the disk has it. A file that lies there itself gets ".old" at the
-/// end of its name. Throws RuntimeFailure; the file is then still where it was.
+/// Moves the file at `path` into the folder "Backup" of the program's folder, replacing an older
+/// one of that name, and returns when the disk has it. A file that is in "Backup" itself gets ".old"
+/// added to its name. Throws RuntimeFailure; the file is then still where it was.
 void MoveToBackup(const ProgramFolder& folder, const std::string& path);
 
-/// Replaces a file whose old text must survive whatever happens: it is kept in "Backup". The new text
-/// is on the disk on return. After a failure to make or write the text there is no file at `path`, the
-/// old one lies in "Backup"; only when it cannot be kept there does it stay in place, untouched. A
-/// failure to flush the folders is thrown too, with the new text in place.
+/// Replaces a file whose old text must survive whatever happens: it is kept in "Backup". On return the
+/// new text is on the disk. After a failure to make or write it there is no file at `path` and the old
+/// one is in "Backup"; if it cannot be kept there, it stays in place, untouched. A failure to flush the
+/// folders is thrown too, with the new text in place.
 void ReplaceKeepingBackup(const ProgramFolder& folder, const std::string& path,
                           const std::function<std::string()>& makeText);
 
-/// Copies a file over any existing target, whole or not at all. A failure is passed over, and the
-/// caller cannot learn of it.
+/// Copies a file over any existing target, whole or not at all. Failures are ignored without telling the
+/// caller.
 void xcopyFile(const std::string& source, const std::string& target);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The claim is a lock on the folder itself, so that it leaves no file and ends with a killed program too.
+// The claim is a lock on the folder itself: it leaves no file behind, and a killed program loses it.
 #include "platform/work_folder.h"
 
 #include <fcntl.h>
@@ -21,7 +21,7 @@ constexpr std::string_view kPrivateName = "scan-";
 constexpr std::string_view kPrivatePattern = "scan-XXXXXX";
 constexpr std::array<const char*, 3> kWorkFiles = {"html0.txt", "html20.txt", "tempreport.html"};
 
-/// A descriptor that holds the lock of a folder, or -1 with `errno`: EWOULDBLOCK when another one has it.
+/// A descriptor that holds the lock of a folder, or -1 with `errno`: EWOULDBLOCK when another program has it.
 int LockFolder(const std::string& path) {
   const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
   if (folder < 0) return -1;
@@ -32,7 +32,7 @@ int LockFolder(const std::string& path) {
   return -1;
 }
 
-/// A folder with anything else in it stays.
+/// Leaves a folder with anything else in it.
 void RemoveFolder(const std::string& path) {
   for (const char* name : kWorkFiles) ::unlink((path + "/" + name).c_str());
   ::rmdir(path.c_str());
@@ -64,7 +64,7 @@ void WorkFolder::MakePrivate() {
   if (claim_ >= 0) private_ = std::move(path);
 }
 
-/// Those of programs that were killed: nobody holds their lock.
+/// Leftovers are folders of killed programs: nobody holds their lock.
 void WorkFolder::RemoveLeftovers() const {
   std::error_code failed;
   for (fs::directory_iterator one(program_.Path, failed), end; !failed && one != end; one.increment(failed)) {

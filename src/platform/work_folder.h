@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a scan keeps the files that it writes again and again.
+// The folder for the files that a scan writes again and again.
 #pragma once
 
 #include <string>
@@ -9,22 +9,22 @@
 
 namespace requite {
 
-/// The work files are html0.txt and html20.txt, the page as it was read last, and tempreport.html, the report
-/// as it was shown last. They lie in the program's folder under these names, so two scans there at a time
-/// would write over one another: the second one keeps its own in a private folder below, to the end of its
-/// program. Reports under the name of a project, the log of the rules and all else are shared.
+/// The work files are html0.txt and html20.txt, the page read last, and tempreport.html, the
+/// report shown last. They are in the program's folder under these names, so two scans there at a time
+/// would overwrite each other's: the second uses a private folder below it until its program ends.
+/// Reports under a project's name, the rules' log and everything else are shared.
 class WorkFolder {
  public:
   explicit WorkFolder(const ProgramFolder& program) : program_(program) {}
-  /// Removes the private folder with what is in it.
+  /// Removes the private folder with its files.
   ~WorkFolder();
   WorkFolder(const WorkFolder&) = delete;
   WorkFolder& operator=(const WorkFolder&) = delete;
 
-  /// A scan begins: takes the program's folder, or makes the private one when another scan has it. Where
-  /// neither can be done the program's folder is used as it is. Nothing changes while a scan has a folder.
+  /// A scan begins: takes the program's folder, or makes the private one when another scan has it. When
+  /// neither works, the program's folder is used without a lock. Does nothing while a scan has a folder.
   void Claim();
-  /// The scan has ended, its report too. The files stay where they are.
+  /// The scan and its report have ended. The files stay where they are.
   void Release();
 
   /// The full path of a work file.

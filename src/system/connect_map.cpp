@@ -9,7 +9,7 @@
 namespace requite {
 namespace {
 
-/// Cuts a host with the colon behind it off the front of `rest`; nothing when it is not well formed.
+/// Removes a host and its colon from the front of `rest`; nothing when it is not well formed.
 std::optional<std::string> TakeHost(std::string_view& rest) {
   std::string_view host;
   if (rest.starts_with('[')) {

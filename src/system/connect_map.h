@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which connections go elsewhere than their host and port say.
+// Which connections are made to another place than their host and port say.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,8 @@ struct ConnectRule {
   Endpoint Target;
 };
 
-/// Reads "HOST:PORT:ADDRESS:PORT2". HOST and PORT may be empty; a HOST or ADDRESS that holds colons
-/// stands in brackets. Nothing when the text has another form.
+/// Reads "HOST:PORT:ADDRESS:PORT2". HOST and PORT may be empty; a HOST or ADDRESS with colons
+/// needs brackets. Nothing when the text has another form.
 [[nodiscard]] std::optional<ConnectRule> ReadConnectRule(std::string_view text);
 
 /// Rules in the order in which they were given; the first that matches wins.
@@ -32,7 +32,7 @@ class ConnectMap {
   void Add(ConnectRule rule) { rules_.push_back(std::move(rule)); }
   [[nodiscard]] const std::vector<ConnectRule>& Rules() const { return rules_; }
 
-  /// Where a connection goes: the matching rule's target, else host and port themselves. Hosts are
+  /// Where to connect: the matching rule's target, else host and port themselves. Hosts are
   /// compared without regard to case, before any look-up.
   [[nodiscard]] Endpoint Target(std::string_view host, std::uint16_t port) const;
 

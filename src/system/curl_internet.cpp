@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The GETs in progress: whose each is, and who waits for it.
+// The GETs in progress: who owns each, and who waits for it.
 #include "system/curl_internet.h"
 
 #include <algorithm>

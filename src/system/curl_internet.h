@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GETs over libcurl: as events, or waited for while events go on.
+// GETs with libcurl, answered by an event or waited for while events run.
 #pragma once
 
 #include <memory>
@@ -12,8 +12,8 @@
 
 namespace requite {
 
-/// Nothing of the library is started before the first GET. Names are looked up by the library's own threads,
-/// which nobody ever waits for.
+/// The library is started at the first GET. It looks names up in threads of its own, which nobody
+/// waits for.
 class CurlInternet : public Internet {
  public:
   /// Loop and map must outlive this object.
@@ -36,13 +36,13 @@ class CurlInternet : public Internet {
   struct Get {
     Owner StartedBy;
     OnAnswer Answer;
-    Wait* Waiting;  ///< null for one that nobody waits for
+    Wait* Waiting;  ///< null when nobody waits for it
     std::unique_ptr<CurlTransfer> Transfer;
   };
 
   void Begin(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer, Wait* waiting);
   void OnDone(CURL* handle);
-  /// Takes the matching GETs out of the library, unanswered.
+  /// Removes the matching GETs from the library, unanswered.
   template <class Matches>
   std::vector<Get> Take(Matches matches);
 

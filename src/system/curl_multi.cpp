@@ -83,7 +83,7 @@ void CurlMulti::OnReady() {
       curl_multi_socket_action(multi_, event.data.fd, in | out | error, &running);
     }
   }
-  // Each message is taken by itself: what is done with it may let events run, and so come here again.
+  // Messages are taken one at a time: handling one may let events run, which can enter this function again.
   int left = 0;
   while (const CURLMsg* message = curl_multi_info_read(multi_, &left)) {
     if (message->msg == CURLMSG_DONE) onDone_(message->easy_handle);

@@ -11,12 +11,12 @@
 
 namespace requite {
 
-/// Runs transfers as events. All sockets of the library and its timer hang on one epoll descriptor, which is
-/// all that the loop has to watch.
+/// Runs transfers as events. All sockets of the library and its timer are in one epoll descriptor, the only
+/// one that the loop has to watch.
 class CurlMulti {
  public:
-  /// `onDone` runs outside of the library: it may add and remove transfers and let events run. The loop must
-  /// outlive this object, and this object every transfer that was added.
+  /// `onDone` is not called from inside the library: it may add and remove transfers and let events run.
+  /// The loop must outlive this object, and this object every transfer that was added.
   CurlMulti(DescriptorLoop& loop, std::function<void(CURL*)> onDone);
   ~CurlMulti();
   CurlMulti(const CurlMulti&) = delete;

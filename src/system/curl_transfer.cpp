@@ -22,7 +22,7 @@ std::string InBrackets(const std::string& host) {
   return host.find(':') == std::string::npos ? host : "[" + host + "]";
 }
 
-/// A rule in the library's own form, which is that of the command line.
+/// A rule in the library's form, which is also that of the command line.
 std::string Written(const ConnectRule& rule) {
   const std::string port = rule.Port ? std::to_string(*rule.Port) : std::string();
   return InBrackets(rule.Host) + ":" + port + ":" + InBrackets(rule.Target.Host) + ":" +
@@ -36,7 +36,7 @@ std::string TargetOf(std::string_view url) {
   return target.starts_with('/') ? target : "/" + target;
 }
 
-/// Where a Location leads to from a URL; empty when that is no URL.
+/// Where a Location leads from a URL; empty when that is not a URL.
 std::string Resolved(const std::string& url, const std::string& location) {
   const std::unique_ptr<CURLU, void (*)(CURLU*)> parts(curl_url(), curl_url_cleanup);
   for (const std::string& each : {url, location}) {
@@ -81,8 +81,8 @@ std::string UrlToSend(std::string_view url, HostToAscii hostToAscii) {
   const std::size_t hostEnd = std::min(url.find(':', hostBegin), pathBegin);
   std::string host(url.substr(hostBegin, hostEnd - hostBegin));
   const bool plain = std::all_of(host.begin(), host.end(), [](char byte) { return (byte & 0x80) == 0; });
-  if (!plain) host = hostToAscii(host);  // the library would look at the locale for what the letters mean
-  if (host.empty()) return {};           // the library would take the first folder for the host
+  if (!plain) host = hostToAscii(host);  // the library would read the letters by the locale
+  if (host.empty()) return {};           // the library would use the first folder as the host
   return Escaped(url.substr(0, hostBegin)) + Escaped(host) + Escaped(url.substr(hostEnd));
 }
 
@@ -126,8 +126,8 @@ void CurlTransfer::SetConnection(const ConnectMap& map) {
   }
   curl_easy_setopt(easy_, CURLOPT_CONNECT_TO, connectTo_);
   curl_easy_setopt(easy_, CURLOPT_PROXY, "");  // whatever the environment says
-  // A connection that is used again may be found closed, and the library would then send the request again:
-  // a script may count every request.
+  // A kept connection may turn out to be closed, and the library would then repeat the request, but a
+  // script may count every request.
   curl_easy_setopt(easy_, CURLOPT_FRESH_CONNECT, 1L);
   curl_easy_setopt(easy_, CURLOPT_FORBID_REUSE, 1L);
   const auto silence = static_cast<long>(limits_.Silence.count());
@@ -135,7 +135,7 @@ void CurlTransfer::SetConnection(const ConnectMap& map) {
   curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_LIMIT, 1L);
   curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_TIME, silence);
   curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
-  curl_easy_setopt(easy_, CURLOPT_QUICK_EXIT, 1L);  // leaves a look-up behind that hangs
+  curl_easy_setopt(easy_, CURLOPT_QUICK_EXIT, 1L);  // does not wait for a look-up that hangs
 }
 
 std::size_t CurlTransfer::OnHeadLine(const char* text, std::size_t, std::size_t length, void* self) noexcept {
@@ -159,7 +159,7 @@ std::size_t CurlTransfer::OnHeadLine(const char* text, std::size_t, std::size_t 
 std::size_t CurlTransfer::OnBody(const char* piece, std::size_t, std::size_t length, void* self) noexcept {
   constexpr std::size_t kEndTransfer = 0;
   auto& transfer = *static_cast<CurlTransfer*>(self);
-  if (!transfer.answered_) return kEndTransfer;  // nobody reads the page that a redirect comes with
+  if (!transfer.answered_) return kEndTransfer;  // the page sent with a redirect is not read
   const std::size_t room = transfer.limits_.MostBytes - transfer.body_.size();
   transfer.body_.append(piece, std::min(room, length));
   return length <= room ? length : kEndTransfer;

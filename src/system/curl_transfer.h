@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One GET as libcurl makes it: what is sent, and what of the answer counts.
+// One GET made by libcurl: what is sent, and which part of the answer is used.
 #pragma once
 
 #include <curl/curl.h>
@@ -19,15 +19,15 @@ struct GetLimits {
   int MostRedirects = 20;
 };
 
-/// The name of a host as the net knows it: an international one in its ASCII form. Empty when there is none.
+/// The name of a host as DNS has it: an international one in its ASCII form. Empty when there is none.
 using HostToAscii = std::string (*)(std::string_view host);
 
-/// The URL as it goes to the library: an international host in its ASCII form, a blank or a control character
-/// as "%XX", and every other byte as it is. Empty when it does not begin with "http://" or "https://"
-/// and a host.
+/// The URL as it is given to the library: an international host in its ASCII form, a space or a control
+/// character as "%XX", and every other byte as it is. Empty when it does not begin with "http://" or
+/// "https://" and a host.
 [[nodiscard]] std::string UrlToSend(std::string_view url, HostToAscii hostToAscii);
 
-/// One GET with its redirects; it must not be moved meanwhile.
+/// One GET with its redirects; the object must not be moved while it runs.
 class CurlTransfer {
  public:
   CurlTransfer(std::string_view url, std::string_view agent, HostToAscii hostToAscii, const ConnectMap& map,
@@ -37,11 +37,11 @@ class CurlTransfer {
   CurlTransfer& operator=(const CurlTransfer&) = delete;
 
   [[nodiscard]] CURL* Handle() const { return easy_; }
-  /// After a request: makes the next one ready where the response leads on to another page of the web. The
-  /// library would do this too, but changes the address on the way.
+  /// After a request: prepares the next one when the response redirects to another page. The library could do
+  /// this too, but would change the address.
   [[nodiscard]] bool FollowRedirect();
-  /// The body, also one that stopped midway (silence, a reset, the limit). Nothing without the whole head of
-  /// a response that leads nowhere else.
+  /// The body, even one that was cut off (silence, a reset, the limit). Nothing without the complete header
+  /// of a response that is not a redirect.
   [[nodiscard]] std::optional<std::string> TakeBody();
 
  private:
@@ -58,8 +58,8 @@ class CurlTransfer {
   curl_slist* connectTo_ = nullptr;
   std::string url_;
   int redirects_ = 0;
-  std::string status_;    ///< of the present head: three digits
-  std::string location_;  ///< of the present head, if it is one of a redirect
+  std::string status_;    ///< of the current header: three digits
+  std::string location_;  ///< of the current header, if it is a redirect
   bool answered_ = false;
   std::string body_;
 };

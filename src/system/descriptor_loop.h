@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's event loop as the users of descriptors need it: page connections and GETs.
+// What page connections and GETs need of the event loop: watching descriptors.
 #pragma once
 
 #include <functional>
@@ -7,11 +7,11 @@
 
 namespace requite {
 
-/// Tells of a descriptor that can be read, until it is destroyed; that must be before the descriptor closes.
+/// Watches a descriptor until it is destroyed, which must be before the descriptor is closed.
 class DescriptorWatch {
  public:
   virtual ~DescriptorWatch() = default;
-  /// A watch that is off tells nothing. A new one is on.
+  /// A watch that is off reports nothing. A new one is on.
   virtual void SetOn(bool on) = 0;
 };
 
@@ -23,9 +23,9 @@ class DescriptorLoop {
   [[nodiscard]] virtual std::unique_ptr<DescriptorWatch> Watch(int descriptor,
                                                                std::function<void()> onReadable) = 0;
 
-  /// Lets events run until `over` holds; calls nest. False when the program was told to end before that.
+  /// Lets events run until `over` holds; calls nest. False when the program was told to end first.
   [[nodiscard]] virtual bool RunUntil(const bool& over) = 0;
-  /// Makes every RunUntil look at its `over` again.
+  /// Makes every RunUntil check its `over` again.
   virtual void Wake() = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What becomes of an exception at the event loop's edge.
+// What happens to an exception at the event loop's edge.
 #include "system/event_guard.h"
 
 #include <new>
@@ -7,7 +7,7 @@
 namespace requite {
 namespace {
 
-/// Failures of the language's own library have no number among the classic ones but this.
+/// The one classic number for failures of the standard library.
 constexpr int kInternalError = 51;
 
 }  // namespace

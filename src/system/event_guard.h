@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The event loop's edge: no exception leaves an event handler, because none may travel through Qt.
+// The event loop's edge: no exception may leave an event handler, because none may pass through Qt.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,8 @@
 
 namespace requite {
 
-/// Runs event handlers. A failure that a handler did not handle goes to the report that main gave,
-/// which ends the program; should the report return, the event is over and nothing else happens.
+/// Runs event handlers. A failure that a handler does not catch is passed to the report that main
+/// gave, which ends the program; if the report returns, the event is over and nothing else happens.
 class EventGuard {
  public:
   using Report = std::function<void(const RuntimeFailure&)>;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The C library's knobs, where it has them.
+// The C library's settings for freed memory, where it has them.
 #include "system/freed_memory.h"
 
 #include <cstdlib>

@@ -18,7 +18,7 @@
 namespace requite {
 namespace {
 
-/// More addresses of one host are not tried; this many fit in one datagram.
+/// No more addresses of a host than this are tried; they fit in one datagram.
 constexpr std::size_t kMostAddresses = 32;
 
 SocketAddresses AskSystem(const std::string& host, int flags) {
@@ -40,8 +40,8 @@ SocketAddresses AskSystem(const std::string& host, int flags) {
   return addresses;
 }
 
-/// The body of a worker thread. It owns its end of the socket and may outlive everybody. One datagram
-/// carries the answer; nobody may be there to hear it.
+/// The body of a worker thread. It owns its end of the socket and may outlive every object. The answer is
+/// one datagram; nobody may be left to receive it.
 void Work(LookUp lookUp, const std::string& host, int answerTo) {
   SocketAddresses addresses = lookUp(host);
   if (addresses.size() > kMostAddresses) addresses.resize(kMostAddresses);
@@ -49,7 +49,7 @@ void Work(LookUp lookUp, const std::string& host, int answerTo) {
   ::close(answerTo);
 }
 
-/// Signals belong to the main thread: a thread that is made meanwhile starts with all of them blocked.
+/// Only the main thread takes signals: threads made while this exists start with all of them blocked.
 class SignalsBlocked {
  public:
   SignalsBlocked() {

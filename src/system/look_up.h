@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Look-ups of host names in worker threads that nobody ever has to wait for.
+// Looks host names up in worker threads that nobody has to wait for.
 #pragma once
 
 #include <sys/socket.h>
@@ -13,7 +13,7 @@
 
 namespace requite {
 
-/// An address of the Internet, of either family, with room for a port.
+/// An IPv4 or IPv6 address with room for a port.
 struct SocketAddress {
   sockaddr_storage Storage{};
   socklen_t Length = 0;
@@ -34,20 +34,20 @@ using LookUp = SocketAddresses (*)(const std::string& host);
 
 /// Starts a look-up in a worker thread. The descriptor becomes readable with the answer, and belongs to
 /// the caller, who may close it at any time: the worker shares nothing else with the program, so one that
-/// hangs in the system's resolver can be left behind. -1 when no thread is to be had.
+/// hangs in the system's resolver can be abandoned. -1 when no thread can be started.
 [[nodiscard]] int StartLookUp(LookUp lookUp, const std::string& host);
 
-/// Takes the answer from a descriptor that has become readable.
+/// Reads the answer from a descriptor that has become readable.
 [[nodiscard]] SocketAddresses TakeAnswer(int descriptor);
 
-/// Names that were found a short while ago.
+/// Names that were found recently.
 class AddressCache {
  public:
   static constexpr std::chrono::seconds kLifetime{60};
   static constexpr std::size_t kMostKept = 256;
 
   [[nodiscard]] std::optional<SocketAddresses> Find(const std::string& host) const;
-  /// Unknown names (no addresses) are not kept: the network may come up in the meantime.
+  /// Unknown names (no addresses) are not kept: the network may come up later.
   void Keep(const std::string& host, const SocketAddresses& addresses);
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The workers in progress and the line of questions before them.
+// The running workers and the queue of questions.
 #include "system/name_resolver.h"
 
 #include <poll.h>
@@ -30,7 +30,7 @@ void NameResolver::Ask(const std::string& host, const void* asker, OnAnswer onAn
 void NameResolver::Forget(const void* asker) {
   const auto forgotten =
       std::erase_if(questions_, [asker](const Question& question) { return question.Asker == asker; });
-  if (forgotten > 0) StartWorkers();  // what waited for the worker of that question need not any more
+  if (forgotten > 0) StartWorkers();  // one that waited for this question's worker can start now
 }
 
 bool NameResolver::IsAsked(const std::string& host) const {
@@ -38,7 +38,7 @@ bool NameResolver::IsAsked(const std::string& host) const {
                      [&](const Question& question) { return question.Host == host; });
 }
 
-/// Sees to it that each question has a worker, as far as workers may be had.
+/// Gives each question a worker, up to the limits.
 void NameResolver::StartWorkers() {
   for (const Question& question : questions_) {
     std::size_t wanted = 0;
@@ -71,7 +71,7 @@ void NameResolver::OnWorkerReady(const std::string& host) {
   if (worker == workers_.end()) return;
   PolledSocket& socket = (*worker)->Socket;
   const SocketAddresses addresses = TakeAnswer(socket.Descriptor());
-  // The worker's entry goes with the next question: this is its own handler.
+  // The worker's entry is removed with the next question, because this is its own handler.
   socket.Close();
   cache_.Keep(host, addresses);
   Answer(host, addresses);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Host names to addresses for page connections, without ever holding up the event loop.
+// Finds the addresses of hosts for page connections, without ever blocking the event loop.
 #pragma once
 
 #include <functional>
@@ -13,15 +13,15 @@
 
 namespace requite {
 
-/// Looks names up, each in a worker thread of its own, and keeps what was found for a while.
+/// Looks each name up in its own worker thread and remembers the result for a while.
 class NameResolver {
  public:
   using OnAnswer = std::function<void(const SocketAddresses&)>;
 
-  /// Look-ups in progress at once that somebody waits for; more wait in line.
+  /// Look-ups at once that somebody waits for; further ones are queued.
   static constexpr std::size_t kMostWorkers = 16;
-  /// All look-ups in progress. Those whose question was forgotten cannot be ended and may hang for long; they
-  /// hold nobody up until there are this many threads.
+  /// All look-ups at once. Those whose question was forgotten cannot be stopped and may hang for long; they
+  /// delay nobody until there are this many threads.
   static constexpr std::size_t kMostThreads = 256;
 
   explicit NameResolver(SocketPoller& poller, LookUp lookUp = SystemLookUp);
@@ -29,12 +29,12 @@ class NameResolver {
   NameResolver(const NameResolver&) = delete;
   NameResolver& operator=(const NameResolver&) = delete;
 
-  /// The addresses of a numeric host or of a name that was found a short while ago; nothing when it
-  /// has to be asked for.
+  /// The addresses of a numeric host or of a name that was found recently; nothing when the name has
+  /// to be looked up.
   [[nodiscard]] std::optional<SocketAddresses> Known(const std::string& host);
 
-  /// Looks a name up; `onAnswer` hears the addresses (none: unknown) as an event, unless the asker
-  /// has forgotten the question before. One question an asker.
+  /// Looks a name up; `onAnswer` gets the addresses (none: unknown) as an event, unless the asker
+  /// forgets the question first. Each asker may have one question.
   void Ask(const std::string& host, const void* asker, OnAnswer onAnswer);
   void Forget(const void* asker);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A raw socket, non-blocking, with as few system calls a page as a blocking one would take.
+// A raw non-blocking socket that takes no more system calls a page than a blocking one.
 #include "system/page_connection.h"
 
 #include <netinet/in.h>
@@ -15,10 +15,10 @@
 namespace requite {
 namespace {
 
-/// One piece of received data, at most: a whole page for most pages.
+/// The most data received at once: enough for most pages.
 constexpr std::size_t kPiece = 128 * 1024;
 
-/// An address that does not answer at all is given up after about seven seconds while the host has
+/// An address that does not answer is given up after about seven seconds while the host has
 /// another one; the last one may take as long as the page's time-out allows.
 constexpr int kSynRetries = 2;
 
@@ -50,7 +50,7 @@ void PageConnection::UseAddresses(const SocketAddresses& addresses) {
   TryNextAddress();
 }
 
-/// Starts a connection to the next address that the system accepts one to; behind the last one the
+/// Starts connecting to the next address that the system accepts; after the last one the
 /// connection stays silent.
 void PageConnection::TryNextAddress() {
   socket_.Close();
@@ -95,8 +95,8 @@ void PageConnection::OnConnecting(short readiness) {
   Events->OnConnect();
 }
 
-/// Hands over what has arrived, piece by piece, and the end of it. Each handler may close the
-/// connection or start another one, which the serial number tells.
+/// Passes on what has arrived, piece by piece, and its end. Each handler may close the
+/// connection or start another one, which the serial number shows.
 void PageConnection::Receive(short readiness) {
   std::array<char, kPiece> piece;
   const std::uint64_t serial = serial_;
@@ -107,14 +107,14 @@ void PageConnection::Receive(short readiness) {
     if (bytes <= 0) {
       socket_.Close();
       state_ = State::Closed;
-      // A connection that broke stays silent; only the server's own end is an event.
+      // A broken connection stays silent; only a close by the server is an event.
       if (bytes == 0 && !reset_) Events->OnClose();
       return;
     }
     received_.append(piece.data(), static_cast<std::size_t>(bytes));
     Events->OnDataArrival(received_.size());
     if (serial != serial_) return;
-    // A short piece was all there is, unless the server's end of the connection is known to follow.
+    // A short piece is the last one for now, unless the server is known to have closed.
     const bool more = static_cast<std::size_t>(bytes) == piece.size() || (readiness & kServerGone) != 0;
     if (!more) break;
   }
@@ -127,8 +127,8 @@ void PageConnection::SendData(std::string_view bytes) {
   SendRest();
 }
 
-/// A failure to send is silence: what the server has sent before can still be received. The system tells
-/// of a reset once only: after a send that it failed, the next read looks like the server's own end.
+/// A failure to send is silent: what the server has sent before can still be received. The system reports
+/// a reset only once: after a failed send, the next read looks like a close by the server.
 void PageConnection::SendRest() {
   if (outgoing_.empty()) return;
   const std::string_view rest = std::string_view(outgoing_).substr(sent_);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The connection that pages come over: one non-blocking socket at a time.
+// The connection that fetches pages: one non-blocking socket at a time.
 #pragma once
 
 #include "platform/services.h"
@@ -9,9 +9,9 @@
 
 namespace requite {
 
-/// Events come from the loop, one at a time; while a handler runs, the next one waits, also the first
-/// one of a Connect that was made meanwhile. An empty or unknown host, a refused or reset connection
-/// raise nothing. All addresses of a host are tried in turn.
+/// Events come from the loop, one at a time; while a handler runs, the next one waits, even the first
+/// one of a Connect made in that handler. An empty or unknown host and a refused or reset connection raise
+/// no event. All addresses of a host are tried in turn.
 class PageConnection : public Connection {
  public:
   /// Bytes held for GetData before the server has to wait.
@@ -22,7 +22,7 @@ class PageConnection : public Connection {
   ~PageConnection() override;
 
   void Connect(const std::string& host, std::uint16_t port) override;
-  /// Without an established connection the bytes go nowhere.
+  /// Without an established connection the bytes are dropped.
   void SendData(std::string_view bytes) override;
   [[nodiscard]] std::string GetData() override;
   void Close() override;
@@ -48,7 +48,7 @@ class PageConnection : public Connection {
   SocketAddresses addresses_;
   std::size_t nextAddress_ = 0;
   std::string outgoing_;
-  std::size_t sent_ = 0;  ///< bytes of outgoing_ that the system has taken: a path may be megabytes long
+  std::size_t sent_ = 0;  ///< bytes of outgoing_ that the system has taken: paths may be megabytes long
   std::string received_;
   bool reset_ = false;  ///< a send found that the server had reset the connection
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Reading and appending the settings journal, and its locks.
 //
-// Every process holds a shared lock on the journal as long as it uses it. Whoever gets the exclusive
-// lock is alone with it, and only then may the file behind the name be exchanged. A lock may be had on
-// a file that has just been exchanged, so after each change of locks the name is looked at again.
+// Every process holds a shared lock on the journal while it uses it. Only a process with the exclusive
+// lock, which is alone with the journal, may replace the file. A lock may be granted on a file that has
+// just been replaced, so after each change of locks the name is checked again.
 #include "system/settings_file.h"
 
 #include <fcntl.h>
@@ -26,10 +26,10 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kHeader = "requite-settings 1";
 constexpr int kMostAttempts = 100;
-/// A journal that is one of the standard streams would take what the program prints.
+/// If the journal were one of the standard streams, printed text would end up in it.
 constexpr int kFirstPrivate = STDERR_FILENO + 1;
 
-/// A link is followed once and for all: exchanging the file must not put a file in the link's place.
+/// Links are followed here, so that replacing the file does not replace the link.
 std::string WithoutLinks(const std::string& path) {
   std::error_code error;
   const fs::path absolute = fs::absolute(path, error);
@@ -37,7 +37,7 @@ std::string WithoutLinks(const std::string& path) {
   return error ? path : plain.string();
 }
 
-/// Settings are private, and so is a folder that is made for them.
+/// Settings are private, and so is a new folder for them.
 void MakeFolderOf(const std::string& path) {
   const fs::path folder = fs::path(path).parent_path();
   std::error_code error;
@@ -107,12 +107,12 @@ void SettingsFile::ComposePending(std::string_view key, std::string_view value) 
   }
 }
 
-/// Puts the pending text at the journal's end in one piece, and takes in what others have put there.
-/// False when the file turns out to be deleted: a new one has to get all that is known.
+/// Appends the pending text to the journal in one piece, and reads what others have appended.
+/// False when the file turns out to be deleted: a new one then needs every known value.
 bool SettingsFile::AppendPending(Value& latest) {
   const ssize_t written = ::write(file_, pending_.data(), pending_.size());
   if (written != static_cast<ssize_t>(pending_.size())) {
-    // A write that is cut short says nothing of its reason, which is a lack of room.
+    // A short write gives no error number; the reason is a full disk.
     const int error = written < 0 ? errno : ENOSPC;
     unsaved_ = true;
     if (written > 0) CatchUp();
@@ -156,7 +156,7 @@ SettingsFile::Value& SettingsFile::Put(std::string_view key, std::string_view te
   return value;
 }
 
-/// Without success the store lives in memory; the next write tries again.
+/// If this fails, the values stay in memory and the next write tries again.
 void SettingsFile::Open() {
   for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
     const Attempt result = TryOpen();
@@ -166,7 +166,7 @@ void SettingsFile::Open() {
   }
 }
 
-/// Without a file, or with a damaged one, the copy has what can be read.
+/// From a damaged file the copy takes what can be read.
 void SettingsFile::TakeCopy() {
   file_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   struct stat status {};
@@ -180,12 +180,12 @@ SettingsFile::Attempt SettingsFile::TryOpen() {
   if (!alone) TakeSharedLock();
   if (!IsCurrent()) return Attempt::Again;
   if (alone) return UseAlone();
-  // Others use the file as it is: what cannot be read in it is passed over.
+  // Others are using the file, so what cannot be read in it is ignored.
   CatchUp();
   return Attempt::Opened;
 }
 
-/// The one moment at which a damaged or overlong journal can be exchanged.
+/// Only now can a damaged or overlong journal be replaced.
 SettingsFile::Attempt SettingsFile::UseAlone() {
   if (!CatchUp()) {
     SetAside();
@@ -210,8 +210,8 @@ bool SettingsFile::OpenJournal() {
   return file_ >= kFirstPrivate && ::fstat(file_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// Nobody holds the exclusive lock for longer than it takes to write the file anew. A file system
-/// without locks is used without them: appending is safe there too, only the file is never exchanged.
+/// The exclusive lock is only held for the time of rewriting the file. A file system without locks is
+/// used without them: appending is still safe, but the file is never replaced.
 void SettingsFile::TakeSharedLock() const {
   while (::flock(file_, LOCK_SH) != 0 && errno == EINTR) {
   }
@@ -234,8 +234,8 @@ void SettingsFile::Release() {
   tornTail_ = false;
 }
 
-/// Takes in what the journal holds behind what is known of it. False when some of it can be no part of
-/// a settings file.
+/// Reads what the journal holds after the known part. False when some of it cannot belong to a
+/// settings file.
 bool SettingsFile::CatchUp() {
   std::string text;
   std::array<char, 64 * 1024> piece;
@@ -267,7 +267,7 @@ bool SettingsFile::ApplyLine(std::string_view line) {
   const std::optional<SettingsRecord> record = ReadSettingsRecord(line);
   if (!record) return false;
   const auto known = values_.find(record->Key);
-  // A value of this run that could not be written yet is the newer one.
+  // A value of this run that could not be written yet is newer.
   if (known != values_.end() && !known->second.Saved) return true;
   Put(record->Key, record->Value).Saved = true;
   return true;
@@ -284,9 +284,9 @@ void SettingsFile::SetAside() const {
 
 void SettingsFile::CompactIfWorthIt() {
   if (applied_ <= compactAt_ || liveSize_ >= applied_ / 2) return;
-  // Should others use the file now, the next attempt comes after as many bytes again.
+  // If others use the file now, the next attempt comes after this many more bytes.
   compactAt_ = applied_ + kCompactionSize;
-  // Trying for the exclusive lock may lose the shared one, so another may exchange the file here.
+  // Asking for the exclusive lock may lose the shared one, so another process may replace the file here.
   const bool alone = TryExclusiveLock();
   if (!alone) TakeSharedLock();
   Attempt result = IsCurrent() ? Attempt::Opened : Attempt::Again;
@@ -299,8 +299,8 @@ void SettingsFile::CompactIfWorthIt() {
   Open();
 }
 
-/// Writes the journal anew with each value once. Only for the holder of the exclusive lock, who has
-/// the shared lock on the new file afterwards.
+/// Rewrites the journal with each value once. Needs the exclusive lock; afterwards the shared lock
+/// on the new file is held.
 SettingsFile::Attempt SettingsFile::Compact() {
   pending_.assign(kHeader) += '\n';
   for (const auto& [name, one] : values_) AppendSettingsRecord(pending_, name, one.Text);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The settings store: a journal of records, one write to the system for each value.
+// The settings store: a journal of records, with one system call for each value written.
 #pragma once
 
 #include <sys/types.h>
@@ -14,23 +14,23 @@
 
 namespace requite {
 
-/// Keeps every value durable the moment Write returns (it survives the end of the process by any
-/// signal). The file is made with its folder, readable by its user alone.
+/// A value is safe when Write returns: it survives the end of the process by any signal. The file
+/// and its folder are made when missing, readable by the user alone.
 ///
 /// Several processes may use one file at once: each record is appended in one piece and none is
-/// lost. A process sees the others' values at its start and from each of its own writes on.
+/// lost. A process sees the others' values at its start and after each of its own writes.
 ///
-/// A file that is no settings file, or that holds what no record can look like, is set aside as
+/// A file that is not a settings file, or that holds anything but records, is set aside as
 /// "<name>.damaged-1" (or the next free number), and the store starts empty. A last record that was
-/// cut off is dropped. A value that cannot be written (a full disk) is kept for the run and written
-/// together with the next one that can; OnUnsaved is told of the first.
+/// cut short is dropped. A value that cannot be written (a full disk) is kept for the run and written
+/// together with the next one that can; OnUnsaved runs for the first.
 class SettingsFile : public SettingsStore {
  public:
-  /// A journal of at least this size in bytes is written anew when most of it is stale and no other
+  /// A journal of at least this many bytes is rewritten when most of it is out of date and no other
   /// process uses it.
   static constexpr off_t kCompactionSize = 256 * 1024;
 
-  /// A copy takes the values that the file holds now; it writes nothing to the disk, not even the file.
+  /// A copy starts with the values that the file holds now and never writes to the disk.
   enum class Use { Shared, Copy };
 
   explicit SettingsFile(const std::string& path, Use use = Use::Shared);

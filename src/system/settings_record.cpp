@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Escapes of the settings journal.
+// The escapes of the settings journal.
 #include "system/settings_record.h"
 
 namespace requite {

@@ -17,10 +17,10 @@ struct SettingsRecord {
 /// backslashes (in keys "=" too) are written as "\x" and two hexadecimal digits.
 void AppendSettingsRecord(std::string& journal, std::string_view key, std::string_view value);
 
-/// The record in a line (without its line feed), or nothing when no record can look like that.
+/// The record in a line (without its line feed), or nothing when it is not a record.
 [[nodiscard]] std::optional<SettingsRecord> ReadSettingsRecord(std::string_view line);
 
-/// Ends a line that was cut off in the middle: whatever line ends in it holds no record.
+/// Ends a line that was cut short: a line that ends in it is not a record.
 inline constexpr char kVoidLine = '\x18';
 
 }  // namespace requite

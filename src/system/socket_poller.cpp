@@ -13,10 +13,10 @@
 namespace requite {
 namespace {
 
-/// How long the poller keeps the thread from the event loop, at most.
+/// The longest time for which the poller keeps the thread from the event loop.
 constexpr std::chrono::nanoseconds kSlice = std::chrono::milliseconds(4);
 
-/// The bits of poll() and epoll have the same values; the kernel's interface promises it.
+/// The bits of poll() and epoll have the same values; the kernel guarantees it.
 static_assert(POLLIN == static_cast<int>(EPOLLIN) && POLLOUT == static_cast<int>(EPOLLOUT) &&
               POLLRDHUP == static_cast<int>(EPOLLRDHUP));
 
@@ -48,7 +48,7 @@ void SocketPoller::Arm(PolledSocket& socket) const {
   epoll_event event{};
   event.events = static_cast<std::uint32_t>(socket.wanted_);
   event.data.fd = socket.descriptor_;
-  // A socket that waits for nothing leaves the set: epoll would go on to tell of its errors.
+  // A socket that waits for nothing leaves the set, or epoll would keep reporting its errors.
   const int change = socket.wanted_ == 0 ? EPOLL_CTL_DEL : socket.armed_ == 0 ? EPOLL_CTL_ADD : EPOLL_CTL_MOD;
   ::epoll_ctl(epoll_, change, socket.descriptor_, &event);
   socket.armed_ = socket.wanted_;
@@ -56,15 +56,14 @@ void SocketPoller::Arm(PolledSocket& socket) const {
 
 void SocketPoller::OnReadable() {
   if (delivering_) {
-    // A handler lets events run. What is ready now waits until it has returned; until then the watch
+    // A handler may let events run. What is ready then waits until it has returned; until then the watch
     // must be off, or a nested loop would spin on it.
     watch_->SetOn(false);
     watchIsOff_ = true;
     return;
   }
   delivering_ = true;
-  // One timer for the whole slice: a time-out given to each wait would cost a timer each, which takes
-  // longer than the rest of the wait.
+  // One timer for the whole slice: a time-out for each wait would cost more than the rest of the wait.
   const itimerspec slice{{0, 0}, {0, kSlice.count()}};
   ::timerfd_settime(sliceEnd_, 0, &slice, nullptr);
   while (DeliverOne()) {
@@ -75,13 +74,13 @@ void SocketPoller::OnReadable() {
 }
 
 /// Waits for a socket to become ready and runs its handler. False at the end of the slice, and when no
-/// socket waits for anything. Each handler may open and close any socket, so readiness is asked for again
-/// after it.
+/// socket waits for anything. A handler may open and close any socket, so readiness is asked for again
+/// after each.
 bool SocketPoller::DeliverOne() {
   polled_.clear();
   bool waiting = false;
   for (const PolledSocket* socket : sockets_) {
-    // poll() passes over a negative descriptor.
+    // poll() ignores a negative descriptor.
     polled_.push_back({socket->wanted_ == 0 ? -1 : socket->descriptor_, socket->wanted_, 0});
     waiting = waiting || polled_.back().fd >= 0;
   }
@@ -122,7 +121,7 @@ void PolledSocket::Want(short wanted) {
 
 void PolledSocket::Close() {
   if (descriptor_ < 0) return;
-  // Closing takes the descriptor out of the epoll set too.
+  // Closing also removes the descriptor from the epoll set.
   ::close(descriptor_);
   descriptor_ = -1;
   wanted_ = 0;

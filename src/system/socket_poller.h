@@ -15,12 +15,12 @@ namespace requite {
 
 class PolledSocket;
 
-/// Watches sockets for the event loop through one epoll descriptor and one permanent watch.
+/// Watches sockets through one epoll descriptor and one permanent watch of the event loop.
 ///
 /// While sockets become ready in quick succession it waits for them itself, for a slice of a few
 /// milliseconds at most: a page from a fast server then costs no turn of the event loop. While a handler
-/// runs (it may yield, and the yield may open a message box), no other readiness is delivered: it
-/// waits until the handler has returned, so handlers never nest, however fast the network is.
+/// runs (it may let events run, and one may open a message box), no other readiness is delivered
+/// until it has returned. So handlers never nest, however fast the network is.
 class SocketPoller {
  public:
   /// Loop and guard must outlive the poller, and the poller its sockets.
@@ -50,16 +50,16 @@ class SocketPoller {
   bool delivering_ = false;
 };
 
-/// One descriptor under a poller's eyes.
+/// One descriptor that a poller watches.
 class PolledSocket {
  public:
-  /// `onReady` gets the poll() bits that hold. It must not destroy this object.
+  /// `onReady` gets the poll() bits that are set. It must not destroy this object.
   PolledSocket(SocketPoller& poller, std::function<void(short readiness)> onReady);
   ~PolledSocket();
   PolledSocket(const PolledSocket&) = delete;
   PolledSocket& operator=(const PolledSocket&) = delete;
 
-  /// Takes a descriptor over (closing the one before) and waits for the wanted poll() bits.
+  /// Takes ownership of a descriptor, closes the one before, and waits for the wanted poll() bits.
   void Open(int descriptor, short wanted);
   /// Changes what is waited for; 0 waits for nothing.
   void Want(short wanted);
