@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Windows-1252 and the toolkit's texts.
+// Converts between Windows-1252 and the toolkit's strings.
 #include "qt/services/code_page.h"
 
 #include <QUrl>
@@ -23,7 +23,7 @@ std::string FromUnicode(const QString& text) {
   std::string bytes;
   bytes.reserve(static_cast<std::size_t>(text.size()));
   for (qsizetype i = 0; i < text.size(); ++i) {
-    // Both halves of a character beyond the basic plane are one character.
+    // A surrogate pair is one character.
     if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) ++i;
     bytes.push_back(ByteOf(text[i].unicode()));
   }

@@ -9,7 +9,7 @@
 namespace requite {
 
 /// Each byte becomes one character. The five bytes that the code page leaves undefined become the C1
-/// controls of the same number, so every byte survives the way there and back.
+/// controls of the same number, so every byte survives a round trip.
 [[nodiscard]] QString ToUnicode(std::string_view bytes);
 [[nodiscard]] std::string ToUtf8(std::string_view bytes);
 
@@ -17,8 +17,8 @@ namespace requite {
 [[nodiscard]] std::string FromUnicode(const QString& text);
 [[nodiscard]] std::string FromUtf8(std::string_view utf8);
 
-/// The name of a host in the code page as the net knows it: an international one in its ASCII form. Empty
-/// when there is none, whatever the locale.
+/// The name of a host as DNS has it: an international one in its ASCII form, whatever the locale. Empty
+/// when there is none.
 [[nodiscard]] std::string AsciiHost(std::string_view host);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Everything goes through the desktop's one opener.
+// Opens everything with the desktop's opener.
 #include "qt/services/desktop_shell.h"
 
 #include <unistd.h>
@@ -16,20 +16,20 @@
 namespace requite {
 namespace {
 
-/// The opener may run as long as the program that it started. A failure after this time is that of a
-/// program that did open.
+/// The opener may run as long as the program that it started, so a failure after this time belongs to
+/// a program that did open.
 constexpr qint64 kOpenedAfter = 30'000;  // ms
 
-/// The two names of the help files' type.
+/// The type of help files has two names.
 constexpr auto kAskForHelpProgram =
     "for type in application/vnd.ms-htmlhelp application/x-chm; do xdg-mime query default $type; done";
 
 using Ended = std::function<void(bool good, const QByteArray& output)>;
 
-/// Starts a program and calls `ended` once, when it ends or cannot be started. Without a reader of its
-/// output it stays alive when this program ends.
+/// Starts a program and calls `ended` once, when it ends or cannot be started. It has a
+/// session of its own, so it stays alive when this program ends.
 void Start(const QString& program, const QStringList& arguments, QObject& context, const Ended& ended) {
-  auto* const process = new QProcess;  // without a parent: its end would be the end of what it opened
+  auto* const process = new QProcess;  // without a parent, which would end the opened program with this one
   process->setChildProcessModifier([] { ::setsid(); });
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardErrorFile(QProcess::nullDevice());
@@ -47,7 +47,7 @@ void Start(const QString& program, const QStringList& arguments, QObject& contex
   process->start(program, arguments);
 }
 
-/// An absolute path cannot be taken for an option.
+/// An absolute path cannot be mistaken for an option.
 QString AbsolutePath(const std::string& path) {
   return QFileInfo(QFile::decodeName(path.c_str())).absoluteFilePath();
 }

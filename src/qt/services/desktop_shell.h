@@ -13,11 +13,11 @@ namespace requite {
 /// Each call starts the desktop's opener and does not wait for it.
 class DesktopShell : public Shell {
  public:
-  /// For help files: it is opened only where the desktop names a program for that type, since the opener
-  /// would hand it to a browser otherwise, which can do nothing with it.
+  /// For help files: opened only where the desktop has a program for the type, because the opener would
+  /// otherwise pass it to a browser, which cannot show it.
   void OpenDocument(const std::string& path) override;
-  /// What has no scheme is an address of the web. Addresses of other schemes than http and https are not
-  /// opened: they may come from a remote page.
+  /// An address without a scheme is taken as a web address. Only http and https are opened: the address may
+  /// come from a remote page.
   void OpenUrlOutside(const std::string& url) override;
   void OpenFolder(const std::string& path) override;
 
@@ -28,7 +28,7 @@ class DesktopShell : public Shell {
   void Open(const QString& what);
   void Fail(const QString& what) const;
 
-  QObject context_;  ///< ends the connections of openers that still run
+  QObject context_;  ///< disconnects openers that are still running
 };
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The choice of the program's folder and its first filling.
+// Chooses the program's folder and fills it.
 #include "qt/services/program_folder.h"
 
 #include <unistd.h>
@@ -16,8 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder that the user's environment names; only an absolute path counts, else `fallback` below the
-/// user's home.
+/// A folder named by the environment if it is an absolute path, else `fallback` below the user's home.
 std::string UserFolder(const char* variable, const std::string& fallback) {
   const char* named = std::getenv(variable);
   if (named != nullptr && named[0] == '/') return named;

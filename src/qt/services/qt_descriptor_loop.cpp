@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A notifier for each descriptor, and an event loop of its own for each wait.
+// A notifier for each descriptor and an event loop for each wait.
 #include "qt/services/qt_descriptor_loop.h"
 
 #include <QSocketNotifier>
@@ -7,7 +7,7 @@
 namespace requite {
 namespace {
 
-/// How a loop ends that is only to look again. One that ends otherwise was ended with the program.
+/// The exit code of a loop that is to check again. Any other one means that the program ends.
 constexpr int kLookAgain = 0x4745;
 
 class NotifierWatch : public DescriptorWatch {

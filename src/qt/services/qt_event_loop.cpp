@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Yields, with the slicing that makes them cheap, and waits.
+// Waits, and yields that are cheap because most return at once.
 #include "qt/services/qt_event_loop.h"
 
 #include <QCoreApplication>
@@ -13,11 +13,11 @@ namespace {
 /// What a predicate depends on may change without an event (a signal handler's flag).
 constexpr std::chrono::milliseconds kLookAgain{50};
 
-/// Keeps the end of a wait within what the clock can count.
+/// Keeps the end of a wait within the clock's range.
 constexpr std::chrono::milliseconds kLongest = std::chrono::hours(24 * 365 * 100);
 
-/// The system's coarse clock: it moves every few milliseconds, and reading it costs a fifth of the
-/// exact one. A page has a yield a line.
+/// The system's coarse clock: it moves every few milliseconds, and reading it costs a fifth of reading
+/// the exact one. There is a yield for each line of a page.
 std::chrono::nanoseconds YieldClock() {
   timespec now{};
   ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
@@ -33,7 +33,7 @@ void QtEventLoop::LetPendingEventsRun() {
 }
 
 void QtEventLoop::RunFor(std::chrono::milliseconds duration) {
-  // A predicate that never holds: only the limit ends the run.
+  // This predicate never holds, so only the limit ends the run.
   RunUntil([] { return false; }, duration);
 }
 

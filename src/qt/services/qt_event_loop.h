@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one thread's event loop over Qt's.
+// The program's event loop, on Qt's.
 #pragma once
 
 #include <chrono>
@@ -9,20 +9,20 @@
 
 namespace requite {
 
-/// Needs a QCoreApplication (or one of its heirs) for its whole life.
+/// Needs a QCoreApplication (or a derived class) during its whole life.
 class QtEventLoop : public EventLoop {
  public:
-  /// A yield that comes within this time of the last delivery returns at once, at the price of one
-  /// read of a clock with a step of up to 4 ms. An event that has waited 10 ms is thus always delivered.
+  /// A yield that comes within this time of the last delivery returns at once and only reads a
+  /// clock with a step of up to 4 ms. So an event that has waited 10 ms is always delivered.
   static constexpr std::chrono::milliseconds kSlice{4};
 
   void LetPendingEventsRun() override;
 
-  /// Lets events run for that long; with 0, once what is waiting now.
+  /// Lets events run for that long; with 0, only those waiting now.
   void RunFor(std::chrono::milliseconds duration);
 
   /// Lets events run until the predicate holds (it is tested first, and after each delivery) or until
-  /// `limit` has passed. Returns what the predicate said last.
+  /// `limit` has passed. Returns the predicate's last value.
   bool RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit);
 
  private:

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Ticks of a QTimer, through the guard.
+// The ticks of a QTimer, run by the guard.
 #include "qt/services/qt_timer.h"
 
 namespace requite {
 
 QtTimer::QtTimer(const EventGuard& guard) {
-  // The tick of a second counts a page's seconds of silence; a coarse timer may be early.
+  // A page's seconds of silence are counted by ticks, and a coarse timer may be early.
   timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this, &guard] {
     guard.Run([this] {

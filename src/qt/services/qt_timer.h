@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A repeating timer whose ticks are events of Qt's loop.
+// A repeating timer on Qt's event loop.
 #pragma once
 
 #include <QTimer>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Signals taken from a descriptor.
+// Reads signals from a descriptor.
 #include "qt/services/signal_watch.h"
 
 #include <sys/signalfd.h>

@@ -11,9 +11,9 @@
 
 namespace requite {
 
-/// Watches for SIGINT, SIGTERM and SIGHUP from here on until the end of its life. The first of them is
-/// told as an event; a second SIGINT or SIGTERM ends the process at once, as it would without this. A
-/// second SIGHUP waits: a terminal that closes may send several.
+/// Watches for SIGINT, SIGTERM and SIGHUP as long as it exists. The first one is an event; a second SIGINT
+/// or SIGTERM ends the process at once, as without this object. A second SIGHUP does not, because a
+/// closing terminal may send several.
 class SignalWatch {
  public:
   /// The guard must outlive the watch.

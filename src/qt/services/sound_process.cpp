@@ -39,7 +39,7 @@ void SoundProcess::PlaySoundFile(const std::string& path) {
 void SoundProcess::CutOff() {
   if (!process_) return;
   process_->kill();
-  // Killed, it is gone at once; waiting collects it.
+  // A killed player ends at once; this collects its exit status.
   process_->waitForFinished(1000);
   process_.reset();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sounds by way of the desktop's own player program.
+// Plays sounds with the desktop's own player program.
 #pragma once
 
 #include <QString>

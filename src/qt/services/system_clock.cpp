@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Dates, times and numbers by the locale.
+// Formats dates, times and numbers by the locale.
 #include "qt/services/system_clock.h"
 
 #include <QDateTime>
@@ -13,8 +13,8 @@ namespace {
 
 constexpr char32_t kNoBreakBlank = 0xA0;
 
-/// The sign of the code page that is nearest to a sign of a number. The decimal and the grouping sign of one
-/// locale stay apart. Nothing for a mark that only turns the direction of writing.
+/// The character of the code page nearest to a sign in a number. The decimal and the grouping sign of a
+/// locale stay different. Nothing for a mark that only changes the writing direction.
 std::optional<char32_t> NearestSign(char32_t sign) {
   switch (sign) {
     case 0x066B: return U',';    // Arabic decimal sign
@@ -30,7 +30,7 @@ std::optional<char32_t> NearestSign(char32_t sign) {
   return sign;
 }
 
-/// The figure with ASCII digits and with the locale's signs, as far as the code page has them.
+/// The number with ASCII digits and the locale's signs, or the nearest in the code page.
 std::string InCodePage(const QString& figure) {
   std::u32string text;
   for (const char32_t each : figure.toStdU32String()) {
@@ -41,8 +41,8 @@ std::string InCodePage(const QString& figure) {
   return FromUnicode(QString::fromStdU32String(text));
 }
 
-/// The locale's text where the code page has its letters, else the one that everybody can read. A blank of
-/// another width is no letter.
+/// The locale's text if the code page has its letters, else the fallback. Spaces of other widths become
+/// no-break spaces first.
 std::string InCodePageOr(QString localText, const QString& fallback) {
   for (QChar& each : localText) {
     if (each.unicode() > 0x7F && each.isSpace()) each = QChar(kNoBreakBlank);
@@ -68,8 +68,7 @@ std::string SystemClock::IsoDateTime() {
 }
 
 std::string SystemClock::TwoDecimals(double value) {
-  // Rounded as it is written in decimal: 1.005 is a half to the reader, although its binary form lies
-  // a little below.
+  // Rounded in decimal: 1.005 ends in a half for the reader, although its binary form is a little less.
   constexpr int kDecimalDigits = 15;
   const double hundredths = QString::number(value * 100, 'g', kDecimalDigits).toDouble();
   return InCodePage(locale_.toString(std::round(hundredths) / 100, 'f', 2));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads a page once from left to right. Pages are hostile: what is looked for and not there is not looked
-// for again, so that no page takes more than its length.
+// Reads a page once from left to right. Pages are hostile: a search that fails is not repeated, so that
+// the time stays linear.
 #include "qt/web/html_text.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ struct Entity {
   unsigned Code;
   char Character;
 };
-/// Those that pages use most; the others with a character of the code page are written by number.
+/// The common ones; other characters of the code page are written by number.
 constexpr std::array<Entity, 18> kEntities{{{"amp", 38, '&'},
                                             {"lt", 60, '<'},
                                             {"gt", 62, '>'},
@@ -40,7 +40,7 @@ constexpr std::array<Entity, 18> kEntities{{{"amp", 38, '&'},
                                             {"mdash", 8212, '\x97'},
                                             {"trade", 8482, '\x99'}}};
 
-/// Begin and end a line; paragraphs and headings also leave one free.
+/// These begin and end a line; paragraphs and headings also leave an empty one.
 constexpr std::array<std::string_view, 26> kBlocks{
     "address", "article", "aside",    "blockquote", "body",  "caption", "center", "dd", "div",
     "dl",      "dt",      "fieldset", "footer",     "form",  "header",  "hr",     "li", "main",
@@ -100,7 +100,7 @@ class PageReader {
   }
 
  private:
-  /// Moves past a comment, a tag, or an element that is no text. False at a "<" that is text.
+  /// Moves past a comment, a tag, or an element without text. False at a "<" that is text.
   bool SkipMarkup() {
     if (page_.substr(at_).starts_with("<!--")) return SkipTo("-->", noComment_);
     const char next = at_ + 1 < page_.size() ? page_[at_ + 1] : ' ';
@@ -112,7 +112,7 @@ class PageReader {
     const std::string name = Lower(page_.substr(begin, std::min(end - begin, std::size_t{12})));
     if (!SkipTo(">", noTag_)) return false;
     const bool closes = next == '/';
-    if (!closes || name != "li") BreakFor(name);  // the next line need not begin where an item ends
+    if (!closes || name != "li") BreakFor(name);  // the end of an item needs no new line
     if (closes) return true;
     if (name == "script") SkipTo("</script", noScriptEnd_, 0);
     if (name == "style") SkipTo("</style", noStyleEnd_, 0);
@@ -129,7 +129,7 @@ class PageReader {
 
   bool SkipTo(std::string_view end, bool& none) { return SkipTo(end, none, end.size()); }
 
-  /// Moves to the next `end`, in any letter case, and past so much of it. False, and remembered in `none`,
+  /// Moves to the next `end`, in any letter case, and `past` bytes beyond. False, and remembered in `none`,
   /// when there is none.
   bool SkipTo(std::string_view end, bool& none, std::size_t past) {
     if (none) return false;
@@ -167,7 +167,7 @@ class PageReader {
     }
     const bool full = text.size() - lineBegin_ >= kLongestLine - 1;
     if (text.empty()) {
-      // Nothing parts the first character from what came before it.
+      // Nothing separates the first character from anything before it.
     } else if (lines_ > 0 || full) {
       text.append(lines_ > 1 ? 2 : 1, '\n');
       lineBegin_ = text.size();

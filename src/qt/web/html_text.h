@@ -13,10 +13,10 @@ struct HtmlText {
   bool Cut = false;  ///< the page holds more than `Text`
 };
 
-/// The page without its tags, comments, scripts, styles and title; blanks folded, a new line at each block.
+/// The page without its tags, comments, scripts, styles and title; spaces folded, a new line at each block.
 /// Markup that is never closed is text. Entities that have a character in the program's code page are
-/// decoded, control characters become blanks. `Text` has at most `limit` characters, and no line of it more
-/// than 4096, which keeps any view of it quick. The time is linear in the page.
+/// decoded, control characters become spaces. `Text` has at most `limit` characters, and its lines at most
+/// 4096, which keeps any view of it fast. The time is linear in the page.
 [[nodiscard]] HtmlText TextOfHtml(std::string_view page, std::size_t limit);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Goes with the text of the line, so that it is never offered for a local page.
+// Follows the text of the line, so that it is never offered for a local page.
 #include "qt/web/open_outside_button.h"
 
 #include <QLineEdit>

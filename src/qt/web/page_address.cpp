@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Addresses are read here rather than by the toolkit's guess, which takes words for files and schemes for
-// hosts.
+// Addresses are read here because the toolkit's guess mistakes words for files and schemes for hosts.
 #include "qt/web/page_address.h"
 
 #include <QFile>

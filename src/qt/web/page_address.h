@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the program or the user means by an address.
+// What an address given by the program or the user means.
 #pragma once
 
 #include <QUrl>
@@ -8,11 +8,11 @@
 
 namespace requite {
 
-/// The URL behind an address: paths and file URLs are local files, an address without a scheme is a host,
-/// an empty one the empty page. Nothing for other schemes and for what cannot be read as a URL.
+/// The URL of an address: paths and file URLs are local files, an address without a scheme is a host,
+/// an empty one the empty page. Nothing for other schemes and for anything that is not a URL.
 [[nodiscard]] std::optional<QUrl> UrlOfAddress(const std::string& address);
 
-/// The text that stands for a URL in an address line: a path for a local file. UrlOfAddress reads it back.
+/// The text to show for a URL in an address line: a path for a local file. UrlOfAddress reads it back.
 [[nodiscard]] std::string AddressOfUrl(const QUrl& url);
 
 [[nodiscard]] bool IsRemote(const QUrl& url);

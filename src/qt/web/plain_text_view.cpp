@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program takes the tags out itself: rich text of a hostile page would freeze the window.
+// The program removes the tags itself: showing a hostile page as rich text would freeze the window.
 #include "qt/web/plain_text_view.h"
 
 #include <QFile>
@@ -13,7 +13,7 @@
 namespace requite {
 namespace {
 
-/// More text than is shown may lie behind much markup, but no page needs all of a huge file.
+/// Much markup may hold little text, but no page needs all of a huge file.
 constexpr std::size_t kMostRead = 64 << 20;
 
 }  // namespace
@@ -50,9 +50,9 @@ bool PlainTextView::Forward() {
   return true;
 }
 
-/// Not at once: a GET lets events run, and the caller may stand in the middle of a handler.
+/// Not at once: a GET lets events run, and the caller may be in the middle of a handler.
 void PlainTextView::ShowSoon() {
-  gets_.Abort();  // the page before is not wanted any more
+  gets_.Abort();  // the previous page is not wanted any more
   QMetaObject::invokeMethod(
       this,
       [this, mine = ++asked_] {
@@ -75,7 +75,7 @@ void PlainTextView::ShowNow() {
   events_.PageComplete(url);
 }
 
-/// The page as its server or file has it; nothing when there is none.
+/// The page as the server or file has it; nothing when there is none.
 std::optional<std::string> PlainTextView::PageOf(const QUrl& url) {
   if (IsRemote(url)) return gets_.OpenUrl(AddressOfUrl(url), "Mozilla");
   if (!url.isLocalFile()) return "";
@@ -85,7 +85,7 @@ std::optional<std::string> PlainTextView::PageOf(const QUrl& url) {
 }
 
 void PlainTextView::Show(const std::string& page) {
-  // A report repeats addresses as they are: markup in one must not hide the rest.
+  // A report repeats addresses unchanged: markup in one must not hide the rest.
   const HtmlText text = TextOfHtml(IsReport(page) ? ReportForView(page) : page, kMostText);
   const QString end = text.Cut || page.size() >= kMostRead
                           ? tr("\n\n[The rest of this page is not shown here: it is too long.]")

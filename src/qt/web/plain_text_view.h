@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The text of web pages: no markup, no links, no further requests.
+// Shows web pages as text: no markup, no links, no further requests.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -13,9 +13,8 @@
 
 namespace requite {
 
-/// Shows the text of local HTML files, and of remote pages by one GET each, where the browser's library is
-/// not installed. No more of a page is shown than kMostText characters, and a last line says where it was
-/// cut.
+/// Shows the text of local HTML files, and of remote pages with one GET each, where the browser's library
+/// /// is not installed. At most kMostText characters of a page are shown; a last line says when it was cut.
 class PlainTextView final : public QPlainTextEdit, public WebView {
   Q_OBJECT
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The library is found by its place beside the program, never by a search of the system's folders.
+// The library is found by its place beside the program, never by searching the system's folders.
 #include "qt/web/web_module.h"
 
 #include <unistd.h>
@@ -19,15 +19,15 @@ void SetUnlessSet(const char* name, const char* value) {
 }  // namespace
 
 void PrepareWebEngine() {
-  // Without shared contexts the library crashes when it comes after the application object.
+  // Without shared contexts the library crashes when it is loaded after the application object.
   QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-  // Pages are drawn by the processor: a driver loaded for them would double the start and the memory.
+  // Pages are drawn by the processor: loading a graphics driver would double the start time and the memory.
   SetUnlessSet("QT_XCB_GL_INTEGRATION", "none");
   SetUnlessSet("QT_QUICK_BACKEND", "software");
   QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
   if (!flags.contains("--disable-gpu"))
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", (flags + " --disable-gpu").trimmed());
-  // That there is no driver is then no news for the terminal.
+  // Without a driver the library would warn on the terminal.
   QLoggingCategory::setFilterRules("qt.webenginecontext=false");
   // The sandbox refuses to start for root.
   if (geteuid() == 0) SetUnlessSet("QTWEBENGINE_DISABLE_SANDBOX", "1");

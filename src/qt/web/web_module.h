@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The library of the web views: prepared at the program's start, loaded when the first view is shown.
+// The library of the web views: prepared when the program starts, loaded when the first view is shown.
 #pragma once
 
 #include <QString>
@@ -8,15 +8,14 @@
 
 namespace requite {
 
-/// Sets what the library needs of the process, and loads nothing. Must run before the application object is
-/// made. Variables that the user has set stay.
+/// Sets what the library needs in the process, and loads nothing. Must run before the application object is
+/// made. Environment variables set by the user are kept.
 void PrepareWebEngine();
 
-/// The file of the library: beside the executable, or where an installation puts it. Empty when it is not
-/// there.
+/// The library's file: beside the executable, or where an installation puts it. Empty when it is missing.
 [[nodiscard]] QString WebModulePath();
 
-/// Loads the library, which then stays, and makes a view. Nothing when it is missing or cannot be loaded.
+/// Loads the library for good and makes a view. Nothing when it is missing or cannot be loaded.
 [[nodiscard]] WebView* MakeViewOfModule(const QString& path, WebViewEvents& events, QWidget* parent);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a web view offers and tells: the boundary between the program and the library that is loaded for it.
+// What a web view can do and reports: the boundary between the program and the library loaded for it.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@ class QWidget;
 
 namespace requite {
 
-/// Hears a web view. No call may throw: the view calls from inside the toolkit.
+/// Is told what a web view does. No call may throw: the view calls from inside the toolkit.
 class WebViewEvents {
  public:
   virtual ~WebViewEvents() = default;
@@ -22,7 +22,7 @@ class WebViewEvents {
   virtual void PageFailed(const QUrl& location, const QString& reason) = 0;
   /// The process that drew the page ended; the view can be asked to reload.
   virtual void RendererEnded() = 0;
-  /// The page wanted something that is not given (a download); the page on show stays.
+  /// The page asked for something that is refused (a download); the page on show stays.
   virtual void Refused(const QString& what) = 0;
   /// A link that the view leaves to the program: one to a host without a scheme, one for a new window.
   virtual void LinkChosen(const QString& address) = 0;
@@ -33,9 +33,9 @@ class WebView {
  public:
   virtual ~WebView() = default;
   [[nodiscard]] virtual QWidget* Widget() = 0;
-  /// An http, https or file URL, or about:blank; the only way in which a file comes on show.
+  /// An http, https or file URL, or about:blank; the only way to show a file.
   virtual void Load(const QUrl& url) = 0;
-  /// Tells nothing when nothing is loading, and nothing when a load was only just asked for.
+  /// No event follows when nothing is loading or a load has only just been asked for.
   virtual void Stop() = 0;
   virtual void Reload() = 0;
   /// False at the end of the history.
@@ -47,8 +47,8 @@ class WebView {
 using MakeWebView = WebView* (*)(WebViewEvents& events, QWidget* parent);
 inline constexpr const char* kMakeWebView = "RequiteMakeWebView";
 
-/// A link of a local page with no scheme of its own is meant as a host: the toolkit has made it a file
-/// beside the page. Its address, or nothing for another link.
+/// A link of a local page without a scheme means a host, but the toolkit has made it a file beside the
+/// page. Returns its address, or nothing for another link.
 [[nodiscard]] inline QString HostMeantBy(const QUrl& link, const QUrl& localPage) {
   const QString folder = localPage.adjusted(QUrl::RemoveFilename | QUrl::RemoveQuery | QUrl::RemoveFragment)
                              .toString(QUrl::FullyEncoded);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stands between the control and the view: addresses one way, the course of a load the other.
+// Connects the control and the view: passes addresses one way and the progress of loads the other.
 #include "qt/web/web_view_holder.h"
 
 #include <QFileInfo>
@@ -22,7 +22,7 @@ constexpr int kNoticeWidth = 420;
 QLabel* NewText(const char* name, QWidget* parent) {
   auto* const label = new QLabel(parent);
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);  // it may hold what a page said
+  label->setTextFormat(Qt::PlainText);  // it may hold words of a page
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   label->setWordWrap(true);
   return label;
@@ -68,10 +68,10 @@ WebViewHolder::WebViewHolder(BrowserView& control, Internet& internet, const Eve
 
 WebViewHolder::~WebViewHolder() {
   control_.SetEngine(nullptr);
-  delete view_;  // while the events that it tells can still be heard
+  delete view_;  // while this object can still receive its events
 }
 
-/// What is shown in place of a page: a title, a sentence and a way on.
+/// What is shown in place of a page: a title, a sentence and a button.
 QWidget* WebViewHolder::BuildNotice() {
   auto* const notice = new QWidget(this);
   auto* const layout = new QVBoxLayout(notice);
@@ -106,7 +106,7 @@ void WebViewHolder::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (view_ != nullptr) return;
   noticeTitle_->setText(tr("The web view is starting."));
-  // After the tab has been painted, since loading the library takes a moment.
+  // After the tab has been painted, because loading the library takes a moment.
   QMetaObject::invokeMethod(
       this, [this] { guard_.Run([this] { MakeView(); }); }, Qt::QueuedConnection);
 }
@@ -143,7 +143,7 @@ void WebViewHolder::Navigate(const std::string& url) {
 void WebViewHolder::Stop() {
   if (view_ == nullptr) return;
   view_->Stop();
-  progress_->hide();  // a load that has only just been asked for ends without a word
+  progress_->hide();  // a load that has only just been asked for ends without an event
 }
 
 void WebViewHolder::Refresh() {
@@ -197,7 +197,7 @@ void WebViewHolder::Tell(const QString& line) {
 }
 
 void WebViewHolder::LinkChosen(const QString& address) {
-  // Later: the view stands in the middle of its own handler.
+  // Later, because the view is in the middle of its own handler.
   QMetaObject::invokeMethod(
       this, [this, address] { guard_.Run([&] { control_.Navigate(FromUnicode(address)); }); },
       Qt::QueuedConnection);

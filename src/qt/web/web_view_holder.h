@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The place of a web view in a window: makes the view when it is first shown and tells how a load goes.
+// The place of a web view in a window: makes the view when it is first shown and reports on its loads.
 #pragma once
 
 #include <QWidget>
@@ -17,7 +17,7 @@ class QStackedLayout;
 namespace requite {
 
 /// Shows the pages of one BrowserView control. Nothing of the browser is loaded before the widget is first
-/// shown; what was asked for last is done then. Without the browser's library a view of plain text takes
+/// shown; then it loads the page asked for last. Without the browser's library a view of plain text takes
 /// its place and says so.
 class WebViewHolder final : public QWidget, public BrowserEngine, private WebViewEvents {
   Q_OBJECT
@@ -60,7 +60,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   const QString modulePath_;
   WebView* view_ = nullptr;
   QUrl failed_;
-  QString standing_;  ///< the line that stays from load to load
+  QString standing_;  ///< the line that stays for all loads
   QProgressBar* progress_ = nullptr;
   QLabel* line_ = nullptr;
   QLabel* noticeTitle_ = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Follows the resizes of a list and the hand on its header.
+// Follows the size of a list and the user's changes of its header.
 #include "qt/window/column_fit.h"
 
 #include <QEvent>

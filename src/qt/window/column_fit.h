@@ -8,8 +8,8 @@ class QTableView;
 
 namespace requite {
 
-/// Divides the view's width by these shares whenever it changes, until the user drags a column: from
-/// then on the widths are the user's. A share of 0 is a column of numbers, as wide as its caption needs.
+/// Divides the view's width by these shares whenever it changes, until the user drags a column; then the
+/// user's widths stay. A share of 0 is a column of numbers, as wide as its caption needs.
 void FitColumns(QTableView& view, std::vector<int> shares);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What each kind of widget shows of its control, and what it tells.
+// What each kind of widget shows of its control, and which events it passes on.
 #include "qt/window/control_views.h"
 
 #include <QAction>
@@ -56,7 +56,7 @@ class Binder::View : public ControlView, public RefreshedView {
     Mark();
   }
   void Apply() override {
-    // A frame around the widget brings its own state; the widget's is set by the control alone.
+    // A frame around the widget has a state of its own; the widget's own state comes from the control alone.
     if (widget_.isEnabledTo(widget_.parentWidget()) != control_.Enabled())
       widget_.setEnabled(control_.Enabled());
     if (widget_.isHidden() == control_.Visible()) widget_.setVisible(control_.Visible());
@@ -91,9 +91,9 @@ void Binder::Bind(Button& control, QAbstractButton& widget, const QString& mnemo
     if (widget.text() != caption) widget.setText(caption);
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [this, &control, &widget] {
-    // A press may have been on its way when the logic disabled the button.
+    // The press may have been waiting when the logic disabled the button.
     if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
-    // A menu that it opened stands under the mouse, which is elsewhere when a key pressed the button.
+    // A menu opens under the mouse, which may be elsewhere when a key pressed the button.
     QWidget* const popup = QApplication::activePopupWidget();
     if (popup != nullptr && !widget.underMouse()) popup->move(widget.mapToGlobal(widget.rect().bottomLeft()));
   });
@@ -152,7 +152,8 @@ void Binder::Bind(StatusBar& control, QStatusBar& widget) {
     panel->setTextFormat(Qt::PlainText);
     panel->setObjectName(QString::fromStdString(control.Name()) + QString("(%1)").arg(i + 1));
     panel->setMinimumWidth(60);
-    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // long URLs do not widen the window
+    panel->setSizePolicy(QSizePolicy::Ignored,
+                         QSizePolicy::Preferred);  // long URLs must not widen the window
     widget.addWidget(panel, i == 0 || i == 2 ? 4 : 2);
     panels.push_back(panel);
   }
@@ -178,7 +179,7 @@ void Binder::Bind(TabStrip& control, QTabBar& widget, const std::vector<QString>
     onShown(control.Selected());
   });
   widget.installEventFilter(new TabHand(&widget));
-  // A press on the tab on show counts as well: each visit of Pages adds to its list.
+  // A press on the current tab counts too: each visit to Pages adds to its list.
   QObject::connect(&widget, &QTabBar::tabBarClicked, &widget, [this, &control](int index) {
     if (index >= 0) user_.Run([&] { control.Select(index + 1); });
   });

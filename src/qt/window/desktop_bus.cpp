@@ -18,7 +18,7 @@ constexpr int kTheServicesOwnTime = -1;
 constexpr uint kNewNotification = 0;
 
 constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
-/// An address at which the library looks for no bus.
+/// An address that keeps the library from looking for a bus.
 constexpr const char* kNoBus = "disabled:";
 
 bool HasBus() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The making of the desktop's services, in the order in which they need each other.
+// Makes the desktop's services, in the order in which they need each other.
 #include "qt/window/desktop_services.h"
 
 #include <QCoreApplication>
@@ -35,7 +35,7 @@ void DesktopServices::TellUnsavedSettings() {
   if (!unsaved_.empty()) SayUnsaved();
 }
 
-/// As an event of its own: the write may be in the middle of anything.
+/// As an event of its own, because the write may happen in the middle of anything.
 void DesktopServices::SayUnsaved() {
   QTimer::singleShot(0, QCoreApplication::instance(), [this] {
     guard_.Run([this] { dialogs_.Show({unsaved_, "Settings Not Saved", Buttons::Ok, BoxIcon::None}); });

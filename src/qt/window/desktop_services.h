@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All services of a real desktop in one place, for whoever opens the real window.
+// All services of a real desktop in one place, for the programs that open the real window.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@
 
 namespace requite {
 
-/// Needs a QApplication for its whole life.
+/// Needs a QApplication during its whole life.
 class DesktopServices {
  public:
   /// Guard and map must outlive the services. The settings file is made when it is missing.
@@ -26,15 +26,15 @@ class DesktopServices {
   DesktopServices(const DesktopServices&) = delete;
   DesktopServices& operator=(const DesktopServices&) = delete;
 
-  /// The main window is on screen: from now on the user is told, once, when settings cannot be saved. Of a
-  /// failure that came before, this is told now.
+  /// Call it when the main window is on screen: from then on the user is told, once, that settings cannot be
+  /// saved. A failure before this call is reported by it.
   void TellUnsavedSettings();
 
  private:
   void SayUnsaved();
 
   const EventGuard& guard_;
-  std::string unsaved_;  ///< what there is to tell of the settings
+  std::string unsaved_;  ///< the message about the settings, if any
   bool mayTell_ = false;
   SettingsFile store_;
   QtEventLoop events_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How labels of forms are made. Their texts never change, so they are not bound.
+// Makes the labels of forms. Their texts never change, so they are not bound.
 #include "qt/window/form_parts.h"
 
 #include <QLabel>

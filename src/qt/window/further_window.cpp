@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What all windows beside the main one have in common on screen.
+// What all windows but the main one have in common on screen.
 #include "qt/window/further_window.h"
 
 #include <QCloseEvent>
@@ -28,7 +28,7 @@ FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& su
       bind_(surroundings.Refresh, surroundings.User) {
   setObjectName(QString::fromStdString(window.Name()));
   setWindowTitle(ToUnicode(window.Main.Title()));
-  // A shortcut, because a web page takes the keys for itself.
+  // A shortcut, because a web page would take the key.
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 }
 

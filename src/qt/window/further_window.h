@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The base of every window on screen beside the main one.
+// The base of every window on screen but the main one.
 #pragma once
 
 #include <QWidget>
@@ -17,18 +17,18 @@ class QTableView;
 
 namespace requite {
 
-/// What a window on screen is made over; all of it outlives the window.
+/// What a window on screen needs; all of it must outlive the window.
 struct WindowSurroundings {
   const EventGuard& Guard;
   const UserEvents& User;
-  ViewRefresh& Refresh;  ///< one for all windows: a handler of one of them may change what others show
+  ViewRefresh& Refresh;  ///< one for all windows: a handler of one may change what others show
   Services& Platform;
   QWidget& MainWindow;
   QWidget* Owner;  ///< the main window; null for a window that may outlast it
 };
 
 /// Shows one ProgramWindow: derived classes lay out widgets and bind them. The close box and Escape close
-/// the ProgramWindow, which makes this window go. Size and position are remembered by the window's name.
+/// the ProgramWindow, which removes this window. Size and position are remembered by the window's name.
 class FurtherWindow : public QWidget {
   Q_OBJECT
 
@@ -37,7 +37,7 @@ class FurtherWindow : public QWidget {
   ~FurtherWindow() override;
 
   [[nodiscard]] ProgramWindow& Shown() const { return window_; }
-  /// Takes the size and place of the last time; at the first time this size, in the main window's middle.
+  /// Takes its last size and place; the first time, this size in the middle of the main window.
   void RestoreSize(QSize first);
 
  protected:

@@ -91,7 +91,7 @@ void FurtherWindows::TakeOff(const ProgramWindow& window) {
   QTimer::singleShot(0, this, [this] { Sweep(); });
 }
 
-/// A window closes in the middle of its own handlers; it goes when none of them runs any more.
+/// A window closes in the middle of its own handlers; it is deleted when none of them is running.
 void FurtherWindows::Sweep() {
   std::erase_if(leaving_, [](const auto& each) { return each->Shown().RunningCount() == 1; });
   if (!leaving_.empty()) QTimer::singleShot(kSweepAgain, this, [this] { Sweep(); });

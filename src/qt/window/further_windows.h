@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Brings the windows beside the main one on screen as the program shows them, and takes them off.
+// Shows and removes the windows on screen as the program opens and closes them.
 #pragma once
 
 #include <QObject>
@@ -19,7 +19,7 @@ class FurtherWindows : public QObject {
   FurtherWindows(Windows& windows, const WindowSurroundings& surroundings);
   ~FurtherWindows() override;
 
-  /// Takes the windows that belong to the main window off the screen, without closing them.
+  /// Hides the windows that belong to the main window, without closing them.
   void HideOwned();
 
  private:

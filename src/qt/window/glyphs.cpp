@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Each picture on a square of sixteen units.
+// Draws each picture on a square of sixteen units.
 #include "qt/window/glyphs.h"
 
 #include <QGuiApplication>
@@ -18,7 +18,7 @@ constexpr qreal kLine = 1.4;
 
 QPolygonF Shape(std::initializer_list<QPointF> points) { return QPolygonF(QList<QPointF>(points)); }
 
-/// One drawing; `colour` is both pen and brush of what is filled.
+/// One drawing; `colour` is the pen, and the brush of filled parts.
 struct Brushwork {
   QPainter& Painter;
   QColor Colour;
@@ -36,7 +36,7 @@ struct Brushwork {
     UseLine(Colour);
     Painter.drawPolyline(Shape(points));
   }
-  /// A full circle that holds a sign in the colour of the background.
+  /// A filled circle with a sign in the background's colour.
   void Badge(std::initializer_list<std::initializer_list<QPointF>> sign) const {
     Painter.setPen(Qt::NoPen);
     Painter.setBrush(Colour);

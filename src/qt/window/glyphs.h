@@ -10,13 +10,13 @@ namespace requite {
 
 enum class Glyph { Start, More, Skip, Stop, Options, Open, Save, New, Site, Found, Redirect, Missing };
 
-/// What a colour says; each has a shade for light and one for dark backgrounds.
+/// What a colour means; each has a shade for light and one for dark backgrounds.
 enum class Tone { Text, Blue, Green, Red };
 
-/// The shade of a tone that can be read on the application's palette as it is now. `Text` is its text.
+/// The shade of a tone that is readable on the application's current palette. `Text` is the text's colour.
 [[nodiscard]] QColor ShadeOf(Tone tone);
 
-/// Follows the palette: the icon is drawn anew for each use.
+/// Follows the palette: the icon is drawn again for each use.
 [[nodiscard]] QIcon GlyphIcon(Glyph glyph, Tone tone = Tone::Text);
 
 }  // namespace requite

@@ -13,8 +13,8 @@ class ExportView final : public FurtherWindow {
   ExportView(frmExport& window, const WindowSurroundings& surroundings);
 };
 
-/// Shows how far a harvest has come; its view of the pages has nothing to show, as they are read and not
-/// looked at. Hides when the harvest hides its window.
+/// Shows the progress of a harvest. Its browser view stays empty, because the pages are read and not
+/// displayed. Hides when the harvest hides its window.
 class HarvestView final : public FurtherWindow {
  public:
   HarvestView(Form3& window, const WindowSurroundings& surroundings);

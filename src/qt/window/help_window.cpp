@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One window with the pages and three buttons to move among them.
+// One window with the pages and three buttons to move between them.
 #include "qt/window/help_window.h"
 
 #include <QApplication>

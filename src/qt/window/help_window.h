@@ -6,8 +6,8 @@
 
 namespace requite {
 
-/// Shows the pages that lie in the folder "help" beside the help file, or brings them to the front. False
-/// when `file` is no help file or has no pages beside it.
+/// Shows the pages in the folder "help" beside the help file, or brings them to the front. False when
+/// `file` is not a help file or has no pages beside it.
 bool ShowHelpPages(const QString& file);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Lays out the import windows: both tabs lie in one column, and the tab strip shows and hides its frames.
+// Lays out the import windows: both tabs are in one column, and the tab strip shows and hides their frames.
 #include "qt/window/import_window.h"
 
 #include <QComboBox>
@@ -22,7 +22,7 @@
 namespace requite {
 namespace {
 
-constexpr int kLongestLine = 86;  // characters of an option's text, which a radio button does not break
+constexpr int kLongestLine = 86;  // characters of an option's text, because a radio button cannot break lines
 
 QString Broken(QString text) {
   for (qsizetype begin = 0; text.size() - begin > kLongestLine;) {
@@ -99,7 +99,7 @@ QWidget* ImportView::BuildGetLinks() {
   return box;
 }
 
-/// Each source with its URL below it, set in under its option.
+/// Each source with its URL indented below it.
 void ImportView::BuildSources(QGridLayout& layout, QWidget* box) {
   auto* const page = new QRadioButton(box);
   auto* const script = new QRadioButton(box);

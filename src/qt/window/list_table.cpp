@@ -17,7 +17,7 @@ namespace {
 constexpr int kIconBad = 1;
 constexpr int kIconGood = 2;
 
-/// What a row says of its site, by colour, by picture and by word.
+/// What a row says about its site: by colour, picture and word.
 struct Verdict {
   std::uint32_t Colour;
   Tone Shade;
@@ -37,7 +37,7 @@ const Verdict* VerdictOf(std::uint32_t colour) {
   return nullptr;
 }
 
-/// Rows that were loaded have an icon and no colour; Linking Sites have a colour and no icon.
+/// Loaded results have an icon and no colour; Linking Sites have a colour and no icon.
 QVariant PictureOf(int icon, const Verdict* verdict) {
   if (icon == kIconBad) return GlyphIcon(Glyph::Missing, Tone::Red);
   if (icon == kIconGood) return GlyphIcon(Glyph::Found, Tone::Blue);
@@ -47,7 +47,7 @@ QVariant PictureOf(int icon, const Verdict* verdict) {
 }  // namespace
 
 ListTable::~ListTable() {
-  // The views may be half gone: nobody is told any more.
+  // The views may be half destroyed, so nobody is told.
   if (list_ != nullptr) list_->SetObserver(nullptr);
 }
 
@@ -79,7 +79,7 @@ int ListTable::columnCount(const QModelIndex& parent) const {
 
 QVariant ListTable::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
-  // A row may be gone already, and the view does not know yet.
+  // The row may have been removed before the view is told.
   if (list_ == nullptr || !index.isValid() || row >= list_->RowCount()) return {};
   const auto text = [&]() -> const std::string& {
     return list_->FieldAt(row, static_cast<std::size_t>(index.column()));
@@ -87,7 +87,7 @@ QVariant ListTable::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole: return OneLine(text());
     case Qt::ToolTipRole:
-      // A list's own tool tip goes before those of its rows.
+      // A list's own tool tip replaces those of its rows.
       return list_->ToolTip.empty() ? QVariant(ToolTipText(text())) : QVariant();
     case Qt::ForegroundRole:
       if (const Verdict* const verdict = VerdictOf(list_->Colour(row)))
@@ -121,9 +121,9 @@ void ListTable::ListReset() {
   Mark();
 }
 
-/// The view is told of rows at the end only. Rows that move between two refreshes are rows whose fields
-/// changed: nothing in the view holds on to a row but the selection, which follows the list's own. So a
-/// refresh costs the same however many rows there are, and the view stays where the user scrolled it.
+/// The view is only told of rows added or removed at the end. Rows that move count as rows whose fields
+/// changed: the view keeps nothing for a row but the selection, which follows the list's. So a refresh
+/// costs the same for any number of rows, and the view stays where the user scrolled it.
 void ListTable::FollowRowCount(std::size_t rows) {
   if (rows > shown_) {
     beginInsertRows({}, static_cast<int>(shown_), static_cast<int>(rows) - 1);

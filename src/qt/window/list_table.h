@@ -13,8 +13,8 @@ class QTableView;
 
 namespace requite {
 
-/// The rows of one list at a time. Changes are gathered and told to the view with the next refresh, so
-/// that a scan may add rows by the thousand; until then the view sees the rows of the last refresh.
+/// The rows of one list at a time. The view learns of changes at the next refresh, so a scan may add
+/// thousands of rows; until then the view sees the rows of the last refresh.
 class ListTable : public QAbstractTableModel, public ListObserver, public RefreshedView {
   Q_OBJECT
 
@@ -22,8 +22,8 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   explicit ListTable(ViewRefresh& refresh) : RefreshedView(refresh) {}
   ~ListTable() override;
 
-  /// Shows another list, or none. The list must be let go of before it ends. Without a list the columns
-  /// of the last one stay, and with them their widths.
+  /// Shows another list, or none. Show another one before a list is destroyed. Without a list the columns of
+  /// the last one stay, with their widths.
   void Show(ListView* list);
   [[nodiscard]] ListView* List() const { return list_; }
 
@@ -40,10 +40,10 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   void RedrawChanged() override { Mark(); }
   void Apply() override;
 
-  /// Rows come and go under the view's hands: what it tells of its selection is not the user's doing.
+  /// True while rows change under the view: its changes of selection are then not the user's.
   [[nodiscard]] bool Applying() const { return applying_; }
 
-  /// Runs after each refresh: the selection or the sort of the list may be another.
+  /// Runs after each refresh: the selection or the sort of the list may have changed.
   std::function<void()> OnRefreshed;
 
  private:
@@ -51,13 +51,13 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
 
   ListView* list_ = nullptr;
   QStringList captions_;
-  std::size_t shown_ = 0;  ///< rows that the view knows of
-  bool changed_ = false;   ///< since the last refresh, rows have moved or are others
+  std::size_t shown_ = 0;  ///< rows that the view knows about
+  bool changed_ = false;   ///< rows have moved or changed since the last refresh
   bool applying_ = false;
 };
 
-/// Wires a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
-/// the keys that stand for them, double clicks, headers, label edits. `emptyText` is shown while the list
+/// Connects a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
+/// their keys, double clicks, headers, label edits. `emptyText` is shown while the list
 /// has no rows. In a view set to extended selection afterwards, several rows can be selected.
 void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does in a table, told to its list; and the list's selection and sort, shown in the table.
+// Passes the user's actions in a table to its list, and shows the list's selection and sort in the table.
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QEvent>
@@ -17,7 +17,7 @@
 namespace requite {
 namespace {
 
-/// Watches a table view's mouse and keyboard, and paints the words of an empty list.
+/// Watches a table view's mouse and keyboard, and paints the text of an empty list.
 class TableHand : public QObject {
  public:
   TableHand(QTableView& view, ListTable& table, const UserEvents& user, QString emptyText)
@@ -75,13 +75,13 @@ class TableHand : public QObject {
     if (press.button() == Qt::LeftButton) {
       if (row >= 0 && SelectedRow() == row && !IsMultiple()) {
         Tell(&ListView::OnItemClick, row);
-        // A second, slow click on the selected row begins an edit of its label.
+        // A second, slow click on the selected row starts an edit of its label.
         labelEdit_.start(QApplication::doubleClickInterval());
       }
       if (row < 0 && table_.List() != nullptr && table_.List()->PressBesideSelectsNone) Select(-1);
       return false;
     }
-    // The view would select the row for any button.
+    // The view itself would select the row for any button.
     if (press.button() == Qt::RightButton) {
       view_.setFocus(Qt::MouseFocusReason);
       if (row >= 0 && table_.List() != nullptr && table_.List()->RightPressSelects) Select(row);
@@ -120,7 +120,7 @@ class TableHand : public QObject {
     }
   }
 
-  /// The popup opens under the mouse, which is elsewhere when a key asks for it.
+  /// The popup opens under the mouse, which may be elsewhere when a key asks for it.
   void PopUpAtRow() {
     Tell(&ListView::OnRightButtonDown, SelectedRow());
     QWidget* const popup = QApplication::activePopupWidget();
@@ -131,7 +131,7 @@ class TableHand : public QObject {
     popup->move(view_.viewport()->mapToGlobal(at));
   }
 
-  /// The keyboard and the mouse both change the selection; a focus that comes to the list does not.
+  /// The keyboard and the mouse change the selection; getting the focus does not.
   void OnSelection() {
     if (showing_ || table_.Applying() || table_.List() == nullptr) return;
     if (IsMultiple()) {
@@ -140,7 +140,7 @@ class TableHand : public QObject {
       return;
     }
     const QModelIndexList rows = view_.selectionModel()->selectedRows();
-    if (rows.isEmpty()) return ShowSelection();  // a row is chosen by choosing another
+    if (rows.isEmpty()) return ShowSelection();  // a row is only deselected by choosing another
     if (rows.front().row() != SelectedRow()) Select(rows.front().row());
   }
 

@@ -39,8 +39,8 @@ void ShowReport(const std::vector<ReportLine>& lines) {
   QMessageBox::critical(nullptr, ToUnicode(product::kName), paragraphs.join("\n\n"));
 }
 
-/// Stands in for the toolkit's words while the application object is made: without a display that can be
-/// opened it would fill the terminal and abort.
+/// Replaces the toolkit's messages while the application object is made: without a usable display it would
+/// fill the terminal and abort.
 void OneLineWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QString&) {
   if (kind != QtFatalMsg) return;
   std::cerr << "requite: there is no display; requite-console scans from a terminal" << std::endl;
@@ -53,7 +53,7 @@ int Run(QApplication& application) {
   bool ending = false;
   Splash splash;
   const EventGuard guard([&](const RuntimeFailure& failure) {
-    splash.close();  // the report must not lie under it
+    splash.close();  // the report must not be hidden under it
     // Events run while the report's box is open. What fails then fails because of the first failure.
     if (std::exchange(ending, true)) return;
     EndWithReport(failure, project, {folder, HomeFolder(), DefaultSettingsPath()}, ShowReport);
@@ -100,7 +100,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(requite::OneLineWithoutDisplay);
   QApplication application(argc, argv);
   qInstallMessageHandler(nullptr);
-  // The main window's close tells when the program ends: another window may outlive it.
+  // The main window decides when the program ends, because another window may outlive it.
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setApplicationName("requite");
   QApplication::setDesktopFileName("requite");

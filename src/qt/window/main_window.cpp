@@ -23,7 +23,7 @@
 
 namespace requite {
 
-/// Hears that the title is another; it is written with the next refresh.
+/// Is told that the title has changed; the next refresh writes it.
 class MainWindow::TitleView final : public ControlView, public RefreshedView {
  public:
   TitleView(Window& control, ViewRefresh& refresh) : RefreshedView(refresh), control_(control) {
@@ -69,7 +69,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   };
   AddShortcuts();
   RestoreLayout();
-  // The first thing to do is to type a site.
+  // The first thing to do is typing a site.
   findChild<QLineEdit*>("txtDomain")->setFocus();
 }
 
@@ -80,7 +80,7 @@ MainWindow::~MainWindow() {
   form_.OnNotice = nullptr;
 }
 
-/// The title says how far a scan has come, and so does the task bar.
+/// The title and the task bar show the progress of a scan.
 void MainWindow::ShowScan() {
   QString title = OneLine(form_.Main.Title());
   if (form_.State.Scanning) {
@@ -156,7 +156,7 @@ void MainWindow::PressOnDelete(QTableView& list, Button& control) {
   });
 }
 
-/// Where the splitters stand is the window's own matter: it lies beside the program's settings.
+/// The positions of the splitters belong to the window alone, so they are in a file beside the settings.
 void MainWindow::RestoreLayout() {
   const QSettings layout("requite", "window");
   const QSize room = screen()->availableSize();
@@ -180,7 +180,7 @@ void MainWindow::SaveLayout() const {
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
-  refresh_.ApplyMarked();  // the first picture shows all that was loaded
+  refresh_.ApplyMarked();  // the first frame shows everything that was loaded
   QMainWindow::showEvent(event);
 }
 

@@ -22,7 +22,7 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// All must outlive the window; without a desktop nobody is told of a scan's progress and end.
+  /// All must outlive the window; without a desktop, nobody is told of a scan's progress and end.
   MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop = nullptr);
   ~MainWindow() override;
 
@@ -52,14 +52,14 @@ class MainWindow : public QMainWindow {
   void ShowCurrentLinkingSites();
   void ShowScan();
 
-  /// What a list of the window is called, says while it is empty, and how its columns share its width.
+  /// The name of a list, its text while it is empty, and how its columns share its width.
   struct ListLook {
     QString Name;
     QString EmptyText;
     std::vector<int> ColumnShares;
   };
   QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
-  /// The Delete key in the list presses the button, while that is enabled.
+  /// The Delete key in the list presses the button while it is enabled.
   void PressOnDelete(QTableView& list, Button& control);
 
   Form1& form_;
@@ -75,7 +75,7 @@ class MainWindow : public QMainWindow {
   QSplitter* columns_ = nullptr;
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
-  QLabel* notice_ = nullptr;  ///< a line of the program about the scan, hidden while there is none
+  QLabel* notice_ = nullptr;  ///< a message of the program about the scan, hidden while there is none
   std::unique_ptr<TitleView> title_;
   std::optional<ScanNotice> desktopNotice_;
   Binder bind_{refresh_, user_};

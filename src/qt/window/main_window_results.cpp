@@ -68,7 +68,7 @@ QWidget* MainWindow::BuildWebPage() {
   auto* const layout = new QVBoxLayout(page);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* const bar = new QHBoxLayout;
-  // Tool buttons are as narrow as their words, which leaves the room to the address.
+  // Tool buttons are only as wide as their text, which leaves room for the address.
   const auto add = [&](Button& control) {
     auto* const button = new QToolButton(page);
     button->setFocusPolicy(Qt::StrongFocus);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The left side of the main window: the site lists, the queue and the figures of a scan.
+// The left side of the main window: the site lists, the queue and the statistics of a scan.
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -102,13 +102,13 @@ QWidget* MainWindow::BuildLinkingSites() {
   view->setObjectName("List1");
   view->setAccessibleName(tr("Linking Sites"));
   view->setMinimumHeight(kLowestList);
-  linkingSites_.Show(&form_.Sites.List1(0));  // gives the columns their places
+  linkingSites_.Show(&form_.Sites.List1(0));  // sets up the columns
   WireTable(*view, linkingSites_, user_, tr("No Linking Sites yet. Type a site above and press Add."));
   FitColumns(*view, {33, 0, 21, 23, 23});
   PressOnDelete(*view, form_.cmbDel);
   layout->addWidget(view, 1);
   bind_.BindState(form_.innerFrame2, *block);
-  // Which list is on show follows from the selected Main Site.
+  // The selected Main Site decides which list is on show.
   const auto shown = mainSites_.OnRefreshed;
   mainSites_.OnRefreshed = [this, shown] {
     shown();

@@ -15,7 +15,7 @@
 namespace requite {
 namespace {
 
-/// An address may come from a remote page, so it does not set the size of the box.
+/// An address may come from a remote page, so it must not decide the size of the box.
 constexpr int kMostShown = 300;
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 namespace requite {
 
-/// Help files are shown as pages in a window of the program. For everything else a box names the path or
-/// the address and offers to copy it. Returns at once.
+/// Help files are shown as pages in a window of the program. For anything else a box shows the path or the
+/// address and offers to copy it. Returns at once.
 void ShowUnopened(const QString& what);
 
 }  // namespace requite

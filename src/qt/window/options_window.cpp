@@ -112,7 +112,7 @@ QWidget* OptionsView::BuildRight() {
 
 QLayout* OptionsView::BuildFileTypes() {
   auto* const block = new QVBoxLayout;
-  // The box has room for its mark alone; the heading says what it is about.
+  // The box is only wide enough for its mark; the heading says what it is for.
   auto* const title = new QHBoxLayout;
   QCheckBox* const use = NewCheck(options_.chkFileTypes, {});
   use->setText({});

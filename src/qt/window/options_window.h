@@ -10,7 +10,7 @@ class QVBoxLayout;
 
 namespace requite {
 
-/// Labels that stand beside a bare check box are drawn as its text, with the label's tool tip.
+/// A label beside a check box without text is drawn as its text, with the label's tool tip.
 class OptionsView final : public FurtherWindow {
  public:
   OptionsView(frmOptions& options, const WindowSurroundings& surroundings);

@@ -4,7 +4,7 @@
 
 #include <QtGlobal>
 
-// The macro declares a function, which must stand outside of namespaces.
+// The macro declares a function, which must be outside of namespaces.
 static void InitResources() { Q_INIT_RESOURCE(window); }
 
 namespace requite {

@@ -43,10 +43,10 @@ QString FilterOf(const std::string& filter) {
   return parts[0].section(" (", 0, 0) + " (" + patterns + ")";
 }
 
-/// Names of files are bytes of the file system all through the program.
+/// File names are the file system's bytes everywhere in the program.
 std::string NameOf(const QString& chosen) { return QFile::encodeName(chosen).toStdString(); }
 
-/// Asks in the toolkit's own words, which are there in the user's language.
+/// Asks in the toolkit's words, which exist in the user's language.
 bool MayReplace(QFileDialog& dialog, const QString& path, const SaveHabits& habits) {
   const QFileInfo chosen(path);
   if (!habits.AsksToReplace || !chosen.exists()) return true;
@@ -61,7 +61,7 @@ bool MayReplace(QFileDialog& dialog, const QString& path, const SaveHabits& habi
 
 Answer QtDialogs::Show(const MessageBox& box) {
   QMessageBox window(IconOf(box.Icon),
-                     // A title bar has one line: line ends in a title become blanks.
+                     // A title bar has one line: line ends in a title become spaces.
                      box.Title.empty() ? QString(product::kName.data()) : ToUnicode(box.Title).simplified(),
                      ToUnicode(box.Text), ButtonsOf(box.Choice), QApplication::activeWindow());
   window.setTextFormat(Qt::PlainText);
@@ -84,7 +84,7 @@ std::string QtDialogs::AskSaveName(const FileDialog& dialog) {
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setFileMode(QFileDialog::AnyFile);
   window.setDefaultSuffix(ToUnicode(dialog.Habits.DefaultSuffix));
-  // Its own question knows no exception; and for some files the program asks itself, in its own words.
+  // The dialog's own question knows no exceptions, and for some files the program asks in its own words.
   window.setOption(QFileDialog::DontConfirmOverwrite);
   window.selectFile(ToUnicode(dialog.DefaultName));
   while (window.exec() == QDialog::Accepted) {

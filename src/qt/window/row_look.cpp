@@ -24,13 +24,13 @@ class RowPainter : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     if (!option->state.testFlag(QStyle::State_Selected)) return;
-    // The whole row is selected: a frame around one of its cells would say something else.
+    // The whole row is selected, so a frame around one cell would be wrong.
     option->state.setFlag(QStyle::State_HasFocus, false);
     if (view_.hasFocus()) return;
     const QColor pale = Between(option->palette.color(QPalette::Base),
                                 option->palette.color(QPalette::Active, QPalette::Highlight), 0.3);
     option->palette.setColor(QPalette::Highlight, pale);
-    // Of a disabled list too: pale letters on a pale bar could not be read.
+    // In a disabled list too: pale letters on a pale bar would be unreadable.
     option->palette.setColor(QPalette::HighlightedText,
                              option->palette.color(QPalette::Active, QPalette::Text));
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stretches of rows are compared and set as a whole: all of 100,000 rows can be selected.
+// Ranges of rows are compared and set as a whole, because all of 100,000 rows may be selected.
 #include "qt/window/row_selection.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ std::vector<Stretch> SelectedIn(const ListView& list, int shownRows) {
   return stretches;
 }
 
-/// In order of the rows, and neighbours joined: a view cuts and orders them by the user's clicks.
+/// Sorted by row, with neighbours joined: a view keeps them in the order of the user's clicks.
 std::vector<Stretch> SelectedIn(const QItemSelectionModel& view) {
   std::vector<Stretch> parts;
   for (const QItemSelectionRange& range : view.selection()) parts.emplace_back(range.top(), range.bottom());

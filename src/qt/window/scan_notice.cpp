@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From sights of a scan to messages for the desktop.
+// Turns states of a scan into messages for the desktop.
 #include "qt/window/scan_notice.h"
 
 #include <QCoreApplication>

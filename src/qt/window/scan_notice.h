@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: MIT
-// Decides when the desktop hears of a scan.
+// Decides when the desktop is told about a scan.
 #pragma once
 
 #include "qt/window/desktop_bus.h"
 
 namespace requite {
 
-/// A scan as the window sees it at one moment.
+/// The state of a scan at one moment.
 struct ScanSight {
   bool Scanning = false;
-  bool InFront = true;  ///< a window of the program has the user's keyboard
+  bool InFront = true;  ///< a window of the program has the keyboard focus
   int Percent = 0;
   int LinksFound = 0;
   int PagesScanned = 0;
 };
 
-/// Told of every sight, however often; the bus hears only of what is new.
+/// May be called with every state; the bus is only told what is new.
 class ScanNotice {
  public:
   explicit ScanNotice(DesktopBus& bus) : bus_(bus) {}
 
-  /// The task bar follows the percentage; an end that the user does not see is notified.
+  /// The task bar follows the percentage; an end that the user does not see sends a notification.
   void See(const ScanSight& sight);
 
  private:

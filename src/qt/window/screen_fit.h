@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps windows within the screen, however small that is.
+// Keeps windows within the screen, even a small one.
 #pragma once
 
 class QScreen;
@@ -8,8 +8,8 @@ class QWidget;
 namespace requite {
 
 /// Makes a window no larger than the free part of the screen, with room left for the frame that the window
-/// manager draws. A window that has been given a place is moved so that all of it can be seen. A window's
-/// layout may still ask for more than that.
+/// manager draws. A window that has a place is moved so that all of it is visible. A window's
+/// layout may still need more room.
 void FitToScreen(QWidget& window, const QScreen& screen);
 
 }  // namespace requite

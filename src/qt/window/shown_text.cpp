@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps hostile and broken texts from changing the layout of a window.
+// Keeps hostile or broken texts from changing the layout of a window.
 #include "qt/window/shown_text.h"
 
 #include "qt/services/code_page.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How texts that came from anywhere are shown in one line of a list, a panel or a title.
+// How texts of any origin are shown in one line of a list, a panel or a title.
 #pragma once
 
 #include <QString>
@@ -8,10 +8,10 @@
 namespace requite {
 
 /// One line of at most some hundred characters, whatever the bytes are: line ends and other controls
-/// become blanks, and a longer text ends in dots. For the screen only; the record keeps its bytes.
+/// become spaces, and a longer text ends in dots. For the screen only; the record keeps its bytes.
 [[nodiscard]] QString OneLine(std::string_view bytes);
 
-/// The same, to be used as a tool tip: markup in the text is shown and not obeyed.
+/// The same for a tool tip: markup in the text is shown, not interpreted.
 [[nodiscard]] QString ToolTipText(std::string_view bytes);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Draws the splash in the colours of the icon.
+// Draws the splash in the icon's colours.
 #include "qt/window/splash.h"
 
 #include <QGuiApplication>
@@ -17,7 +17,7 @@ constexpr QSize kSize(480, 200);
 constexpr QRectF kIconPlace(36, 52, 96, 96);
 constexpr qreal kTextLeft = 160;
 
-// The icon's own tile and link, so that the two links stand free on the splash.
+// The tile and the link of the icon, drawn here so that the links have no frame on the splash.
 constexpr QColor kTile(0x17, 0x54, 0x5d);
 constexpr QColor kAmber(0xff, 0xb8, 0x4d);
 

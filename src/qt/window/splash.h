@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is on screen while the program starts.
+// The picture on screen while the program starts.
 #pragma once
 
 #include <QSplashScreen>

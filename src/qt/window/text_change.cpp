@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Differences of texts, and their application to bytes.
+// Finds the difference between two texts and applies it to bytes.
 #include "qt/window/text_change.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace requite {
 namespace {
 
-/// The offset so many characters after `at`; CR LF is one character.
+/// The offset a number of characters after `at`; CR LF is one character.
 std::size_t Skip(std::string_view bytes, std::size_t at, qsizetype characters) {
   for (; characters > 0 && at < bytes.size(); --characters) at += bytes.substr(at, 2) == "\r\n" ? 2 : 1;
   return at;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Boxes that are typed in. A refresh that rewrites their text leaves cursor and selection where they are, and
-// what the code page cannot hold becomes "?" as it is typed.
+// Boxes to type in. A refresh that rewrites their text keeps cursor and selection, and a character outside
+// the code page becomes "?" as it is typed.
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -36,7 +36,7 @@ class InCodePage : public QValidator {
   }
 };
 
-/// Remembers where the cursor of a box is while its text is set.
+/// Remembers the cursor of a box while its text is set.
 class LineCursor {
  public:
   explicit LineCursor(QLineEdit& line)
@@ -45,7 +45,7 @@ class LineCursor {
     anchor_ = line.selectionStart() == cursor_ ? line.selectionEnd() : line.selectionStart();
   }
 
-  /// Puts it back, as far as the text is still the same.
+  /// Puts the cursor back, as far as the text is the same.
   void PutBack() const {
     const TextChange change = ChangeBetween(text_, line_.text());
     const auto cursor = static_cast<int>(PlaceAfter(cursor_, change));
@@ -61,7 +61,7 @@ class LineCursor {
   int anchor_;
 };
 
-/// A box of many lines. Its widget holds the end of the control's text, from a line on.
+/// A box of many lines. Its widget holds the last part of the control's text, from some line on.
 class ManyLines {
  public:
   ManyLines(TextBox& control, QPlainTextEdit& widget, std::size_t longest)
@@ -72,8 +72,8 @@ class ManyLines {
     if (Raw() != shown_) Rewrite(shown_);
   }
 
-  /// The control's text with what the user did to the widget's; nothing if that is nothing. What was added to
-  /// the control and is not shown yet stays.
+  /// The control's text with the user's change of the widget's; nothing without a change. Text that was added
+  /// to the control and is not shown yet is kept.
   std::optional<std::string> Edited() {
     const QString now = Raw();
     if (now == shown_) return std::nullopt;
@@ -89,10 +89,10 @@ class ManyLines {
   }
 
  private:
-  /// Unlike the plain text, this keeps no-break blanks apart from blanks.
+  /// Unlike the plain text, this distinguishes no-break spaces from spaces.
   [[nodiscard]] QString Raw() const { return widget_.document()->toRawText(); }
 
-  /// What the widget is to hold. It moves on by many lines at once: each time, all of it is laid out.
+  /// What the widget should hold. It moves on by many lines at once, because each time all of it is laid out.
   QString Lines() {
     const std::string_view text = control_.Text();
     if (from_ > text.size()) from_ = 0;
@@ -109,7 +109,7 @@ class ManyLines {
     const int position = widget_.textCursor().position();
     const int scrolled = widget_.verticalScrollBar()->value();
     const QSignalBlocker quiet(widget_);
-    // The user's undo would bring back parts of a text that is no longer there.
+    // The user's undo would bring back parts of a text that is gone.
     widget_.document()->setUndoRedoEnabled(false);
     QTextCursor writer(widget_.document());
     writer.setPosition(static_cast<int>(change.At));
@@ -126,8 +126,8 @@ class ManyLines {
   TextBox& control_;
   QPlainTextEdit& widget_;
   std::size_t longest_;
-  QString shown_;         // what the widget was given, and what the user did since
-  std::size_t from_ = 0;  // the byte of the control's text that the widget begins with
+  QString shown_;         // the text given to the widget, with the user's changes since
+  std::size_t from_ = 0;  // offset in the control's text at which the widget's begins
 };
 
 void ShowRows(const ComboBox& control, QComboBox& widget) {
@@ -145,7 +145,7 @@ void ShowRows(const ComboBox& control, QComboBox& widget) {
 }  // namespace
 
 void Binder::Bind(TextBox& control, QLineEdit& widget) {
-  widget.setMaxLength(std::numeric_limits<int>::max());  // a text from a file is not cut
+  widget.setMaxLength(std::numeric_limits<int>::max());  // a text from a file must not be cut
   widget.setValidator(new InCodePage(&widget));
   Keep(control, widget, [&control, &widget] {
     const QString text = ToUnicode(control.Text());
@@ -180,11 +180,11 @@ void Binder::BindDropDownList(ComboBox& control, QComboBox& widget) {
 void Binder::Bind(ComboBox& control, QComboBox& widget) {
   widget.setEditable(true);
   widget.setInsertPolicy(QComboBox::NoInsert);
-  // What is typed is that text, also where a row reads alike.
+  // Typed text stays typed text, even if a row is the same.
   widget.setCompleter(nullptr);
   QObject::disconnect(widget.lineEdit(), &QLineEdit::editingFinished, &widget, nullptr);
   widget.setValidator(new InCodePage(&widget));
-  // The names of sites do not set the width of the window.
+  // The names of sites must not decide the width of the window.
   widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   widget.setMinimumContentsLength(12);
   Keep(control, widget, [&control, &widget] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does: the edge of the event loop, and the picture of what it changed.
+// Runs the handlers of the user's events and shows what they changed.
 #pragma once
 
 #include <utility>
@@ -10,8 +10,8 @@
 namespace requite {
 
 /// Runs the handlers of the user's events. What a handler changed is on screen when it ends, so that the
-/// next key or click meets the window as the handler left it. The scan's own events do not come here:
-/// their changes wait for the refresh's timer.
+/// next key or click finds the window as the handler left it. Not for events of the scan, whose changes
+/// wait for the timer of the refresh.
 class UserEvents {
  public:
   /// Both must outlive whatever a handler closes.

@@ -11,7 +11,7 @@
 namespace requite {
 namespace {
 
-/// A refresh and the painting that follows it take one part in so many of the time.
+/// A refresh and its painting may take this fraction of the time.
 constexpr qint64 kRestFactor = 12;
 
 }  // namespace
@@ -37,7 +37,7 @@ ViewRefresh::ViewRefresh() {
 
 void ViewRefresh::ApplyMarked() {
   if (marked_.empty()) return;
-  // Views are found by number: an applied view may mark others, or end them.
+  // Views are found by number, because applying a view may mark or destroy others.
   for (std::size_t i = 0; i < marked_.size(); ++i) {
     RefreshedView* const view = std::exchange(marked_[i], nullptr);
     if (view == nullptr) continue;
@@ -52,8 +52,8 @@ void ViewRefresh::ApplyAndPaint() {
   QElapsedTimer clock;
   clock.start();
   ApplyMarked();
-  // Painted at once, so that its time counts: on a slow display the pictures come more rarely instead of
-  // keeping the scan from its work.
+  // Painted at once, so that its time counts: on a slow display there are fewer refreshes instead of a slower
+  // scan.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
   pause_ = std::max(kIntervalMilliseconds, static_cast<int>(clock.elapsed() * kRestFactor));
 }

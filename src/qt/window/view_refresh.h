@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Brings what the logic changed to the screen: some thirty times a second, however often it changes, and
-// after each of the user's events.
+// Shows what the logic changed on screen: at most thirty times a second, and after each of the user's
+// events.
 #pragma once
 
 #include <QTimer>
@@ -11,7 +11,7 @@ namespace requite {
 
 class ViewRefresh;
 
-/// A view that re-reads its control when the next refresh comes.
+/// A view that reads its control again at the next refresh.
 class RefreshedView {
  public:
   explicit RefreshedView(ViewRefresh& refresh) : refresh_(refresh) {}
@@ -19,9 +19,9 @@ class RefreshedView {
   RefreshedView(const RefreshedView&) = delete;
   RefreshedView& operator=(const RefreshedView&) = delete;
 
-  /// Asks for a refresh; cheap when one is due already.
+  /// Asks for a refresh; cheap when one is already due.
   void Mark();
-  /// Makes the widget show the control as it is now, touching it only where it differs.
+  /// Makes the widget show the control's current state, touching it only where it differs.
   virtual void Apply() = 0;
 
  private:
@@ -37,10 +37,10 @@ class ViewRefresh {
 
   ViewRefresh();
 
-  /// Applies every marked view now; does nothing when none is.
+  /// Applies every marked view now.
   void ApplyMarked();
 
-  /// Runs after each refresh, for what is shown of several controls together.
+  /// Runs after each refresh, for anything that depends on several controls.
   std::function<void()> OnApplied;
 
  private:
@@ -49,7 +49,7 @@ class ViewRefresh {
   void ApplyAndPaint();
 
   QTimer timer_;
-  int pause_ = kIntervalMilliseconds;  ///< until the next refresh; grows with the time that one takes
+  int pause_ = kIntervalMilliseconds;  ///< until the next refresh; grows with the time that a refresh takes
   std::vector<RefreshedView*> marked_;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files come on show only when the program asks; links lead to the web and nowhere else.
+// Files are shown only when the program asks for them; links lead only to the web.
 #include "engine_page.h"
 
 #include <QWebEngineCertificateError>
@@ -56,17 +56,17 @@ bool EnginePage::acceptNavigationRequest(const QUrl& target, NavigationType type
   const QUrl url = ReportScheme::ForProgram(target);
   const bool blank = url.scheme() == "about";
   if (!isMainFrame) return blank || (IsWeb(url) && IsWeb(this->url()));
-  // A server may answer what the user asked for with another address; the page itself may ask for none.
+  // A server may redirect what the user asked for; a page must not navigate by itself.
   const bool onItsOwn = type == NavigationTypeRedirect || type == NavigationTypeOther;
   if (onItsOwn && !userLeaves_ && Shown().isLocalFile()) return false;
   const bool follow = IsWeb(url) || blank || MayShowFile(url, type);
-  userLeaves_ = follow && IsWeb(url);  // no file leads on to another address
+  userLeaves_ = follow && IsWeb(url);  // a file must not redirect
   return follow;
 }
 
 bool EnginePage::MayShowFile(const QUrl& url, NavigationType type) {
   if (!url.isLocalFile()) return false;
-  // These come from the program alone: the load of an asked file, its reload, the way back to it.
+  // Only the program causes these: loading the file that it asked for, reloading it, going back to it.
   const bool own =
       type == NavigationTypeTyped || type == NavigationTypeReload || type == NavigationTypeBackForward;
   if (own) return asked_.contains(url.adjusted(QUrl::RemoveFragment));

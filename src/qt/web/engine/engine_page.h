@@ -15,13 +15,14 @@ class EnginePage final : public QWebEnginePage {
  public:
   EnginePage(EngineProfile& profile, WebViewEvents& events);
 
-  /// The program asks for a page; a file that was not asked for so is never shown.
+  /// The program asks for a page; a file is only shown when it was asked for here.
   void Ask(const QUrl& url);
-  /// The page on show, as the program knows it: the last one that came, not one on its way.
+  /// The page on show, in the program's form of its address: the last one that arrived, not one still
+  /// loading.
   [[nodiscard]] QUrl Shown() const;
   /// Why the certificate of the last page was refused, or empty.
   [[nodiscard]] const QString& CertificateFault() const { return certificateFault_; }
-  /// The last refusal of a download came during this load.
+  /// A download was refused during this load.
   [[nodiscard]] bool EndedInDownload() const { return endedInDownload_; }
 
  protected:
@@ -32,13 +33,13 @@ class EnginePage final : public QWebEnginePage {
   }
 
  private:
-  /// A link to `target`, in this window or meant for a new one.
+  /// Follows a link to `target`, also one meant for a new window.
   void OpenHere(const QUrl& target);
   [[nodiscard]] bool MayShowFile(const QUrl& url, NavigationType type);
 
   WebViewEvents& events_;
   QList<QUrl> asked_;
-  bool userLeaves_ = false;  ///< what the user or the program asked for is on its way
+  bool userLeaves_ = false;  ///< a page that the user or the program asked for is loading
   QString certificateFault_;
   bool endedInDownload_ = false;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pages come from hostile places: each request of theirs is looked at before it goes out.
+// Pages are hostile, so each of their requests is checked before it is sent.
 #include "engine_profile.h"
 
 #include <QCoreApplication>
@@ -14,14 +14,14 @@ namespace {
 
 bool IsWeb(const QUrl& url) { return url.scheme() == "http" || url.scheme() == "https"; }
 
-/// Remote pages reach the web and nothing else. Local pages, which repeat remote text, reach nothing: no
-/// picture in the report tells a stranger that the report was read.
+/// Remote pages can request from the web only. Local pages repeat remote text and can request nothing, so
+/// that no picture in the report tells a stranger that it was read.
 class Interceptor final : public QWebEngineUrlRequestInterceptor {
  public:
   using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
 
   void interceptRequest(QWebEngineUrlRequestInfo& info) override {
-    // Whether a page may be left for this one was decided by the page.
+    // The page has already decided whether this navigation is allowed.
     if (info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame) return;
     const QUrl url = info.requestUrl();
     const bool own = url.scheme() == "data" || url.scheme() == "blob" || url.scheme() == "about";
@@ -59,7 +59,7 @@ void ShutUp(QWebEngineSettings& settings) {
   settings.setAttribute(S::PlaybackRequiresUserGesture, true);
   settings.setAttribute(S::WebRTCPublicInterfacesOnly, true);
   settings.setUnknownUrlSchemePolicy(S::DisallowUnknownUrlSchemes);
-  // The report and pages that name no encoding are of the program's code page.
+  // The report, and pages that name no encoding, are in the program's code page.
   settings.setDefaultTextEncoding("windows-1252");
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one browser profile of the program: what no page may do, whichever view shows it.
+// The program's one browser profile: what no page may do, in any view.
 #pragma once
 
 #include <QWebEngineProfile>
@@ -12,9 +12,9 @@ class EngineProfile final : public QWebEngineProfile {
   Q_OBJECT
 
  public:
-  /// The running profile, or a new one; each call wants a call of Release.
+  /// The current profile, or a new one; each call needs a call of Release.
   [[nodiscard]] static EngineProfile& Acquire();
-  /// After the caller's page is gone.
+  /// Call it when the caller's page has been destroyed.
   void Release();
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells the window how loads go, in sentences where one fails.
+// Tells the window about the progress and failure of loads.
 #include "engine_view.h"
 
 #include <QAction>
@@ -11,9 +11,9 @@
 namespace requite {
 namespace {
 
-constexpr int kAborted = -3;  // the browser's number for a load that something else ended
+constexpr int kAborted = -3;  // the browser's number for a load that was interrupted
 
-/// In words where they are known, with the browser's own for whoever looks further.
+/// The reason in words where they are known, with the browser's own for further searches.
 QString ReasonOf(const QWebEngineLoadingInfo& info) {
   switch (info.errorDomain()) {
     case QWebEngineLoadingInfo::DnsErrorDomain:
@@ -49,7 +49,7 @@ EngineView::~EngineView() {
   profile_.Release();
 }
 
-/// The browser's own menu offers to save pages, to view sources and to open windows.
+/// Replaces the browser's own menu, which offers saving pages, viewing sources and opening windows.
 void EngineView::AddMenu() {
   setContextMenuPolicy(Qt::ActionsContextMenu);
   for (const auto action : {QWebEnginePage::Back, QWebEnginePage::Forward, QWebEnginePage::Reload,
@@ -68,7 +68,7 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
       return;
     case QWebEngineLoadingInfo::LoadFailedStatus: break;
   }
-  // The page that a server sends with an error is a page.
+  // The page that a server sends with an error status is shown.
   if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
     return events_.PageComplete(location);
   const bool aborted = info.errorCode() == kAborted && page_->CertificateFault().isEmpty();
@@ -85,7 +85,7 @@ void EngineView::LoadingChanged(const QWebEngineLoadingInfo& info) {
 void EngineView::Reload() { page_->triggerAction(QWebEnginePage::Reload); }
 
 bool EngineView::Back() {
-  if (failedOutside_ && page_->history()->count() > 0) {  // the page before the failed one is still there
+  if (failedOutside_ && page_->history()->count() > 0) {  // the page before the failed one is still shown
     failedOutside_ = false;
     events_.PageComplete(page_->Shown());
     return true;

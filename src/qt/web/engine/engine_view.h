@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The browser's view behind the boundary of the library.
+// The browser's view, inside the library that is loaded on first use.
 #pragma once
 
 #include <QWebEngineView>
@@ -31,7 +31,7 @@ class EngineView final : public QWebEngineView, public WebView {
 
   WebViewEvents& events_;
   EngineProfile& profile_;
-  bool failedOutside_ = false;  ///< the page that failed did not come into the history
+  bool failedOutside_ = false;  ///< the page that failed is not in the history
   std::unique_ptr<EnginePage> page_;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A report keeps the path of its file, so that links, history and reloads work as with the file itself.
+// A report's URL has the path of its file, so that links, history and reloads work as with the file.
 #include "report_scheme.h"
 
 #include <QBuffer>
@@ -53,7 +53,7 @@ void ReportScheme::requestStarted(QWebEngineUrlRequestJob* job) {
   QFile file(ForProgram(job->requestUrl()).toLocalFile());
   if (!file.open(QIODevice::ReadOnly)) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
   const QByteArray bytes = file.read(qMin(file.size(), kMostShown));
-  // The path may have another page by now, which is not shown under this scheme.
+  // By now the path may be another page, which must not be shown under this scheme.
   if (!IsReport(ViewOf(bytes))) return job->fail(QWebEngineUrlRequestJob::UrlInvalid);
   std::string page = ReportForView(ViewOf(bytes));
   if (file.size() > kMostShown)

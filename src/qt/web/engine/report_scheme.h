@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The scheme under which the browser gets reports, since it may not have their files as they are.
+// The scheme under which the browser gets reports, because it must not read their files unchanged.
 #pragma once
 
 #include <QUrl>
@@ -9,21 +9,21 @@ class QWebEngineProfile;
 
 namespace requite {
 
-/// Answers with a report's file as it is now, through ReportForView. It shows at most 64 MiB of it, and says
-/// at the end where more is left out.
+/// Answers with a report's current file, passed through ReportForView. It shows at most 64 MiB and says at
+/// the end when the rest is left out.
 class ReportScheme final : public QWebEngineUrlSchemeHandler {
   Q_OBJECT
 
  public:
   using QWebEngineUrlSchemeHandler::QWebEngineUrlSchemeHandler;
 
-  /// Makes the scheme known to the browser; must run before the first profile is made.
+  /// Registers the scheme with the browser; must run before the first profile is made.
   static void Register();
   void InstallIn(QWebEngineProfile& profile);
 
-  /// The URL for the browser: that of the scheme for the file of a report, any other as it is.
+  /// The URL for the browser: a report's file under the scheme, any other URL as it is.
   [[nodiscard]] static QUrl ForBrowser(const QUrl& url);
-  /// The URL for the rest of the program, which knows reports by their files.
+  /// The URL for the rest of the program: a report as its file.
   [[nodiscard]] static QUrl ForProgram(const QUrl& url);
 
   void requestStarted(QWebEngineUrlRequestJob* job) override;
