@@ -66,7 +66,7 @@ void CrawlOfAllPages(benchmark::State& state) {
 }
 BENCHMARK(CrawlOfAllPages)->Unit(benchmark::kMillisecond);
 
-/// 96 KB with a link every so many bytes; all but the first reading finds every page seen.
+/// 96 KB with a link every so many bytes; after the first run every page has been seen.
 void DensePage(benchmark::State& state) {
   const std::string body = GeneratedPage(96 * 1024, static_cast<std::size_t>(state.range(0)), 1);
   std::int64_t links = 0;

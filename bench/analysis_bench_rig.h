@@ -15,7 +15,7 @@ namespace requite::test {
 class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
  public:
   BenchRig() {
-    // As the receive buffer of any larger page does: the allocator then keeps blocks of page size.
+    // As the receive buffer of a large page does, so that the allocator keeps blocks of that size.
     benchmark::DoNotOptimize(std::string(4 << 20, 'x'));
     rig_.AddMainSite("main.example", {"site.example"});
     State().MainSiteKey = "main.example";
@@ -23,7 +23,7 @@ class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
                          ".jsp", ".cfm",  ".cgi",  ".pl",  ".py",   ".do"};
   }
 
-  /// Begins the site anew, with an empty queue.
+  /// Starts the site again, with an empty queue.
   void NewSite() {
     ScanState& state = State();
     state.Scanning = true;

@@ -8,7 +8,7 @@
 namespace requite::test {
 namespace {
 
-/// 10,000 results against one list of 10,000 Linking Sites, of which half stand in it as bare hosts.
+/// 10,000 results against one list of 10,000 Linking Sites, half of which are bare hosts in it.
 void GenerateLinks(benchmark::State& state) {
   const ProgramFolder folder;
   ScriptedDialogs dialogs;

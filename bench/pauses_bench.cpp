@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// How long a page of the largest size keeps the user's events waiting: the longest time between two looks
-// at the events, from the server's close to the end of the analysis, for shapes of page that are hard on
-// one step or another.
+// How long a page of the largest size keeps the user's events waiting: the longest time between two yields
+// from the server's close to the end of the analysis, for pages that are slow for one step or
+// another.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -19,14 +19,14 @@ namespace {
 
 constexpr std::size_t kLargest = Fetcher::kMostBytes;
 
-/// The processor's time, which a busy machine does not lengthen.
+/// Processor time, which does not depend on how busy the machine is.
 std::chrono::nanoseconds Now() {
   timespec now{};
   ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
   return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
-/// All steps of a page for real; the controller's are not needed.
+/// The real steps of a page; those of the controller are not needed.
 struct PageRoad : RecordedSteps {
   PageRoad() {
     rig.Services.Connection.Events = &fetcher;

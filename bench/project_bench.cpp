@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a project of 100,000 Linking Sites costs: to write, to read, to load from a file, to sort and to walk
-// through by selecting each row; and what a save costs the user, who waits until the disk has it.
+// What a project of 100,000 Linking Sites costs: writing, reading, loading from a file, sorting and selecting
+// each row in turn; and how long a save takes, until the disk has it.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -53,8 +53,8 @@ void ReadText(benchmark::State& state) {
 }
 BENCHMARK(ReadText)->Arg(0)->Arg(1)->ArgName("sorted")->Unit(benchmark::kMillisecond);
 
-/// A save as the user's and the auto-save's, over an older file, with all its flushes: the disk of TMPDIR is
-/// measured. On a disk in memory what is left is the program's own part.
+/// A save over an older file, as by the user or the auto-save, with all its flushes: this measures the disk
+/// of TMPDIR. On a disk in memory only the program's own part is left.
 void SaveProject(benchmark::State& state) {
   test::SiteRig rig;
   Fill(rig.Data, static_cast<int>(state.range(0)));

@@ -40,7 +40,7 @@ void LargeReport(benchmark::State& state) {
 }
 BENCHMARK(LargeReport)->Unit(benchmark::kMillisecond);
 
-/// One event of the scan: a counter, its setting and the seven labels.
+/// One event of a scan: a counter, its setting and the seven labels.
 void UpdateStats(benchmark::State& state) {
   MemorySettings store;
   std::array<TextBox, 7> lblStats{TextBox("0"), TextBox("1"), TextBox("2"), TextBox("3"),

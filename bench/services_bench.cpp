@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a page over loopback costs beside a bare blocking socket, and what a setting costs.
+// What a page over loopback costs compared with a bare blocking socket, and what a setting costs.
 #include <benchmark/benchmark.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -20,8 +20,8 @@ namespace {
 constexpr std::string_view kRequest =
     "GET /page.html HTTP/1.1\r\nHost: site.example\r\nConnection: close\r\nAccept: */*\r\n\r\n";
 
-/// A server on loopback, which answers each request with a page of that size; or, with the port of
-/// another server (whose page has that size) in PAGE_SERVER_PORT, that one.
+/// A server on loopback that answers each request with a page of that size; or the server, with pages of that
+/// size, whose port is in PAGE_SERVER_PORT.
 class PageServer {
  public:
   explicit PageServer(std::size_t size)

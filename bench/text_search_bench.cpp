@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Text search over pages and over short texts. REQUITE_BENCH_PAGES names a folder of html files to
-// take the page from; without it a made-up page serves.
+// take the page from; without it the page is made up.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -62,7 +62,8 @@ void FindInPage(benchmark::State& state, Compare compare) {
   for (auto _ : state) benchmark::DoNotOptimize(requite::Find(Page(), needle, compare));
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Page().size()));
   const bool found = requite::Contains(Page(), needle, compare);
-  const bool plain = static_cast<unsigned char>(needle.front()) < 0x80;  // labels are not of our code page
+  const bool plain =
+      static_cast<unsigned char>(needle.front()) < 0x80;  // labels in other scripts are not in our code page
   state.SetLabel((plain ? std::string(needle) : "a letter above 127") + (found ? " (found)" : ""));
 }
 BENCHMARK_CAPTURE(FindInPage, Text, Compare::Text)->DenseRange(0, std::size(kMissing) - 1);
@@ -112,7 +113,7 @@ void LettersOfUrl(benchmark::State& state) {
 }
 BENCHMARK(LettersOfUrl);
 
-/// What one href costs when some twenty words are ruled out.
+/// What one href costs when about twenty words must not be in it.
 void NeedlesInUrl(benchmark::State& state) {
   std::vector<requite::Needle> needles;
   for (const std::string_view word :

@@ -18,7 +18,7 @@ function(requite_test name)
   gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 60)
 endfunction()
 
-# requite_command_test(NAME SECONDS COMMAND...): a test that is a command line, which may begin with NAME=VALUE
+# requite_command_test(NAME SECONDS COMMAND...): a test that runs a command line, which may begin with NAME=VALUE
 # pairs for the environment; it is killed after that many seconds.
 function(requite_command_test name seconds)
   add_test(NAME ${name} COMMAND ${REQUITE_ISOLATED} ${ARGN})

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Any page, through the program's triage and analyser and through their plain wording: both must leave
-// the same rows, queue, files and state. The first byte chooses options; a NUL parts two pages of a site,
-// and the last of them is also what a moved page leads to.
+// Any page, through the program's triage and analyser and through their plain form: both must leave
+// the same rows, queue, files and state. The first byte chooses options; a NUL separates the pages of a site,
+// and the last page is also where a moved page leads.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -12,7 +12,7 @@
 namespace requite::test {
 namespace {
 
-constexpr std::size_t kLongestInput = 4000;  // the plain wording is quadratic
+constexpr std::size_t kLongestInput = 4000;  // the plain form is quadratic
 
 void Begin(AnalysisRig& rig, unsigned options, const std::string& moved) {
   rig.Begin((options & 1) != 0 ? "main.example/a" : "www.main.example",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads any bytes as a connection rule. A rule that was read must read back from its full form, and must
-// send the connections that it names to its target.
+// direct the connections that it names to its target.
 #include <cstdlib>
 #include <string>
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any line, through the reading for addresses and through its plain wording: both must find the same
+// Any line, through the search for addresses and through its plain form: both must find the same
 // addresses in the same order.
 #include <cstdint>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 #include "support/email_collector.h"
 
-constexpr std::size_t kLongestInput = 4000;  // the plain wording is quadratic
+constexpr std::size_t kLongestInput = 4000;  // the plain form is quadratic
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > kLongestInput) return 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any page and any script output: the import's links and its stripping of tags must agree with their
-// plain wording. The input is three texts parted by NUL: page, base, host of the scan.
+// Any page and any script output: the import's links and its removal of tags must agree with their
+// plain form. The input is three texts separated by NUL: page, base, host of the scan.
 #include <cstdint>
 #include <cstdlib>
 #include <string>

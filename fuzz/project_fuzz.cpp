@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads any bytes as a project file. What was read must fit together, and where its texts cannot be
-// taken for anything else in a file, what is written from it must read back the same.
+// Reads any bytes as a project file. What was read must be consistent, and unless a text of it would be
+// misread in a file, what is written from it must read back the same.
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   Project second;
   const bool reachedEnd = Load(written, second);
   if (!SurvivesAFile(first)) return 0;
-  // The Description is the one loss, and it is lost once: a second file is like the first.
+  // Only the Description is lost, and only once: a second file is the same as the first.
   Require(reachedEnd);
   const std::string again = ProjectText(second);
   Project third;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any report: the copy for the view begins with its policy, holds no tag but those that a report is made of,
-// and loses nothing.
+// Any report: the copy for the view begins with its policy, holds no tag but those of a report, and loses no
+// text.
 #include <algorithm>
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any link on any page, for any sites: mending and tests must agree with their plain wording. The input
-// is five texts parted by NUL: link, directory, host, Main Site, Linking Site.
+// Any link on any page, for any sites: resolving and the tests of links must agree with their plain form.
+// The input is five texts separated by NUL: link, directory, host, Main Site, Linking Site.
 #include <cstdint>
 #include <cstdlib>
 #include <string>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any result page, through its reader and through its plain wording: both must keep the same domains. A NUL
-// parts two pages of one harvest.
+// Any result page, through its reader and through its plain form: both must keep the same domains. A NUL
+// separates two pages of one harvest.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -13,7 +13,7 @@
 namespace requite::test {
 namespace {
 
-/// A harvest over controls of its own, in a folder without a database: kept domains count all the same.
+/// A harvest with controls of its own, in a folder without a database, which does not change the count.
 struct HarvestOfPages {
   explicit HarvestOfPages(const TemporaryFolder& folder)
       : Database(folder.Folder, Platform.Clock, Figures, Lists.List2),

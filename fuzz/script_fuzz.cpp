@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Takes any bytes apart as a script line. Escapes must give back what was escaped, and arguments with
-// their escapes kept must be the words of the line.
+// Splits any bytes as a script line. Escapes must give back what was escaped, and arguments with their
+// escapes kept must be the words of the line.
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// The words are in the line, in order, with blanks and nothing else between them.
+/// The words are in the line, in order, with only blanks between them.
 void RequireWordsOf(std::string_view rest, const std::vector<std::string>& words) {
   rest = Trim(rest);
   for (const std::string& word : words) {
@@ -31,8 +31,8 @@ void RequireWordsOf(std::string_view rest, const std::vector<std::string>& words
   Require(rest.empty());
 }
 
-/// No control character is left, and the text reads back but for those shown as \xNN, which nothing reads
-/// back.
+/// No control character is left, and the text reads back except for those shown as \xNN, which cannot be
+/// read back.
 void RequireEscapesOf(std::string_view text) {
   constexpr std::size_t kShown = 4;
   std::string readable;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads any bytes as a settings journal. Records survive being written and read, and whatever a file
-// holds, the store opens on it and keeps the next value.
+// Reads any bytes as a settings journal. Records must survive being written and read, and
+// whatever a file holds, the store must open it and keep the next value.
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   if (const auto record = ReadSettingsRecord(text)) RequireSurvives(record->Key, record->Value);
   RequireSurvives(text.substr(0, size / 2), text.substr(size / 2));
 
-  // The folder is made once: a fuzzer runs for a long time.
+  // The folder is made only once, because the fuzzer runs it very often.
   static const test::TemporaryFolder folder;
   const std::string path = folder.File("settings");
   WriteFile(path, text);

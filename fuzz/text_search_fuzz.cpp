@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the fast text search against a plain one and aborts where the two differ.
+// Compares the fast text search with a plain one and aborts where they differ.
 // Input: one byte of switches, one byte for the pattern's length, the pattern, the text.
 #include <cstdlib>
 
@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   const Compare compare = (data[0] & 1) != 0 ? Compare::Binary : Compare::Text;
   const std::string_view pattern = input.substr(2, data[1]);
   const std::string once(input.substr(2 + pattern.size()));
-  // Long texts take other roads than short ones: repeat the text where a switch says so.
+  // Long texts are searched in another way than short ones, so a switch repeats the text.
   std::string text = once;
   for (unsigned i = 0; i < (data[0] >> 5U) && text.size() < 1024; ++i) text += once;
   const std::size_t from = (data[0] >> 1U) & 15U;

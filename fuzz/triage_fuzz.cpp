@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Any header and any text: the status code found, and the page with its hrefs on lines, must be those
-// of the plain wording.
+// of the plain form.
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
@@ -34,7 +34,7 @@ void ComparePreparation(const std::string& body) {
   Require(flat == plain);
 }
 
-/// The code between the first two blanks decides, and only a code of the table leaves anything.
+/// The code between the first two blanks decides, and only a code in the table sets a reason.
 void CheckStatus(ScanRig& rig, const std::string& header) {
   rig.State.ReasonNote = "";
   rig.Lists.lstErr.Clear();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Takes the pictures of the documentation: the real window, scanning the sample sites. tools/screenshots
-// builds and runs it. Usage: gui_screenshots FOLDER SUFFIX [all]; with "all" every picture, else a scan
-// alone.
+// builds and runs it. Usage: gui_screenshots FOLDER SUFFIX [all]; with "all" every picture, else only a
+// scan.
 #include <QElapsedTimer>
 #include <QHash>
 #include <QScreen>
@@ -30,7 +30,7 @@ QPalette DarkPalette() {
   return palette;
 }
 
-/// A quarter of the size for the repository: the most frequent colours, and no dots between them.
+/// Makes a picture a quarter of the size: only the most frequent colours, without dithering.
 QImage InFewColours(const QImage& picture) {
   const QImage pixels = picture.convertToFormat(QImage::Format_RGB32);
   QHash<QRgb, int> counts;
@@ -49,7 +49,7 @@ class Photographer {
   Photographer(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {
     FillProgramFolder(REQUITE_INSTALLED, program_.Path);
     SettingsFile settings(program_.File("settings"));
-    // Silent sites of the samples are given up soon; the pictures need no sound and no help.
+    // A short time-out for silent sample sites; the pictures need no sound and no help.
     for (const auto& [key, value] : {std::pair{"txtTimeout", "2"},
                                      {"chkAudioNext", "0"},
                                      {"chkAudioEmail", "0"},
@@ -119,7 +119,7 @@ class Photographer {
     good_ = false;
   }
 
-  /// What the display shows, so that views which other processes draw are on the picture too.
+  /// Takes the picture from the display, because other processes draw some views.
   void Take(DeskProgram& program, const QString& name) {
     QTest::qWait(500);
     const QPixmap picture = program.Window.screen()->grabWindow(program.Window.winId());

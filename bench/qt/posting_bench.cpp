@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How many rows a second go to a server on the loopback.
+// How many rows a second are posted to a server on the loopback.
 #include <benchmark/benchmark.h>
 #include <sys/eventfd.h>
 #include <unistd.h>

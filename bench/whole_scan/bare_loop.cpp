@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The yardstick of whole scans: a blocking socket loop that fetches pages one connection each and
-// throws them away. Usage: bare_loop PORT HOST PATHS_FILE
+// What whole scans are compared with: a blocking socket loop that fetches each page over its own connection
+// and throws it away. Usage: bare_loop PORT HOST PATHS_FILE
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>

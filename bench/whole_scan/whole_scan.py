@@ -101,14 +101,14 @@ def measure(build, count, kilobytes):
         try:
             bare, own, wget, memory = [], [], [], 0
             loop = [build + "/bench/bare_loop", str(port), HOST, site + ".paths"]
-            # The rival crawls and keeps the pages, as the scan crawls and writes its work files.
+            # wget crawls and keeps the pages, as the scan crawls and writes its work files.
             crawl = ["wget", "-q", "-r", "-l", "inf", "--no-http-keep-alive", "-e", "robots=off", "-P",
                      folder + "/wget", "http://127.0.0.1:%d/d0/p00000.html" % port]
             timed(loop)  # warms nginx's caches
             for _ in range(ROUNDS):
                 bare.append(timed(loop)[0])
                 seconds, status, usage = timed(scan_command(build, work, port))
-                if status != 1:  # no page links back, so the scan must say 1
+                if status != 1:  # no page links back, so the scan must return 1
                     raise SystemExit("the scan ended with %d" % status)
                 own.append(seconds)
                 memory = max(memory, usage.ru_maxrss)

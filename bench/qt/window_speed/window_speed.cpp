@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the real main window costs: whole scans with it on screen and without, and the longest time that
-// its event loop stands still while long lists fill, sort and scroll.
+// its event loop is blocked while long lists fill, sort and scroll.
 //
 //   window_speed scan PROJECT PROGRAM_FOLDER PORT with|without    prints the seconds of one scan
 //   window_speed lists [ROWS]                                     prints the longest stall of each action
@@ -40,9 +40,9 @@ class StallProbe {
     clock_.start();
     timer_.start(5);
   }
-  /// Ends the measurement of what ran since the last call, in milliseconds.
+  /// The milliseconds of what ran since the last call.
   double Take() {
-    for (int i = 0; i < 30; ++i) {  // what was put off belongs to it
+    for (int i = 0; i < 30; ++i) {  // postponed work counts too
       QElapsedTimer wait;
       wait.start();
       while (wait.elapsed() < 5) QCoreApplication::processEvents();

@@ -50,14 +50,14 @@ def measure(sites, build, count, kilobytes):
         server = sites.start_nginx(folder, site, port)
         try:
             one_scan(build, work, port, "without", count)  # warms the caches
-            # In turns, so that a busy moment of the machine meets both.
+            # In turns, so that a busy moment of the machine affects both.
             pairs = [(one_scan(build, work, port, "without", count), one_scan(build, work, port, "with", count))
                      for _ in range(ROUNDS)]
         finally:
             server.terminate()
             server.wait()
         print("%6d pages of %3d KB:" % (count, kilobytes), end="")
-        # The processor's time is the measure on a machine that has other work, the clock's on a quiet one.
+        # Compare processor time on a busy machine, clock time on a quiet one.
         for which, name in enumerate(("clock", "processor")):
             without, shown = (statistics.median(run[which] for run in runs) for runs in zip(*pairs))
             print("  %s %.3f s without a window, %.3f s with it, %.0f %% of the speed"
