@@ -171,7 +171,25 @@ constexpr Operation kOperations[] = {
      }},
 };
 
+template <class Table>
+void AddNames(const Table& table, std::vector<std::string_view>& names) {
+  for (const auto& each : table) names.push_back(each.Name);
+}
+
 }  // namespace
+
+std::vector<std::string_view> VariableNames() {
+  std::vector<std::string_view> names;
+  AddNames(kVariables, names);
+  AddNames(kHarvestVariables, names);
+  return names;
+}
+
+std::vector<std::string_view> OperationNames() {
+  std::vector<std::string_view> names;
+  AddNames(kOperations, names);
+  return names;
+}
 
 Complaint PrintVariable(ScriptSession& session, const Words& words) {
   for (const Variable& each : kVariables) {

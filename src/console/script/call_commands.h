@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Looking at the scan's state and calling single operations on it.
+// Printing the scan's state and calling single operations on it.
 #pragma once
 
 #include "console/script/script_commands.h"
 
 namespace requite {
 
-/// `var NAME`: a field of the scan state, of the page in hand or of the main window, or a counter.
+/// `var NAME`: a field of the scan state, of the page in progress or of the main window, or a counter.
 [[nodiscard]] Complaint PrintVariable(ScriptSession& session, const Words& words);
 
-/// `call OPERATION TEXT`: prints the result and the argument as it stands after the call.
+/// `call OPERATION TEXT`: prints the result and the argument as the call left it.
 [[nodiscard]] Complaint CallOperation(ScriptSession& session, const Words& words);
+
+/// All names that the two know; the variables of a window are among them, loaded or not.
+[[nodiscard]] std::vector<std::string_view> VariableNames();
+[[nodiscard]] std::vector<std::string_view> OperationNames();
 
 }  // namespace requite
