@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pattern of an address as the characters on both sides of each "@".
+// The address pattern, applied to the characters on both sides of each "@".
 #include "harvest/address_ats.h"
 
 #include "harvest/email_characters.h"
@@ -27,16 +27,16 @@ bool AddressAts::HoldOne(std::string_view left, std::size_t begin) {
   const auto own = !left.empty() && IsOfAddress(left.back()) ? EndOfMatch(begin) : std::nullopt;
   const std::size_t count = ends_.size() + (own ? 1 : 0);
   if (count != 2) return count == 1;
-  // The second has nothing left in front of it where the first one's match takes all that is between them.
+  // The second address has nothing left before its "@" if the first match takes all that is between them.
   const std::size_t end = own ? *own : ends_.begin()->second;
   return end == ends_.rbegin()->first;
 }
 
 std::optional<std::size_t> AddressAts::EndOfMatch(std::size_t place) const {
   bool first = true;
-  bool afterDot = false;  // the last character is a full stop that the match can end after
+  bool afterDot = false;  // the last character is a full stop after which the match can end
   bool found = false;
-  bool atEnd = false;  // nothing but letters and digits came after the last such full stop
+  bool atEnd = false;  // only letters and digits have come since the last such full stop
   for (; place < text_.size(); place = index_.After(place)) {
     const char c = text_[place];
     if (kCleanedOfRight.Has(c)) continue;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tables by length of context. What is taken out gives the next "@" a longer context, and no other.
+// Tables by length of context. A removal gives only the next "@" a longer context.
 #include "harvest/at_index.h"
 
 #include <algorithm>
@@ -36,7 +36,7 @@ std::size_t AtIndex::Before(std::size_t place) const {
   return over_[place] == 0 ? std::string_view::npos : over_[place] - 1;
 }
 
-/// What is gone next to it on either side becomes one with it.
+/// Joins removed stretches next to it on both sides into one.
 void AtIndex::Close(std::size_t first, std::size_t end) {
   if (first > 0 && gone_[first - 1]) first = over_[first - 1];
   if (end < text_.size() && gone_[end]) end = over_[end];
@@ -62,7 +62,7 @@ void AtIndex::FindMatches(std::size_t begin, std::string_view context) {
     Entry& entry = table.Entries[*link];
     const std::size_t place = ats_[entry.Which].Place;
     if (place < begin || gone_[place]) {
-      *link = entry.Next;  // it will not come back
+      *link = entry.Next;  // removed for good
       continue;
     }
     if (entry.Hash == hash && Matches(begin, entry.Which, context)) matches_.push_back(entry.Which);
@@ -107,7 +107,7 @@ void AtIndex::Build(std::size_t begin, std::size_t table) {
 }
 
 void AtIndex::AddGrown(std::size_t begin, std::uint32_t which) {
-  // Several neighbours may be gone; the last of them adds what is left.
+  // Several neighbours may have been removed; the last of them adds what is left.
   if (which == kNone || gone_[ats_[which].Place]) return;
   const std::string context = ContextOf(begin, which);
   At& at = ats_[which];

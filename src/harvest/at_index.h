@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The "@" of a long line by what stands before them, while pieces are taken out of the line.
+// Finds each "@" of a long line by the text before it, while pieces are removed from the line.
 #pragma once
 
 #include <array>
@@ -11,21 +11,22 @@
 
 namespace requite {
 
-/// A text out of which stretches that end in "@" are taken. Nothing is moved: what is gone is marked, and its
-/// two ends lead over it. So a stretch costs as much as it is long, wherever it stands.
+/// A text from which stretches that end in "@" are removed. Nothing moves: removed characters are marked,
+/// and both ends of a removed stretch lead across it. So removing a stretch costs its length, wherever it
+/// is.
 class AtIndex {
  public:
   /// The text must outlive the index.
   explicit AtIndex(std::string_view text);
 
   [[nodiscard]] bool IsGone(std::size_t place) const { return gone_[place]; }
-  /// The next place that is not gone.
+  /// The next place that has not been removed.
   [[nodiscard]] std::size_t After(std::size_t place) const;
-  /// The place before `place` that is not gone, or npos.
+  /// The place before `place` that has not been removed, or npos.
   [[nodiscard]] std::size_t Before(std::size_t place) const;
 
-  /// Takes `context` and the "@" after it out wherever they stand from `begin` on. `context` holds no "@" and
-  /// is not empty. Tells `taken` of each place, and then `joined` of each "@" that has a new neighbour.
+  /// Removes `context` and the "@" after it everywhere from `begin` on. `context` holds no "@" and is not
+  /// empty. Calls `taken` for each removed place, then `joined` for each "@" that has a new neighbour.
   template <class Taken, class Joined>
   void TakeOut(std::size_t begin, std::string_view context, Taken&& taken, Joined&& joined) {
     FindMatches(begin, context);
@@ -54,9 +55,9 @@ class AtIndex {
   static constexpr std::uint32_t kNone = UINT32_MAX;
   struct At {
     std::uint32_t Place;
-    std::uint32_t Previous;  ///< the numbers of its neighbours that are not gone
+    std::uint32_t Previous;  ///< numbers of the nearest neighbours not removed
     std::uint32_t Next;
-    std::uint8_t Known;  ///< so many characters before it are in the tables
+    std::uint8_t Known;  ///< how many characters before it are in the tables
   };
   struct Entry {
     std::uint32_t Hash;
@@ -72,7 +73,7 @@ class AtIndex {
   void Unlink(std::uint32_t which);
   void FindMatches(std::size_t begin, std::string_view context);
   [[nodiscard]] bool Matches(std::size_t begin, std::uint32_t which, std::string_view context) const;
-  /// The last characters before an "@", at most as many as the longest table needs.
+  /// The last characters before an "@", as many as the longest table uses.
   [[nodiscard]] std::string ContextOf(std::size_t begin, std::uint32_t which) const;
   void Build(std::size_t begin, std::size_t table);
   void AddGrown(std::size_t begin, std::uint32_t which);
@@ -80,7 +81,7 @@ class AtIndex {
 
   std::string_view text_;
   std::vector<bool> gone_;
-  std::vector<std::uint32_t> over_;  // at the ends of what is gone: the first place, or the one after it
+  std::vector<std::uint32_t> over_;  // at both ends of a removed stretch: the place at its other end
   std::vector<At> ats_;
   std::array<Table, kLengths.size()> tables_;
   std::vector<std::uint32_t> matches_;

@@ -33,7 +33,8 @@ std::string FromDatabaseText(std::string_view utf8) {
   text.reserve(utf8.size());
   for (std::size_t at = 0; at < utf8.size();) {
     const auto lead = static_cast<unsigned char>(utf8[at++]);
-    // The bits of the lead byte that belong to the character; stray and broken bytes end up as "?" or alone.
+    // The bits of the lead byte that belong to the character. A stray or broken byte becomes "?" or a
+    // character of its own.
     unsigned character = lead < 0xC0   ? lead
                          : lead < 0xE0 ? lead & 0x1FU
                          : lead < 0xF0 ? lead & 0x0FU

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts of the code page as they lie in the database, where any other program can read them: UTF-8.
+// Converts texts between the code page and UTF-8, the form in the database that other programs can read.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace requite {
 
-/// The five bytes that the code page leaves undefined become the control characters of the same number, so
-/// that each byte comes back as it was.
+/// The five bytes that the code page leaves undefined become the control characters of the same number,
+/// so every byte survives the way there and back.
 [[nodiscard]] std::string ToDatabaseText(std::string_view text);
 /// A character outside the code page becomes "?".
 [[nodiscard]] std::string FromDatabaseText(std::string_view utf8);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The requests of a harvest, the reading of its pages and its three ends.
+// Requests the result pages, reads them, and ends the harvest in one of three ways.
 #include "harvest/domain_harvest.h"
 
 #include "harvest/result_line.h"
@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kYahoo = "Yahoo";
 constexpr std::string_view kGoogle = "Google";
 constexpr std::size_t kShortestLocation = 9;
-constexpr std::int32_t kMostForNothing = 20;  ///< a harvest of so few starts no crawl
+constexpr std::int32_t kMostForNothing = 20;  ///< so few results start no crawl
 
 std::int32_t TargetAt(int listIndex) {
   switch (listIndex) {
@@ -25,8 +25,8 @@ std::int32_t TargetAt(int listIndex) {
   }
 }
 
-/// The text with a line break before each "http://" in any case. The scheme keeps its case: only a line
-/// that begins with it in lower case is looked at.
+/// The text with a line break before each "http://", in any case. Only lines that begin with it in lower
+/// case are read later.
 std::string BrokenAtLinks(std::string_view html) {
   std::string broken;
   broken.reserve(html.size());
@@ -57,8 +57,7 @@ void DomainHarvest::BeginSearch() {
   window_.WebBrowser1.Navigate(Request());
 }
 
-/// One engine's form ends in the offset and carries it as it is, the other ends in the term and carries the
-/// offset less one.
+/// One engine takes the offset as it is, at the end; the other takes it less one, before the term.
 std::string DomainHarvest::Request() const {
   if (Engine == kYahoo) {
     return "http://www.yahoo.com/search/dir?h=s&xargs=0&p=" + SearchTerm +
@@ -77,7 +76,7 @@ void DomainHarvest::ExtractResultPage(std::string_view html) {
   PageResults = 0;
   const std::string workFile = window_.Folder.File("SearchOutput.txt");
   AppendToFile(workFile, BrokenAtLinks(html) + std::string(kLineEnd));
-  // Lines that a harvest left there when it died are read again.
+  // Also reads lines that an earlier harvest left in the file when the program died.
   const std::string text = ReadFile(workFile);
   LineReader lines(text, LineEnds::CarriageReturn);
   ResultLines results;
@@ -101,7 +100,7 @@ void DomainHarvest::Keep(const std::string& domain) {
 }
 
 void DomainHarvest::ContinueSearch() {
-  // A page with nothing new ends the harvest as surely as reaching the target.
+  // A page with nothing new ends the harvest, as reaching the target does.
   if (UniqueResults < TargetResults && PageResults >= 1) {
     ResultOffset += Engine == kYahoo ? 20 : 100;
     window_.WebBrowser1.Navigate(Request());
@@ -134,7 +133,7 @@ void DomainHarvest::TellOfTooFew() {
   }
 }
 
-/// Nothing follows, although the status bar says so; the window stays loaded and hidden.
+/// Does nothing, although the status bar announces it: the window stays loaded and hidden.
 void DomainHarvest::TrySearchAgain() {}
 
 }  // namespace requite

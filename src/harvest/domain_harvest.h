@@ -33,29 +33,29 @@ struct DomainHarvestNeeds {
   std::function<void()> Unload;  ///< closes the window
 };
 
-/// One harvest, from the load of its window to its end.
+/// One harvest. It lasts as long as its window.
 class DomainHarvest {
  public:
   explicit DomainHarvest(DomainHarvestNeeds needs) : window_(std::move(needs)) {}
 
-  /// The load of the window. Throws RuntimeFailure when the database cannot be emptied.
+  /// Run when the window loads. Throws RuntimeFailure when the database cannot be emptied.
   void Start();
-  /// A result page has come; `html` is its text as it was served. Nothing for a blank page, and nothing
-  /// after the end.
+  /// Reads a result page; `html` is its text as served. Does nothing for a blank page or after the
+  /// harvest has finished.
   void OnResultPageComplete(std::string_view html);
-  /// Keeps the unique domains of a result page and goes on with ContinueSearch. Lets events run at each
-  /// line; when the window is closed meanwhile, the rest is left. Throws what the file system refuses.
+  /// Keeps the unique domains of a result page, then calls ContinueSearch. Lets events run at each line;
+  /// when the window is closed meanwhile, it stops there. Throws what the file system refuses.
   void ExtractResultPage(std::string_view html);
-  /// The window is gone: what still runs ends at its next line.
+  /// The window was closed: a page in progress ends at its next line.
   void Abandon() { abandoned_ = true; }
 
   std::string SearchTerm;
   std::string Engine;  ///< "Google" or "Yahoo"
   std::int32_t TargetResults = 0;
   std::int32_t UniqueResults = 0;
-  std::int32_t PageResults = 0;  ///< kept from the latest page
+  std::int32_t PageResults = 0;  ///< domains kept from the latest page
   std::int32_t ResultOffset = 0;
-  std::string SeenDomains;  ///< joined with no separator, so that a domain inside of two others is lost
+  std::string SeenDomains;  ///< joined without a separator: a domain that occurs across two others is lost
   bool Finished = false;
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The kinds of characters that matter around the "@" of an address.
+// The character classes around the "@" of an address.
 #pragma once
 
 #include <array>
@@ -19,10 +19,10 @@ class CharacterSet {
   std::array<bool, 256> holds_{};
 };
 
-/// Both halves of an address stop at these.
+/// Both halves of an address end at these.
 inline constexpr CharacterSet kStops("\": ><[]()?=,&*/;");
 
-/// What is cleaned away; the right half loses its commas as well, and neither loses its "&".
+/// Removed from the halves; the right half loses commas as well, and neither loses "&".
 inline constexpr CharacterSet kCleanedOfLeft(":\" <>[]()?=*/-\r\n;");
 inline constexpr CharacterSet kCleanedOfRight(":\" <>[]()?=,*/-\r\n;");
 
@@ -30,8 +30,8 @@ constexpr bool IsLetterOrDigit(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-/// Whether the pattern of an address takes the character. The hyphen, which it takes too, is cleaned away
-/// before.
+/// Whether the address pattern accepts the character. It accepts a hyphen too, but hyphens have been
+/// cleaned away before.
 constexpr bool IsOfAddress(char c) { return IsLetterOrDigit(c) || c == '_' || c == '.'; }
 
 }  // namespace requite

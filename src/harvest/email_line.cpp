@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One "@" after the other. What looks like a slip in it (an address near the start of a line is lost, a
-// hyphen goes, "&rt;" is no entity) is how addresses have always been read here, and stays.
+// Goes from "@" to "@". Three things look like mistakes: an address near the start of a line is lost, a
+// hyphen is removed, "&rt;" is no entity. They decide which addresses are found, and stay.
 #include "harvest/email_line.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@
 namespace requite {
 namespace {
 
-constexpr std::size_t kLeftHalf = 40;  ///< characters kept up to an "@" that stands further in
+constexpr std::size_t kLeftHalf = 40;  ///< characters kept before an "@" that is further in
 
 std::string Clean(std::string_view text, const CharacterSet& cleaned) {
   std::string clean;
@@ -25,7 +25,7 @@ std::string Clean(std::string_view text, const CharacterSet& cleaned) {
   return clean;
 }
 
-/// Grows leftward from the two characters in front of the final "@", until a stop character is inside.
+/// Grows to the left from the two characters before the final "@" until it includes a stop character.
 std::string_view LeftHalf(std::string_view piece) {
   if (piece.size() < 3) return {};
   const std::size_t end = piece.size() - 1;
@@ -35,14 +35,14 @@ std::string_view LeftHalf(std::string_view piece) {
   return piece.substr(begin, end - begin);
 }
 
-/// Grows rightward from the first two characters, until a stop character is inside.
+/// Grows to the right from the first two characters until it includes a stop character.
 std::size_t RightLength(EmailTail& tail) {
   const std::size_t length = tail.Length();
   return length < 2 ? 0 : std::max<std::size_t>(2, std::min(tail.FirstStop() + 1, length));
 }
 
-/// Of a longer text in front of the first "@" only its end is left; of a shorter one nothing, and the text up
-/// to the next "@" is the left half then. Returns what ends in the "@" that counts, or an empty text.
+/// Keeps only the end of a long text before the first "@". A shorter one is dropped, and the text up to
+/// the next "@" becomes the left half. Returns what ends in that "@", or an empty text.
 std::string TakeToAt(EmailTail& tail) {
   const std::size_t place = tail.FirstAt() + 1;
   tail.TakeEverywhere(place > kLeftHalf ? place - kLeftHalf : place);
@@ -50,10 +50,10 @@ std::string TakeToAt(EmailTail& tail) {
   return tail.TakeEverywhere(next == std::string_view::npos ? 0 : next + 1);
 }
 
-/// Hands the two halves on. False when the reader ended the line.
+/// Passes both halves on. Returns false when the reader ended the line.
 bool TakeHalves(std::string_view piece, std::size_t right, EmailTail& tail, EmailLineReader& reader) {
-  // A right half that is all the rest stays in the line, so it comes again and again, less its front. It may
-  // be megabytes long, so it is not read each time.
+  // A right half that is the whole rest stays in the line, so it comes again for the next "@", only
+  // shorter. It may be megabytes long and must not be read each time.
   const bool comesAgain = right == tail.Length() && tail.IsIndexed();
   if (!reader.GoesOn(piece.size() + (comesAgain ? 0 : right))) return false;
   if (!tail.HasDot()) return true;
@@ -77,7 +77,7 @@ bool ReadEmailLine(std::string line, EmailLineReader& reader) {
     const std::string piece = TakeToAt(tail);
     const std::size_t right = RightLength(tail);
     if (!TakeHalves(piece, right, tail, reader)) return false;
-    // One character behind the stop goes too; where there is none to take, the text stays whole.
+    // One character after the stop is removed too. If there is none, the text stays as it is.
     const std::size_t cut = std::max<std::size_t>(right, 1) + 1;
     if (cut <= tail.Length()) tail.TakeFront(cut);
   }

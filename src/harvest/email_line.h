@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Takes one line apart into what stands around each of its "@".
+// Splits a line into the text on both sides of each "@".
 #pragma once
 
 #include <cstddef>
@@ -8,24 +8,25 @@
 
 namespace requite {
 
-/// Who hears of what a line holds.
+/// Receives what a line holds.
 class EmailLineReader {
  public:
   virtual ~EmailLineReader() = default;
-  /// So many characters have been looked at since the last call: events may run. False ends the line.
+  /// `characters` more have been read: events may run. Returns false to end the line.
   [[nodiscard]] virtual bool GoesOn(std::size_t characters) = 0;
-  /// An address whose right half is the whole rest of a long line. At least so many characters stay of that
-  /// half as a website's key. True: that is all there is to know; false: TakeHalves brings its text.
+  /// An address whose right half is the whole rest of a long line. As the key of a website, that half
+  /// keeps at least `staying` characters. Returns true when that is all the reader needs; after false,
+  /// TakeHalves gets the text.
   [[nodiscard]] virtual bool TakeLongAddress(std::size_t staying) = 0;
   /// The two halves around an "@", the left one cleaned. Most are no address, and some of those are left
-  /// out. Where no stop character comes, `right` is the whole rest.
+  /// out. Without a stop character `right` is the whole rest.
   virtual void TakeHalves(const std::string& left, std::string_view right) = 0;
 };
 
-/// The right half without what is cleaned away.
+/// The right half with what does not count removed.
 [[nodiscard]] std::string CleanRight(std::string_view right);
 
-/// Reads the line to its end. False when the reader ended it before.
+/// Reads the line to its end. Returns false when the reader ended it early.
 bool ReadEmailLine(std::string line, EmailLineReader& reader);
 
 }  // namespace requite

@@ -17,7 +17,7 @@ class EmailPattern {
   EmailPattern();
   ~EmailPattern();
 
-  /// Whether exactly one address stands in the text. What stands around it does not matter.
+  /// Whether the text holds exactly one address. Other text around it does not matter.
   [[nodiscard]] bool IsValidEmail(std::string_view text) const;
 
  private:

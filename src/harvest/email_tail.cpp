@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking text away in time that does not grow with what is left.
+// Removes text in time that does not grow with the length of the rest.
 #include "harvest/email_tail.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace requite {
 namespace {
 
-constexpr std::size_t kSearchesFirst = 16;  ///< whole lines searched before the tables pay
+constexpr std::size_t kSearchesFirst = 16;  ///< whole lines to search before building tables pays
 
 bool Stays(char c) { return c != 'w' && c != '.' && !kCleanedOfRight.Has(c); }
 
@@ -31,7 +31,7 @@ std::size_t LastRuns::SlotOf(const char* run) const {
 }
 
 bool LastRuns::MayStandFrom(std::size_t begin, std::string_view piece) const {
-  // One run that does not stand there tells that the whole does not.
+  // If one run is missing, the whole piece is.
   for (std::size_t at = 0; at + kRun <= piece.size(); ++at) {
     if (lastAt_[SlotOf(piece.data() + at)] < begin) return false;
   }
@@ -138,7 +138,7 @@ void EmailTail::TakeOutOfIndex(std::string_view context) {
 }
 
 bool EmailTail::MayStandFurtherOn(const std::string& piece) {
-  // What is gone has brought other runs together.
+  // Removals have joined other runs, which the table does not know.
   if (piece.size() < LastRuns::kRun || moved_) return true;
   if (!runs_) runs_.emplace(text_);
   return runs_->MayStandFrom(begin_, piece);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A line that addresses are picked out of: its front goes piece by piece, and each piece goes everywhere.
+// The rest of a line while addresses are read from its front; each piece read is removed everywhere in
+// it.
 #pragma once
 
 #include <cstddef>
@@ -14,13 +15,13 @@
 
 namespace requite {
 
-/// Where each run of eight characters of a text stands last; runs that share a place count as one.
+/// The last place of each run of eight characters in a text. Runs that share a slot count as one.
 class LastRuns {
  public:
   static constexpr std::size_t kRun = 8;
 
   explicit LastRuns(std::string_view text);
-  /// Whether the piece, of at least kRun characters, may stand at `begin` or after it.
+  /// Whether a piece of at least kRun characters may occur at `begin` or later.
   [[nodiscard]] bool MayStandFrom(std::size_t begin, std::string_view piece) const;
 
  private:
@@ -41,22 +42,22 @@ class EmailTail {
   /// The offset of the first stop character, or the length.
   [[nodiscard]] std::size_t FirstStop();
   [[nodiscard]] bool HasDot();
-  /// How many characters at least stay of the text when it becomes the key of a website: neither cleaning nor
-  /// the removal of "www." takes them away.
+  /// The least number of characters that are left when the text becomes the key of a website: those that
+  /// neither cleaning nor the removal of "www." touches.
   [[nodiscard]] std::size_t Staying() const { return staying_; }
-  /// Whether HoldsOneAddress may be asked. It is so once much of the line was searched again and again.
+  /// Whether HoldsOneAddress may be called: only after much of the line was searched repeatedly.
   [[nodiscard]] bool IsIndexed() const { return index_.has_value(); }
-  /// Whether exactly one address stands in the cleaned left half, an "@", and the whole text cleaned. Only
-  /// where the text holds no stop character but at its end, and what was taken last ended in an "@".
+  /// Whether the cleaned left half, an "@", and the whole cleaned text hold exactly one address. The text
+  /// must hold no stop character except at its end, and what was removed last must have ended in an "@".
   [[nodiscard]] bool HoldsOneAddress(std::string_view left);
-  /// Takes the first `count` characters away, here only. Returns them.
+  /// Removes the first `count` characters, here only, and returns them.
   std::string TakeFront(std::size_t count);
-  /// Takes the first `count` characters away, and every other occurrence of them. They hold no "@" but at
-  /// their end. Returns them.
+  /// Removes the first `count` characters and every other occurrence of them, and returns them. They must
+  /// hold no "@" except at their end.
   std::string TakeEverywhere(std::size_t count);
 
  private:
-  /// The first character of a kind, and how many stand before it.
+  /// The first character of a kind, and how many characters come before it.
   struct Mark {
     std::size_t Place = 0;
     std::size_t Offset = 0;
@@ -82,7 +83,7 @@ class EmailTail {
   Mark stop_;
   std::size_t lastDot_ = std::string::npos;
   std::size_t searched_ = 0;
-  bool moved_ = false;  // something is gone from the middle of text_
+  bool moved_ = false;  // something was removed from the middle of text_
   std::optional<AtIndex> index_;
   std::optional<AddressAts> addresses_;  // of index_
   std::optional<LastRuns> runs_;

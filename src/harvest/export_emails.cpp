@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The export in its order: the table may be emptied before the file is written, and is so even when the
-// question behind it is answered with No.
+// The order counts: with Check1 the table is emptied before the file is written, and before the question
+// that the user may answer with No.
 #include "harvest/export_emails.h"
 
 #include <string>
@@ -34,7 +34,7 @@ void EmailExport::Command1() {
   window_.Unload();
 }
 
-/// A cancelled dialog still holds the name that it offered, and that one is taken.
+/// A cancelled dialog counts as one that took the name it offered.
 std::string EmailExport::AskFileName() {
   const std::string chosen =
       window_.Dialogs.AskSaveName({window_.Folder.Path, "", std::string(kDefaultName)});

@@ -27,8 +27,8 @@ class EmailExport {
  public:
   explicit EmailExport(EmailExportNeeds needs) : window_(std::move(needs)) {}
 
-  /// Asks for the file, writes it, empties the table when that was asked for, and closes the window. Failures
-  /// are passed over: without a database the file holds one line end.
+  /// Asks for the file, writes it, empties the table if the check box says so, and closes the window.
+  /// Failures are passed over: without a database the file holds one line end.
   void Command1();
 
  private:

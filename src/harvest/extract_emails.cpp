@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The reading of a page for addresses, and what is done for a new one.
+// Reads a page for addresses and stores the new ones.
 #include "harvest/extract_emails.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace requite {
 namespace {
 
-constexpr std::size_t kSlice = 4096;  ///< characters between two looks at the events
+constexpr std::size_t kSlice = 4096;  ///< characters read between two yields
 
 }  // namespace
 
@@ -43,8 +43,7 @@ bool EmailHarvester::GoesOn(std::size_t characters) {
 }
 
 bool EmailHarvester::TakeLongAddress(std::size_t staying) {
-  // What no field of the database takes in is in none, and what is longer than every known URL is no known
-  // one.
+  // Nothing longer than a database field is stored, and nothing longer than every known URL is known.
   if (staying <= std::max(modDatabase::kFieldLength,
                           LongestSeenUrl(context_.Project, context_.Lists.List2, context_.State)))
     return false;
@@ -55,7 +54,7 @@ bool EmailHarvester::TakeLongAddress(std::size_t staying) {
 void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRight) {
   const std::string right = CleanRight(rawRight);
   std::string candidate = left + "@" + right;
-  // The test of the form comes first: it keeps the statement behind it what it is.
+  // IsValidEmail must run first: EmailExists pastes the text into an SQL statement.
   if (!IsValidEmail(candidate) || database_.EmailExists(candidate)) return;
   database_.AddEmail(candidate);
   CountAddress([&] { return AddWebsiteOf(right); });
@@ -81,7 +80,7 @@ void EmailHarvester::CountAddress(AddWebsite&& addWebsite) {
   });
   if (addWebsite()) PassOver([&] { context_.Host.UpdateStats(Counted::PageFound); });
   PassOver([&] { context_.Host.UpdateStats(Counted::LinkFound); });
-  raise(state.PagesQueued);  // a slot of SeenPages with nothing stored into it
+  raise(state.PagesQueued);  // uses up a slot of SeenPages that stays empty
   context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");
   context_.Platform.EventLoop.LetPendingEventsRun();
 }

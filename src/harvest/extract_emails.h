@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Picks e-mail addresses out of a saved page. Held in reserve: the page loop does not come here.
+// Collects e-mail addresses from a saved page. No command on screen leads here: scripts call it.
 #pragma once
 
 #include <cstdint>
@@ -20,9 +20,9 @@ class EmailHarvester : private EmailLineReader {
   EmailHarvester(ScanContext& context, modDatabase& database, std::function<void()> scanNextPage)
       : context_(context), database_(database), scanNextPage_(std::move(scanNextPage)) {}
 
-  /// Reads the flat page file of a connection to its end, stores and counts each new address, and goes on
-  /// with ScanNextPage. Lets events run all the time; a scan that is stopped meanwhile ends it in the middle
-  /// of a line. Failures are passed over.
+  /// Reads the flat page file of a connection, stores and counts each new address, then calls
+  /// ScanNextPage. Lets events run often; stopping the scan ends it in the middle of a line. Failures are
+  /// passed over.
   void ExtractEmails(std::int16_t connection);
   [[nodiscard]] bool IsValidEmail(std::string_view text) const { return pattern_.IsValidEmail(text); }
 
@@ -31,7 +31,7 @@ class EmailHarvester : private EmailLineReader {
   [[nodiscard]] bool GoesOn(std::size_t characters) override;
   [[nodiscard]] bool TakeLongAddress(std::size_t staying) override;
   void TakeHalves(const std::string& left, std::string_view right) override;
-  /// Counts and announces a new address. `addWebsite` tells whether its website is a new one.
+  /// Counts and announces a new address. `addWebsite` returns whether its website is new.
   template <class AddWebsite>
   void CountAddress(AddWebsite&& addWebsite);
   [[nodiscard]] bool AddWebsiteOf(const std::string& right);

@@ -10,7 +10,7 @@
 namespace requite {
 namespace {
 
-/// The engine stops counting the characters of a text at a NUL, so the length is tested here as well.
+/// SQLite counts the characters of a text up to a NUL only, so the length is checked here as well.
 void RequireFieldLength(std::string_view value) {
   if (value.size() > modDatabase::kFieldLength) throw RuntimeFailure(Failure::InvalidArgument);
 }

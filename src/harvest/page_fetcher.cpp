@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Navigations become GETs, one at a time. A page that leads to the next one does so from an event that
-// returns, however many pages there are.
+// Turns navigations into GETs, one at a time. A page that leads to the next one does so from an event of
+// its own, so the stack does not grow with the number of pages.
 #include "harvest/page_fetcher.h"
 
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A browser view's engine that shows nothing: each page is the answer to one GET.
+// A browser engine that shows nothing: each page is the answer to one GET.
 #pragma once
 
 #include <functional>
@@ -10,12 +10,12 @@
 
 namespace requite {
 
-/// A navigation returns at once; its page is fetched in a later event and is complete when the whole of it
-/// has come. A page that cannot be fetched is never complete.
+/// A navigation returns at once. Its page is fetched in a later event and is complete when all of it has
+/// arrived. A page that cannot be fetched is never complete.
 class PageFetcher : public BrowserEngine {
  public:
-  /// `stays` runs around what is done with a page, which lets events run: the owner must not go before it has
-  /// returned.
+  /// `stays` wraps the handling of a page, which lets events run: it must keep the owner alive until
+  /// then.
   PageFetcher(BrowserView& view, Internet& internet,
               std::function<void(const std::function<void()>& complete)> stays);
   ~PageFetcher() override;
@@ -25,11 +25,11 @@ class PageFetcher : public BrowserEngine {
   void Navigate(const std::string& url) override;
   void Stop() override { gets_.Abort(); }
   void Refresh() override;
-  /// There is no history: both throw InvalidArgument.
+  /// Without a history both throw InvalidArgument.
   void GoBack() override;
   void GoForward() override;
 
-  /// The text of the page at hand, as it was served.
+  /// The text of the current page, as served.
   [[nodiscard]] const std::string& Page() const { return page_; }
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tests of a result line and what is cut off it, in their order.
+// The tests of a result line and what is removed from it, in order.
 #include "harvest/result_line.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 12> kSuffixes = {"com", "org", "net", "go
 
 bool Holds(std::string_view text, std::string_view what) { return Contains(text, what, Compare::Text); }
 
-/// Only the scheme is compared by case. The engines' own pages are no results.
+/// Only the scheme is compared with case. The engines' own pages do not count as results.
 bool IsAdmitted(std::string_view line) {
   if (!line.starts_with(kHttp)) return false;
   if (Holds(line, "Yahoo.com") || Holds(line, "google.com") || Holds(line, "yimg")) return false;
@@ -32,7 +32,7 @@ std::string WithoutFirstLabel(std::string_view line) {
   return dot == std::string::npos ? host : host.substr(dot + 1);
 }
 
-/// With no separator between the domains seen, one that occurs inside another or across two is lost.
+/// Without a separator between the domains seen, one that occurs inside another or across two is lost.
 bool IsRejected(const std::string& domain, std::string_view seenDomains) {
   return domain.find('<') != std::string::npos || Holds(seenDomains, domain) ||
          domain.find('>') != std::string::npos || domain == "ttp:.com" || domain == " ttp:.com" ||

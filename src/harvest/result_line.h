@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From a line of a search engine's result page to the domain in it.
+// Finds the domain in a line of a search engine's result page.
 #pragma once
 
 #include <optional>
@@ -8,12 +8,12 @@
 
 namespace requite {
 
-/// Reads the lines of one result page in their order: a line without a suffix of its own is tested with
-/// that of the line before.
+/// Reads the lines of one result page in order: a line without a suffix of its own is tested with the
+/// suffix of the line before.
 class ResultLines {
  public:
-  /// The domain of two labels in the line, such as "example.com", or nothing when the line is dropped.
-  /// `seenDomains` are those kept so far, joined with no separator.
+  /// The two-label domain in the line, such as "example.com", or nothing when the line is dropped.
+  /// `seenDomains` holds those kept so far, joined without a separator.
   [[nodiscard]] std::optional<std::string> DomainOf(std::string_view line, std::string_view seenDomains);
 
  private:

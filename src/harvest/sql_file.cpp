@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Opening, statements and failures of the database engine.
+// Opens the file, runs statements, and turns SQLite errors into failures.
 #include "harvest/sql_file.h"
 
 #include <sqlite3.h>
@@ -11,10 +11,10 @@
 namespace requite {
 namespace {
 
-/// How long another program that holds the file is waited for. No events run meanwhile.
+/// How long to wait for another program that holds the file. No events run meanwhile.
 constexpr int kBusyMilliseconds = 200;
 
-/// The failure numbers of databases, which begin where those of the program's own operations end.
+/// Database failures are numbered from here, after those of the program itself.
 enum : int {
   kOther = 3000,
   kNoFile = 3024,
@@ -69,7 +69,7 @@ class SqlFile::Statement {
         sqlite3_bind_text(statement_, place, utf8.data(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
     if (code != SQLITE_OK) Fail(file_);
   }
-  /// False behind the last row.
+  /// False after the last row.
   bool Step() {
     const int code = sqlite3_step(statement_);
     if (code != SQLITE_ROW && code != SQLITE_DONE) Fail(file_);
@@ -101,7 +101,7 @@ SqlFile::SqlFile(const std::string& path) {
     throw failure;
   }
   sqlite3_busy_timeout(file_, kBusyMilliseconds);
-  // The engine's own folds the letters of ASCII only.
+  // The built-in "nocase" folds ASCII letters only.
   sqlite3_create_collation(file_, "nocase", SQLITE_UTF8, nullptr, CompareNoCase);
 }
 

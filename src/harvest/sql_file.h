@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One SQLite file, opened for the length of one operation.
+// An SQLite file, opened for one operation.
 #pragma once
 
 #include <functional>
@@ -12,21 +12,21 @@ struct sqlite3;
 
 namespace requite {
 
-/// Texts are bytes of the code page on this side and UTF-8 in the file. Comparisons under "nocase" ignore
-/// case over the whole code page.
+/// Texts are code page bytes here and UTF-8 in the file. Comparisons with "nocase" ignore case over the
+/// whole code page.
 class SqlFile {
  public:
-  /// Opens a file that exists. Throws RuntimeFailure when there is none; a damaged or locked one is found
-  /// out by the first statement only.
+  /// Opens an existing file. Throws RuntimeFailure when there is none; a damaged or locked file fails at
+  /// the first statement only.
   explicit SqlFile(const std::string& path);
   ~SqlFile();
   SqlFile(const SqlFile&) = delete;
   SqlFile& operator=(const SqlFile&) = delete;
 
-  /// Runs one statement; what stands behind a ";" is never run. `values` take the places of its "?".
-  /// Throws RuntimeFailure with the engine's words.
+  /// Runs one statement; text after a ";" is never run. `values` replace its "?". Throws RuntimeFailure
+  /// with the words of SQLite.
   void Run(std::string_view statement, std::initializer_list<std::string_view> values = {});
-  /// Hands over the named column of each row, an empty text for null, until `take` returns false.
+  /// Passes the named column of each row to `take` (an empty text for null) until `take` returns false.
   void ForEach(std::string_view statement, std::string_view column,
                const std::function<bool(std::string_view value)>& take);
 
