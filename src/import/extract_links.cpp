@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Each "href=" is put at the start of a line of its own, and the lines are read as those of a page file.
+// Puts each "href=" at the start of a line of its own and reads the lines as those of a page file are
+// read.
 #include "import/extract_links.h"
 
 #include <algorithm>
@@ -17,8 +18,8 @@ namespace {
 constexpr std::string_view kHref = "href=";
 constexpr std::string_view kHrefOnLine = "\r\nhref=";
 
-/// What no link page is. The list is the import's own and looks at any place of the value, so that ".js"
-/// takes a .jsp page too and ".ra" a .rar file.
+/// What cannot be a link page. The import has a list of its own that matches anywhere in the value, so
+/// ".js" excludes a .jsp page too and ".ra" a .rar file.
 class ImportFilter {
  public:
   [[nodiscard]] bool Takes(std::string_view value) const {
@@ -45,7 +46,7 @@ std::string_view CutImportValue(std::string_view line) {
   for (const char quote : {'"', '\''}) {
     if (begin < line.size() && line[begin] == quote) ++begin;
   }
-  // Without a quote in front, an end that is the line's last character goes unseen.
+  // Without a quote in front, an end mark that is the last character of the line is missed.
   const bool quoted = begin > kHref.size();
   const std::size_t searched = line.size() - (quoted ? 0 : 1);
   const std::size_t end = line.find_first_of("'>\"", begin);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The links of the user's own page.
+// Finds the links on the user's own page.
 #pragma once
 
 #include <functional>
@@ -12,25 +12,25 @@
 
 namespace requite {
 
-/// What a run of ExtractLinks is watched with.
+/// What ExtractLinks reports to and what can end it.
 struct ExtractNeeds {
   const ScanState& State;
   StatusBar& StatusBar1;
   requite::EventLoop& EventLoop;
-  /// Its window has been closed: the run ends.
+  /// The window has been closed: the run ends.
   const std::function<bool()>& Ended;
 };
 
-/// The links of a page to other sites, each followed by ",". A comma in a link is not marked in any way,
-/// so that it cuts the link in two for the reader. Links that hold `base` in any letter case are left
-/// out, and so are pictures, programs and the like. Shows the count in the first status panel and
-/// lets events run at each line and each link. Empty when the run was ended.
+/// The links of a page to other sites, each followed by ",". A comma in a link is not escaped, so the
+/// reader gets two links. Links that hold `base` in any letter case are left out, and so are pictures,
+/// programs and the like. Shows the count in the first status panel and lets events run at each line and
+/// each link. Empty when the run was ended.
 [[nodiscard]] std::string ExtractLinks(std::string_view html, std::string_view base,
                                        const ExtractNeeds& needs);
 
-/// Cuts the value out of a line that begins with "href=" and holds no other one: without the quotes in
-/// front, up to the next quote or ">". A blank does not end it. A value that nothing ends loses its last
-/// character or two, or what it has of "href=".
+/// Cuts the value out of a line that begins with "href=" and holds only that one: without leading quotes,
+/// up to the next quote or ">". A blank does not end it. A value that nothing ends loses its last
+/// character or two, or as much as it has of "href=".
 [[nodiscard]] std::string_view CutImportValue(std::string_view line);
 
 }  // namespace requite

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The runs behind the import's buttons. Events run within them, so nothing is held across a yield but
-// texts of their own.
+// What the import's buttons run. Events run meanwhile, so only copies of texts are kept across a yield.
 #include "import/import_links.h"
 
 #include <algorithm>
@@ -67,7 +66,7 @@ void ImportLinks::GetLinks() {
 }
 
 void ImportLinks::ShowConnecting(const std::string& url) {
-  tab_.StatusBar1.SetPanel(1, "Conecting to " + url);  // one "n", kept as it is
+  tab_.StatusBar1.SetPanel(1, "Conecting to " + url);  // with one "n", as users and their scripts know it
   needs_.EventLoop.LetPendingEventsRun();
 }
 
@@ -99,7 +98,7 @@ std::optional<std::string> ImportLinks::ListFromScript() {
   std::string text = HttpGetText(url, gets_, needs_.EventLoop);
   ReplaceIn(text, kLineEnd, "", Compare::Binary);
   text = StripTags(text);
-  // So a blank and a comma part two entries, whatever the delimiter.
+  // So blanks and commas separate entries too, whatever the delimiter.
   ReplaceIn(text, " ", *delimiter, Compare::Text);
   ReplaceIn(text, *delimiter, ",", Compare::Text);
   return text;
@@ -113,14 +112,14 @@ void ImportLinks::ShowLinks(std::string_view list) {
 
 std::optional<std::size_t> ImportLinks::AddRows(std::string_view list) {
   const HeldDrawing held(tab_.ListView1);
-  // Every piece counts, the empty one after the last comma of a page's list too; an empty list has none.
+  // Every piece counts, also the empty one after the last comma of a page's list. An empty list has none.
   std::size_t count = 0;
   for (std::size_t begin = 0; begin <= list.size() && !list.empty();) {
     const std::size_t end = std::min(list.find(',', begin), list.size());
-    // A row ends at the first byte of 0; short replies are filled up with such.
+    // A row ends at the first NUL: short replies are padded with them.
     const std::string_view link = Before(Trim(list.substr(begin, end - begin)), '\0');
     tab_.ListView1.Add({std::string(link)});
-    tab_.StatusBar1.SetPanel(1, "Added " + std::to_string(count) + " link(s)");  // one behind the rows
+    tab_.StatusBar1.SetPanel(1, "Added " + std::to_string(count) + " link(s)");  // one less than the rows
     ++count;
     begin = end + 1;
     needs_.EventLoop.LetPendingEventsRun();
@@ -139,7 +138,8 @@ void ImportLinks::AddSelectedLinks() {
       const std::string& url = links.At(row).Url;
       if (!links.IsSelected(row) || IsEmptyOrBlank(url)) continue;
       sites.Add({url, "", "", "", ""});
-      // The last row, which is another one in a list that was sorted. Kept as it is.
+      // The last row of the list. In a sorted list that is not the row just added, which then keeps an
+      // empty count: what a scan expects of both rows depends on this.
       sites.Set(sites.RowCount() - 1, &LinkingSite::LinksExpected, "1");
     }
   });

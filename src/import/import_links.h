@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Filling the site lists from the user's own page, from a script's output or from a text file.
+// Fills the site lists from the user's own page, a script's output or a text file.
 #pragma once
 
 #include <array>
@@ -18,14 +18,14 @@
 
 namespace requite {
 
-/// A link that was found, as it is shown.
+/// A link that was found, as the list shows it.
 struct FoundLink {
   std::string Url;
 
   static constexpr std::array<Column<FoundLink>, 1> Columns() { return {{{"Link URL", &FoundLink::Url}}}; }
 };
 
-/// The text that a delimiter box shows before anything was chosen.
+/// The text of the delimiter box until a delimiter is chosen.
 inline constexpr std::string_view kNoDelimiter = "Select or Type a Delimiter";
 
 /// The controls that an import works with. They must outlive every run.
@@ -49,11 +49,11 @@ struct ImportNeeds {
   requite::EventLoop& EventLoop;
   requite::Dialogs& Dialogs;
   const ProgramFolder& Folder;
-  std::function<bool()> Ended;  ///< the window has been closed: a run goes no further
+  std::function<bool()> Ended;  ///< the window has been closed: a run ends
 };
 
-/// Runs let events run, and nothing guards against a second press meanwhile: it runs whole inside the
-/// first, which then adds its own rows to those of the second.
+/// Its actions let events run, and nothing prevents a second press meanwhile: that one runs to its end
+/// inside the first, which then adds its own rows to those of the second.
 class ImportLinks {
  public:
   ImportLinks(const ImportVersion& version, ImportNeeds needs, const ImportTab& tab)
@@ -63,20 +63,19 @@ class ImportLinks {
 
   /// Sets the handlers of every control of the tab.
   void Wire();
-  /// Puts the settings into the controls. Throws RuntimeFailure for a stored number that is none or that
-  /// the control does not have.
+  /// Puts the settings into the controls. Throws RuntimeFailure for a stored text that is no number or
+  /// that the control does not have.
   void ReadSettings();
 
-  /// Gets the links of the page or of the script and shows them in place of the rows. A request that
-  /// fails gives no rows.
+  /// Replaces the rows by the links of the page or of the script. A request that fails gives no rows.
   void GetLinks();
-  /// Ends the request of every run in progress: its window has been closed.
+  /// Ends the requests of all runs in progress, when the window is closed.
   void Stop() { gets_.Abort(); }
-  /// Appends the selected rows to the Linking Sites of the current Main Site. Repeats are added too;
-  /// without a current Main Site nothing happens.
+  /// Appends the selected rows to the Linking Sites of the current Main Site, repeats included. Does
+  /// nothing without a current Main Site.
   void AddSelectedLinks();
-  /// Asks for a text file and adds a site for each of its lines. A failure ends it silently, with the
-  /// lines before it added.
+  /// Asks for a text file and adds a site for each line. A failure ends it silently; the lines before it
+  /// stay added.
   void ImportFromFile();
 
  private:
@@ -85,7 +84,7 @@ class ImportLinks {
   [[nodiscard]] std::optional<std::string> Delimiter();
   void ShowConnecting(const std::string& url);
   void ShowLinks(std::string_view list);
-  /// How many rows they are; nothing if the window was closed meanwhile.
+  /// The number of rows; nothing if the window was closed meanwhile.
   [[nodiscard]] std::optional<std::size_t> AddRows(std::string_view list);
   void AddLines(std::string_view text);
   void AddLinkingSite(std::string_view line);

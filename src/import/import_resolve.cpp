@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the import's links part from the scan's.
+// Where the import resolves links differently from the scan.
 #include "import/import_resolve.h"
 
 #include "platform/text.h"
@@ -8,7 +8,8 @@
 namespace requite {
 namespace {
 
-/// All steps up go at once and the link starts at a root without a host. Kept as it is.
+/// Drops all steps up at once and starts the link at a root without a host. The list shows such links
+/// without a host, and they become sites as shown.
 void GoToRoot(std::string_view, std::string& link) {
   ReplaceIn(link, "..", "", Compare::Binary);
   link.insert(0, 1, '/');

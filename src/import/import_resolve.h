@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From the value of an href on the user's own page to a URL without scheme.
+// Turns an href value of the user's own page into a URL without scheme.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace requite {
 
-/// The scan's ResolveLink, in place, with `base` (the host of the user's page) for the page in hand. A
-/// link one level up loses its host, and a link that begins with "./" gets `pageHost`, the host of the
-/// scan's last page: neither is seen from `base`. Neither text lies in `link`.
+/// The scan's ResolveLink, in place, with `base` (the host of the user's page) as the current page. Two
+/// kinds of link do not use `base`: one that steps up a level loses its host, and one that begins with
+/// "./" gets `pageHost`, the host of the scan's last page. Neither text may lie in `link`.
 void ResolveImportLink(std::string& link, std::string_view base, std::string_view pageHost);
 
 }  // namespace requite

@@ -8,8 +8,8 @@ namespace requite {
 
 /// What a line of an imported file becomes.
 enum class ImportedLine {
-  LinkingSite,  ///< of the current Main Site; behind a "|" stands the number of links expected
-  MainSite,     ///< as it stands
+  LinkingSite,  ///< of the current Main Site; a number of links expected may follow a "|"
+  MainSite,     ///< the line unchanged
 };
 
 /// One of the two imports. Only the import from a file adds Main Sites: links from a page or a script

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Every pass removes a tag from the whole text. The text is walked once all the same: cut behind each
-// ">", a piece goes with the first pass whose tag it ends with, since no tag holds another ">" than its
-// last character. What such a piece leaves joins the piece behind it from that pass on.
+// Each pass would remove one tag from the whole text; this walks the text only once. The text is cut
+// after each ">". Since no tag holds a ">" except at its end, a piece loses its end in the first pass
+// whose tag it ends with. The rest of such a piece joins the next piece from that pass on.
 #include "import/strip_tags.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 class TagStripper {
  public:
-  /// A piece of the text, its only ">" at the end.
+  /// Adds a piece of the text whose only ">" is at its end.
   void AddPiece(std::string_view piece) {
     joined_.push_back({waiting_.size(), 0});
     waiting_ += piece;
@@ -23,7 +23,7 @@ class TagStripper {
       RemoveEnd(*removal);
       return;
     }
-    // All pieces before it are gone, so it stands first now, unless one was found to stay.
+    // All pieces before it have been removed, so it comes first now, unless one was found to stay.
     const std::size_t open = stopped_ ? std::string::npos : waiting_.find('<');
     stopped_ = stopped_ || open == std::string::npos;
     if (!stopped_) {
@@ -45,13 +45,13 @@ class TagStripper {
     Pass By;
     std::size_t Length;
   };
-  /// A stretch of the waiting text, and the pass behind which it belongs to the piece at the end.
+  /// A stretch of the waiting text, and the pass after which it belongs to the last piece.
   struct Joined {
     std::size_t Begin;
     Pass Since;
   };
 
-  /// The earliest pass whose tag the piece ended with when that pass came.
+  /// The earliest pass whose tag the piece ended with at that time.
   [[nodiscard]] std::optional<Removal> FirstRemoval() const {
     std::optional<Removal> first;
     auto stretch = joined_.rbegin();
@@ -85,7 +85,7 @@ class TagStripper {
   bool stopped_ = false;
   std::string result_;
   std::string waiting_;
-  std::vector<Joined> joined_;  // from left to right; what stands further left has joined later
+  std::vector<Joined> joined_;  // from left to right; those further left joined later
 };
 
 }  // namespace

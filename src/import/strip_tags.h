@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking the tags out of what a script printed.
+// Removes the tags from the output of a script.
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@
 
 namespace requite {
 
-/// Looks at the text from its first "<" through its first ">" and removes every occurrence of exactly
-/// that, again and again, until one of the two is missing or the ">" comes first: one stray ">" ahead of
-/// the first "<" ends it for good. What is left may have joined to new tags, and these count too.
-/// The time is near linear in the text, whatever it holds.
+/// Takes the text from its first "<" through its first ">" and removes every occurrence of it, and
+/// repeats this until one of the two is missing or the ">" comes first: one stray ">" before the first
+/// "<" ends it for good. Tags that form when text around a removed one joins count too. The time is
+/// nearly linear in the text, whatever it holds.
 [[nodiscard]] std::string StripTags(std::string_view text);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Growing the tree of tags.
+// Adding tags to the tree.
 #include "import/tag_tree.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ TagTree::NodeNumber TagTree::AddChild(NodeNumber node, std::string_view label) {
   return child;
 }
 
-/// Puts a node with the last `length` characters of a node's label between it and its parent.
+/// Inserts a node with the last `length` characters of a node's label between it and its parent.
 TagTree::NodeNumber TagTree::SplitAt(NodeNumber parent, NodeNumber node, std::size_t length) {
   const std::string_view label = nodes_[node].Label;
   const NodeNumber upper = AddChild(parent, label.substr(label.size() - length));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tags removed so far, found from their ends.
+// Finds the removed tags that a text ends with.
 #pragma once
 
 #include <cstddef>
@@ -12,16 +12,16 @@
 
 namespace requite {
 
-/// The tags that were removed, each with the numbers of the passes that removed it, as a tree over their
-/// characters from the last to the first. Ways without a fork are one node.
+/// The removed tags, each with the numbers of the passes that removed it, as a tree over their characters
+/// from last to first. A path without a fork is one node.
 class TagTree {
  public:
   using Pass = std::uint32_t;
 
-  /// Numbers are given in rising order.
+  /// Passes must be added in rising order.
   void Add(std::string_view tag, Pass pass);
 
-  /// Tells of every tag that `text` ends with, shorter ones first: `visit(length, passes)`.
+  /// Calls `visit(length, passes)` for every tag that `text` ends with, shorter ones first.
   template <class Visit>
   void ForEachEnding(std::string_view text, Visit&& visit) const {
     std::size_t matched = 0;
@@ -38,10 +38,10 @@ class TagTree {
 
  private:
   using NodeNumber = std::uint32_t;
-  static constexpr NodeNumber kNone = 0;  // the root is nobody's child
+  static constexpr NodeNumber kNone = 0;  // the root, which is never a child
 
   struct Node {
-    std::string_view Label;  // as it stands in the tag; it is matched from its end
+    std::string_view Label;  // in reading order; matched from its end
     std::vector<Pass> Passes;
   };
 

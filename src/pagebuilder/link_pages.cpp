@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The index behind the look-ups: of each field the first row that has something in it.
+// Builds the index of the look-ups: for each field the first row that has it filled in.
 #include "pagebuilder/link_pages.h"
 
 #include "model/url_forms.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a generated page says of a Linking Site: looked up in the lists as they stand at one moment.
+// What a generated page says about a Linking Site, looked up in the lists as they are at one moment.
 #pragma once
 
 #include <cstdint>
@@ -11,20 +11,20 @@
 
 namespace requite {
 
-/// Look-ups through an index that is made once and for each list at its first question. It points into the
-/// project's records: no event may run, and nothing may change, between its making and its last use.
+/// Uses an index that is built once for each list, at the first question. It points into the project's
+/// records: no event may run and nothing may change between the first and the last use.
 class LinkPages {
  public:
   explicit LinkPages(const Project& project);
 
-  /// The position, from 0, of the first Main Site whose trimmed text is exactly the trimmed `text`. The
-  /// place behind the last one counts as a Main Site without text. 0 where there is none, so that results of
-  /// a deleted Main Site take their fields from the first one's list.
+  /// The position, from 0, of the first Main Site whose trimmed text equals the trimmed `text`. The place
+  /// after the last one counts as a Main Site without text. 0 if there is none, so results of a deleted
+  /// Main Site take their fields from the first one's list.
   [[nodiscard]] std::int16_t FindMainSiteIndex(std::string_view text) const;
 
   /// The field of the first row of List1(k) whose Website URL is exactly `linking` and whose field is not
-  /// empty; without one the bare host of `linking`. A site that was typed with "www." or a path is
-  /// therefore not found, whatever its fields hold. A list that does not exist has no rows.
+  /// empty; otherwise the bare host of `linking`. A site typed with "www." or a path is therefore not
+  /// found, whatever its fields hold. A list that does not exist has no rows.
   [[nodiscard]] std::string GetLinkPageUrl(std::string_view linking, int k);
   [[nodiscard]] std::string GetLinkPageText(std::string_view linking, int k);
   /// The same, without a fallback.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The walk over the results and the HTML of one entry.
+// Builds the HTML of the link page and saves it.
 #include "pagebuilder/page_builder.h"
 
 #include <string_view>
@@ -20,7 +20,7 @@ struct Style {
   bool NewWindow;
 };
 
-/// Nothing of a field is escaped: users put their own tags there.
+/// Fields are not escaped: users put their own tags there.
 std::string Entry(LinkPages& pages, const std::string& linking, int k, Style style) {
   std::string url = pages.GetLinkPageUrl(linking, k);
   const std::string text = pages.GetLinkPageText(linking, k);
@@ -50,9 +50,10 @@ std::string PageBuilder::Links() const {
   const Style style{options_.chkBullet.Value() == 1, options_.chkNewWin.Value() == 1};
   const bool onlyOne = options_.optAll.Chosen() == kOneMainSite;
   LinkPages pages(project_);
-  // Hosts that have an entry, compared with Main Sites: the two meet only where a Main Site is also the host
-  // of an earlier entry, and a host with several links gets them all. The unused slot behind the last
-  // host is compared too, and equals a Main Site without text. Kept as it is.
+  // The hosts with an entry are compared with Main Sites, so only a Main Site that is also the host of an
+  // earlier entry is left out, and a host with several links gets an entry for each. The unused slot
+  // after the last host is compared too and equals a Main Site without text. Generated pages depend on
+  // it.
   std::unordered_set<std::string_view> used;
   std::string out;
   for (std::size_t row = 0; row < project_.List3.RowCount(); ++row) {
@@ -60,7 +61,7 @@ std::string PageBuilder::Links() const {
     if (onlyOne && result.Main != options_.Combo3.Text()) continue;
     const int k = pages.FindMainSiteIndex(result.Main) + 1;
     if (!used.empty() && (result.Main.empty() || used.contains(result.Main))) continue;
-    // Found anywhere in the word, so indirect and redirected links are in.
+    // Anywhere in the word, so indirect and redirected links count too.
     if (!Contains(result.Status, "direct", Compare::Text)) continue;
     used.insert(result.Linking);
     out += Entry(pages, result.Linking, k, style);
@@ -82,7 +83,7 @@ void PageBuilder::SaveWebpage() {
   const std::string name = dialogs_.AskSaveName(
       {folder_.Path, "Web Files (*.htm, *.html, *.asp, *.php, *.txt)|*.htm;*.asp;*.php;*.html", ""});
   if (name.empty()) return;
-  // A hidden file or none is added to; any other is replaced without a question.
+  // A hidden or missing file is appended to; any other is replaced without a question.
   if (xfileExists(name)) {
     WriteWhole(name, page, Flush::No);
   } else {

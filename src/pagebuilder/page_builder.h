@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The Page Builder: the results as the HTML of a link page, and the page as a file.
+// The Page Builder turns the results into the HTML of a link page and saves it.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace requite {
 
-/// The controls of the "Pages" tab that the project does not hold.
+/// The controls of the "Pages" tab that are not part of the project.
 struct PageOptions {
   OptionGroup& optAll;
   ComboBox& Combo3;
@@ -24,15 +24,15 @@ class PageBuilder {
   PageBuilder(Project& project, const PageOptions& options, const ProgramFolder& folder, Dialogs& dialogs)
       : project_(project), options_(options), folder_(folder), dialogs_(dialogs) {}
 
-  /// Replaces the second text by an entry for each result row with a link, whatever was edited there.
-  /// Without any result rows it only says so. Runs no events.
+  /// Replaces the second text, edited or not, by an entry for each result row with a link. Without result
+  /// rows it only says so. Runs no events.
   void GenerateLinks();
 
-  /// Writes WebPage under a name that the user is asked for. A file of that name goes without a question.
-  /// Throws RuntimeFailure for what the file system refuses.
+  /// Asks for a name and writes WebPage there, replacing a file of that name without a question. Throws
+  /// RuntimeFailure for what the file system refuses.
   void SaveWebpage();
 
-  /// The three texts with an empty line between them, and the line end that closes a file.
+  /// The three texts with an empty line between them, and a line end after the last.
   [[nodiscard]] std::string WebPage() const;
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The walk over the result rows, and the list of script URLs.
+// Posts the result rows one by one and keeps the list of script URLs.
 #include "posting/posting.h"
 
 #include "platform/http_get_text.h"
@@ -39,7 +39,7 @@ void Posting::PostLinks() {
     return;
   }
   const std::string atStart = tab_.txtPost.Text();
-  // Events run within each row, so the list is asked anew for every one of them.
+  // Events run during each row, so the list is looked up again for every row.
   for (std::size_t row = 0; row < needs_.List3.RowCount() && !EndedSince(stops); ++row) {
     std::string linkingSite;
     std::optional<std::string> url = UrlFor(needs_.List3.At(row), atStart, linkingSite);
@@ -71,7 +71,7 @@ std::optional<std::string> Posting::UrlFor(const LinkResult& row, const std::str
   linkingSite = UrlEncodeValue(row.Linking);
   const bool linksBack = Contains(row.Status, "direct", Compare::Text);
   if (!linksBack && Contains(row.Status, "missing", Compare::Text)) return std::nullopt;
-  // A domain link counts as none here, although it is reported as a link.
+  // A domain link is posted as "False", although the results show it as a link. Scripts count on that.
   return BuildUrl(*script, {UrlEncodeValue(row.Main), linkingSite, linksBack ? "True" : "False",
                             UrlEncodeValue(row.LinkUrl)});
 }
@@ -82,8 +82,8 @@ void Posting::ShowStatus(std::string text) {
 }
 
 void Posting::Log(const std::string& text) {
-  // A text box ends at the first character of code 0. Short replies are filled up with such, and what
-  // follows them, the line end among it, is lost.
+  // A text box ends at the first NUL. Short replies are padded with them, so what follows, the line end
+  // included, is lost.
   needs_.Log.Text4().Append(Before(text, '\0'));
 }
 
@@ -131,7 +131,8 @@ std::string MainPosting::BuildUrl(const std::string& script, const Values& value
 bool MainPosting::MayAdd() const { return tab_.cmbSites.Text() != "Select" && !tab_.cmbSites.Text().empty(); }
 
 std::string ImportPosting::BuildUrl(const std::string& script, const Values& values) const {
-  // "$FoundOn" is filled into the plain script, and what "$MainSite" stood for is lost. Kept as it is.
+  // Starts again from the plain script, so "$MainSite" stays unreplaced. Users' scripts were written for
+  // that.
   std::string url = Replace(script, "$FoundOn", values.FoundOn, Compare::Text);
   ReplaceIn(url, "$LinkingSite", values.LinkingSite, Compare::Text);
   ReplaceIn(url, "$Status", values.Status, Compare::Text);

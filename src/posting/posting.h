@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Handing the results to the user's script: one request for each result row.
+// Sends the results to the user's script, one request for each result row.
 #pragma once
 
 #include <functional>
@@ -15,18 +15,18 @@
 
 namespace requite {
 
-/// The window that tells what was requested and what came back.
+/// The window that shows what was requested and what came back.
 class PostLog {
  public:
   virtual ~PostLog() = default;
   /// Loads and shows the window Form5.
   virtual void ShowForm5() = 0;
-  /// Its text box; loads the window unseen when it is not loaded. The reference ends with the window, so
-  /// it is asked for anew at each use.
+  /// Its text box. Loads the window without showing it if it is not loaded. The reference is valid while
+  /// the window lives, so call this again at each use.
   [[nodiscard]] virtual TextBox& Text4() = 0;
 };
 
-/// What posting needs beside its tab.
+/// What posting needs besides the controls of its tab.
 struct PostingNeeds {
   const RecordList<LinkResult>& List3;
   requite::Settings Settings;
@@ -34,7 +34,7 @@ struct PostingNeeds {
   requite::EventLoop& EventLoop;
   requite::Dialogs& Dialogs;
   PostLog& Log;
-  std::function<bool()> Ended;  ///< the program is closing: no further row is posted
+  std::function<bool()> Ended;  ///< the program is closing: no more rows are posted
 };
 
 /// The controls of a posting tab. They must outlive every run of PostLinks.
@@ -52,13 +52,13 @@ struct PostingTab {
   StatusBar& StatusBar1;
 };
 
-/// The script URL of a Main Site: the first entry whose trimmed text is exactly the trimmed argument;
+/// The script URL of a Main Site: that of the first entry whose trimmed text equals the trimmed argument;
 /// empty without one.
 [[nodiscard]] std::string FindScriptUrl(const RecordList<ScriptUrlEntry>& lstMulti,
                                         std::string_view mainSite);
 
-/// What the posting tabs have in common. The main window's tab and the weaker copy in the import windows
-/// differ in the private functions below, and all the differences stay: scripts were written for both.
+/// What both posting tabs have in common. The import windows have a weaker form than the main window; the
+/// private functions below are the differences. Keep all of them: scripts were written for both.
 class Posting {
  public:
   Posting(PostingNeeds needs, const PostingTab& tab)
@@ -67,22 +67,22 @@ class Posting {
   Posting(const Posting&) = delete;
   Posting& operator=(const Posting&) = delete;
 
-  /// Sets the handlers of every control of the tab, but for txtPost's change.
+  /// Sets the handlers of all controls of the tab except txtPost's change.
   void Wire();
 
   /// Requests the script URL once for each row of List3, in the order of the view. Lets events run, and
-  /// nothing guards against a second press meanwhile: it starts a second walk inside the first. A walk
-  /// ends where the list has no further row, whatever happened to the list meanwhile.
+  /// nothing prevents a second press meanwhile: it posts all rows inside the first run. A run ends when
+  /// the list has no next row, however the list changed meanwhile.
   void PostLinks();
-  /// Ends every walk in progress, and the request that it waits for.
+  /// Ends all runs in progress and the request that is waited for.
   void Stop() {
     ++stops_;
     gets_.Abort();
   }
-  /// The rows of List3, as it is now, that PostLinks would request a URL for.
+  /// How many rows of List3, as it is now, PostLinks would request a URL for.
   [[nodiscard]] int RowsToPost() const;
-  /// Told after each request: the row's Linking field as it went out, the URL, and whether anything came
-  /// back.
+  /// Called after each request with the encoded Linking field of the row, the URL, and whether there was
+  /// a reply.
   std::function<void(const std::string& linkingSite, const std::string& url, bool answered)> OnPosted;
 
   void optScript_Click(int index);
@@ -93,7 +93,7 @@ class Posting {
   void cmdExample();
 
  protected:
-  /// One row as it goes into a script URL.
+  /// The values of one row, as they go into a script URL.
   struct Values {
     std::string MainSite;
     std::string LinkingSite;
@@ -106,13 +106,13 @@ class Posting {
 
  private:
   virtual void ShowWindow() = 0;
-  /// The script URL for a row; nothing passes the row over. `atStart` is what txtPost held when the run
+  /// The script URL for a row, or nothing to skip the row. `atStart` is the text of txtPost when the run
   /// started.
   [[nodiscard]] virtual std::optional<std::string> ScriptFor(const LinkResult& row,
                                                              const std::string& atStart) const = 0;
   [[nodiscard]] virtual std::string BuildUrl(const std::string& script, const Values& values) const = 0;
   [[nodiscard]] virtual bool MayAdd() const = 0;
-  /// What stands behind the words of a help box's title.
+  /// What follows the words of a help box's title.
   [[nodiscard]] virtual std::string TitleTail(std::string_view sentence) const = 0;
   [[nodiscard]] virtual std::string PersonalExample() const = 0;
 
@@ -141,8 +141,8 @@ class MainPosting : public Posting {
   [[nodiscard]] std::string PersonalExample() const override { return {}; }
 };
 
-/// The "Post Links" tab of an import window. Its own URL, read as the run starts, is the only script;
-/// "$MainSite" goes out unreplaced; the log fills without being shown.
+/// The "Post Links" tab of an import window. Its own URL, read when the run starts, is the only script;
+/// "$MainSite" is not replaced; the log is filled but not shown.
 class ImportPosting : public Posting {
  public:
   /// `showForm4` shows the window Form4, which both import windows do.

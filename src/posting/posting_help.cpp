@@ -7,7 +7,7 @@
 namespace requite {
 namespace {
 
-// A host of each kind that nobody has.
+// Example hosts, which nobody owns.
 constexpr std::string_view kMainHost = "main-site.example";
 constexpr std::string_view kLinkingHost = "linking-site.example";
 constexpr std::string_view kScriptUrl =
@@ -65,7 +65,8 @@ void Posting::cmdExample() {
                        Buttons::Ok, BoxIcon::None});
 }
 
-// The second sentence stands in the title and not in the text. Kept as it is.
+// The main window shows the second sentence in the title instead of the text; the import windows leave it
+// out.
 std::string MainPosting::TitleTail(std::string_view sentence) const {
   return "\r\n\r\n" + std::string(sentence);
 }

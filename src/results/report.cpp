@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The page of the Reciprocal Link Report and its files.
+// Writes the page of the Reciprocal Link Report and its files.
 #include "results/report.h"
 
 #include <fstream>
@@ -20,7 +20,7 @@ void Line(SpooledText& page, std::string_view before, std::string_view value, st
   page.Append(before).Append(value).Append(after).Append(kLineEnd);
 }
 
-/// There is no closing head tag, nor one of the body or the page at the end.
+/// Writes no closing head tag; the page has no closing body or html tag either.
 void WriteHead(SpooledText& page, Clock& clock) {
   Line(page, "<html>");
   Line(page, "<head>");
@@ -59,7 +59,7 @@ void WriteAverages(SpooledText& page, const ReportFigures& figures, std::int32_t
     Line(page, "<tr><td>Average Pages Scanned Per Site:</td><td>0</td></tr></table><BR><BR>");
     return;
   }
-  // The base is the counted result rows, not the sites: a site with many links weighs many times.
+  // The base is the number of counted result rows, not of sites: a site with many links counts as often.
   const double rows = base;
   Line(page, "<tr><td>Sites with Reciprocal Links:</td><td>",
        clock.TwoDecimals(figures.TotalReciprocal / rows * 100), "%</td></tr>");
@@ -69,7 +69,7 @@ void WriteAverages(SpooledText& page, const ReportFigures& figures, std::int32_t
        "</td></tr></table><BR><BR>");
 }
 
-/// The old file goes first; a failure from here on leaves none.
+/// Deletes the old file first, so that a failure leaves none.
 void WriteReport(const std::string& path, const SpooledText& page) {
   if (xfileExists(path)) DeleteFile(path);
   page.AppendTo(path);
@@ -81,8 +81,8 @@ bool IsReportFile(const std::string& path) {
   return IsReport(begin);
 }
 
-/// A project that was saved without ".prj" has the name that its report's copy gets. Only a project is
-/// kept: the copy of the last scan's report must not push it out of "Backup".
+/// A project saved without ".prj" has the same name as the copy of its report. Only a project is kept in
+/// "Backup": the copy of the last report must not push one out.
 void KeepProjectOf(const ProgramFolder& folder, const std::string& copy) {
   if (FileExists(copy) && !IsReportFile(copy)) MoveToBackup(folder, copy);
 }
@@ -92,7 +92,7 @@ void KeepProjectOf(const ProgramFolder& folder, const std::string& copy) {
 void LinkReport::GenerateLinkReport() {
   const ReportFigures figures = CountFigures(parts_.Project, parts_.lstErr);
   const std::int32_t pagesScanned = parts_.Statistics.PagesScanned;
-  SpooledText page(parts_.Folder.Path);  // sites of one host show each other's results: it can get huge
+  SpooledText page(parts_.Folder.Path);  // it can get huge: sites of one host show each other's results
   WriteHead(page, parts_.Clock);
   WriteOverview(page, figures, pagesScanned);
   WriteAverages(page, figures, pagesScanned, parts_.Clock);
@@ -108,7 +108,7 @@ void LinkReport::GenerateLinkReport() {
   const std::string project = parts_.Settings.GetSetting(setting::LastProject);
   if (project.empty()) return;
   const std::string report = Replace(project, ".prj", ".html", Compare::Text);
-  // The copy lies in the program's folder, wherever the project itself lies.
+  // The copy goes into the program's folder, wherever the project itself is.
   const std::string copy = parts_.Folder.File("Project Files/" + FileNameOfPath(report));
   if (report == project) KeepProjectOf(parts_.Folder, copy);
   WriteReport(copy, page);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The Reciprocal Link Report: one HTML page on how many Linking Sites link back, and from where.
+// The Reciprocal Link Report: an HTML page on how many Linking Sites link back, and from where.
 #pragma once
 
 #include <functional>
@@ -20,7 +20,7 @@ namespace requite {
 struct ReportParts {
   requite::Project& Project;
   const RecordList<ErrorEntry>& lstErr;
-  const requite::Statistics& Statistics;  ///< only PagesScanned is read
+  const requite::Statistics& Statistics;  ///< only PagesScanned is used
   requite::Settings Settings;
   requite::Clock& Clock;
   requite::EventLoop& EventLoop;
@@ -29,20 +29,20 @@ struct ReportParts {
   BrowserView& WebBrowser2;
 };
 
-/// The report's file among the work files; Save Report As copies it.
+/// The name of the report among the work files. Save Report As copies this file.
 inline constexpr std::string_view kReportFile = "tempreport.html";
 
 class LinkReport {
  public:
   explicit LinkReport(ReportParts parts) : parts_(parts) {}
 
-  /// Builds the page from the lists as they stand, writes it to the report's file, shows it, and
-  /// writes a second copy into "Project Files" under the name of the last project; a project file of the very
-  /// same name, one without ".prj" in it, is moved to "Backup" first. Lets events run while it builds the
-  /// page. File failures go to the caller; a missing "Project Files" folder is one.
+  /// Builds the page from the lists as they are, writes it to the report's file and shows it. A second
+  /// copy goes into "Project Files" under the name of the last project; a project file with exactly that
+  /// name, one without ".prj", is moved to "Backup" first. Lets events run while it builds the page.
+  /// Throws file failures; a missing "Project Files" folder is one.
   void GenerateLinkReport();
 
-  /// Gets the whole text of each report before its files are written.
+  /// Called with the whole text of each report before its files are written.
   std::function<void(const SpooledText& page)> OnGenerated;
 
  private:

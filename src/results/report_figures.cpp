@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Counting for the Reciprocal Link Report.
+// Counts the figures of the Reciprocal Link Report.
 #include "results/report_figures.h"
 
 #include <algorithm>

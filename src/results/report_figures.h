@@ -12,8 +12,8 @@ namespace requite {
 /// How the report counts and shows the status of a result row.
 enum class ReportStatus { Direct, Indirect, Redirect, NoneFound, Other };
 
-/// The words of a link are compared with case; "None Found" counts anywhere in the status, in any case.
-/// A link to the domain alone and a shortfall are Other: the report counts them nowhere.
+/// Link statuses are compared with case. "None Found" counts anywhere in the status, in any case. A
+/// domain link or a shortfall is Other, which the report does not count.
 [[nodiscard]] ReportStatus ReportStatusOf(std::string_view status);
 
 struct ReportFigures {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The report's file repeats remote text as it is, and browsers read tags in it. The file must stay so; what
-// is shown is a copy, read by the few forms that the report is made of.
+// The report's file repeats remote text unescaped and must stay that way: it is a given format. Browsers
+// would read tags in that text, so the view gets a copy that escapes everything except the report's own
+// markup.
 #include "results/report_for_view.h"
 
 #include <array>
@@ -14,7 +15,7 @@ constexpr std::string_view kPolicy =
     "<meta http-equiv=Content-Security-Policy content=\"default-src 'none'; base-uri 'none'; "
     "form-action 'none'\">\r\n";
 constexpr std::string_view kSections = "<h1>Main Site Specific Overviews</h1>";
-/// The tags before the sections, where no remote text is.
+/// The tags before the sections; there is no remote text there.
 constexpr std::array<std::string_view, 16> kOverviewTags{
     "<body>",   "<H1>", "</H1>", "<BR>", "<hr>",           "<table cellpadding=5 border=0>",
     "</table>", "<tr>", "</tr>", "<td>", "<td colspan=2>", "</td>",
@@ -76,7 +77,7 @@ class ReportCopy {
     return true;
   }
 
-  /// What stands between `begin`, at which the rest must begin, and the next `end`.
+  /// The text between `begin`, with which the rest must begin, and the next `end`.
   [[nodiscard]] std::optional<std::string_view> Between(std::string_view begin, std::string_view end) const {
     if (!rest_.starts_with(begin)) return std::nullopt;
     const std::string_view window = rest_.substr(begin.size(), kLongestLinkShown + end.size());
@@ -85,7 +86,7 @@ class ReportCopy {
     return window.substr(0, length);
   }
 
-  /// A Main Site, up to the end of its line: a closing tag within it is part of its text.
+  /// A Main Site up to the end of its line. A closing tag inside it is part of its text.
   bool CopyHeading() {
     constexpr std::string_view kBegin = "<h3>";
     constexpr std::string_view kEnd = "</h3>\r\n";
@@ -98,7 +99,8 @@ class ReportCopy {
     return true;
   }
 
-  /// A link is one only when its text follows it whole: then nothing that the target holds is hidden.
+  /// A link counts as one only when its whole target follows as its text, so nothing in the target is
+  /// hidden.
   bool CopyLink() {
     constexpr std::string_view kBegin = "<a href='";
     constexpr std::string_view kMiddle = "'>";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sections of the report, Main Site by Main Site. Nothing in them ends a line but the heading.
+// Writes the sections of the report, Main Site by Main Site. Only the heading ends its line.
 #include "results/report_sections.h"
 
 #include <algorithm>
@@ -17,7 +17,8 @@ std::string HostOf(std::string url) {
 }
 
 void WriteEntry(SpooledText& page, const std::string& host, const LinkResult& result) {
-  // The target has no scheme, so a browser takes it for a relative link. Kept as it is.
+  // The target has no scheme, so browsers take it for a relative link. ReportForView knows links by this
+  // form.
   page.Append("Site: <a href='").Append(host).Append("'>").Append(host).Append("</a><BR>");
   switch (ReportStatusOf(result.Status)) {
     case ReportStatus::Direct:

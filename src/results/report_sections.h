@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The part of the Reciprocal Link Report that shows each Linking Site with its results.
+// The part of the Reciprocal Link Report that lists each Linking Site with its results.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +13,13 @@
 
 namespace requite {
 
-/// Joins the results to the Linking Sites by bare host, through an index, so that the cost does not
-/// grow with their product. It writes what a walk over all pairs would write, in the same order.
+/// Joins the results to the Linking Sites by bare host, through an index, so that the cost does not grow
+/// with their product. The output is that of a loop over all pairs, in the same order.
 ///
-/// Events run while it works, so the lists may change under it. Rows are held by number, and every
-/// bound is read again after each yield: the walk goes on behind the row that it had reached in the
-/// lists as they then are, and ends where they end. A sort in between can so show a row twice or not
-/// at all; an emptied project ends the sections. The index is made anew when the results have changed.
+/// Events run meanwhile, so the lists may change. Rows are kept by number and every bound is read again
+/// after each yield: the loop continues after the row it had reached, in the lists as they are then, and
+/// ends where they end. A sort meanwhile can make a row show twice or not at all; an emptied project ends
+/// the sections. The index is built again when the results have changed.
 class ReportSections {
  public:
   ReportSections(const Project& project, EventLoop& eventLoop) : project_(project), eventLoop_(eventLoop) {}
@@ -29,7 +29,7 @@ class ReportSections {
  private:
   void WriteMainSite(SpooledText& page, int k);
   void WriteLinkingSite(SpooledText& page, const std::string& host);
-  /// The first result row at or behind `from` whose site has this bare host, or -1.
+  /// The first result row at or after `from` whose site has this bare host, or -1.
   [[nodiscard]] std::int64_t NextRowOf(const std::string& host, std::size_t from);
   void BuildIndex();
 

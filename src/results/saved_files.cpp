@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Saving the report and the result list under a name of the user's.
+// Saves the report and the result list under a name that the user chooses.
 #include "results/saved_files.h"
 
 #include "platform/runtime_failure.h"
@@ -20,7 +20,7 @@ void TellFailure(Dialogs& dialogs, Action&& action) {
   }
 }
 
-/// Anywhere in the name is enough, so "a.htm.old" gets nothing added.
+/// Adds the extension unless the name holds it anywhere: "a.htm.old" is left alone.
 void AddExtension(std::string& name, std::string_view extension) {
   if (!Contains(name, extension, Compare::Text)) name += extension;
 }
@@ -56,8 +56,8 @@ void SavedFiles::Command8a() {
   TellFailure(dialogs_, [this] { SaveTabDelimited(); });
 }
 
-// In both, the question about an existing file comes before the extension is added. Kept as it is: a
-// name typed without its extension overwrites an old report, and adds to an old list, without asking.
+// Both ask about an existing file before they add the extension. So for a name typed without it, Save
+// Report As replaces an old report without asking, and Save Tab Delimited appends to an old list.
 
 void SavedFiles::SaveReportAs() {
   std::string name = dialogs_.AskSaveName({"", "HTML Files (*.htm, *.html)|*.htm,*.html", ""});
@@ -73,7 +73,7 @@ void SavedFiles::SaveTabDelimited() {
   AppendToFile(name, TabDelimitedText(list3_));
 }
 
-/// Deletes an existing file when the user agrees. False when the operation has to stop.
+/// Deletes an existing file when the user agrees. Returns false when the caller has to stop.
 bool SavedFiles::MayReplace(const std::string& name) {
   if (!xfileExists(name)) return true;
   const Answer answer = dialogs_.Show({"File already exists.  Are you sure you want to overwrite it?", "",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two buttons of the Reports tab, which hand the results over as files.
+// The two buttons of the Reports tab that save the results as files.
 #pragma once
 
 #include <string>
@@ -11,8 +11,9 @@
 
 namespace requite {
 
-/// The whole text of a tab-delimited file: the captions, an empty line, one line a result in the order
-/// of the view, and one more line end. Nothing is quoted: a tab inside a field shifts its line.
+/// The whole text of a tab-delimited file: the captions, an empty line, one line for each result in the
+/// order of the view, and one more line end. Nothing is quoted: a tab inside a field shifts the rest of
+/// its line.
 [[nodiscard]] std::string TabDelimitedText(const RecordList<LinkResult>& list3);
 
 class SavedFiles {
@@ -20,9 +21,9 @@ class SavedFiles {
   SavedFiles(const RecordList<LinkResult>& list3, const WorkFolder& work, Dialogs& dialogs)
       : list3_(list3), work_(work), dialogs_(dialogs) {}
 
-  /// "Save Report As": copies the last report. A copy that fails is not told to the user.
+  /// "Save Report As": copies the last report. The user is not told when the copy fails.
   void Command8();
-  /// "Save Tab Delimited": writes TabDelimitedText. A failure is told in a message box.
+  /// "Save Tab Delimited": writes TabDelimitedText. A failure is shown in a message box.
   void Command8a();
 
  private:

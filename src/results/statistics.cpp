@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Counting, and showing what was counted.
+// Counts, and shows the counters.
 #include "results/statistics.h"
 
 #include <limits>
@@ -15,8 +15,8 @@ void Increment(std::int32_t& counter) {
   ++counter;
 }
 
-/// Holds the drawing lock unless the window is minimised; a failure in between must not leave the
-/// window frozen behind its message.
+/// Locks drawing unless the window is minimised. Unlocks it after a failure too: the window must not stay
+/// frozen behind the message.
 class DrawingPause {
  public:
   explicit DrawingPause(Window& window) : window_(window) { Lock(true); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The counters of a scan and of all time, and the labels that show them.
+// The counters of one scan and of all scans, and the labels that show them.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@
 
 namespace requite {
 
-/// Counts what a scan did. The history counters outlast the program in the settings store, which is
-/// written at every raise.
+/// Counts what a scan does. The history counters are kept in the settings store, written each time one is
+/// raised.
 class Statistics {
  public:
   static constexpr std::size_t kLabels = 7;
@@ -34,7 +34,7 @@ class Statistics {
   /// Throws TypeMismatch or Overflow for a stored text that is no 32-bit number.
   void ReadHistory();
 
-  /// Raises a counter by 1 and shows all figures. Throws Overflow for a counter that is full.
+  /// Raises a counter by 1 and shows all figures. Throws Overflow when the counter is full.
   void UpdateStats(Counted kind);
   /// Writes the seven counters into the labels.
   void RefreshStats();

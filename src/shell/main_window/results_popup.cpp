@@ -7,8 +7,9 @@
 namespace requite {
 namespace {
 
-/// Where a mark is written: the column of the Linking field, not the Status. Kept as it is: the status
-/// of a marked row goes on counting as before, and the row no longer belongs to its Linking Site.
+/// The column that a mark is written to: Linking, not Status. So the status of a marked row still counts
+/// as before, and the row no longer belongs to its Linking Site. The report and the link page depend on
+/// it.
 constexpr std::size_t kMarkColumn = 1;
 
 }  // namespace
@@ -40,7 +41,7 @@ void ResultsPopup::Click(int index) {
 }
 
 void ResultsPopup::Browse(std::string LinkResult::*field) {
-  // A copy: the page that opens may lead to an event that changes the list.
+  // A copy, since the opened page may lead to an event that changes the list.
   PassOver([&] { browseInWebTab_(std::string(list3_.At(Selected()).*field)); });
 }
 

@@ -12,8 +12,8 @@
 
 namespace requite {
 
-/// The entries of `Popup2` with their actions. Each works on the selected row of the list; a failure,
-/// such as no selected row, is passed over and the action goes on with its next step.
+/// The entries of `Popup2` and their actions on the selected row of the list. A failure, such as no
+/// selected row, is passed over and the action continues with its next step.
 class ResultsPopup {
  public:
   /// `browseInWebTab` is called with the URL as the list holds it.
@@ -21,10 +21,10 @@ class ResultsPopup {
                std::function<void(const std::string& url)> browseInWebTab)
       : list3_(list3), clipboard_(clipboard), browseInWebTab_(std::move(browseInWebTab)) {}
 
-  /// The captions of `mnuPopup2Item`, in order of their index; "-" is a separator.
+  /// The captions of `mnuPopup2Item`, by index; "-" is a separator.
   [[nodiscard]] static std::vector<std::string> Captions();
 
-  /// Runs the action of an entry, counted from 0. The separator and numbers beyond do nothing.
+  /// Runs the action of an entry, counted from 0. The separator and higher numbers do nothing.
   void Click(int index);
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The toggle of a view's sort.
+// Toggles the sort of a view.
 #include "shell/main_window/sorting.h"
 
 #include "platform/runtime_failure.h"

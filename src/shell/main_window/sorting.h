@@ -7,12 +7,12 @@
 
 namespace requite {
 
-/// Sorts a view by a column, counted from 1. The direction flips at every click, whatever column was
-/// clicked before, so the first click on a fresh view sorts descending. A view without rows is left as
-/// it is. A run-time failure is told in a message box. Returns false after a failure.
+/// Sorts a view by a column, counted from 1. Each click reverses the direction, whatever column was
+/// clicked before, so the first click on a new view sorts descending. A view without rows is left alone.
+/// Returns false after a failure, which is shown in a message box.
 bool EnhListView_SortColumns(ListView& view, int columnIndex, Dialogs& dialogs);
 
-/// The same for a Linking Site list, which is not sorted while a scan runs: that is told in a message.
+/// The same for a Linking Site list. While a scan runs it only says that this is not possible.
 void SortLinkingSites(ListView& view, int columnIndex, bool scanning, Dialogs& dialogs);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The roads from a list row to a browser.
+// Opens the address of a list row in a browser.
 #include "shell/main_window/web_tab.h"
 
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Opening a URL in the Web tab of the main window, or outside, from the lists of the Links tab.
+// Opens a URL from the lists of the Links tab in the Web tab of the main window, or outside.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace requite {
 
-/// The controls of the main window that take part.
+/// The controls of the main window that it works on.
 struct WebTabControls {
   TabStrip& TabStrip1;
   BrowserView& WebBrowser1;
@@ -25,14 +25,16 @@ class WebTab {
  public:
   WebTab(WebTabControls controls, Shell& shell) : controls_(controls), shell_(shell) {}
 
-  /// Shows the Web tab, writes the URL to `txtURL` and goes there without script error dialogs.
-  /// A text without the letters "http" anywhere gets "http://" in front.
+  /// Shows the Web tab, writes the URL to `txtURL` and opens it without script error dialogs. A text
+  /// without the letters "http" anywhere gets "http://" in front.
   void BrowseInWebTab(const std::string& url);
 
-  /// The start of a label edit in `lstErr`: the selected row's URL opens in the Web tab. Unlike
-  /// BrowseInWebTab it leaves `txtURL` and the browser's silent mode alone. Nothing without a selected row.
+  /// For the start of a label edit in `lstErr`: opens the selected row's URL in the Web tab. Unlike
+  /// BrowseInWebTab it leaves `txtURL` and the silent mode of the browser alone. Does nothing without a
+  /// selected row.
   void OpenErrorInside();
-  /// A double click in `lstErr`: the selected row's URL opens outside. Nothing without a selected row.
+  /// For a double click in `lstErr`: opens the selected row's URL outside. Does nothing without a
+  /// selected row.
   void OpenErrorOutside();
 
  private:
