@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Answers and records of the console's services.
+// Answering boxes and dialogs, and the history of the browser.
 #include "console/console_services.h"
 
 #include "platform/files.h"
@@ -49,7 +49,7 @@ std::string ConsoleDialogs::AskName(const char* kind, const FileDialog& dialog) 
     const Ready answer = std::move(ready_.front());
     ready_.pop_front();
     path = answer.Path;
-    // The button alone takes the name that the dialog offers.
+    // OK without a path takes the name that the dialog offers.
     if (path.empty() && answer.Button == Answer::Ok && !dialog.DefaultName.empty()) {
       path = dialog.Folder + "/" + codec_.ToUtf8(dialog.DefaultName);
     }

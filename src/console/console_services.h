@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Desktop services without a desktop: they answer, remember and stay silent.
+// Desktop services without a desktop: they answer, record and show nothing.
 #pragma once
 
 #include <deque>
@@ -15,17 +15,17 @@
 
 namespace requite {
 
-/// Message boxes and file dialogs that are answered by what was laid ready. With nothing ready a
-/// message box is answered by its first button and a file dialog is cancelled.
+/// Message boxes and file dialogs that are answered from a queue. When it is empty, a message box is
+/// answered by its first button and a file dialog is cancelled.
 class ConsoleDialogs : public Dialogs {
  public:
   explicit ConsoleDialogs(TextCodec codec) : codec_(codec) {}
 
-  /// One box or dialog as it was shown and answered.
+  /// A box or dialog as it was shown and answered.
   struct Shown {
     std::string Kind;  ///< "message", "question", "open" or "save"
     std::string Title;
-    std::string Text;    ///< of a file dialog its default name
+    std::string Text;    ///< for a file dialog the name it offers
     std::string Answer;  ///< "ok", "cancel", "yes", "no", or "file " and the path
   };
 
@@ -33,19 +33,19 @@ class ConsoleDialogs : public Dialogs {
   std::string AskOpenName(const FileDialog& dialog) override { return AskName("open", dialog); }
   std::string AskSaveName(const FileDialog& dialog) override { return AskName("save", dialog); }
 
-  /// Lays an answer ready, behind those that wait.
+  /// Adds an answer to the end of the queue.
   void LayReady(Answer answer) { ready_.push_back({answer, {}}); }
   void LayReadyFile(std::string path) { ready_.push_back({Answer::Ok, std::move(path)}); }
 
   /// The boxes shown since the last call.
   [[nodiscard]] std::vector<Shown> TakeShown() { return std::exchange(shown_, {}); }
-  /// Hears of each box that was answered.
+  /// Called for each box after it was answered.
   std::function<void(const Shown&)> OnShown;
 
  private:
   struct Ready {
     Answer Button;
-    std::string Path;  ///< not empty: the answer to a file dialog
+    std::string Path;  ///< the answer to a file dialog, if not empty
   };
 
   std::string AskName(const char* kind, const FileDialog& dialog);
@@ -56,7 +56,7 @@ class ConsoleDialogs : public Dialogs {
   std::vector<Shown> shown_;
 };
 
-/// Plays nothing; remembers the names of the files that would have sounded.
+/// Plays nothing; records the names of the files it would have played.
 class SoundRecorder : public SoundPlayer {
  public:
   void PlaySoundFile(const std::string& path) override;
@@ -84,11 +84,11 @@ class QuietShell : public Shell {
   void OpenFolder(const std::string&) override {}
 };
 
-/// A browser without a page engine: each navigation is complete at the next event, at the URL itself.
-/// It keeps a history, so that back and forward work. Views are told of later navigations only.
+/// A browser without a page engine: each navigation is complete at the next event, at the URL itself. It
+/// keeps a history for back and forward. It sees only navigations after it was made.
 class HistoryBrowser : public BrowserEngine {
  public:
-  /// Both must outlive this object, and this object the events that wait.
+  /// Both must outlive this object, which must outlive the events it has posted.
   HistoryBrowser(BrowserView& view, ConsoleLoop& loop);
   ~HistoryBrowser() override;
   HistoryBrowser(const HistoryBrowser&) = delete;
@@ -107,7 +107,7 @@ class HistoryBrowser : public BrowserEngine {
   ConsoleLoop& loop_;
   std::vector<std::string> history_;
   std::size_t at_ = 0;
-  int navigation_ = 0;  // an event of an older navigation does nothing
+  int navigation_ = 0;  // events of older navigations do nothing
 };
 
 }  // namespace requite

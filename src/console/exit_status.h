@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the program ends, for those who call it from scripts and jobs.
+// The exit statuses, for scripts and jobs that call the program.
 #pragma once
 
 #include "platform/runtime_failure.h"
@@ -7,9 +7,9 @@
 namespace requite {
 
 enum class ExitStatus : int {
-  Done = 0,           ///< script ran; every site scanned links back as often as expected
+  Done = 0,           ///< the script ran; every scanned site links back as often as expected
   LinksMissing = 1,   ///< at least one site does not
-  NotStarted = 1,     ///< `open`: there is no window program that could be started
+  NotStarted = 1,     ///< `open`: no window program could be started
   Refused = 2,        ///< the command line, the script or a file named there is wrong
   NotIdleInTime = 3,  ///< `wait idle` ran out of time
   PostFailed = 4,     ///< a row that `--post` sent got no answer

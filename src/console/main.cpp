@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start of requite-console: makes the services and hands them to the program.
+// Starts requite-console: makes the services and passes them to the program.
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -50,7 +50,7 @@ class QtConsoleLoop : public ConsoleLoop {
     return true;
   }
   void After(int milliseconds, std::function<void()> action) override {
-    // A coarse timer may be late by a twentieth of its time.
+    // A coarse timer may be 5 % late.
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &receiver_,
                        [this, action = std::move(action)] { guard_.Run(action); });
   }
@@ -58,7 +58,7 @@ class QtConsoleLoop : public ConsoleLoop {
  private:
   QtEventLoop& loop_;
   const EventGuard& guard_;
-  QObject receiver_;  // ends with this object, and the events that wait with it
+  QObject receiver_;  // destroyed with this object, which drops its pending events
 };
 
 int Code(ExitStatus status) { return static_cast<int>(status); }
@@ -145,7 +145,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   return status;
 }
 
-/// The window program loads the last project at its start, and has no command line of its own.
+/// The window program has no command line of its own: it opens the last project.
 std::pair<ExitStatus, std::string> RunOpen(const OpenOptions& options) {
   const std::string program = FindWindowProgram();
   if (program.empty()) return {ExitStatus::NotStarted, "there is no window program \"requite\""};
@@ -184,7 +184,7 @@ ExitStatus Main(int argc, char** argv, std::ostream& out) {
   return RunProgram(options, folder, out);
 }
 
-/// Output that was lost is worse news than any other but an interrupt's.
+/// Lost output outweighs any other status but that of an interrupt.
 ExitStatus WithOutputTold(ExitStatus status, const OutputBuffer& output) {
   if (output.Failure() == 0) return status;
   std::cerr << "requite-console: standard output: " << std::strerror(output.Failure()) << std::endl;

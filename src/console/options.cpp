@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The command line's grammar, and its tests before anything is touched.
+// The grammar of the command line, and the checks made before anything is done.
 #include "console/options.h"
 
 #include <CLI/CLI.hpp>
@@ -26,7 +26,7 @@ struct RawCommon {
 
 void AddRepeatable(CLI::App& app, const char* name, std::vector<std::string>& values, const char* words,
                    const char* form) {
-  // One value each time: the words after it belong to the command again.
+  // Takes one value at a time, so the words after it belong to the command.
   app.add_option(name, values, words)
       ->type_name(form)
       ->allow_extra_args(false)
@@ -52,7 +52,7 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   app.add_flag("-q,--quiet", common.Quiet, "No progress and no summary on standard error");
 }
 
-/// The first problem of the common options, or an empty text when they are in order.
+/// The first problem with the common options, or an empty text.
 std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
   for (const std::string& each : raw.Settings) {
     const std::size_t sign = each.find('=');
@@ -70,13 +70,13 @@ std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
   common.SettingsFile = AbsolutePath(raw.SettingsFile);
   if (std::string why = WhyNoFolder(common.ProgramFolder); !why.empty()) return "--program-folder: " + why;
   if (common.SettingsFile.empty()) return {};
-  // A copy needs no settings file that can be written, nor one at all.
+  // A copy needs no writable settings file, nor one at all.
   const std::string why =
       common.Private ? WhyNoCopy(common.SettingsFile) : WhyNoSettings(common.SettingsFile);
   return why.empty() ? why : "--settings: " + why;
 }
 
-/// The first problem of the files that a scan reads and writes, or an empty text.
+/// The first problem with the files that a scan reads and writes, or an empty text.
 std::string TakeScan(ScanOptions& scan) {
   scan.Project = AbsolutePath(scan.Project);
   if (std::string why = WhyNotReadable(scan.Project); !why.empty()) return why;
@@ -103,7 +103,7 @@ EndAtOnce Refuse(std::string why) {
 }
 
 void AddSeconds(CLI::App& app, const char* name, int& seconds, const char* words) {
-  constexpr int kMost = 2'000'000;  // more than three weeks; in milliseconds it still fits an int
+  constexpr int kMost = 2'000'000;  // over three weeks, and fits an int in milliseconds
   app.add_option(name, seconds, words)->type_name("SECONDS")->check(CLI::Range(1, kMost).description(""));
 }
 
@@ -149,7 +149,7 @@ void AddOpen(CLI::App& app, OpenOptions& open) {
   AddEndFlags(command);
 }
 
-/// What the words say to do at once: print help, or refuse them. Nothing when they can be followed.
+/// What has to be done at once: print help, or refuse the command line. Nothing when it can be run.
 std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
@@ -160,7 +160,7 @@ std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv)
     while (words.ends_with('\n')) words.pop_back();
     return EndAtOnce{ExitStatus::Done, words};
   } catch (const CLI::ParseError& error) {
-    // A word that means nothing explains whatever else is found wrong.
+    // An unknown word explains any other error.
     std::string unknown = UnknownWord(app);
     if (!unknown.empty()) return Refuse(std::move(unknown));
     if (app.get_subcommands().empty())

@@ -12,28 +12,28 @@
 
 namespace requite {
 
-/// What both commands take. Paths are bytes of the file system, all other texts are UTF-8.
+/// The options of both commands. Paths are bytes of the file system, all other texts are UTF-8.
 struct CommonOptions {
   std::string ProgramFolder;  ///< empty: the program's own choice
   std::string SettingsFile;   ///< empty: the user's own
   std::vector<std::pair<std::string, std::string>> Settings;
   std::vector<ConnectRule> ConnectTo;
-  bool Private = false;  ///< settings are a copy that ends with the run
+  bool Private = false;  ///< settings are a copy that is thrown away
   bool Quiet = false;    ///< no progress and no summary on standard error
 };
 
-/// As the name of a file: standard output, or standard input of `script`.
+/// As a file name: standard output, or standard input for `script`.
 inline constexpr const char* kStandardStream = "-";
 
 struct ScanOptions {
   std::string Project;
-  std::string Save;  ///< empty: not asked for; kStandardStream: standard output; like the three below
+  std::string Save;  ///< empty: none; kStandardStream: standard output. The next three are alike
   std::string Report;
   std::string Tab;
   std::string Page;
   bool Post = false;  ///< post the results to the project's script URLs
-  int SkipAfter = 0;  ///< seconds that a site may take before Skip is pressed; 0: any time
-  int StopAfter = 0;  ///< seconds that the scan may take before Stop is pressed; 0: any time
+  int SkipAfter = 0;  ///< seconds a site may take before Skip is pressed; 0: no limit
+  int StopAfter = 0;  ///< seconds the scan may take before Stop is pressed; 0: no limit
 };
 
 struct ScriptOptions {
@@ -41,7 +41,7 @@ struct ScriptOptions {
 };
 
 struct OpenOptions {
-  std::string Project;  ///< empty: the project that was open last
+  std::string Project;  ///< empty: the last project
 };
 
 struct Options {
@@ -49,14 +49,14 @@ struct Options {
   std::variant<ScanOptions, ScriptOptions, OpenOptions> Command;
 };
 
-/// The command line says to end at once: with a text for standard output (help, version), or with
-/// one line for standard error and ExitStatus::Refused.
+/// The program has to end at once: with a text for standard output (help, version), or with one line for
+/// standard error and ExitStatus::Refused.
 struct EndAtOnce {
   ExitStatus Status = ExitStatus::Done;
   std::string Text;
 };
 
-/// Reads the command line and tests that the files it names can be used. Writes nothing.
+/// Reads the command line and checks that the files it names can be used. Writes nothing.
 [[nodiscard]] std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* argv);
 
 }  // namespace requite

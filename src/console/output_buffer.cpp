@@ -36,7 +36,7 @@ void OutputBuffer::Send() {
     if (written >= 0) {
       next += written;
     } else if (errno == EAGAIN) {
-      // A terminal or pipe that another program has set to not wait.
+      // Another program has set this terminal or pipe to non-blocking.
       pollfd room{descriptor_, POLLOUT, 0};
       ::poll(&room, 1, -1);
     } else if (errno != EINTR) {

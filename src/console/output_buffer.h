@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Standard output that remembers why it could not be written.
+// Standard output that keeps the reason why it could not be written.
 #pragma once
 
 #include <array>
@@ -7,8 +7,8 @@
 
 namespace requite {
 
-/// The buffer of a stream over a descriptor. After the first failure everything else is taken and dropped:
-/// the program goes on without its output.
+/// A stream buffer over a descriptor. After the first failure it accepts and drops everything: the
+/// program runs on without its output.
 class OutputBuffer : public std::streambuf {
  public:
   explicit OutputBuffer(int descriptor);
@@ -16,7 +16,7 @@ class OutputBuffer : public std::streambuf {
   OutputBuffer(const OutputBuffer&) = delete;
   OutputBuffer& operator=(const OutputBuffer&) = delete;
 
-  /// The number of the first failure, or 0. A reader that has gone away does not count.
+  /// The errno of the first failure, or 0. A reader that has gone away is no failure.
   [[nodiscard]] int Failure() const { return failure_; }
 
  protected:

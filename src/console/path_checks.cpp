@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of paths that touch nothing.
+// Checks of paths that change nothing.
 #include "console/path_checks.h"
 
 #include <fcntl.h>
@@ -34,7 +34,7 @@ std::string AbsolutePath(const std::string& path) {
 
 std::string WhyNotReadable(const std::string& path) {
   if (IsFolder(path)) return Words(path, EISDIR);
-  // Opening a pipe could wait for its other end; asking whether one may does not.
+  // access() instead of open(): opening a pipe could wait for its other end.
   return ::access(path.c_str(), R_OK) == 0 ? std::string() : Words(path, errno);
 }
 
@@ -49,7 +49,7 @@ std::string WhyNotWritable(const std::string& path) {
 
 std::string WhyNoSettings(const std::string& path) {
   if (path.empty()) return {};
-  // The store makes its folder; what must stand is some folder above it.
+  // The store creates its folder, so some folder above it must exist.
   std::string folder = FolderOf(path);
   if (::access(folder.c_str(), F_OK) == 0) return WhyNotWritable(path);
   while (folder.size() > 1 && ::access(folder.c_str(), F_OK) != 0 && errno == ENOENT)

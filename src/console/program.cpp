@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Printing in the console's form.
+// Prints lines in the console's format.
 #include "console/program.h"
 
 #include <ostream>

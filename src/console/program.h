@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program as the console's commands see it: the main window and the services that remember.
+// What the console's commands work on: the main window and the services that record.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@
 
 namespace requite {
 
-/// Handed by reference to every command. Out takes UTF-8.
+/// Passed to every command by reference. Out takes UTF-8.
 struct ConsoleProgram {
   requite::Form1& Form1;
   ConsoleLoop& Loop;
@@ -27,20 +27,21 @@ struct ConsoleProgram {
   std::ostream& Out;
   std::ostream& Err;
   bool OutIsTerminal = false;
-  /// Whether a page's time-out runs; a scan whose page has none waits for its user.
+  /// Whether the time-out of a page is running. A scan without one waits for its user.
   std::function<bool()> PageInProgress;
 
-  /// A text of the program, escaped and in UTF-8.
+  /// A text of the program in UTF-8, escaped.
   [[nodiscard]] std::string Outside(std::string_view text) const { return Codec.ToUtf8(Escaped(text)); }
-  /// Prints one line; fields are parted by a tab. Lines leave at once: who reads them may be waiting.
+  /// Prints one line, with tabs between the fields. Lines are flushed at once: a reader may wait for
+  /// them.
   void PrintLine(const std::vector<std::string>& fields);
   void PrintLine(std::string_view text);
-  /// One line on standard error, after the program's name. UTF-8.
+  /// Prints one line on standard error, after the program's name. UTF-8.
   void Complain(std::string_view utf8);
 };
 
-/// A value for the settings store: the text in the program's code page, but for LastProject, which is a
-/// path and so keeps its bytes.
+/// A value for the settings store: the text in the code page, except for LastProject, which is a path and
+/// keeps its bytes.
 [[nodiscard]] std::string SettingValue(const TextCodec& codec, std::string_view key, std::string_view utf8);
 
 /// The fields of one row of a list.

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kNoLimit = -1;
 
-/// Message boxes and notices go to standard error: nobody is there to press their button.
+/// Sends message boxes and notices to standard error: nobody is there to press a button.
 class BoxPrinter {
  public:
   BoxPrinter(ConsoleProgram& program, ScanProgress& progress) : program_(program) {
@@ -38,7 +38,7 @@ class BoxPrinter {
   BoxPrinter& operator=(const BoxPrinter&) = delete;
 
   [[nodiscard]] bool AnyShown() const { return shown_ > 0; }
-  /// Whether the stop itself had something to say: a report that could not be written.
+  /// Whether stopping itself said something, such as that a report could not be written.
   [[nodiscard]] bool AnyShownAtStop() const { return shownAtStop_ > 0; }
 
  private:
@@ -60,7 +60,7 @@ void Load(ConsoleProgram& program, const ScanOptions& options) {
   Form1& form = program.Form1;
   form.StartWithoutProject();
   form.Files.LoadProject(options.Project);
-  // A load that comes to the end of the file selects the first Main Site.
+  // Loading a project to the end of its file selects the first Main Site.
   if (form.Sites.List4.SelectedRow() >= 0 || form.Sites.List4.Empty()) return;
   program.Complain("\"" + options.Project + "\" is damaged: line " +
                    std::to_string(LineThatEndsReading(options.Project)) +
@@ -81,8 +81,8 @@ void PrintResults(ConsoleProgram& program) {
   for (std::size_t row = 0; row < results.RowCount(); ++row) program.PrintLine(RowFields(results, row));
 }
 
-/// Posts the rows and tells how many got an answer; an interrupt ends it at once. Returns
-/// false when a request got none.
+/// Posts the rows and prints how many got an answer. An interrupt ends it at once. Returns false when a
+/// request got no answer.
 bool Post(ConsoleProgram& program, ScanProgress::Output output, Interrupt& interrupt) {
   if (interrupt.Seen) return true;
   Form1& form = program.Form1;
@@ -119,9 +119,9 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
 
   form.Command1.Click();
   const bool refused = !form.State.Scanning && boxes.AnyShown() && progress.SitesFinished() == 0;
-  if (interrupt.Seen) Stop(form);  // it may have come before there was anything to stop
-  // The scan waits for its user after a message, and where a page could not be read. Each page in progress
-  // has its time-out running, and between two events no step is half done.
+  if (interrupt.Seen) Stop(form);  // an interrupt may come before the scan has begun
+  // The scan waits for a user after a message, and when a page could not be read. While a page is in
+  // progress its time-out runs, and no step is half done between two events.
   const auto inProgress = [&] { return form.State.Scanning && program.PageInProgress(); };
   program.Loop.RunUntil([&] { return !inProgress() || boxes.AnyShown(); }, kNoLimit);
   const bool stoodStill = form.State.Scanning;

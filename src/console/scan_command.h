@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One scan of a project, from its load to the files that were asked for.
+// Runs one scan of a project, from loading it to writing the files asked for.
 #pragma once
 
 #include <functional>
@@ -11,15 +11,14 @@
 
 namespace requite {
 
-/// The user's wish for an early end. It comes as an event, wherever events run, also in the middle of
-/// a step that waits.
+/// A request to end early. It comes as an event, wherever events run, also during a step that waits.
 struct Interrupt {
   bool Seen = false;
   std::function<void()> OnInterrupt;
 };
 
-/// After an interrupt the scan is stopped as by Stop. Throws RuntimeFailure for what nothing in the
-/// program handled.
+/// An interrupt stops the scan as Stop does. Throws RuntimeFailure for what nothing in the program
+/// handled.
 [[nodiscard]] ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options,
                                  ScanProgress::Output output, Interrupt& interrupt);
 

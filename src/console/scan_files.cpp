@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing what a scan was asked for. Files have the bytes that the window's buttons write.
+// Writes the files with the same bytes that the buttons of the window write.
 #include "console/scan_files.h"
 
 #include <filesystem>
@@ -24,8 +24,8 @@ std::string Joined(const Pieces& pieces) {
   return text;
 }
 
-/// The old text stays until the whole new one is there, but for what can only be written to, and at one go: a
-/// pipe, a device, or a file in a folder that is not the user's.
+/// Keeps the old text until the new one is complete. Writes in place, at one go, where that is all that
+/// can be done: to a pipe, a device, or a file in a folder that is not the user's.
 void PutFile(const std::string& path, const Pieces& pieces) {
   std::error_code none;
   const auto status = std::filesystem::status(path, none);
@@ -44,7 +44,7 @@ void PutFile(const std::string& path, const Pieces& pieces) {
 
 ScanFiles::ScanFiles(ConsoleProgram& program, const ScanOptions& options)
     : program_(program), options_(options) {
-  // The text itself, not the program's own report file: another program may have put something else there.
+  // Takes the text itself: another program may have overwritten the report file.
   program_.Form1.Report.OnGenerated = [this](const SpooledText& page) {
     generated_ = true;
     reported_ = WriteOne(options_.Report, [&] {
@@ -73,7 +73,7 @@ bool ScanFiles::Write() {
     }
   });
   const bool listed = WriteOne(options_.Tab, [&] { Put(options_.Tab, TabDelimitedText(form.Sites.List3)); });
-  // After the save: generated links are not part of the project unless the user wants them to be.
+  // After saving: generated links become part of the project only when the user says so.
   const bool built = WriteOne(options_.Page, [&] {
     form.Pages.GenerateLinks();
     Put(options_.Page, form.Pages.WebPage());

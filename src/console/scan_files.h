@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The files that a scan was asked for, each at its place or on standard output.
+// Writes the files that a scan was asked for, each to its path or to standard output.
 #pragma once
 
 #include <functional>
@@ -11,24 +11,24 @@
 
 namespace requite {
 
-/// Writes each file at its time: the report as the program makes it, the others when the scan is over. A
-/// failure is told on standard error.
+/// Writes the report when the program makes it and the other files when the scan is over. Prints failures
+/// on standard error.
 class ScanFiles {
  public:
-  /// A text that is handed over piece by piece, as it may be larger than the memory.
+  /// A text that is passed on piece by piece, as it may be larger than the memory.
   using TakePiece = std::function<void(std::string_view)>;
   using Pieces = std::function<void(const TakePiece&)>;
 
-  /// Waits for the report from here on. Both must outlive this object.
+  /// Catches reports from now on. Both must outlive this object.
   ScanFiles(ConsoleProgram& program, const ScanOptions& options);
   ~ScanFiles();
   ScanFiles(const ScanFiles&) = delete;
   ScanFiles& operator=(const ScanFiles&) = delete;
 
-  /// Whether one of the files is standard output, which then has no room for anything else.
+  /// Whether one of the files is standard output, which can then take nothing else.
   [[nodiscard]] bool TakeOutput() const;
-  /// Writes the files but for the report. Returns whether all that was asked for could be written, the
-  /// report included.
+  /// Writes all files except the report. Returns whether everything asked for was written, the report
+  /// included.
   [[nodiscard]] bool Write();
 
  private:
@@ -39,7 +39,7 @@ class ScanFiles {
   ConsoleProgram& program_;
   const ScanOptions& options_;
   bool generated_ = false;
-  bool reported_ = false;  ///< what was generated is written
+  bool reported_ = false;  ///< the report was written
 };
 
 }  // namespace requite

@@ -5,7 +5,7 @@
 namespace requite {
 namespace {
 
-/// C0 and DEL, and the five bytes of the code page that stand for controls of C1.
+/// C0, DEL, and the five bytes of the code page that map to C1 controls.
 bool IsControl(unsigned char byte) {
   switch (byte) {
     case 0x7F:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names a mistyped word and looks for the one that was meant.
+// Finds an unknown word and the one that was probably meant.
 #include "console/unknown_word.h"
 
 #include <CLI/CLI.hpp>
@@ -9,7 +9,7 @@
 namespace requite {
 namespace {
 
-/// How many letters have to be put in, left out, exchanged or swapped with their neighbour.
+/// How many letters have to be inserted, deleted, replaced or swapped with their neighbour.
 std::size_t Distance(const std::string& a, const std::string& b) {
   std::vector<std::size_t> before(b.size() + 1);
   std::vector<std::size_t> above(b.size() + 1);
@@ -41,7 +41,7 @@ std::vector<CLI::App*> CommandsOf(CLI::App& app) {
   return app.get_subcommands([](CLI::App*) { return true; });
 }
 
-/// A command with this option, for an option that is written before its command.
+/// A command with this option, for an option written before its command.
 std::string CommandWithOption(CLI::App& app, const std::string& option) {
   for (CLI::App* command : CommandsOf(app)) {
     const std::vector<std::string> options = OptionsOf(*command);
@@ -62,7 +62,7 @@ std::string NearestWord(const std::string& word, const std::vector<std::string>&
   constexpr std::size_t kLongestWord = 64;
   if (word.size() > kLongestWord) return {};
   std::string nearest;
-  // A third of the letters may be wrong: more, and the guess helps nobody.
+  // Up to a third of the letters may be wrong. With more, the guess helps nobody.
   std::size_t least = std::max<std::size_t>(1, word.size() / 3) + 1;
   for (const std::string& each : candidates) {
     const std::size_t distance = Distance(word, each);
@@ -79,7 +79,7 @@ std::string UnknownWord(CLI::App& app) {
   const bool isOption = unknown[0].size() > 1 && unknown[0][0] == '-';
   const std::string word = isOption ? unknown[0].substr(0, unknown[0].find('=')) : unknown[0];
   const std::vector<CLI::App*> used = app.get_subcommands();
-  // Words that the program itself does not know come first, and then the command was not read yet.
+  // Words unknown to the program itself come first; the command has not been read then.
   const bool ofCommand = app.remaining(false).empty() && !used.empty();
   if (isOption) {
     if (std::string command = ofCommand ? std::string() : CommandWithOption(app, word); !command.empty()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is said of a word on the command line that means nothing.
+// The message about an unknown word on the command line.
 #pragma once
 
 #include <string>
@@ -11,11 +11,11 @@ class App;
 
 namespace requite {
 
-/// The candidate with the fewest letters to change, or an empty text when none is near the word.
+/// The candidate with the fewest letters to change, or an empty text when none is close.
 [[nodiscard]] std::string NearestWord(const std::string& word, const std::vector<std::string>& candidates);
 
 /// One line that names the first word that neither `app` nor the command in use knows, with the nearest
-/// right one; empty when they know them all. Asked after a parse, whether it failed or not.
+/// known one; empty when all are known. Call it after parsing, even if that failed.
 [[nodiscard]] std::string UnknownWord(CLI::App& app);
 
 }  // namespace requite

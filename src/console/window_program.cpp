@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The look for the window program, and its start as a process of its own.
+// Searches PATH for the window program and starts it.
 #include "console/window_program.h"
 
 #include <fcntl.h>
@@ -35,7 +35,7 @@ std::string FindWindowProgram() {
   while (!rest.empty()) {
     const std::string_view folder = rest.substr(0, rest.find(':'));
     rest.remove_prefix(std::min(rest.size(), folder.size() + 1));
-    if (folder.empty()) continue;  // the folder that happens to be the current one
+    if (folder.empty()) continue;  // would be the current folder
     if (std::string program = std::string(folder) + "/" + kName; IsProgram(program)) return program;
   }
   return {};
@@ -47,13 +47,13 @@ std::string StartWindowProgram(std::string program) {
   posix_spawn_file_actions_t files;
   ::posix_spawnattr_init(&attributes);
   ::posix_spawn_file_actions_init(&files);
-  // What this program ignores is not for the other to inherit.
+  // Signals that this program ignores must not be ignored in the other.
   sigset_t usual;
   sigemptyset(&usual);
   for (const int each : {SIGPIPE, SIGXFSZ}) sigaddset(&usual, each);
   ::posix_spawnattr_setsigdefault(&attributes, &usual);
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
-  // Standard error stays: what hinders the program, such as a missing display, is said there.
+  // Standard error stays open: the window program reports a missing display there.
   ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t process = 0;

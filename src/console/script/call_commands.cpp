@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The scan's state by its names, and single operations on it.
+// The tables of variables and operations.
 #include "console/script/call_commands.h"
 
 #include "model/url_forms.h"
@@ -88,7 +88,7 @@ constexpr Variable kVariables[] = {
 #undef REQUITE_VARIABLE
 #undef REQUITE_PAGE_VARIABLE
 
-/// Variables of a window, which are there only while it is loaded.
+/// Variables of a window, which exist only while it is loaded.
 struct HarvestVariable {
   std::string_view Name;
   std::string (*Read)(const DomainHarvest& harvest);
@@ -108,7 +108,7 @@ constexpr HarvestVariable kHarvestVariables[] = {
 
 #undef REQUITE_HARVEST_VARIABLE
 
-/// Nothing when Form3 is not loaded or has no variable of the name.
+/// The value of a variable of Form3; nothing when Form3 is not loaded or has no such variable.
 std::optional<std::string> ReadHarvestVariable(Form1& form, std::string_view name) {
   const auto* const window = dynamic_cast<Form3*>(form.Windows.Find("Form3"));
   if (window == nullptr) return std::nullopt;
@@ -130,7 +130,7 @@ std::string ExtractEmails(Form1& form, std::string& argument) {
 
 SiteTests Sites(const Form1& form) { return SiteTests(form.Sites, form.State); }
 
-/// An operation: its result as text. It may change its argument.
+/// An operation. It returns its result as text and may change its argument.
 struct Operation {
   std::string_view Name;
   std::string (*Call)(Form1& form, std::string& argument);

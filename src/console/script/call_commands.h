@@ -12,7 +12,7 @@ namespace requite {
 /// `call OPERATION TEXT`: prints the result and the argument as the call left it.
 [[nodiscard]] Complaint CallOperation(ScriptSession& session, const Words& words);
 
-/// All names that the two know; the variables of a window are among them, loaded or not.
+/// The names that these two know, those of windows that are not loaded included.
 [[nodiscard]] std::vector<std::string_view> VariableNames();
 [[nodiscard]] std::vector<std::string_view> OperationNames();
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts of controls, by their kind.
+// The texts of controls by kind.
 #include "console/script/control_text.h"
 
 namespace requite {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a control has to say as text.
+// The text of a control, for the commands that print it.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,7 @@ namespace requite {
 /// The check mark of a menu entry, check box or option; nothing for other controls.
 [[nodiscard]] std::optional<bool> ControlChecked(const NamedControl& control);
 
-/// "enabled" or "disabled", a blank, "visible" or "hidden", frames counted in.
+/// "enabled" or "disabled", a blank, "visible" or "hidden". The state of its frames counts.
 [[nodiscard]] std::string ControlState(const Control& control);
 
 }  // namespace requite

@@ -62,7 +62,7 @@ Complaint Choose(ScriptSession& session, const Words& words) {
   });
 }
 
-/// A list by name and one of its rows, read from a script's count from 1.
+/// A list and one of its rows, as a script names them (rows counted from 1).
 struct ListRow {
   ListView* List = nullptr;  ///< null: Why says what is wrong
   int Row = -1;
@@ -89,7 +89,7 @@ ListRow FindListRow(const ScriptSession& session, const std::string& name, const
 
 enum class Press { Only, Also };
 
-/// The left button on a row: pressed, which selects, and let go. The handlers may empty the list.
+/// Presses the left button on a row, which selects it, and releases it. The handlers may empty the list.
 void ClickRow(ListView& list, int row, Press press) {
   if (list.OnMouseDown) list.OnMouseDown(row);
   if (press == Press::Only || row < 0) {
@@ -111,7 +111,7 @@ Complaint Select(ScriptSession& session, const Words& words) {
   if (rows.empty()) ClickRow(*list.List, -1, Press::Only);
   Press press = Press::Only;
   for (const std::string& row : rows) {
-    // Found again each time: a handler may have dropped the list or its rows.
+    // Found again each time: a handler may have removed the list or its rows.
     const ListRow found = FindListRow(session, words[0], row);
     if (found.List == nullptr) return found.Why;
     ClickRow(*found.List, found.Row, press);
@@ -143,7 +143,7 @@ Complaint RightClick(ScriptSession& session, const Words& words) {
   } else if (found.List->OnMouseDown) {
     found.List->OnMouseDown(found.Row);
   }
-  // A handler may drop the list or its rows. The button is pressed and released even so.
+  // A handler may remove the list or its rows; the button is still pressed and released.
   found = find();
   if (found.List != nullptr && found.List->OnRightButtonDown) found.List->OnRightButtonDown(found.Row);
   found = find();
@@ -164,7 +164,7 @@ Complaint DoubleClick(ScriptSession& session, const Words& words) {
 Complaint EditLabel(ScriptSession& session, const Words& words) {
   ListRow found = FindListRow(session, words[0], words[1]);
   if (found.List == nullptr) return found.Why;
-  // Editing begins with a second click on a row that is selected.
+  // Editing begins with a second click on a selected row.
   if (found.List->SelectedRow() != found.Row) ClickRow(*found.List, found.Row, Press::Only);
   found = FindListRow(session, words[0], words[1]);
   if (found.List == nullptr) return found.Why;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The commands that print what a control, a window or the program's records hold.
+// The commands that print what a control, a window or a record holds.
 #include "console/script/control_text.h"
 #include "console/script/script_commands.h"
 #include "console/script/script_line.h"
@@ -30,7 +30,7 @@ Complaint Style(ScriptSession& session, const Words& words) {
   });
 }
 
-/// "StatusBar1(2)" is the second panel; everything else is a control's own name.
+/// Also finds "StatusBar1(2)", the second panel; everything else is the name of a control.
 NamedControl FindWithPanel(ScriptSession& session, const std::string& name, int& panel) {
   panel = 1;
   NamedControl control = session.Find(name);

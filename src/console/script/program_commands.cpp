@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The commands that steer the script and the program as a whole.
+// The commands that control the script and the program as a whole.
 #include <limits>
 
 #include "console/script/call_commands.h"
@@ -15,7 +15,7 @@ Complaint LayAnswer(ScriptSession& session, const Words& words) {
   ConsoleDialogs& dialogs = session.Program.Dialogs;
   const std::string& word = words[0];
   if (word == "file" && words.size() == 2) {
-    dialogs.LayReadyFile(words[1]);  // a path is bytes of the file system: it is not converted
+    dialogs.LayReadyFile(words[1]);  // not converted: a path is bytes of the file system
   } else if (words.size() == 2) {
     return "only \"answer file\" takes a path";
   } else if (word == "ok") {

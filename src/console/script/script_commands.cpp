@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finding a command by its word, and the words that several commands complain with.
+// Finds commands and words the complaints that several of them share.
 #include "console/script/script_commands.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The commands that a script may use.
+// The commands of scripts.
 #pragma once
 
 #include <span>
@@ -18,7 +18,7 @@ using Words = std::vector<std::string>;
 struct ScriptCommand {
   std::string_view Name;
   std::string_view Form;  ///< as it is written in a script
-  std::string_view Does;  ///< what it does, for the table of commands
+  std::string_view Does;  ///< for the table of commands
   std::size_t LeastArguments;
   std::size_t MostArguments;  ///< the last one runs to the end of the line
   Complaint (*Run)(ScriptSession& session, const Words& words);
@@ -26,14 +26,14 @@ struct ScriptCommand {
   Escapes OfArguments = Escapes::Replace;
 };
 
-/// Every command, one a line: its form and what it does.
+/// All commands, one a line: the form and what it does.
 [[nodiscard]] std::string CommandTable();
 
 /// Null for a word that is no command.
 [[nodiscard]] const ScriptCommand* FindCommand(std::string_view name);
 
-/// The table's pieces, each in a file of its own: what the user's hand does, what is printed, and
-/// what steers the script.
+/// The parts of the table, each in a file of its own: what a user does, what is printed, and what
+/// controls the script.
 [[nodiscard]] std::span<const ScriptCommand> HandCommands();
 [[nodiscard]] std::span<const ScriptCommand> PrintCommands();
 [[nodiscard]] std::span<const ScriptCommand> ProgramCommands();

@@ -11,7 +11,7 @@
 namespace requite {
 namespace {
 
-/// Cuts the first word off a text that begins with it, together with the blanks behind it.
+/// Removes the first word, with which the text begins, and the blanks after it.
 std::string_view CutWord(std::string_view& text) {
   const std::size_t end = text.find(' ');
   const std::string_view word = text.substr(0, end);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One line of a script, taken apart.
+// Splits a line of a script into its command and arguments.
 #pragma once
 
 #include <optional>
@@ -9,25 +9,25 @@
 
 namespace requite {
 
-/// A command word and what stands behind it, still in UTF-8 and with its escapes.
+/// A command and the rest of its line, still in UTF-8 and with its escapes.
 struct ScriptLine {
   std::string Command;
   std::string Rest;
 };
 
-/// Nothing for a blank line and for one that begins with "#". Blanks at both ends go, as does the
-/// carriage return of a line from elsewhere.
+/// Nothing for a blank line or one that begins with "#". Blanks at both ends are dropped, and so is the
+/// carriage return of a line from another system.
 [[nodiscard]] std::optional<ScriptLine> ReadScriptLine(std::string_view line);
 
-/// What becomes of escapes: the argument that is a command itself keeps its own.
+/// What happens to escapes. An argument that is itself a command keeps them.
 enum class Escapes { Replace, Keep };
 
-/// The arguments of a command, parted by blanks; the last of `most` runs to the end of the line.
-/// Nothing when an escape is none.
+/// The arguments of a command, separated by blanks; the last of `most` runs to the end of the line.
+/// Nothing when an escape is invalid.
 [[nodiscard]] std::optional<std::vector<std::string>> ReadArguments(std::string_view rest, std::size_t most,
                                                                     Escapes escapes = Escapes::Replace);
 
-/// A plain decimal number that fits an int, with nothing around it.
+/// A plain decimal number that fits an int, and nothing else in the text.
 [[nodiscard]] std::optional<int> ReadNumber(std::string_view text);
 
 }  // namespace requite

@@ -12,7 +12,7 @@
 namespace requite {
 namespace {
 
-/// No person or program writes a longer line: the file is not a script.
+/// A longer line means that the file is no script.
 constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
 enum class Line { Read, TooLong, End };

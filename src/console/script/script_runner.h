@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A whole script, from the start of the program to its last line.
+// Runs a whole script, from the start of the program to its last line.
 #pragma once
 
 #include <iosfwd>
@@ -9,8 +9,8 @@
 
 namespace requite {
 
-/// Starts the program and carries out the lines as they come: a script that is typed into a pipe is
-/// answered line by line. Throws RuntimeFailure for what nothing in the program handled.
+/// Starts the program and runs the lines as they come, so a script typed into a pipe is answered line by
+/// line. Throws RuntimeFailure for what nothing in the program handled.
 [[nodiscard]] ExitStatus RunScript(ConsoleProgram& program, std::istream& script);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Carrying out script lines: finding the command, its arguments, and the controls that it names.
+// Runs script lines: finds the command, its arguments, and the controls that it names.
 #include "console/script/script_session.h"
 
 #include "console/script/control_text.h"
@@ -58,7 +58,7 @@ void ScriptSession::Record(ProgramWindow& window) {
   });
 }
 
-/// The window's controls are about to go.
+/// The window is closing: its controls are about to be destroyed.
 void ScriptSession::Forget(ProgramWindow& window) {
   window.Controls.ForEach([&](Control& control) {
     if (Tracers.erase(&control) > 0) control.SetView(nullptr);

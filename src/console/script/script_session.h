@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A script on its way: the state that its commands share.
+// The state that the commands of a running script share.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@
 
 namespace requite {
 
-/// Why a command cannot be carried out; empty when it was.
+/// Why a command could not be run; empty when it was.
 using Complaint = std::string;
 
 /// A line that ended the script.
@@ -28,7 +28,7 @@ struct ScriptFault {
 class Tracer : public ControlView {
  public:
   explicit Tracer(ConsoleProgram& program) : program_(program) {}
-  /// Adds a text to be told; the name is that of the command.
+  /// Adds a text to print; `name` is what the command called it.
   void Tell(const NamedControl& control, std::string name, int panel);
   void Refresh(const Control& control) override;
 
@@ -51,14 +51,14 @@ class ScriptSession {
   ScriptSession(const ScriptSession&) = delete;
   ScriptSession& operator=(const ScriptSession&) = delete;
 
-  /// Carries out one line of a script. A fault is kept, and nothing is carried out after it.
-  /// Throws RuntimeFailure for what the program's own action let through.
+  /// Runs one line of a script. A fault is kept, and nothing runs after it. Throws RuntimeFailure for
+  /// what the program's own action did not handle.
   void Run(int line, std::string_view text);
 
-  /// Set once the script is to end before its end.
+  /// Whether the script ends before its last line.
   [[nodiscard]] bool Ended() const { return Fault.has_value() || Status != ExitStatus::Done; }
 
-  /// A control by the name that a script uses, or none. A window's name may stand before it.
+  /// The control with a name as scripts spell it, or none. A window's name may come first.
   [[nodiscard]] NamedControl Find(std::string_view name) const;
   [[nodiscard]] bool IsOpenWindow(std::string_view name) const;
 

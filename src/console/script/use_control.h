@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a script command gets at the control that it names.
+// Finds the control that a script command names and uses it by its kind.
 #pragma once
 
 #include <string_view>
@@ -18,7 +18,7 @@ template <class Kind>
   }
 }
 
-/// Runs a use if the control is of the kind that it takes. Returns whether it is.
+/// Runs `use` if the control is of the kind that it takes. Returns whether it is.
 template <class Use, class Result, class Kind>
 bool UseIfOfKind(const NamedControl& control, const Use& use, Result (Use::*)(Kind&) const, Complaint& why) {
   Kind* const which = As<Kind>(control);
@@ -31,9 +31,9 @@ bool UseIfOfKind(const NamedControl& control, const Use& use, Result (Use::*)(Ki
   return true;
 }
 
-/// Hands a control to the first of `uses` that takes its kind. Each use is a lambda on one kind of control
-/// (ListView&, ...) or on any (Control&, or const NamedControl& where the index counts) that returns nothing
-/// or a Complaint. Complains about a control that does not exist or that no use takes.
+/// Passes a control to the first of `uses` that takes its kind. A use is a lambda that takes one kind of
+/// control (ListView&, ...) or any (Control&, or const NamedControl& for one that needs the index) and
+/// returns nothing or a Complaint. Complains about a control that does not exist or that no use takes.
 template <class... Uses>
 [[nodiscard]] Complaint UseControl(const NamedControl& control, std::string_view name, const Uses&... uses) {
   if (!control) return NoControl(name);
@@ -47,7 +47,7 @@ template <class... Uses>
   return UseControl(session.Find(name), name, uses...);
 }
 
-/// The same for a box that the user can type in: it has no use for labels and lists to pick from.
+/// The same for boxes that the user can type in: labels and lists to pick from have no use.
 template <class... Uses>
 [[nodiscard]] Complaint UseTypedBox(const ScriptSession& session, std::string_view name,
                                     const Uses&... uses) {
