@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The road of a page through the analyser. Events may run between any two lines and change everything
-// but the page's text, so all else is read from the scan state where it is used.
+// Events may run between any two lines and change everything but the text of the page. So everything else is
+// read from the scan state at the place of its use.
 #include "scan/analyser.h"
 
 #include <optional>
@@ -36,13 +36,13 @@ void Analyser::AnalysePage() {
 
 Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
   const ScanState& state = scan_.State;
-  std::string link;  // one for all lines, for its room
+  std::string link;  // reused for all lines, to keep its memory
   while (!lines.AtEnd()) {
     scan_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
     if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
     if (lines.HasHref()) AnalyseLink(lines.Line(), link);
-    // Whatever the options: of a site that has its links, only the first line of a page is read.
+    // Whatever the options say, only the first line of a page is read once the site has its links.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
   }
   return PageEnd::Read;
@@ -56,7 +56,7 @@ void Analyser::AnalyseLink(std::string_view line, std::string& link) {
 Analyser::Road Analyser::TakeLink(std::string& link) {
   const LetterSet letters = LettersOf(link);
   if (filter_.IsScriptOrMail(link, letters) || !GoesOn(link)) return Road::NextLine;
-  // A file of a type that is not followed can be a link to the Main Site all the same, as it stands.
+  // A file that is not followed because of its type can still be a link to the Main Site, unresolved.
   const bool isAllowed = filter_.IsAllowedType(link, letters);
   if (!GoesOn(link)) return Road::NextLine;
   if (!isAllowed) return RoadOfRefused(link);
@@ -75,8 +75,7 @@ Analyser::Road Analyser::TakeLink(std::string& link) {
   return GoesOn(link) ? Road::Record : Road::NextLine;
 }
 
-/// A link of megabytes costs each of its tests some milliseconds, so events run between them. False when
-/// the scan was stopped.
+/// Each test of a link of megabytes takes milliseconds, so events run between the tests. False after a stop.
 bool Analyser::GoesOn(std::string_view link) const {
   constexpr std::size_t kLong = std::size_t{1} << 20;
   if (link.size() < kLong) return true;
@@ -93,7 +92,7 @@ void Analyser::QueuePage(const std::string& url) {
   ++state.PagesQueued;
   scan_.Host.UpdateStats(Counted::PageFound);
   scan_.Lists.List2.Add({url});
-  // The full table fails here, with the page already queued, and ends the reading of the site.
+  // When the table is full, this throws with the page already queued, and the site ends here.
   state.SeenPages.Store(state.PagesQueued, url);
 }
 
@@ -110,7 +109,7 @@ void Analyser::FollowMove(PageLines& lines) {
   std::optional<std::string> address = MovedAddress(lines, scan_.State.PageFull, scan_.PageSlices());
   if (!address) return;
   std::string text = HttpGetText(*address, scan_.Gets, scan_.Platform.EventLoop);
-  scan_.State.RedirectFollowed = true;  // one move a page: the markers of the new page are ignored
+  scan_.State.RedirectFollowed = true;  // only once: a "moved" in the new page is ignored
   next_.ProcessPage(std::move(text));
 }
 
@@ -120,7 +119,7 @@ void Analyser::HandBack() {
   scan_.Platform.EventLoop.LetPendingEventsRun();
   state.RedirectFollowed = false;
   if (!state.Scanning) return;
-  // The Main Site's text was seen, but no link with it: nothing more is to be had of this site.
+  // A page has the text of the Main Site but no link to it: that is the result of this site.
   const bool redirect =
       scan_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound;
   if (redirect) {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Where a page turns into links: each href is cut, resolved, tested, queued or recorded.
+// Finds the links of a page: each href is cut out, resolved and tested, then queued or recorded.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,7 +16,7 @@ namespace requite {
 
 class Analyser {
  public:
-  /// The steps that follow: one of them.
+  /// The steps that may follow.
   class Next {
    public:
     virtual ~Next() = default;
@@ -28,8 +27,8 @@ class Analyser {
 
   Analyser(ScanContext& scan, Next& next);
 
-  /// Reads the page that triage has prepared on a connection and hands back to the scan controller. A page
-  /// that says that it has moved is read again once. A failure ends the step, and the caller passes over it.
+  /// Reads the page that triage has prepared and continues with one of the next steps. A page that says that
+  /// it has moved is fetched from its new address, once. A failure ends the step; the caller ignores it.
   void AnalysePage();
 
  private:
@@ -38,7 +37,7 @@ class Analyser {
 
   [[nodiscard]] PageEnd ReadLines(PageLines& lines);
   void AnalyseLink(std::string_view line, std::string& link);
-  /// Resolves, tests and queues a link. It then holds what a record is judged by.
+  /// Resolves, tests and queues a link. It is left in the form that RecordIfOurs tests.
   [[nodiscard]] Road TakeLink(std::string& link);
   [[nodiscard]] bool GoesOn(std::string_view link) const;
   [[nodiscard]] Road RoadOfRefused(std::string_view link);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Steps up are taken as many at a time as the dots at the front allow: a hostile page can hold a link
-// of millions of dots, and one pass over the link for each step would hold up the program for hours.
+// Takes as many steps at once as the dots at the start allow. A hostile page can hold a link of millions of
+// dots; one pass over the link for each step would block the program for hours.
 #include "scan/climb.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@
 namespace requite {
 namespace {
 
-/// What `steps` times taking the slash out of every "/." leaves: each run of slashes before a dot is
-/// shorter by that many.
+/// Has the effect of replacing every "/." by "." `steps` times: each run of slashes before a dot gets shorter
+/// by that many.
 void TakeSlashesBeforeDots(std::string& link, std::size_t steps) {
   if (link.find("/.") == std::string::npos) return;
   std::string kept;
@@ -32,7 +32,7 @@ void TakeSlashesBeforeDots(std::string& link, std::size_t steps) {
 void StepUp(std::string& directory, std::size_t steps) {
   for (; steps > 0; --steps) {
     std::string parent = ParentDir(directory);
-    if (parent == directory) return;  // at the root, further steps change nothing
+    if (parent == directory) return;  // this is the root
     directory = std::move(parent);
   }
 }
@@ -43,7 +43,7 @@ void Climb(std::string_view directory, std::string& link) {
   std::string base(directory);
   while (link.starts_with("..")) {
     const std::size_t dots = std::min(link.find_first_not_of('.'), link.size());
-    const std::size_t steps = std::max<std::size_t>(1, dots / 3);  // each takes three characters
+    const std::size_t steps = std::max<std::size_t>(1, dots / 3);  // a step takes three characters
     StepUp(base, steps);
     link.erase(0, 3 * steps);
     TakeSlashesBeforeDots(link, steps);

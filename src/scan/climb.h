@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Links that begin with "..".
+// Resolving links that begin with "..".
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@
 
 namespace requite {
 
-/// Makes a link be seen from `directory`, in place, one directory up for each ".." at its front.
-/// After each step up, every "/." of the rest loses its slash: of three and more ".." in a row all but
-/// the first run together, and the rest of their dots stays in the link.
-/// The time is near linear in the link, also for links made of dots and slashes alone.
+/// Makes a link relative to `directory` absolute, in place: one directory up for each ".." at its start.
+/// After each step up, every "/." in the rest of the link loses its slash. So of three or more ".." in a row,
+/// all after the first run together, and dots stay in the link.
+/// Takes nearly linear time, even for a link of dots and slashes only.
 void Climb(std::string_view directory, std::string& link);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The road from page to page, the commands of the user and the time-out.
+// From page to page, the commands of the user, and the time-out.
 #include "scan/controller.h"
 
 #include <limits>
@@ -20,8 +20,8 @@ void Controller::ScanNextPage() {
   TakePage();
 }
 
-/// A failure leaves the scan where it is until the user presses Stop. No page is in progress then, so the
-/// time-out ends before the box lets events run: its tick would write a row for a site that never began.
+/// After a failure the scan waits until the user presses Stop. No page is loading then. The timer stops
+/// before the message box lets events run, or a tick would write a row for a site that never began.
 template <class Block>
 void Controller::StandStillOnFailure(Block&& block) {
   try {
@@ -32,10 +32,10 @@ void Controller::StandStillOnFailure(Block&& block) {
   }
 }
 
-// NextSite begins a search, which takes a page, which may close the next site at once. Written as calls
-// of one another these would grow the stack with the number of sites, so they run as a loop. What the
-// calls would do on their way back is the same at each level: the rest of the page step, once for each
-// site that was closed because it expected no more links.
+// NextSite begins a search, which takes a page, which may close the next site at once. As calls of one
+// another these would make the stack grow with the number of sites, so this is a loop. What each call would
+// still do after its inner call is the same: the second half of the page step, once for each site that was
+// closed because it already had its links.
 void Controller::NextSite() {
   SkipType skip = CloseSite();
   std::size_t unfinishedPageSteps = 0;
@@ -73,9 +73,9 @@ void Controller::BeginSearch() {
   scan_.State.PagesDone = 0;
 }
 
-/// The first half of the page step: counts the page and looks whether the site is done. A site without
-/// more pages ends the step; a site with all its links goes on with the rest of it once the next site
-/// has begun. The difference is kept: it decides what the panels show.
+/// The first half of the page step: counts the page and finds out whether the site is finished. When the site
+/// has no more pages, the second half is left out. When it has all its links, the second half still runs
+/// after the next site has begun: the texts of the panels depend on it.
 Controller::PageDecision Controller::DecidePage() {
   ScanState& state = scan_.State;
   if (!state.Scanning) return PageDecision::Return;
@@ -93,8 +93,8 @@ Controller::PageDecision Controller::DecidePage() {
   return PageDecision::TakePage;
 }
 
-/// The second half of the page step. Only its beginning and the fetch look at Scanning: a stop that
-/// comes while the window repaints still sees the next page leave the queue.
+/// The second half of the page step. It tests Scanning only at its start: after a stop during the repaint the
+/// next page still leaves the queue, and FetchPage does nothing.
 void Controller::TakePage() {
   ScanState& state = scan_.State;
   if (!state.Scanning) return;
@@ -135,7 +135,7 @@ void Controller::cmdStop() {
   scan_.State.SiteRow = 0;
   site_ = {};
   scan_.Platform.Connection.Close();
-  scan_.Gets.Abort();  // else a moved page would hold up the end of the scan
+  scan_.Gets.Abort();  // or a moved page would delay the end of the scan
   window.pb1.SetValue(0);
   window.StatusBar1.SetPanel(1, "Stopped");
   for (const int panel : {2, 3, 4}) window.StatusBar1.SetPanel(panel, {});
@@ -150,8 +150,8 @@ void Controller::cmdStop() {
   window.Command10.SetEnabled(true);
 }
 
-// A stop that came while a fetch was starting leaves the timer running, so a tick looks at Scanning
-// like every other step: silence after a stop must not begin the scan anew.
+// A stop while a fetch is starting leaves the timer running. Without the test of Scanning its ticks would
+// start the scan again.
 void Controller::TimeoutTick() {
   ScanState& state = scan_.State;
   if (!state.Scanning) return;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Decides which Linking Site and which page comes next, when a site and the whole scan are done.
+// Decides which Linking Site and which page comes next, and when a site and the whole scan are finished.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -10,8 +9,8 @@
 
 namespace requite {
 
-/// Nothing here loops over pages: each step ends by starting a fetch, and the close of its connection
-/// carries the chain on. The context must outlive the controller.
+/// Nothing here loops over pages: each step ends by starting a fetch, and the scan continues when the server
+/// closes the connection. The context and the next step must outlive the controller.
 class Controller {
  public:
   /// The step that follows.
@@ -23,22 +22,22 @@ class Controller {
 
   Controller(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
-  /// Behind Command1. Says in a message box why a scan does not start; the results of the last scan
-  /// are gone even then.
+  /// The action of Command1. A message box says why a scan cannot start; the results of the last scan are
+  /// cleared even then.
   void StartScan();
   /// Takes the next page from the queue, or closes the site.
   void ScanNextPage();
-  /// Writes the result of the site in hand and goes on to the next one, or stops after the last.
+  /// Writes the result of the current site and begins the next one, or ends the scan after the last.
   void NextSite();
-  /// Goes on from the queue as it stands.
+  /// Continues with the pages that are in the queue now.
   void cmdDoSearch_Click();
-  /// Skips with the reason word "Skipped", by the kind of skip that is checked in the skip menu.
+  /// Skips the Linking Site or the Main Site, as the skip menu says, with the reason word "Skipped".
   void cmdSkip();
-  /// Goes on to the next site, without a reason word.
+  /// Skips the Linking Site without a reason word.
   void cmdNextSearch();
-  /// Ends the scan, writes the report and releases the commands.
+  /// Ends the scan, writes the report and enables the commands again.
   void cmdStop();
-  /// One second without data on a connection.
+  /// Called once a second while a page is loading.
   void TimeoutTick();
 
  private:
@@ -80,7 +79,7 @@ class Controller {
 
   ScanContext& scan_;
   Next& next_;
-  ScannedSite site_;  ///< the one that began last, until its end
+  ScannedSite site_;  ///< the current one; empty between sites
 };
 
 }  // namespace requite

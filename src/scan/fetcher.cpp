@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start of a page and the three events of its connection.
+// The start of a fetch and the three events of its connection.
 #include "scan/fetcher.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ std::string Joined(std::string_view words, const PageFetch& page, std::string_vi
   return text.append(words).append(page.PageHost).append(page.PagePath).append(more);
 }
 
-/// These lines, in this order, are the whole of a request.
+/// The request has these lines in this order and no others.
 std::string RequestFor(const PageFetch& page) {
   std::string request;
   request.reserve(page.PagePath.size() + page.PageHost.size() + 80);
@@ -36,7 +36,7 @@ std::string RequestFor(const PageFetch& page) {
   return request.append("Connection: close\r\nAccept: */*\r\n\r\n");
 }
 
-/// What follows the first blank of the first header line with "Content-Length", in exactly this case.
+/// The text after the first blank of the first line with "Content-Length", spelled exactly so.
 std::string_view ContentLengthText(std::string_view header) {
   const std::size_t at = header.find("Content-Length");
   if (at == std::string_view::npos) return {};
@@ -49,8 +49,8 @@ std::string_view ContentLengthText(std::string_view header) {
 
 }  // namespace
 
-/// Runs a statement of FetchPage. An argument that the platform refuses lengthens PageUrl, and the
-/// fetch carries on; any other failure ends it: then the result is false.
+/// Runs a statement of FetchPage. After an invalid argument, PageUrl gets a "/" and the fetch continues. Any
+/// other failure ends the fetch: the result is false.
 template <class Statement>
 bool Fetcher::Attempt(Statement&& statement) {
   try {
@@ -87,7 +87,7 @@ void Fetcher::OnConnect() {
   scan_.Host.UpdateStats(Counted::PageScanned);
   scan_.Platform.EventLoop.LetPendingEventsRun();
   scan_.Window.pb1.SetValue(0);
-  // After a skip the connection is already another one, which sends its own request when it stands.
+  // A skip during the yield has started another connection, which sends its own request.
   if (fetch != fetches_ || !scan_.State.Scanning) return;
   scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page));
 }
@@ -100,7 +100,7 @@ void Fetcher::OnDataArrival(std::size_t bytesTotal) {
   page.BytesReceived += static_cast<std::int32_t>(bytesTotal);
   ShowProgress(page);
   LookForHeaderEnd(page);
-  // No server can fill the memory: a page that is full ends here. A skip in between has emptied it.
+  // No server may fill the memory. A skip during a yield has emptied the buffer.
   if (page.RecvBuffer.size() < kMostBytes) return;
   scan_.Platform.Connection.Close();
   OnClose();
@@ -120,7 +120,7 @@ void Fetcher::ShowProgress(const PageFetch& page) {
       1, Joined("Downloading: ", page, " (" + std::to_string(page.BytesReceived) + ")"));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   if (page.ContentLength < 1) return;
-  // A page that is longer than it said has no place on the bar.
+  // The bar refuses a value above 100, when the page is longer than its header says.
   const double share = 1.0 * page.BytesReceived / page.ContentLength;
   PassOver([&] { scan_.Window.pb1.SetValue(std::abs(share * 100)); });
   scan_.Platform.EventLoop.LetPendingEventsRun();
@@ -132,14 +132,14 @@ void Fetcher::LookForHeaderEnd(PageFetch& page) {
   if (at == std::string::npos) return;
   page.HeaderSeen = true;
   page.BytesReceived -= static_cast<std::int32_t>(at + kHeaderEnd.size());
-  // Only the progress bar uses the length; one that is no number is as good as none.
+  // Only the progress bar uses the length, so a length that is not a number is ignored.
   PassOver([&] {
     page.ContentLength = ReadInt32(ContentLengthText(std::string_view(page.RecvBuffer).substr(0, at)));
   });
 }
 
-/// Offset of the blank line behind the headers, or npos. Looks at each byte once, so that headers
-/// without an end cost no more than a page of that size.
+/// The offset of the blank line after the headers, or npos. Looks at each byte once: headers that never end
+/// must not take quadratic time.
 std::size_t Fetcher::FindHeaderEnd(const PageFetch& page) {
   const std::size_t at = page.RecvBuffer.find(kHeaderEnd, searchedTo_);
   const std::size_t kept = kHeaderEnd.size() - 1;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Gets one page at a time with a small HTTP/1.1 client of its own: one connection a page, closed by
-// the server at the page's end.
+// Gets one page at a time with a small HTTP/1.1 client: one connection per page, which the server closes at
+// the end of the page.
 #pragma once
 
 #include <cstddef>
@@ -12,13 +12,13 @@
 
 namespace requite {
 
-/// Hears the events of the one connection, number 0. The context must outlive the fetcher.
+/// Handles the events of the connection. The context and the next step must outlive the fetcher.
 class Fetcher : public ConnectionEvents {
  public:
-  /// A page ends here at the latest: no more of it is kept.
+  /// A longer page is cut here.
   static constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 
-  /// The steps that follow, in this order.
+  /// The steps that follow, called in this order.
   class Next {
    public:
     virtual ~Next() = default;
@@ -28,8 +28,8 @@ class Fetcher : public ConnectionEvents {
 
   Fetcher(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
-  /// Cuts State.PageUrl into host and path and starts the fetch; the page comes back through the
-  /// events. Changes PageUrl, PageFull and PageDir. A failure leaves the fetch to the time-out.
+  /// Cuts State.PageUrl into host and path and starts the fetch; the page arrives by the events below.
+  /// Changes PageUrl, PageFull and PageDir. After a failure the time-out ends the site.
   void FetchPage();
 
   void OnConnect() override;
@@ -46,8 +46,8 @@ class Fetcher : public ConnectionEvents {
 
   ScanContext& scan_;
   Next& next_;
-  std::size_t searchedTo_ = 0;  // no header end begins before this offset of RecvBuffer
-  std::uint64_t fetches_ = 0;   // tells after a yield whether the page is still the same
+  std::size_t searchedTo_ = 0;  // the header does not end before this offset of RecvBuffer
+  std::uint64_t fetches_ = 0;   // shows after a yield whether another fetch has begun
 };
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One pass in place of nine replacements over the whole page.
+// One pass that has the effect of nine replacements over the whole page.
 #include <algorithm>
 
 #include "platform/text.h"
@@ -12,10 +12,10 @@ namespace {
 constexpr std::string_view kHref = "href=";
 constexpr std::string_view kHrefOnLine = "\r\nhref=";
 
-/// Blanks after "href=" go in runs of 8, 7, 6 and so on down to 1, once each: these are 36 at the most.
+/// Blanks after "href=" are removed in runs of 8, 7, 6 and so on down to 1, once each: at most 36.
 constexpr std::size_t kMostBlanks = 36;
 
-/// How many blanks at the start of a text go.
+/// How many of the blanks at the start of a text are removed.
 std::size_t BlanksTaken(std::string_view text) {
   text = text.substr(0, kMostBlanks);
   const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
@@ -26,8 +26,8 @@ std::size_t BlanksTaken(std::string_view text) {
   return blanks - left;
 }
 
-/// Room for the result. A large page gets all that it can need: growing would copy it, and room that is
-/// not used costs nothing there.
+/// How much to reserve for the result. A large page gets all that it may need: growing would copy it, and
+/// unused memory of that size is never touched.
 std::size_t RoomFor(std::size_t size, const Slices& slices) {
   const std::size_t growth = kHrefOnLine.size() - kHref.size();
   const std::size_t most = size + size / kHref.size() * growth;
@@ -42,7 +42,7 @@ std::optional<std::string> PutHrefsOnLines(std::string_view body, const Slices& 
   text.reserve(RoomFor(body.size(), slices));
   std::size_t copied = 0;
   for (std::size_t slice = slices.Bytes;; slice += slices.Bytes) {
-    // No href begins in the last four bytes of a window that is cut off there.
+    // An "href=" that begins in the last four bytes of the window is found with the next one.
     const std::string_view window = body.substr(0, slice);
     for (std::size_t at = finder.Find(window, copied); at != std::string_view::npos;
          at = finder.Find(window, copied)) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The end of a value is found in one pass, with a look at the events every few kilobytes.
+// Finds the end of a value in one pass and lets events run every few kilobytes.
 #include "scan/href_value.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "platform/text.h"
 
@@ -10,7 +11,7 @@ namespace requite {
 namespace {
 
 constexpr std::string_view kHref = "href=";
-constexpr std::size_t kSlice = 4096;  // bytes between two looks at the events
+constexpr std::size_t kSlice = 4096;  // bytes between two yields
 
 /// The length of the text before its first quote or ">".
 std::size_t LengthOfValue(std::string_view text) {
@@ -18,7 +19,7 @@ std::size_t LengthOfValue(std::string_view text) {
   return text.size();
 }
 
-/// The place of the first quote or ">", or the end of the text. Nothing when the scan was stopped.
+/// The offset of the first quote or ">", or the length of the text. Nothing after a stop.
 std::optional<std::size_t> FindTerminator(std::string_view text, const bool& scanning, EventLoop& events) {
   for (std::size_t from = 0; scanning; from += kSlice) {
     if (from > 0) events.LetPendingEventsRun();
@@ -29,7 +30,7 @@ std::optional<std::size_t> FindTerminator(std::string_view text, const bool& sca
   return std::nullopt;
 }
 
-/// The text behind "href=" without the quote there: a double one goes first, then a single one.
+/// Drops a quote at the start: first a double one, then a single one.
 std::string_view WithoutOpeningQuote(std::string_view text) {
   if (text.starts_with('"')) text.remove_prefix(1);
   if (text.starts_with('\'')) text.remove_prefix(1);
@@ -48,7 +49,7 @@ Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
   const std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
   const std::optional<std::size_t> end = FindTerminator(rest, scanning, events);
   if (!end) return Cut::Stopped;
-  // A value that is shorter than its own "href=" and one letter is none.
+  // When nothing is left after "href=", there is no value.
   const std::size_t kept = KeptLength(rest.size() + kHref.size(), *end + kHref.size());
   if (kept <= kHref.size()) return Cut::TooShort;
   const std::string_view text = rest.substr(0, kept - kHref.size());

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Cutting the value of an href out of a line.
+// Cuts the value of an href out of a line.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,15 +10,15 @@
 namespace requite {
 
 enum class Cut {
-  Done,      ///< the value is there
-  TooShort,  ///< the line holds no value
-  Stopped,   ///< the scan was stopped while the value was looked for
+  Done,      ///< the value was found
+  TooShort,  ///< the line has no value
+  Stopped,   ///< the scan was stopped during the search
 };
 
-/// Cuts the value of the href out of a line that begins with it; the line has no other. A quote directly
-/// behind "href=" goes, the value ends at the next quote or ">", and at its first blank. A line on which no
-/// end comes, or only as its last character, loses its last two characters: ResolveLink mends some of what
-/// that cuts off. Lets events run in long values.
+/// Cuts the value out of a line that begins with "href=" and has no second one. A quote directly after
+/// "href=" is dropped; the value ends at the next quote or ">", or at its first blank. When there is no end,
+/// or only as the last character of the line, the last two characters are lost: ResolveLink repairs some of
+/// these cuts. Lets events run in long values and reads `scanning` after that.
 [[nodiscard]] Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
                                std::string& value);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tests of an href value before it is resolved.
+// Tests of an href value before it is resolved.
 #include "scan/link_filter.h"
 
 #include "platform/text.h"
@@ -14,7 +14,7 @@ bool LinkFilter::IsAllowedType(std::string_view value, LetterSet letters) {
   if (value.ends_with('/')) return true;
   const bool isQuery = value.find('.') == std::string_view::npos && value.find('?') != std::string_view::npos;
   if (isQuery || HoldsFileType(value, letters)) return true;
-  // Compared as a text, unlike the other flags: any other text switches the list off.
+  // Compared as a text, unlike other settings: anything but "1" switches the list off.
   return settings_.GetSetting(setting::chkFileTypes) != "1";
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which href values can be a page at all: schemes that are none, the list of file types, fragments.
+// Which href values can be pages: tests of scheme, file type and fragment.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace requite {
 
-/// Each test is given the value with its letters.
+/// Each test takes the value and the set of its letters.
 class LinkFilter {
  public:
   /// `fileTypes` is the list of the current scan; it must outlive the filter.
@@ -20,10 +20,10 @@ class LinkFilter {
 
   /// Whether the value names a script or a mail address.
   [[nodiscard]] bool IsScriptOrMail(std::string_view value, LetterSet letters) const;
-  /// Whether the value passes the list of file types, or the list is not in use.
+  /// Whether the list of file types allows the value, or is not in use.
   [[nodiscard]] bool IsAllowedType(std::string_view value, LetterSet letters);
-  /// Whether the value is a local file or has a fragment. Links with a fragment are dropped, even
-  /// those to the Main Site.
+  /// Whether the value is a local file or has a fragment. Links with a fragment do not count, not even those
+  /// to the Main Site.
   [[nodiscard]] bool IsLocalOrFragment(std::string_view value, LetterSet letters) const;
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The address is cut more roughly here than a link's value: from the start of the line.
+// The address is cut out less carefully than the value of a link: from the start of the line.
 #include "scan/moved_page.h"
 
 #include "platform/text.h"

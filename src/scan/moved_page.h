@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a page that says it has moved is to be found now.
+// The new address of a page that has moved.
 #pragma once
 
 #include <optional>
@@ -9,8 +9,8 @@
 
 namespace requite {
 
-/// Reads on from the line in hand to one with an href, and cuts the new address out of it. Without any
-/// href it is the last line read, and `pageFull` when that is empty.
+/// Reads from the current line on to one with an href and cuts the new address out of it. Without an href the
+/// result is the last line, or `pageFull` when that is empty. Nothing after a stop.
 [[nodiscard]] std::optional<std::string> MovedAddress(PageLines& lines, const std::string& pageFull,
                                                       const Slices& slices);
 

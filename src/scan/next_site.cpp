@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The end of a site: its closing row, and the way to the next site.
+// The end of a site: its verdict, its last row, and which site comes next.
 #include <string>
 #include <utility>
 
@@ -17,7 +17,8 @@ std::string InParentheses(const std::string& reason) {
 
 }  // namespace
 
-/// Everything of the end of a site that comes before the advance. Returns what kind of skip asked for it.
+/// The end of a site, up to the choice of the next one. Returns what is skipped: the Linking Site, unless the
+/// user asked for the whole Main Site.
 SkipType Controller::CloseSite() {
   ScanState& state = scan_.State;
   scan_.Host.UpdateStats(Counted::LinkingSite);
@@ -26,9 +27,9 @@ SkipType Controller::CloseSite() {
   state.TimeoutSeconds = scan_.Settings.Number(setting::txtTimeout);
   std::string reason = state.ReasonNote;
   state.ReasonNote = InParentheses(reason);
-  state.Scanning = true;  // lets a timer or a skip carry on
+  state.Scanning = true;  // so a skip continues the scan even after a stop
   scan_.Platform.Connection.Close();
-  scan_.Gets.Abort();  // else a moved page would hold up the next site
+  scan_.Gets.Abort();  // or a moved page would delay the next site
   const SiteVerdict verdict = Judge(std::move(reason));
   WriteSiteResult(verdict.End);
   scan_.Host.SiteFinished(verdict);
@@ -61,7 +62,6 @@ SiteEnd Controller::DecideEnd() const {
   return redirect ? SiteEnd::Redirect : SiteEnd::NoneFound;
 }
 
-/// One row at most.
 void Controller::WriteSiteResult(SiteEnd end) {
   switch (end) {
     case SiteEnd::AllLinks: return;
@@ -95,7 +95,7 @@ void Controller::WriteRedirect() {
   });
 }
 
-/// The Link URL of such a row is the bare host too, because the host was taken from the site's own text.
+/// The Link URL is the bare host too: BareHost changes CurrentLinkingUrl itself.
 void Controller::WriteNoneFound() {
   ScanState& state = scan_.State;
   std::string linking = BareHost(state.CurrentLinkingUrl);
@@ -106,7 +106,7 @@ void Controller::WriteNoneFound() {
   ColourSiteRow(kRed);
 }
 
-/// The row may be gone by now: the user can delete sites during a scan.
+/// The user can delete sites during a scan, so the row may not exist.
 void Controller::ColourSiteRow(std::uint32_t colour) {
   PassOver([&] {
     scan_.Project.List1(scan_.Project.CurrentMainSite)
@@ -114,7 +114,7 @@ void Controller::ColourSiteRow(std::uint32_t colour) {
   });
 }
 
-/// SeenPages keeps what it holds: only the count of its used slots goes back.
+/// SeenPages keeps its entries; only the count of its used slots is set to 0.
 void Controller::ResetForNextSite() {
   ScanState& state = scan_.State;
   state.LinksCounted = 0;
@@ -130,8 +130,8 @@ void Controller::ResetForNextSite() {
   state.RedirectSuspected = false;
 }
 
-/// A skip of one Linking Site looks at no scan type: in a scan of one site it moves on as if all were
-/// to be scanned. A skip of a Main Site leaves SkipRequested set until a later site ends another way.
+/// A skip of a Linking Site ignores the scan type: even a scan of one site continues as if all were to be
+/// scanned. A skip of a Main Site leaves SkipRequested set until a later site ends without such a skip.
 Controller::Advance Controller::DecideAdvance(SkipType skip) {
   ScanState& state = scan_.State;
   const auto mainSites = static_cast<std::int64_t>(scan_.Project.List4.RowCount());
@@ -152,7 +152,7 @@ Controller::Advance Controller::DecideAdvance(SkipType skip) {
   return amongAll();
 }
 
-/// Goes to the next site and puts it in the queue. Returns false when the scan ended instead.
+/// Takes the next site and puts it in the queue. Returns false when the scan has ended instead.
 bool Controller::AdvanceSite(SkipType skip) {
   const Advance advance = DecideAdvance(skip);
   if (advance == Advance::Stop) {
@@ -177,7 +177,7 @@ bool Controller::AdvanceSite(SkipType skip) {
   return true;
 }
 
-/// Takes the site of row SiteRow. Fails when the row does not exist or its count of links is no number.
+/// Takes the site of row SiteRow. Throws when the row does not exist or its expected links are not a number.
 void Controller::TakeLinkingSite() {
   const LinkingSite& site = scan_.Project.List1(scan_.Project.CurrentMainSite)
                                 .At(static_cast<std::size_t>(scan_.State.SiteRow - 1));
@@ -190,7 +190,7 @@ void Controller::TakeMainSiteKey() {
   NormaliseMainSite(scan_.State.MainSiteKey);
 }
 
-/// A Main Site that does not exist reads as an empty text, like a row of any single-column list.
+/// Empty for a Main Site that does not exist.
 std::string Controller::MainSiteText() const {
   const RecordList<MainSite>& mainSites = scan_.Project.List4;
   const int row = scan_.Project.CurrentMainSite - 1;

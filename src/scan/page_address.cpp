@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Plain text work on the URL as it stands: which pages are fetched depends on each blind spot of it.
+// Plain text operations on the URL. Which pages are fetched depends on every gap in them.
 #include "scan/page_address.h"
 
 #include <algorithm>
@@ -13,8 +13,8 @@
 namespace requite {
 namespace {
 
-/// Drops a "/" at the end. It is put back behind the path only when another "/" stands in the URL; the
-/// scheme still counts here, so "http://a.example/" keeps its slash and "a.example/" does not.
+/// Drops a "/" at the end. Returns whether the path gets it back: only when the URL has another "/". The
+/// scheme is still there, so "http://a.example/" keeps its slash and "a.example/" does not.
 bool DropLastSlash(std::string& url) {
   if (url.empty() || url.back() != '/') return false;
   const bool keepSlash = std::count(url.begin(), url.end(), '/') > 1;
@@ -22,7 +22,7 @@ bool DropLastSlash(std::string& url) {
   return keepSlash;
 }
 
-/// A last segment without a dot is taken for a directory.
+/// A last segment without a dot counts as a directory.
 std::string DirectoryOf(std::string_view url) {
   std::string directory(url);
   const std::size_t slash = directory.rfind('/');
@@ -48,7 +48,7 @@ void CutUrl(ScanState& state, PageFetch& page) {
     return;
   }
   page.PageHost = state.PageUrl.substr(0, slash + 1);
-  // The host goes wherever it stands, also inside the path.
+  // This removes the host everywhere, also inside the path.
   page.PagePath = Replace(state.PageUrl, page.PageHost, {}, Compare::Binary);
   if (keepSlash) page.PagePath += '/';
   page.PageHost.pop_back();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Marks are searched in the page, a slice at a time, and then told to be on a line or not: lines are short,
-// and a search of its own for each mark on each line would cost more than all the rest.
+// Marks are searched for in the whole page, a slice at a time. Lines are short: a search for each mark in
+// each line would take longer than everything else.
 #include "scan/page_lines.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ bool PageLines::HasMovedTitle() {
 }
 
 bool PageLines::Mark::IsIn(std::string_view text, std::size_t begin, std::size_t end, const Slices& slices) {
-  // No mark holds a line end, so one that begins on the line is there as a whole.
+  // A mark has no line end, so a mark that begins on the line also ends there.
   if (at_ != std::string_view::npos && at_ >= begin) return at_ < end;
   at_ = std::string_view::npos;
   searchedTo_ = std::max(searchedTo_, begin);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of recording, in their order: a failure leaves done what came before it.
+// The order of the steps matters: after a failure, those before it stay done.
 #include "scan/record_link.h"
 
 #include <limits>
@@ -19,7 +19,7 @@ void CountUp(Integer& count) {
 
 void AddResult(ScanContext& scan, std::string_view status) {
   ScanState& state = scan.State;
-  // The reduction to the bare host stays in CurrentLinkingUrl.
+  // BareHost changes CurrentLinkingUrl itself.
   const std::string linking = BareHost(state.CurrentLinkingUrl);
   scan.Project.List3.Add(
       {state.MainSiteKey, linking, std::string(status), ZeroPadded(state.LinkNumber, 3), state.PageFull},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A link to the Main Site becomes a result.
+// Records a link to the Main Site as a result.
 #pragma once
 
 #include <string_view>
@@ -8,9 +8,9 @@
 
 namespace requite {
 
-/// Counts a link and adds its row to the results, with the page in hand as its Link URL; a direct link
-/// may make that page the Website URL of the site. Ends by letting events run. Throws Subscript when
-/// the row of the Linking Site is gone, and Overflow when the count of links leaves 16 bits.
+/// Counts a link and adds its row to the results, with the current page as its Link URL. A direct link may
+/// also make that page the Website URL of the site. Lets events run at the end. Throws Subscript when the row
+/// of the Linking Site does not exist any more, and Overflow when the number of links exceeds 16 bits.
 void RecordLink(ScanContext& scan, std::string_view status);
 
 }  // namespace requite

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Links are taken apart and mended by plain string work. The order of the steps and what they overlook
-// decide which links count and which pages are fetched, so neither may change.
+// Links are taken apart and repaired by plain text operations. Which links count and which pages are fetched
+// depends on the order of the steps and on what they overlook, so neither may change.
 #include "scan/resolve.h"
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 #include "platform/schemes.h"
 #include "platform/text.h"
@@ -16,22 +15,22 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
-/// How a host is told from a relative file name: by these fragments, wherever they stand.
+/// Tells a host from a relative file name by these fragments, anywhere in the link.
 bool LooksLikeHost(std::string_view link) {
-  constexpr std::array<std::string_view, 4> kBehindDot = {"com", "net", "edu", "gov"};
+  constexpr std::array<std::string_view, 4> kAfterDot = {"com", "net", "edu", "gov"};
   constexpr std::array<std::string_view, 2> kBeforeDot = {"www", "ww2"};
   for (std::size_t dot = link.find('.'); dot != kNowhere; dot = link.find('.', dot + 1)) {
-    const std::string_view behind = link.substr(dot + 1, 3);
+    const std::string_view after = link.substr(dot + 1, 3);
     const std::string_view before = dot < 3 ? std::string_view() : link.substr(dot - 3, 3);
-    const auto isBehind = [&](std::string_view end) { return Equals(behind, end, Compare::Text); };
+    const auto isAfter = [&](std::string_view end) { return Equals(after, end, Compare::Text); };
     const auto isBefore = [&](std::string_view head) { return Equals(before, head, Compare::Text); };
-    if (std::any_of(kBehindDot.begin(), kBehindDot.end(), isBehind)) return true;
+    if (std::any_of(kAfterDot.begin(), kAfterDot.end(), isAfter)) return true;
     if (std::any_of(kBeforeDot.begin(), kBeforeDot.end(), isBefore)) return true;
   }
   return false;
 }
 
-/// The first "//", by every other sign: a link of millions of slashes must not be searched one by one.
+/// The first "//". Looks at every second character only, to be quick in links of megabytes.
 std::size_t FindDoubleSlash(std::string_view link) {
   for (std::size_t i = 1; i < link.size(); i += 2) {
     if (link[i] != '/') continue;
@@ -53,14 +52,15 @@ void MakeAbsolute(std::string& link, const LinkOrigin& origin, bool schemeNoted)
     return;
   }
   if (link.starts_with("./")) {
-    // From the root of the host, not from the directory of the page; and the link goes on below.
+    // Relative to the root of the host, not to the directory of the page. The next test sees the result.
     ReplaceIn(link, "./", "", Compare::Binary);
     link.insert(0, 1, '/').insert(0, origin.DotRoot);
   }
   if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, 1, '/').insert(0, origin.Directory);
 }
 
-/// What replacing "//" by "/" four times over gives: each run of slashes is a sixteenth as long, rounded up.
+/// Has the effect of replacing "//" by "/" four times: a run of slashes becomes a sixteenth as long, rounded
+/// up.
 void ShortenSlashRuns(std::string& link) {
   constexpr std::size_t kShortening = 16;
   std::size_t kept = FindDoubleSlash(link);
@@ -73,8 +73,8 @@ void ShortenSlashRuns(std::string& link) {
   link.resize(kept);
 }
 
-/// Undoes what the cutting of href values leaves at their ends. The first three act on all their
-/// occurrences, once the link ends in one.
+/// Repairs what CutHrefValue leaves at the end of a value. When the link ends in one of the first three, the
+/// repair is made everywhere in the link.
 void MendEnding(std::string& link) {
   constexpr std::string_view kLastLetters = "sSt:ThHeEfFpP";  // of all the endings below
   if (kLastLetters.find(link.back()) == kNowhere) return;
@@ -90,7 +90,7 @@ void MendEnding(std::string& link) {
   }
 }
 
-/// The last two labels of a host with more than two; else the host as it stands.
+/// The last two labels of a host.
 std::string_view RegisteredDomain(std::string_view host) {
   const std::size_t last = host.rfind('.');
   if (last == kNowhere || last == 0) return host;
@@ -121,8 +121,8 @@ void SiteTests::ReadMainSite() {
   mainSite_ = TextFinder(key);
   mainDomain_ = key;
   RemoveSchemes(mainDomain_);
-  // The slash stays with the host here and goes in IsSameDomain: a Main Site with a path is never the
-  // same domain as any link.
+  // The slash is kept here, but not in IsSameDomain. So a Main Site with a path never has the domain of a
+  // link.
   if (key.find('/') != kNowhere) mainDomain_.resize(mainDomain_.find('/') + 1);
   mainDomain_ = std::string(RegisteredDomain(mainDomain_));
   mainSiteKey_ = key;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A header has one blank line, at its end. So the blank lines of the page are looked for, and each is
-// compared with the header from its end on: no comparison reaches beyond the blank line before, and all of
-// them together read the page once, however long and repetitive header and page are.
+// A header has one blank line, at its end. So this searches for blank lines and compares the text before each
+// with the header, backwards. No comparison goes past the blank line before, so all of them together read the
+// page once, however long and repetitive header and page are.
 #include "scan/response_header.h"
 
 #include <algorithm>
@@ -20,12 +20,12 @@ bool EndsWithHeader(std::string_view text, std::string_view header) {
   });
 }
 
-/// Moves the pieces that stay to the front of the text.
+/// Moves the pieces that are kept to the front of the text.
 class Compaction {
  public:
   explicit Compaction(std::string& text) : text_(text) {}
 
-  /// Where the rest begins that was not looked at yet.
+  /// Where the part begins that is neither kept nor dropped yet.
   [[nodiscard]] std::size_t Rest() const { return rest_; }
   void Drop(std::size_t begin, std::size_t end) {
     Keep(begin);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Taking the header block out of a response.
+// Removes the header block from a response.
 #pragma once
 
 #include <string>
@@ -9,9 +9,10 @@
 
 namespace requite {
 
-/// Takes every occurrence of the header, in any letter case, out of a response that begins with it: a page
-/// that repeats its own header loses it there too. The header ends at the first blank line, or has three
-/// bytes at most. The time is linear in the response, whatever it holds. A stop breaks it off.
+/// Removes every occurrence of the header, in any letter case, from a response that begins with it: a page
+/// that repeats its own header loses it there too. The header must end at the first blank line of the
+/// response, or have at most three bytes. Takes linear time whatever the response holds. Ends early after a
+/// stop.
 void RemoveHeader(std::string& response, std::string_view header, const Slices& slices);
 
 }  // namespace requite

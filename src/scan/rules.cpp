@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All rules that apply count alike, whatever their scope; their order decides only what is logged.
+// All rules that apply count equally, whatever their scope. Their order decides only what is logged.
 #include "scan/rules.h"
 
 #include <optional>
@@ -12,7 +12,7 @@
 namespace requite {
 namespace {
 
-/// The kind of a rule; nothing for another word, which never fails.
+/// Nothing for an unknown word: such a rule never fails.
 std::optional<RuleKind> KindOf(std::string_view word) {
   for (const RuleKind& kind : kRuleKinds) {
     if (kind.Word == word) return kind;
@@ -55,8 +55,8 @@ bool Rules::PassesRules(std::string_view url) {
 }
 
 void Rules::PickApplicable() {
-  // Rows are read at each URL: a recorded link may change the Website URL, and from then on a rule for
-  // the site as it was no longer applies.
+  // The rows are read for each URL: a recorded link may change the Website URL, and a rule for the old URL
+  // does not apply any more.
   const std::string& mainSite =
       project_.List4.At(static_cast<std::size_t>(project_.CurrentMainSite) - 1).Text;
   const std::string& websiteUrl =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The crawl rules: whether the crawl may use a URL, and the log of what it may not.
+// The crawl rules: which URLs a scan may use, and the log of those it may not.
 #pragma once
 
 #include <cstdint>
@@ -15,21 +15,21 @@
 
 namespace requite {
 
-/// Appends one exclusion to "rules.log" in the program's folder. The log is never emptied.
-/// Throws what the file system refuses.
+/// Appends an entry to "rules.log" in the program's folder. Nothing ever empties this file.
+/// Throws when the file system refuses.
 void LogExclusion(const ProgramFolder& folder, std::string_view ruleType, std::string_view ruleValue,
                   std::string_view url);
 
-/// The rules of the project as they apply to the Linking Site in scan. They are picked out anew when
-/// a rule, the Main Site's text or the row's Website URL has changed since the last URL.
+/// The rules of the project that apply to the current Linking Site. They are selected again when a rule, the
+/// text of the Main Site or the Website URL of the row has changed since the last call.
 class Rules {
  public:
   Rules(const Project& project, const ScanState& state, const Settings& settings, const ProgramFolder& folder)
       : project_(project), state_(state), settings_(settings), folder_(folder) {}
 
-  /// Whether the crawl may use a resolved URL. The first rule that fails decides, and is logged when
-  /// the setting says so. With any rule in the project it throws Subscript when the row of the Main
-  /// Site or of the Linking Site is gone.
+  /// Whether the scan may use a resolved URL. The first rule that fails decides; it is logged when the
+  /// setting says so. If the project has any rules, throws Subscript when the row of the Main Site or of the
+  /// Linking Site does not exist.
   [[nodiscard]] bool PassesRules(std::string_view url);
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Wires the steps of a scan together and to the platform's events.
+// Connects the steps of a scan with each other and with the platform's events.
 #include "scan/scan.h"
 
 namespace requite {

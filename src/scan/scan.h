@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The whole scan: makes its steps over one context, and is what each of them calls next.
+// The whole scan: makes the steps and connects each one to the next.
 #pragma once
 
 #include <string>
@@ -13,8 +13,8 @@
 
 namespace requite {
 
-/// Owned by the main window, which owns what it is built over. Takes the events of the connection and
-/// the ticks of timTimeout as long as it lives.
+/// Owned by the main window, like everything that its constructor takes. While it lives, it handles the
+/// events of the connection and the ticks of timTimeout.
 class Scan : private Controller::Next, private Fetcher::Next, private Triage::Next, private Analyser::Next {
  public:
   Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
@@ -23,7 +23,7 @@ class Scan : private Controller::Next, private Fetcher::Next, private Triage::Ne
   Scan(const Scan&) = delete;
   Scan& operator=(const Scan&) = delete;
 
-  /// The commands of the user, each with the name of its button.
+  /// The user's commands, named like their buttons.
   void StartScan() { controller_.StartScan(); }  ///< Command1
   void cmdDoSearch_Click() { controller_.cmdDoSearch_Click(); }
   void cmdSkip() { controller_.cmdSkip(); }
@@ -33,7 +33,7 @@ class Scan : private Controller::Next, private Fetcher::Next, private Triage::Ne
   /// Takes the next page of the current site, or closes the site.
   void ScanNextPage() override { controller_.ScanNextPage(); }
 
-  /// What every step works on.
+  /// What the steps work on.
   [[nodiscard]] ScanContext& Context() { return scan_; }
 
  private:

@@ -16,7 +16,7 @@
 
 namespace requite {
 
-/// Handed by reference to every step. What is not a step takes only the members that it uses.
+/// Every step gets it by reference. Code that is not a step takes only the members that it uses.
 struct ScanContext {
   requite::Project& Project;
   ScanLists& Lists;
@@ -27,9 +27,9 @@ struct ScanContext {
   requite::Settings Settings;
   const ProgramFolder& Folder;
   WorkFolder& Work;
-  requite::Gets Gets{Platform.Internet};  ///< moved pages only: the end of a site ends them
+  requite::Gets Gets{Platform.Internet};  ///< for moved pages; aborted at the end of a site
 
-  /// For a step over a whole page.
+  /// The slices of a step that reads a whole page.
   [[nodiscard]] Slices PageSlices() const { return SlicesOf(State.Scanning, Platform.EventLoop); }
 };
 

@@ -9,7 +9,7 @@ namespace requite {
 
 class ScanHost : public SiteEvents {
  public:
-  /// Selects a row of List4, counted from 0, and runs the steps of a selection by the user.
+  /// Selects a row of List4, counted from 0, and does what a selection by the user does.
   virtual void SelectMainSite(int row) = 0;
   /// Raises a counter and shows it.
   virtual void UpdateStats(Counted kind) = 0;
@@ -18,7 +18,7 @@ class ScanHost : public SiteEvents {
   virtual void ResetSiteCounters() = 0;  ///< MainSitesScanned, LinkingSitesScanned
   virtual void GenerateLinkReport() = 0;
   /// Tells the user, without waiting for an answer, that the work files of a page could not be written.
-  /// Called once a scan at the most; nothing of the scan depends on the files.
+  /// Called at most once per scan. The scan itself does not need the files.
   virtual void TellWorkFilesUnwritten() = 0;
 };
 

@@ -10,7 +10,7 @@
 
 namespace requite {
 
-/// The number of Linking Sites that the scan goes through, by its type and the lists as they are now.
+/// The number of Linking Sites of the scan, by its type and by the lists as they are now.
 [[nodiscard]] std::size_t SitesToScan(const Project& project, const ScanState& state);
 
 /// 0 to 100: the Linking Sites that are finished, and of the current one the pages that are done among

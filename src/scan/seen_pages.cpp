@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The seen table with a hashed index over its slots.
+// A table of urls with a hashed index.
 #include "scan/seen_pages.h"
 
 #include <algorithm>

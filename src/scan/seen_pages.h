@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Every page queued on a site. The table is never emptied between sites: only the count of used
-// slots goes back, so what stood in a slot before can count as seen again.
+// The pages that were queued on a site. The table is never emptied between sites, only its count of used
+// slots is set to 0. So an entry of an earlier site counts as seen again once the count reaches its slot.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -16,12 +15,12 @@ class SeenPages {
  public:
   static constexpr std::int32_t kSlots = 100000;  ///< indices 0 to 99999
 
-  /// Stores into a slot, whatever stood there. Throws Subscript outside the table.
+  /// Stores a url in a slot and replaces what was there. Throws Subscript outside the table.
   void Store(std::int32_t index, const std::string& url);
-  /// Whether any slot from 0 to `last` holds the url, given in lower case: equal length, text compare.
-  /// An empty url is held by nothing.
+  /// Whether a slot from 0 to `last` holds the url, which must be in lower case; letter case does not count.
+  /// Never true for an empty url.
   [[nodiscard]] bool HasUpTo(std::int32_t last, const std::string& lowerUrl) const;
-  /// No slot holds a longer url, in bytes. Those stored over may still count.
+  /// No slot holds a longer url, in bytes. Replaced urls may still count.
   [[nodiscard]] std::size_t LongestUrl() const { return longest_; }
 
  private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The seen tests, each a look-up by key. What counts as equal is kept exactly: Linking Sites are
-// compared without any "www.", queued pages by equal length and text compare.
+// Each test is a look-up by key. Linking Sites are compared without any "www.", queued pages with it; letter
+// case never counts.
 #include "scan/seen_url.h"
 
 #include <algorithm>
@@ -27,8 +27,7 @@ bool IsDigits(std::string_view text) {
 bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url) {
   RemoveSchemeAndWwwRemains(url);
   const std::string lowerUrl = Lower(url);
-  // Most links lead to pages that were queued before, so that table is asked first. No page holds an
-  // empty text.
+  // Most links lead to pages that were queued before, so this is tested first.
   if (!url.empty() && state.SeenPages.HasUpTo(state.PagesQueued, lowerUrl)) return true;
   if (!url.empty() && queue.HasKey(lowerUrl)) return true;
   bool seen = false;
@@ -53,8 +52,8 @@ bool RecordedPages::IsPageRecorded(std::string& page) {
 
 bool RecordedPages::NumbersAreDigits() {
   const std::size_t rows = results_.RowCount();
-  // Every change counts the version up by one, so a version that grew by as much as the rows tells that
-  // rows were added and nothing else; unsorted, they stand at the end.
+  // Every change raises the version by one. If it rose as much as the number of rows, rows were only added,
+  // and in an unsorted list they are at the end.
   const bool onlyGrew = !results_.Sort().Sorted && rows >= checkedRows_ &&
                         results_.Version() - checkedVersion_ == rows - checkedRows_;
   for (std::size_t row = onlyGrew ? checkedRows_ : 0; row < rows; ++row) {

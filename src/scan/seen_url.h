@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whether a URL was met before on this site, and whether a page stands in the results.
+// Whether a URL was seen before on this site, and whether the results have a page.
 #pragma once
 
 #include <cstddef>
@@ -11,28 +11,27 @@
 
 namespace requite {
 
-/// Whether the URL is a Linking Site of the Main Site in scan, waits in the queue, or was queued
-/// before on this site. Takes scheme leftovers and outer blanks off `url`, in place. Failures are
-/// passed over.
+/// Whether the URL is a Linking Site of the current Main Site, is in the queue, or was queued before on this
+/// site. Removes remains of schemes and outer blanks from `url`, in place. Failures are ignored.
 [[nodiscard]] bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url);
 
-/// IsSeenUrl is false for every URL that has more characters than this when all "www." are out of it.
+/// IsSeenUrl is false for every URL that has more characters than this without any "www.".
 [[nodiscard]] std::size_t LongestSeenUrl(Project& project, PageQueue& queue, const ScanState& state);
 
-/// Whether the "No." column of a result holds the page's text. That column has digits only, so no
-/// real page is ever recorded; the question is asked for its effect on its argument.
+/// Whether the "No." column of a result holds the text of the page. That column has only digits, so no real
+/// page is ever found. The call is needed for what it does to its argument.
 class RecordedPages {
  public:
   explicit RecordedPages(const RecordList<LinkResult>& results) : results_(results) {}
 
-  /// Takes scheme leftovers and outer blanks off `page`, in place.
+  /// Removes remains of schemes and outer blanks from `page`, in place.
   [[nodiscard]] bool IsPageRecorded(std::string& page);
 
  private:
   [[nodiscard]] bool NumbersAreDigits();
 
   const RecordList<LinkResult>& results_;
-  std::uint64_t checkedVersion_ = 0;  // of the results, up to which every "No." is known to be digits only
+  std::uint64_t checkedVersion_ = 0;  // of the results; up to it, every "No." has only digits
   std::size_t checkedRows_ = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Searching in slices.
+// Searches in slices.
 #include "scan/slices.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ Slices SlicesOf(const bool& scanning, EventLoop& events) {
 
 std::optional<std::size_t> FindInSlices(const TextFinder& finder, std::string_view text, std::size_t from,
                                         const Slices& slices) {
-  // A slice has the places where the pattern may begin; the rest of the pattern may lie after it.
+  // The pattern begins in the slice; its rest may be after it.
   const std::size_t overlap = std::max<std::size_t>(finder.Pattern().size(), 1) - 1;
   for (;; from += slices.Bytes) {
     const std::string_view window = text.substr(0, from + slices.Bytes + overlap);

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start of a scan: what it resets, what it asks for, and the first site.
-#include <string>
-
+// The start of a scan: what it resets, what it checks, and the first site.
 #include "model/file_types.h"
 #include "platform/failure_box.h"
 #include "platform/text.h"
@@ -19,7 +17,7 @@ void Controller::StartScan() {
   PlayNextSiteSound();
   SwitchCommandsForStart();
   scan_.Host.SelectMainSite(scan_.Project.CurrentMainSite - 1);
-  // Always the first row: a scan of the selected Linking Site only asks that some row is selected.
+  // Always the first row. A scan of the selected Linking Site only checks that some row is selected.
   scan_.State.SiteRow = 1;
   if (!TakeFirstSite()) return;
   scan_.Work.Claim();
@@ -33,8 +31,7 @@ bool Controller::TakeFileTypes() {
                         [this] { scan_.State.FileTypes = ReadFileTypes(scan_.Folder); });
 }
 
-/// Comes before every check, so a refused start has already lost the results of the last scan, and
-/// counts as an edit too.
+/// Runs before the checks: even a start that is refused clears the last results and counts as an edit.
 void Controller::ResetForStart() {
   ScanState& state = scan_.State;
   state.LinkFound = false;
@@ -55,8 +52,8 @@ void Controller::ResetForStart() {
   scan_.Project.ProjectSaved = false;
 }
 
-/// Sets CurrentMainSite by the scan type. With no Main Site selected it is 0, and the questions go to
-/// the template list, which is always empty.
+/// Sets CurrentMainSite by the scan type. Without a selected Main Site it is 0, and the checks look at the
+/// template list, which is always empty. So the first message never shows.
 bool Controller::ChooseMainSite() {
   Project& project = scan_.Project;
   Dialogs& dialogs = scan_.Platform.Dialogs;
@@ -98,7 +95,7 @@ bool Controller::HasSomethingToScan() {
   return true;
 }
 
-/// Command1 stays enabled until the first search begins: a second start in between is possible.
+/// Command1 stays enabled until the first search begins, so the user can start twice until then.
 void Controller::SwitchCommandsForStart() {
   ScanWindow& window = scan_.Window;
   for (Button* button : {&window.cmdResume, &window.cmdViewDatabase, &window.Command2, &window.Command3,

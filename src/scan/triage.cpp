@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The step between the fetcher and the analyser. A bad status never stops a page: the body of an error
-// page goes through the same road as any other.
+// The step between the fetcher and the analyser. The body of an error page is read like that of any other.
 #include "scan/triage.h"
 
 #include <algorithm>
@@ -17,7 +16,7 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
-/// Case and wording of each text are shown to users and compared by them; they stay as they are.
+/// Users see these texts in their results and compare them between scans. Wording and case must not change.
 constexpr std::array<std::string_view, 22> kStatusTexts = {"400 Bad request",
                                                            "401 Unauthorized",
                                                            "402 PaymentRequired",
@@ -41,7 +40,7 @@ constexpr std::array<std::string_view, 22> kStatusTexts = {"400 Bad request",
                                                            "504 Gateway timeout",
                                                            "505 HTTP Not Version"};
 
-/// What stands between the first two blanks of a header; nothing when it has fewer.
+/// The text between the first two blanks of a header; nothing when there are fewer.
 std::optional<std::string_view> StatusCode(std::string_view header) {
   const std::size_t first = header.find(' ');
   if (first == std::string_view::npos) return std::nullopt;
@@ -50,7 +49,7 @@ std::optional<std::string_view> StatusCode(std::string_view header) {
   return header.substr(first + 1, second - first - 1);
 }
 
-/// Whether the server delivered a script unrun. Few pages hold more than some question marks.
+/// Whether the server sent a script instead of running it. Searches for "?", which is rare in pages.
 bool HoldsUnrunScript(std::string_view body, const Slices& slices) {
   for (std::size_t from = 0;; from += slices.Bytes) {
     const std::string_view window = body.substr(0, from + slices.Bytes);
@@ -72,13 +71,13 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
   if (text == kStatusTexts.end()) return;
   scan_.State.ReasonNote = *text;
   scan_.Lists.lstErr.Add({std::string(*text), url});
-  // The page was counted when its connection stood: one with an error status counts twice.
+  // The page was already counted when it connected, so a page with an error status counts twice.
   scan_.Host.UpdateStats(Counted::PageScanned);
 }
 
 void Triage::ProcessPage(std::string body) {
-  // The look through a large page lets events run. It comes before all else: a Skip in the middle of it
-  // then does what one just before the page does, and what the page tells is noted for one site.
+  // This lets events run in a large page, so it comes first: a Skip during it acts like one just before the
+  // page, and what the page shows is noted for one site only.
   const Signs signs = LookThrough(body);
   PassOver([&] { scan_.Platform.Connection.Close(); });
   if (!scan_.State.Scanning) return;
@@ -95,7 +94,7 @@ Triage::Signs Triage::LookThrough(std::string_view body) {
   Signs signs;
   signs.Protected = FindInSlices(protected_, body, 0, slices).value_or(kNowhere) != kNowhere;
   signs.UnrunScript = HoldsUnrunScript(body, slices);
-  // The last of them, so that nothing lets events run between it and the note of it.
+  // The last one: no events may run between this test and the note of its result.
   signs.MainSite = HoldsMainSite(body, slices);
   return signs;
 }
@@ -106,14 +105,14 @@ bool Triage::HoldsMainSite(std::string_view body, const Slices& slices) {
     if (mainSite_.Pattern() != key) mainSite_ = TextFinder(key);
     const std::optional<std::size_t> at = FindInSlices(mainSite_, body, 0, slices);
     if (!at) return false;
-    // A Skip in between may have gone on to another Main Site.
+    // A Skip during the search may have moved on to another Main Site.
     if (mainSite_.Pattern() == key) return *at != kNowhere;
   }
 }
 
 void Triage::NoteReasons(const Signs& signs) {
   ScanState& state = scan_.State;
-  // In this order: of several words the last one stays.
+  // The order matters: the last word stays.
   if (signs.MainSite) {
     state.RedirectSuspected = true;
     state.ReasonNote = "Possible Redirected URL";
@@ -123,7 +122,7 @@ void Triage::NoteReasons(const Signs& signs) {
   if (signs.UnrunScript) state.ReasonNote = "Server Script Error";
 }
 
-/// A scan that is stopped in the middle of it prepares nothing: the analyser would not look at it.
+/// Prepares nothing when the scan is stopped meanwhile: the analyser would not read it.
 void Triage::PrepareText(std::string body) {
   scan_.Platform.EventLoop.LetPendingEventsRun();
   std::optional<std::string> text = PutHrefsOnLines(body, scan_.PageSlices());

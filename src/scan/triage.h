@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What is learned from a finished response as a whole, and the preparation of its text for the analyser.
+// What a finished response says as a whole, and the preparation of its text for the analyser.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,13 +27,13 @@ class Triage {
   /// `url` is host and path of the page.
   void CheckHttpStatus(const std::string& header, const std::string& url);
 
-  /// Looks through a page's text, puts each href at the start of a line, writes both work files and
-  /// goes on with AnalysePage. Every failure on this road is passed over; work files that cannot be
-  /// written are told once a scan. Lets events run between the slices of a large page.
+  /// Searches the text of a page for signs, puts each href at the start of a line, writes both work files and
+  /// calls AnalysePage. Failures are ignored; when the work files cannot be written, the user is told once
+  /// per scan. Lets events run between the slices of a large page.
   void ProcessPage(std::string body);
 
  private:
-  /// What the text of a page tells of it as a whole.
+  /// What the text of a page shows.
   struct Signs {
     bool MainSite = false;
     bool Protected = false;
@@ -53,9 +52,8 @@ class Triage {
   TextFinder protected_{"You are seeing this text because"};
 };
 
-/// The text with each "href=", in any letter case, made lower-case and put behind a line end of its
-/// own, and with the blanks behind it taken off. Of a run of more than 36 blanks the rest stays. Nothing
-/// when broken off.
+/// The text with each "href=", in any letter case, in lower case on a line of its own, and without the blanks
+/// after it. Of more than 36 blanks the rest stays. Nothing after a stop.
 [[nodiscard]] std::optional<std::string> PutHrefsOnLines(std::string_view body, const Slices& slices);
 
 }  // namespace requite

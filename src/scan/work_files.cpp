@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A page is written twice, so these are among the larger costs of a small page: the files are opened
-// once each, and the old text is written over.
+// For a small page, writing it twice is much of the work. So each file is opened once, and its old text is
+// written over.
 #include "scan/work_files.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace requite {
 namespace {
 
-/// Calls `write` for one slice of the text after the other. It says whether to go on.
+/// Calls `write` for each slice of the text, until it returns false or the scan is stopped.
 template <class Write>
 void ForEachSlice(std::string_view text, const Slices& slices, Write&& write) {
   while (write(text.substr(0, slices.Bytes)) && text.size() > slices.Bytes) {

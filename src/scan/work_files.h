@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The two work files of a page, overwritten for each page and left there. The scan itself reads the page from
-// memory: what happens to the files decides nothing.
+// The two work files, which always hold the last page. The scan itself reads the page from memory: it does
+// not depend on the files.
 #pragma once
 
 #include <cstdint>
@@ -12,21 +12,21 @@
 
 namespace requite {
 
-/// The number of the one connection that a scan uses. It is part of the names of the files.
+/// The number of the one connection, which is part of the names of the files.
 inline constexpr std::int16_t kConnection = 0;
 
-/// The page with one href at the start of each line from the first href on.
+/// The page with each href at the start of a line.
 [[nodiscard]] std::string PageFile(const WorkFolder& folder, std::int16_t connection);
-/// The same text without any line end: what the e-mail harvester reads.
+/// The same text without line ends. The e-mail harvester reads it.
 [[nodiscard]] std::string FlatPageFile(const WorkFolder& folder, std::int16_t connection);
 
 /// Appends a text without its CRs and LFs.
 void AppendWithoutLineEnds(std::string& flat, std::string_view text);
 
-/// Both write a file over the one that lies there; false when the file system refuses. A scan that is stopped
-/// meanwhile leaves the part that was written by then.
+/// Both replace the file and return false when the file system refuses. After a stop, the file has what was
+/// written until then.
 [[nodiscard]] bool WritePageFile(const std::string& path, std::string_view text, const Slices& slices);
-/// Takes the line ends out and puts one after the text.
+/// Removes the line ends and adds one at the end.
 [[nodiscard]] bool WriteFlatPageFile(const std::string& path, std::string_view text, const Slices& slices);
 
 }  // namespace requite
