@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The list of URL fragments that a scan may follow, kept in the program's folder and edited by hand too.
+// The list of URL fragments that a scan may follow. The user may edit its file by hand.
 #pragma once
 
 #include <string>
@@ -12,17 +12,16 @@ namespace requite {
 
 inline constexpr std::string_view kFileTypesName = "filetypes.txt";
 
-/// The fragments of `filetypes.txt` in the order of its lines, as a scan uses them: lines that are
-/// empty or a single blank are skipped, and a line with "|" in it stands for several fragments.
+/// The fragments of `filetypes.txt` in the order of its lines, as a scan uses them. A line that is empty or a
+/// single blank is skipped; a line with "|" holds several fragments.
 /// Throws FileNotFound when the file is missing.
 [[nodiscard]] std::vector<std::string> ReadFileTypes(const ProgramFolder& folder);
 
-/// The lines of `filetypes.txt` as they are listed for editing: skipped like above, each line one entry.
-/// None when the file is missing; a file that cannot be read throws.
+/// The lines of `filetypes.txt` for editing, each as one entry; the same lines are skipped. Empty when the
+/// file is missing. Throws when it cannot be read.
 [[nodiscard]] std::vector<std::string> ListFileTypes(const ProgramFolder& folder);
 
-/// Replaces `filetypes.txt` by these lines. Throws what the file system refuses; the old file is then
-/// still there.
+/// Replaces `filetypes.txt` by these lines. Throws when the file system refuses, and then keeps the old file.
 void SaveFileTypes(const ProgramFolder& folder, const std::vector<std::string>& lines);
 
 }  // namespace requite

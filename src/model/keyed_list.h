@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A list that can tell at once whether any of its rows has a given key.
+// A list with a fast test whether any row has a given key.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +11,8 @@
 
 namespace requite {
 
-/// `KeyOf` turns a record into its key: `static std::string Key(const Record&)`.
-/// The index is made at the first question, so lists that are never asked pay nothing.
+/// `KeyOf` has the key of a record: `static std::string Key(const Record&)`. The index is made when it is
+/// first needed.
 template <class Record, class KeyOf>
 class KeyedList : public RecordList<Record> {
  public:
@@ -22,7 +22,7 @@ class KeyedList : public RecordList<Record> {
     MakeIndex();
     return counts_.contains(key);
   }
-  /// No row has a longer key, in bytes. Rows that have left may still count.
+  /// No row has a longer key, in bytes. Removed rows may still count.
   [[nodiscard]] std::size_t LongestKey() {
     MakeIndex();
     return longest_;

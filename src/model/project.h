@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user works on: the collections of a project, each under the name of the view that shows it.
+// What the user works on: the collections of a project, each with the name of the view that shows it.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace requite {
 
-/// The form in which a Website URL is compared with a page: without any "www.", in lower case.
+/// Website URLs are compared without any "www." and in lower case.
 struct WebsiteKey {
   [[nodiscard]] static std::string Of(std::string_view url);
   [[nodiscard]] static std::string Key(const LinkingSite& site) { return Of(site.WebsiteUrl); }
@@ -40,29 +40,29 @@ class Project {
   TextBox txtHTML3{"txtHTML3"};
   TextBox txtPost{"txtPost", "http://"};
 
-  std::int16_t CurrentMainSite = 0;  ///< 1-based number of the Main Site on show
-  /// The row that an editor was asked for last: counted from 1 for a Linking Site, from 0 for a Main
-  /// Site. The editors share it.
+  std::int16_t CurrentMainSite = 0;  ///< 1-based number of the Main Site that is shown
+  /// The row that an editor was last opened for: counted from 1 for a Linking Site, from 0 for a Main Site.
+  /// The editors share it.
   std::int16_t CurrentEditIndex = 0;
   bool ProjectSaved = true;  ///< there are no unsaved edits
-  bool JustLoaded = false;   ///< the next change of the Main Site entry box is no edit
+  bool JustLoaded = false;   ///< the next change of the Main Site entry box is not an edit
 
-  /// The Linking Sites of Main Site k, counted from 1; List1(0) is the template, which holds nothing.
-  /// Throws Subscript for a list that does not exist. The reference ends with the list.
+  /// The Linking Sites of Main Site k, counted from 1; List1(0) is the template, which is always empty.
+  /// Throws Subscript for a list that does not exist. The reference is valid until the list is dropped.
   [[nodiscard]] LinkingSiteList& List1(int k);
   [[nodiscard]] const LinkingSiteList& List1(int k) const;
-  /// The number of lists beside the template.
+  /// The number of lists without the template.
   [[nodiscard]] int ListCount() const { return static_cast<int>(lists_.size()) - 1; }
 
-  /// Appends an empty list with the next free number, hidden like the template. Throws Overflow
-  /// when there are 32767 lists already, since CurrentMainSite could not name the next one.
+  /// Appends an empty list with the next number, hidden like the template. Throws Overflow when there are
+  /// 32767 lists: CurrentMainSite could not hold the next number.
   LinkingSiteList& CreateLinkingSiteList();
-  /// Drops every list but the template, highest number first.
+  /// Drops all lists except the template, the highest number first.
   void DropLinkingSiteLists();
-  /// Appends a Main Site together with its empty list; both or, with CreateLinkingSiteList's failure, none.
+  /// Appends a Main Site and its empty list. When CreateLinkingSiteList throws, neither is added.
   void AddMainSite(std::string text);
 
-  /// Hears of each list that is made or about to go, so that its view can follow.
+  /// Called after a list is made and before it is dropped, for its view.
   std::function<void(LinkingSiteList& list, int k)> OnListCreated;
   std::function<void(LinkingSiteList& list, int k)> OnListDropped;
 
@@ -70,7 +70,7 @@ class Project {
   std::vector<std::unique_ptr<LinkingSiteList>> lists_;
 };
 
-/// Lists beside the project that are never saved with it.
+/// Lists that are never saved with the project.
 struct ScanLists {
   PageQueue List2{"List2"};
   RecordList<ErrorEntry> lstErr{"lstErr"};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Takes the lines of a project file one by one and puts each where it belongs.
+// Reads a project file line by line.
 #include "model/project_reader.h"
 
 #include <array>
@@ -15,13 +15,13 @@
 namespace requite {
 namespace {
 
-/// The first fields of a line. Lines may have millions; only those that a record uses are cut.
+/// The first fields of a line. A line may have millions of fields; only those that a record uses are cut out.
 class Fields {
  public:
   static constexpr std::size_t kMost = 6;
 
   explicit Fields(std::string_view line) {
-    // An empty line has no fields at all, not one that is empty.
+    // An empty line has no fields, not one empty field.
     while (!line.empty() && count_ < kMost) {
       const std::size_t bar = line.find('|');
       fields_[count_++] = line.substr(0, bar);
@@ -31,7 +31,7 @@ class Fields {
     }
   }
 
-  /// At most kMost, however many the line has.
+  /// At most kMost, even if the line has more.
   [[nodiscard]] std::size_t Count() const { return count_; }
   [[nodiscard]] std::string At(std::size_t position) const {
     if (position >= count_) throw RuntimeFailure(Failure::Subscript);
@@ -47,7 +47,7 @@ class Fields {
 template <class Record>
 struct Layout {
   std::span<std::string Record::*const> Targets;
-  std::size_t Required;   ///< with fewer, the row is added and then the reading ends
+  std::size_t Required;   ///< with fewer, the row is added and the reading ends
   std::size_t First = 0;  ///< the position of the first target in the line
 };
 
@@ -71,7 +71,7 @@ constexpr std::array kResultFields = {&LinkResult::Main, &LinkResult::Linking, &
 constexpr std::array kRuleFields = {&Rule::MainSite, &Rule::RemoteSite, &Rule::RuleType, &Rule::RuleValue};
 constexpr std::array kScriptUrlFields = {&ScriptUrlEntry::MainSite, &ScriptUrlEntry::ScriptUrl};
 
-/// The rest of a line that begins with the marker. The marker goes wherever else it stands, too.
+/// A line without its marker, which is removed everywhere in the line.
 std::string WithoutMarker(std::string_view line, std::string_view marker) {
   return Replace(line, marker, "", Compare::Binary);
 }
@@ -80,11 +80,11 @@ class LineTaker {
  public:
   explicit LineTaker(Project& project) : project_(project) {}
 
-  /// Puts one line behind the first where it belongs. Throws where the reading ends.
+  /// Reads a line after the first. Throws when the reading ends here.
   void Take(std::string_view line) {
     if (IsEmptyOrBlank(line)) return;
-    // So short a line is never told by its marker. An empty Page Builder text is such a line: it has
-    // no field for Links expected and ends the reading. Kept as it is.
+    // A line this short is a Linking Site whatever its marker. An empty Page Builder text gives such a line,
+    // which has no field for Links expected and so ends the reading: the rest of the file is lost.
     if (line.size() <= 7) return AddLinkingSite(line);
     if (line.starts_with(marker::kHtml1)) return SetHtml(project_.txtHTML1, line, marker::kHtml1);
     if (line.starts_with(marker::kHtml2)) return SetHtml(project_.txtHTML2, line, marker::kHtml2);
@@ -100,7 +100,7 @@ class LineTaker {
   }
 
  private:
-  /// Whether the line has the marker with something behind it.
+  /// Whether the line has the marker and something after it.
   static bool IsMarked(std::string_view line, std::string_view marker) {
     return line.size() > marker.size() && line.starts_with(marker);
   }
@@ -118,7 +118,7 @@ class LineTaker {
     const std::string rest = WithoutMarker(line, marker::kResult);
     const Fields fields(rest);
     const int icon = ReadInt16(fields.At(0));
-    // Older files have no Main field.
+    // Older files have no field for the Main Site.
     if (fields.Count() < 6) {
       AddRow<LinkResult>(project_.List3, {}, fields, {std::span(kResultFields).subspan(1), 4, 1}, icon);
     } else {
@@ -147,8 +147,8 @@ class LineTaker {
   Project& project_;
 };
 
-/// Rows come in at the end while this lives, and a sorted list is put in order once behind them: the
-/// same order as by placing each row, without moving the rows each time.
+/// While this lives, rows are added at the end, and a sorted list is sorted once afterwards. The order is the
+/// same as when each row is placed, but the rows are not moved each time.
 class SortOnceAtEnd {
  public:
   explicit SortOnceAtEnd(ListView& list) : list_(list), sort_(list.Sort()) {

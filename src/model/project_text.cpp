@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes a project record by record into one text.
+// Writes the records of a project into one text.
 #include "model/project_text.h"
 
 #include <initializer_list>
@@ -28,8 +28,8 @@ void AppendFields(std::string& text, std::string_view marker,
 void AppendLinkingSites(std::string& text, const LinkingSiteList& list) {
   for (std::size_t row = 0; row < list.RowCount(); ++row) {
     const LinkingSite& site = list.At(row);
-    // The Link Page Text stands twice, so that the reader takes it for the Description. Kept as it is:
-    // older readers count on six fields.
+    // The Link Page Text is written twice, and the reader takes the second one for the Description. Older
+    // readers need six fields.
     AppendFields(text, "",
                  {site.WebsiteUrl, site.LinksExpected, site.LinkPageUrl, site.LinkPageText, site.LinkPageText,
                   site.Description});

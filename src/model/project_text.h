@@ -21,16 +21,16 @@ inline constexpr std::string_view kPostSingle = "POSTSINGLE:";
 inline constexpr std::string_view kPostMulti = "POSTMULTI:";
 }  // namespace marker
 
-/// Stands for a line end inside a Page Builder text.
+/// Replaces a line end in a Page Builder text.
 inline constexpr std::string_view kLineEndMark = "|||";
 
-/// The row to pass when no Main Site is left out.
+/// Leaves out no Main Site.
 inline constexpr int kNoRow = -1;
 
-/// The whole project as the text of its file, each line with its end. Values are written as they
-/// are: a "|" or a line end in one of them shifts what is read back.
-/// `leaveOutRow` is the row of List4, counted from 0, of a Main Site that is left out together with
-/// its Linking Sites; the first Main Site written never has the "NEXTSITE:" marker.
+/// The whole project as the text of its file, each line with its line end. Values are written unchanged: a
+/// "|" or a line end in a value shifts what is read back. `leaveOutRow` is the row of List4, counted from 0,
+/// of a Main Site that is left out with its Linking Sites. The first Main Site that is written has no
+/// "NEXTSITE:" marker.
 [[nodiscard]] std::string ProjectText(const Project& project, int leaveOutRow = kNoRow);
 
 }  // namespace requite

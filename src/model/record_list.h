@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A list of records that is its own view's data: rows, sort state, selection, row colours and icons.
+// A list of records with the state of its view: sort, selection, row colours and icons.
 #pragma once
 
 #include <algorithm>
@@ -26,7 +26,7 @@ class RecordList : public ListView {
   [[nodiscard]] bool Empty() const { return rows_.empty(); }
   [[nodiscard]] const Record& At(std::size_t row) const { return RowAt(row).Value; }
 
-  /// Adds a record: at the end, or at its sorted place behind its equals. Returns its row.
+  /// Adds a record at the end or, in a sorted list, after the records equal to it. Returns its row.
   std::size_t Add(Record record, int icon = 0, std::uint32_t colour = kDefaultColour) {
     const std::size_t row = PlaceFor(record);
     RowEnters(record);
@@ -47,7 +47,7 @@ class RecordList : public ListView {
     Tell([&](ListObserver& o) { o.RowChanged(row); });
   }
 
-  /// Counts up at every change of a row's fields or of the rows; a cache of the list compares it.
+  /// Rises by one with every change of a field or of the rows. Caches compare it.
   [[nodiscard]] std::uint64_t Version() const { return version_; }
 
   [[nodiscard]] std::size_t ColumnCount() const override { return Record::Columns().size(); }
@@ -85,8 +85,8 @@ class RecordList : public ListView {
     Tell([&](ListObserver& o) { o.RowRemoved(row); });
   }
 
-  /// Removes every row whose record the test picks, in one pass; the test is asked once a row.
-  /// Returns how many went.
+  /// Removes every row for which the test is true, in one pass; the test is called once per row. Returns the
+  /// number of removed rows.
   template <class Test>
   std::size_t RemoveWhere(Test&& test) {
     const auto picked = [&](const Row& row) {
@@ -179,7 +179,7 @@ class RecordList : public ListView {
     return sort_.SortOrder == 0 ? order < 0 : order > 0;
   }
 
-  /// Sorts by views of the one field that counts and moves each row once: rows are large.
+  /// Sorts views of the one field that counts, then moves each row once, because rows are large.
   void PutInOrder() {
     const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
     std::vector<std::string_view> keys;
@@ -189,7 +189,7 @@ class RecordList : public ListView {
         OrderOf(keys, sort_.SortOrder == 0 ? Direction::Ascending : Direction::Descending);
     for (std::uint32_t start = 0; start < from.size(); ++start) {
       if (from[start] == start) continue;
-      // Each place takes its row from the next one of its circle, up to the one that began it.
+      // Each place takes its row from the next place of its cycle.
       Row first = std::move(rows_[start]);
       std::uint32_t at = start;
       while (from[at] != start) {
@@ -201,8 +201,8 @@ class RecordList : public ListView {
     }
   }
 
-  /// Behind the rows that do not sort after the record. Rows edited since the sort may stand out of
-  /// order, so this asks for nothing but an end of the search.
+  /// The place after the rows that do not sort after the record. Rows edited since the sort may be out of
+  /// order; the search still ends.
   [[nodiscard]] std::size_t PlaceFor(const Record& record) const {
     if (!sort_.Sorted) return rows_.size();
     const auto field = ColumnAt(static_cast<std::size_t>(sort_.SortKey)).Field;
@@ -219,7 +219,7 @@ class RecordList : public ListView {
     return low;
   }
 
-  /// Makes a row the one selected last, beside those selected already.
+  /// Selects a row in addition to the others, as the one selected last.
   void Choose(std::size_t row) {
     Row& chosen = RowAt(row);
     if (selected_ >= 0) RowAt(static_cast<std::size_t>(selected_)).Selected = Mark::Selected;
@@ -228,7 +228,7 @@ class RecordList : public ListView {
     selected_ = static_cast<int>(row);
   }
 
-  /// Long lists are selected row by row during a scan: only several selected rows cost a walk.
+  /// A scan selects one row after the other in long lists, so only several selected rows may need a loop.
   void SelectNone() {
     if (selected_ >= 0) {
       RowAt(static_cast<std::size_t>(selected_)).Selected = Mark::None;
@@ -242,7 +242,7 @@ class RecordList : public ListView {
     selected_ = -1;
   }
 
-  /// While any row is selected, one of them counts as selected last.
+  /// When any row is selected, one of them must count as selected last.
   void ChooseFirstSelected() {
     selected_ = -1;
     if (selectedCount_ == 0) return;

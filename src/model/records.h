@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The records of a project. Every field is a text; records refer to sites by their text, never by identity.
+// The records of a project. Every field is a text, and records refer to sites by their texts.
 #pragma once
 
 #include <array>
@@ -22,7 +22,7 @@ struct MainSite {
   static constexpr std::array<Column<MainSite>, 1> Columns() { return {{{"Main Site", &MainSite::Text}}}; }
 };
 
-/// A remote site that ought to link back.
+/// A remote site that should link back.
 struct LinkingSite {
   std::string WebsiteUrl;
   std::string LinksExpected = "1";
@@ -39,7 +39,7 @@ struct LinkingSite {
   }
 };
 
-/// A word for both site fields of a rule that holds everywhere.
+/// In a site field of a rule: every site.
 inline constexpr std::string_view kGlobal = "Global";
 
 /// One crawl rule.
@@ -74,10 +74,10 @@ struct LinkResult {
   }
 };
 
-/// The closed vocabulary of LinkResult::Status; some are followed by more text.
+/// All values of LinkResult::Status. Some are followed by more text.
 namespace status {
 inline constexpr std::string_view kDirect = "Direct Link";
-inline constexpr std::string_view kIndirect = "Indirect Link";  // only ever comes from a file
+inline constexpr std::string_view kIndirect = "Indirect Link";  // only in files, no scan writes it
 inline constexpr std::string_view kRedirect = "Redirect Link";
 inline constexpr std::string_view kDomain = "Domain Link";
 inline constexpr std::string_view kNoneFound = "None Found";
@@ -107,7 +107,7 @@ struct ScriptUrlEntry {
   }
 };
 
-/// A page that waits to be scanned.
+/// A page to be scanned.
 struct QueuedPage {
   std::string Url;
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kMostShown = 100;
 
-/// Only the user can mend a stored value, and has to be told which one.
+/// Only the user can correct a stored value, so the message says which one it is.
 template <class Read>
 auto ReadNumber(const SettingKey& key, const std::string& value, Read&& read) {
   try {

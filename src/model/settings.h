@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one table of settings keys with their defaults, and how the logic reads and writes them.
+// All settings with their defaults, and how the program reads and writes them.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +10,13 @@
 
 namespace requite {
 
-/// A key of the settings store and the text that stands for a missing value.
+/// A key of the settings store and its value when it is missing.
 struct SettingKey {
   std::string_view Name;
   std::string_view Default;
 };
 
-/// Settings keys are the names of their controls. All values are texts; flags are "0" and "1".
+/// The keys are the names of their controls. All values are texts; flags are "0" and "1".
 namespace setting {
 inline constexpr SettingKey LastProject{"LastProject", ""};
 inline constexpr SettingKey txtHTML1{
@@ -40,7 +40,8 @@ inline constexpr SettingKey Combo2{"Combo2", "-1"};
 inline constexpr SettingKey ScanType{"ScanType", "0"};
 inline constexpr SettingKey SkipType{"SkipType", "0"};
 inline constexpr SettingKey lHistWebScanned{"lHistWebScanned", "0"};
-inline constexpr SettingKey lHistEmailFound{"lHistEmailFound", "0"};  // counts links; the word stays
+inline constexpr SettingKey lHistEmailFound{"lHistEmailFound",
+                                            "0"};  // counts links: the name is that of stored settings
 inline constexpr SettingKey showHelp{"showHelp", "1"};
 inline constexpr SettingKey SimpleView{"SimpleView", "False"};
 inline constexpr SettingKey txtTimeout{"txtTimeout", "60"};
@@ -63,7 +64,7 @@ inline constexpr SettingKey getURL3{"getURL3", "http://"};
 inline constexpr SettingKey getURLCombo{"getURLCombo", "-1"};
 }  // namespace setting
 
-/// Reads and writes settings at their points of use; nothing is kept between two calls.
+/// Reads and writes settings where they are used; keeps nothing between calls.
 class Settings {
  public:
   explicit Settings(SettingsStore& store) : store_(store) {}
@@ -71,10 +72,10 @@ class Settings {
   [[nodiscard]] std::string GetSetting(const SettingKey& key) const {
     return store_.Read(key.Name).value_or(std::string(key.Default));
   }
-  /// The value read as a number. Throws TypeMismatch or Overflow for a stored text that is none.
+  /// The value as a number. Throws TypeMismatch or Overflow when the stored text is not one.
   [[nodiscard]] std::int16_t Number(const SettingKey& key) const;
   [[nodiscard]] std::int32_t LongNumber(const SettingKey& key) const;
-  /// Whether the value, read as a number, is exactly 1.
+  /// Whether the value, as a number, is exactly 1. Throws like Number.
   [[nodiscard]] bool IsOne(const SettingKey& key) const { return Number(key) == 1; }
 
   void SaveSetting(const SettingKey& key, std::string_view value) { store_.Write(key.Name, value); }

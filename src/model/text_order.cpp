@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sorts by eight letters at a time, behind what all texts of a group share.
+// Sorts by eight letters at a time, after the letters that all texts of a group share.
 #include "model/text_order.h"
 
 #include <algorithm>
@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::size_t kLettersAtOnce = 8;
 
-/// Texts that part company later than this are few, and are compared whole.
+/// After so many rounds the few texts that are still equal are compared completely.
 constexpr int kDeepest = 16;
 
-/// One text with the letters that the present round looks at.
+/// A text with the letters that the current round compares.
 struct Place {
   std::uint64_t Letters;
   std::string_view Text;
@@ -32,7 +32,7 @@ std::size_t SharedBy(std::string_view a, std::string_view b, std::size_t from) {
   return from;
 }
 
-/// How many letters the texts share, of which the first `from` are known to be shared.
+/// How many letters the texts share. The first `from` are known to be shared.
 std::size_t SharedByAll(std::span<const Place> places, std::size_t from) {
   const std::string_view first = places.front().Text;
   std::size_t shared = first.size();
@@ -43,7 +43,7 @@ std::size_t SharedByAll(std::span<const Place> places, std::size_t from) {
   return shared;
 }
 
-/// Letters behind the end count as 0; what that leaves undecided is decided by a later round.
+/// Letters after the end count as 0. A later round decides what that leaves undecided.
 std::uint64_t LettersAt(std::string_view text, std::size_t from) {
   std::uint64_t letters = 0;
   for (std::size_t i = from; i < from + kLettersAtOnce; ++i) {
@@ -80,13 +80,14 @@ class Sorter {
     });
   }
 
-  /// Texts alike up to `seen`. Those that end before it may end in letters of 0, or be of other lengths.
+  /// Sorts texts that are equal up to `seen`. Those that end before it may have different lengths, or end in
+  /// letters of 0.
   void SortAlike(std::span<Place> places, std::size_t seen, int depth) const {
-    const auto goesOn = [seen](const Place& place) { return place.Text.size() > seen; };
-    if (std::all_of(places.begin(), places.end(), goesOn)) return Sort(places, seen, depth + 1);
+    const auto isLonger = [seen](const Place& place) { return place.Text.size() > seen; };
+    if (std::all_of(places.begin(), places.end(), isLonger)) return Sort(places, seen, depth + 1);
     const std::size_t size = places.front().Text.size();
-    const auto isTheFirst = [size](const Place& place) { return place.Text.size() == size; };
-    if (size <= seen && std::all_of(places.begin(), places.end(), isTheFirst)) return;
+    const auto hasThatSize = [size](const Place& place) { return place.Text.size() == size; };
+    if (size <= seen && std::all_of(places.begin(), places.end(), hasThatSize)) return;
     Order(places, [](const Place& a, const Place& b) { return CompareText(a.Text, b.Text) < 0; });
   }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The order of many texts, ignoring letter case, found without comparing most of them whole.
+// Sorts many texts, ignoring letter case, and compares only few of them completely.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@ namespace requite {
 
 enum class Direction { Ascending, Descending };
 
-/// The places of the texts in their order by CompareText; equal texts keep their order, in both directions.
-/// At most 2^32 - 1 texts.
+/// The indices of the texts in the order of CompareText; equal texts keep their order, in both directions. At
+/// most 2^32 - 1 texts.
 [[nodiscard]] std::vector<std::uint32_t> OrderOf(const std::vector<std::string_view>& texts,
                                                  Direction direction);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scheme, "www." and path are taken off a URL by plain text operations.
+// Plain text operations on scheme, "www." and path of a URL.
 #include "model/url_forms.h"
 
 #include "platform/schemes.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The forms in which records hold a URL. A URL is a plain text; there is no parser behind these.
+// The forms of a URL in records. A URL is a plain text; these functions do not parse it.
 #pragma once
 
 #include <string>
@@ -7,17 +7,17 @@
 
 namespace requite {
 
-/// Takes the scheme ("http://", "https://", in any letter case and wherever they stand) and a
-/// leading "www." (in any letter case) off a Main Site's text, in place. A path is kept.
+/// Removes every "http://" and "https://" and a leading "www." from the text of a Main Site, in any letter
+/// case, in place. A path is kept.
 void NormaliseMainSite(std::string& mainSiteKey);
 
-/// Reduces a URL to its host, in place, and returns the result: schemes go as in NormaliseMainSite,
-/// a leading "www." goes only in small letters, and everything from the first "/" on goes.
-/// Callers depend on their own text being changed.
+/// Reduces a URL to its host, in place, and returns the result. Removes schemes as NormaliseMainSite does, a
+/// leading "www." in lower case only, and everything from the first "/" on. Callers depend on the change of
+/// their own text.
 std::string BareHost(std::string& url);
 
-/// The directory of a path, ending in "/". A path that is itself a directory gives its parent; a text
-/// without any "/" gives itself with "/" behind it.
+/// The directory of a path, ending in "/". For a directory the result is its parent; for a text without any
+/// "/" it is the text with "/" added.
 [[nodiscard]] std::string ParentDir(std::string_view path);
 
 }  // namespace requite
