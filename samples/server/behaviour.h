@@ -16,10 +16,10 @@ enum class Behaviour {
   Silence,        ///< "silence": takes the request and says nothing
   Chunked,        ///< "chunked": the page in chunks of one line
   Trickle,        ///< "trickle": a few bytes at a time
-  Gzip,           ///< "gzip": the file with ".gz" behind its name, packed though nobody asked for it
+  Gzip,           ///< "gzip": the file with ".gz" after its name, packed although nobody asked for it
   Reset,          ///< "reset": the first half, then a reset
   NoHeaderEnd,    ///< "no-header-end": the page follows the headers without an empty line
-  NulBytes,       ///< "nul-bytes": a byte of 0 behind each line
+  NulBytes,       ///< "nul-bytes": a byte of 0 after each line
   EndlessHeader,  ///< "endless-header": headers for ever
   EndlessBody,    ///< "endless-body": the page, and then text for ever
   Echo,           ///< "echo": a script that answers with the query that it got

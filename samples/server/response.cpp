@@ -41,7 +41,7 @@ std::string MovedPage(int status, const std::string& url) {
          "\">here</a>.</p></body></html>\n";
 }
 
-/// False for whatever the file system refuses, a name that is too long among it.
+/// False for anything that the file system refuses, such as a name that is too long.
 bool IsFolder(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(path, ignored);
@@ -53,7 +53,7 @@ std::optional<std::string> FileText(const fs::path& path) {
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-/// The file behind a path; a folder stands for its index page.
+/// The file of a path; a folder means its index page.
 fs::path FileOf(const fs::path& site, std::string_view path) {
   fs::path file = site / fs::path(path.substr(1));
   return IsFolder(file) ? file / "index.html" : file;
@@ -95,7 +95,7 @@ bool IsHarmless(std::string_view name) {
   return name.find("..") == std::string_view::npos;
 }
 
-/// Status line and headers, without the empty line behind them.
+/// Status line and headers, without the empty line after them.
 std::string Headers(int status, std::string_view more) {
   return "HTTP/1.1 " + std::to_string(status) + " " + std::string(ReasonOf(status)) +
          "\r\nServer: sample\r\nContent-Type: text/html; charset=windows-1252\r\nConnection: close" +

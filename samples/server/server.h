@@ -46,7 +46,7 @@ class Server {
     std::size_t Sent = 0;
     Time NextPiece{};
     bool Answering = false;
-    bool Drained = false;  ///< everything is sent; only the client's own close is waited for
+    bool Drained = false;  ///< everything is sent; only the client's close is missing
     bool Gone = false;
   };
 
