@@ -4,16 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <set>
-#include <thread>
 
 #include "console/child_process.h"
+#include "console/running_server.h"
 #include "platform/text.h"
-#include "server.h"
 #include "support/fakes.h"
 
 namespace requite {
@@ -43,12 +40,6 @@ struct Outcome {
 
 class ConsoleFaultsTest : public testing::Test {
  protected:
-  ~ConsoleFaultsTest() override {
-    const std::uint64_t one = 1;
-    EXPECT_EQ(::write(stop_.Number(), &one, sizeof one), static_cast<ssize_t>(sizeof one));
-    thread_.join();
-  }
-
   /// A scan in a folder of its own, with every file asked for; `fault` as the preloaded library takes it.
   Outcome Scan(const std::string& fault) {
     const test::TemporaryFolder folder;
@@ -58,30 +49,15 @@ class ConsoleFaultsTest : public testing::Test {
     WriteFile(folder.File("settings"), kOldSettings);
     WriteFile(project, kOldProject);
     for (const char* file : {"t.tab", "p.html", "r.html"}) WriteFile(folder.File(file), "old");
-    test::ChildProcess scan("/usr/bin/env", {"LD_PRELOAD=" REQUITE_FAULT_LIBRARY,
-                                             "REQUITE_FAULT=" + fault,
-                                             "REQUITE_FAULT_BELOW=" + folder.Folder.Path,
-                                             "REQUITE_FAULT_MARK=" + marks.File("reached"),
-                                             REQUITE_CONSOLE,
-                                             "scan",
-                                             project,
-                                             "-q",
-                                             "--program-folder",
-                                             folder.Folder.Path,
-                                             "--settings",
-                                             folder.File("settings"),
-                                             "--set",
-                                             "cmbAdvance=0",
-                                             "--connect-to",
-                                             "::127.0.0.1:" + std::to_string(server_.Port()),
-                                             "--save",
-                                             project,
-                                             "--tab",
-                                             folder.File("t.tab"),
-                                             "--page",
-                                             folder.File("p.html"),
-                                             "--report",
-                                             folder.File("r.html")});
+    const std::string line = "LD_PRELOAD=" REQUITE_FAULT_LIBRARY "|REQUITE_FAULT=" + fault +
+                             "|REQUITE_FAULT_BELOW=@|REQUITE_FAULT_MARK=" + marks.File("reached") +
+                             "|" REQUITE_CONSOLE
+                             "|scan|@/a.prj|-q|--program-folder|@|--settings|@/settings|--set|cmbAdvance=0"
+                             "|--connect-to|::127.0.0.1:" +
+                             std::to_string(server_.Port()) +
+                             "|--save|@/a.prj|--tab|@/t.tab|--page|@/p.html|--report|@/r.html";
+    test::ChildProcess scan("/usr/bin/env",
+                            Split(Replace(line, "@", folder.Folder.Path, Compare::Binary), "|"));
     Outcome outcome;
     outcome.Status = scan.Wait();
     outcome.Out = scan.Out;
@@ -96,9 +72,7 @@ class ConsoleFaultsTest : public testing::Test {
     return outcome;
   }
 
-  samples::Server server_{samples::Sites(REQUITE_SAMPLE_SITES), 0};
-  samples::Descriptor stop_{::eventfd(0, EFD_CLOEXEC)};
-  std::thread thread_{[this] { server_.Run(stop_.Number()); }};
+  test::RunningServer server_;
 };
 
 /// `good` is what a disk without faults gives.

@@ -24,13 +24,6 @@ class SiteEditingTest : public testing::Test, protected SiteRig {
   }
 };
 
-/// Counts how often a control was given the focus.
-struct FocusView : ControlView {
-  void Refresh(const Control&) override {}
-  void TakeFocus() override { ++Taken; }
-  int Taken = 0;
-};
-
 TEST_F(SiteEditingTest, NothingCanBeAddedOrChangedBeforeThereIsSomething) {
   for (const Control* each : std::initializer_list<const Control*>{
            &Controls.cmdAdd2, &Controls.cmdDelete, &Controls.cmdEditMain, &Controls.Text1, &Controls.cmdAdd,
@@ -61,8 +54,7 @@ TEST_F(SiteEditingTest, ASelectedMainSiteShowsItsListAlone) {
 
 TEST_F(SiteEditingTest, ALinkingSiteIsAddedTrimmedAndWithoutItsScheme) {
   AddSites(1, {});
-  FocusView focus;
-  Controls.Text1.SetView(&focus);
+  const ViewProbe focus(Controls.Text1);
   EnterLinkingSite("  HTTP://www.a.example/x  ");
   EnterLinkingSite("https://a.example/?u=http://b.example");
   EnterLinkingSite("www.a.example/x");
@@ -71,21 +63,19 @@ TEST_F(SiteEditingTest, ALinkingSiteIsAddedTrimmedAndWithoutItsScheme) {
   EXPECT_EQ(Controls.Text1.Text(), "");
   EXPECT_FALSE(Controls.cmdAdd.Enabled());
   EXPECT_FALSE(Data.ProjectSaved);
-  EXPECT_EQ(focus.Taken, 3);
-  Controls.Text1.SetView(nullptr);
+  EXPECT_EQ(focus.Focuses, 3);
 }
 
 TEST_F(SiteEditingTest, AnEntryOfNothingButASchemeIsRefused) {
   AddSites(1, {});
-  FocusView focus;
-  Controls.Text1.SetView(&focus);
+  const ViewProbe focus(Controls.Text1);
   for (const char* entry : {"http://", "", "https:// ", "Http://hTTps://"}) {
     Services.Dialogs.Boxes.clear();
     EnterLinkingSite(entry);
     EXPECT_EQ(LastMessage(), "Please enter the Website URL first.") << entry;
   }
   EXPECT_EQ(Controls.Text1.Text(), "");
-  EXPECT_EQ(focus.Taken, 4);
+  EXPECT_EQ(focus.Focuses, 4);
   EXPECT_TRUE(Data.ProjectSaved);
   Controls.Text1.UserSets(" ");
   Controls.cmdAdd.Click();
@@ -93,7 +83,6 @@ TEST_F(SiteEditingTest, AnEntryOfNothingButASchemeIsRefused) {
   EXPECT_THAT(Rows(Data.List1(1)), IsEmpty());
   EnterLinkingSite("  ");
   EXPECT_THAT(Rows(Data.List1(1)), ElementsAre("|1|||")) << "two blanks are an entry";
-  Controls.Text1.SetView(nullptr);
 }
 
 TEST_F(SiteEditingTest, WithoutACurrentMainSiteAnAddPassesOverTheListAndOffersNoSkip) {

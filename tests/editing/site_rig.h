@@ -4,13 +4,11 @@
 
 #include <string>
 
-#include "shell/main_window/form1.h"
-#include "support/fakes.h"
-#include "support/rows.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite::test {
 
-struct SiteRig {
+struct SiteRig : Form1Rig {
   /// The user types a Main Site and presses Enter.
   void EnterMainSite(const std::string& text) {
     Controls.txtDomain.UserSets(text);
@@ -21,20 +19,9 @@ struct SiteRig {
     Controls.Text1.UserPressesEnter();
   }
   /// The user clicks on a row of the list of Main Site k.
-  void ClickLinkingSite(int k, int row) {
-    LinkingSiteList& list = Data.List1(k);
-    list.OnMouseDown(row);
-    list.SelectOnly(row);
-    list.OnItemClick(row);
-  }
-  /// The last message box's text.
-  [[nodiscard]] std::string LastMessage() const {
-    return Services.Dialogs.Boxes.empty() ? "" : Services.Dialogs.Boxes.back().Text;
-  }
+  void ClickLinkingSite(int k, int row) { ClickRow(Data.List1(k), row); }
 
-  TemporaryFolder Folder;
-  FakeServices Services;
-  Form1 Controls{Services.All, Folder.Folder};
+  Form1& Controls = Form;
   Project& Data = Controls.Sites;
   ScanLists& Lists = Controls.Lists;
   SiteEditing& Sites = Controls.Editing;

@@ -8,12 +8,11 @@
 #include <string>
 
 #include "shell/harvest_windows/form3.h"
-#include "shell/main_window/form1.h"
-#include "support/fakes.h"
+#include "shell/main_window/form1_rig.h"
 
 namespace requite::test {
 
-struct HarvestRig {
+struct HarvestRig : Form1Rig {
   HarvestRig() { std::filesystem::copy_file(REQUITE_EMPTY_DATABASE, Database()); }
 
   [[nodiscard]] std::string Database() const { return Folder.File("spider.mdb"); }
@@ -53,10 +52,6 @@ struct HarvestRig {
     while (Services.Internet.AnswerNext()) {
     }
   }
-
-  TemporaryFolder Folder;
-  FakeServices Services;
-  Form1 Form{Services.All, Folder.Folder};
 };
 
 }  // namespace requite::test

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which changes of a control run its handler, and which reach its view.
+// Which changes of a control run its handler, and which values it refuses.
 #include "platform/controls.h"
 
 #include <gtest/gtest.h>
@@ -7,62 +7,16 @@
 #include <cmath>
 
 #include "support/failure_number.h"
+#include "support/rows.h"
 
 namespace requite::test {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-/// Counts what a widget would hear.
-class CountingView : public ControlView {
- public:
-  explicit CountingView(Control& control) { control.SetView(this); }
-  void Refresh(const Control&) override { ++Refreshes; }
-  void TakeFocus() override { ++Focuses; }
-
-  int Refreshes = 0;
-  int Focuses = 0;
-};
-
-TEST(Control, IsInEffectWhatItsFramesAre) {
-  Frame outer("Frame1");
-  Frame inner("Frame2");
-  Button button("cmdStop", "Stop");
-  inner.SetFrame(&outer);
-  button.SetFrame(&inner);
-  EXPECT_TRUE(button.EnabledInEffect() && button.VisibleInEffect());
-  outer.SetEnabled(false);
-  inner.SetVisible(false);
-  EXPECT_FALSE(button.EnabledInEffect());
-  EXPECT_FALSE(button.VisibleInEffect());
-  EXPECT_TRUE(outer.VisibleInEffect());
-  EXPECT_TRUE(button.Enabled() && button.Visible()) << "its own state is kept";
-  outer.SetEnabled(true);
-  button.SetEnabled(false);
-  EXPECT_FALSE(button.EnabledInEffect());
-}
-
-TEST(Control, ViewHearsChangesOnly) {
-  Button button("cmdStop", "Stop");
-  button.SetFocus();  // without a view: nothing
-  CountingView view(button);
-  button.SetEnabled(true);
-  button.SetVisible(true);
-  EXPECT_EQ(view.Refreshes, 0);
-  button.SetEnabled(false);
-  button.SetVisible(false);
-  button.SetCaption("Halt");
-  EXPECT_EQ(view.Refreshes, 3);
-  button.SetFocus();
-  EXPECT_EQ(view.Focuses, 1);
-  button.SetView(nullptr);
-  button.SetEnabled(true);
-  EXPECT_EQ(view.Refreshes, 3);
-}
-
 TEST(TextBox, SilentBoxRunsItForTheUserOnly) {
   TextBox box("txtTimeout", "60", TextBox::ProgramChange::Silent);
-  CountingView view(box);
+  ViewProbe view(box);
   Texts seen;
   box.OnChange = [&] { seen.push_back(box.Text()); };
   box.SetText("30");
@@ -115,7 +69,7 @@ TEST(ComboBox, PickingTakesTheRowAndTypingLeavesIt) {
 
 TEST(ProgressBar, RoundsHalvesToEvenAndRefusesTheRest) {
   ProgressBar bar("ProgressBar1");
-  CountingView view(bar);
+  ViewProbe view(bar);
   bar.SetValue(0.5);
   EXPECT_EQ(view.Refreshes, 0);
   bar.SetValue(1.5);

@@ -37,11 +37,7 @@ struct ControlRig : ControllerSteps, ScanRig {
   [[nodiscard]] std::string LastBox() const {
     return Services.Dialogs.Boxes.empty() ? std::string() : Services.Dialogs.Boxes.back().Text;
   }
-  /// The fields of a result row, joined by "|".
-  [[nodiscard]] std::string Result(std::size_t row) const {
-    const LinkResult& result = Sites.List3.At(row);
-    return result.Main + "|" + result.Linking + "|" + result.Status + "|" + result.No + "|" + result.LinkUrl;
-  }
+  [[nodiscard]] std::string Result(std::size_t row) const { return RowText(Sites.List3, row); }
   void Set(const SettingKey& key, std::string_view value) { Services.Store.Set(key.Name, value); }
 
   Controller Control;

@@ -8,13 +8,6 @@
 namespace requite::test {
 namespace {
 
-class FocusProbe : public ControlView {
- public:
-  void Refresh(const Control&) override {}
-  void TakeFocus() override { Taken = true; }
-  bool Taken = false;
-};
-
 TEST(PageLimit, FollowsTheRowsOfTheComboBoxAndStaysAsItWasOutsideThem) {
   constexpr std::int32_t kLimits[] = {1,     10,    50,    100,    500,    1000,  5000,
                                       10000, 20000, 50000, 100000, 200000, 500000};
@@ -49,10 +42,8 @@ void ExpectRefused(const RefusedStart& row) {
   rig.Sites.List3.Add({"a", "b", "Direct Link", "001", "c"});
   rig.Lists.lstErr.Add({"Timeout", "b"});
   rig.Now().LinksCounted = 3;
-  FocusProbe domain;
-  FocusProbe site;
-  rig.Controls.txtDomain.SetView(&domain);
-  rig.Controls.Text1.SetView(&site);
+  const ViewProbe domain(rig.Controls.txtDomain);
+  const ViewProbe site(rig.Controls.Text1);
 
   rig.Control.StartScan();
 
@@ -63,8 +54,8 @@ void ExpectRefused(const RefusedStart& row) {
   EXPECT_EQ(rig.Now().LinksCounted, 0);
   EXPECT_FALSE(rig.Sites.ProjectSaved);
   EXPECT_TRUE(rig.Controls.cmdNew.Enabled());
-  EXPECT_EQ(domain.Taken, row.Focus == "txtDomain");
-  EXPECT_EQ(site.Taken, row.Focus == "Text1");
+  EXPECT_EQ(domain.Focuses == 1, row.Focus == "txtDomain");
+  EXPECT_EQ(site.Focuses == 1, row.Focus == "Text1");
   EXPECT_TRUE(rig.Fetched.empty());
 }
 

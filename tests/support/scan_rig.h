@@ -11,6 +11,7 @@
 #include "scan/scan_context.h"
 #include "scan/triage.h"
 #include "support/fakes.h"
+#include "support/rows.h"
 
 namespace requite::test {
 

@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -82,27 +81,6 @@ TEST_F(SettingsFileTest, ItsFileIsForItsUserAlone) {
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
   ASSERT_EQ(::stat(fs::path(path_).parent_path().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0700U);
-}
-
-TEST_F(SettingsFileTest, AKillInTheMiddleOfManyWritesKeepsWhatWasWritten) {
-  std::array<int, 2> pipe{};
-  ASSERT_EQ(::pipe(pipe.data()), 0);
-  const pid_t child = Start([&] {
-    SettingsFile store(path_);
-    for (int number = 1; number < 1'000'000; ++number) {
-      store.Write("number", std::to_string(number));
-      if (::write(pipe[1], &number, sizeof(number)) < 0) return;
-    }
-  });
-  int written = 0;
-  while (written < 20'000) ASSERT_EQ(::read(pipe[0], &written, sizeof(written)), ssize_t{sizeof(written)});
-  ::kill(child, SIGKILL);
-  WaitFor(child);
-  ::close(pipe[1]);
-  while (::read(pipe[0], &written, sizeof(written)) > 0) {
-  }
-  ::close(pipe[0]);
-  EXPECT_GE(std::stoi(Reread("number")), written);
 }
 
 TEST_F(SettingsFileTest, AFileCutAtAnyByteKeepsTheRecordsBeforeTheCut) {

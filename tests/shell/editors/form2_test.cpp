@@ -11,18 +11,9 @@ namespace requite {
 namespace {
 
 using test::Form1Rig;
+using test::Rows;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-template <class Record>
-std::vector<std::string> Rows(const RecordList<Record>& rules) {
-  std::vector<std::string> rows;
-  for (std::size_t i = 0; i < rules.RowCount(); ++i) {
-    const Rule& rule = rules.At(i);
-    rows.push_back(rule.MainSite + "," + rule.RemoteSite + "," + rule.RuleType + "," + rule.RuleValue);
-  }
-  return rows;
-}
 
 class Editors : public testing::Test {
  protected:
@@ -68,9 +59,9 @@ TEST_F(Editors, EachShowsAndReplacesTheRulesOfItsScopeAlone) {
       {"Global", "a", "LimitString", "4"},    {"main", "a", "ExcludeRoot", "5"}};
   AddRules(rules);
   Form2& site = EditSite(0);
-  EXPECT_THAT(Rows(site.ListView1), ElementsAre("main,a,LimitString,1", "main,a,ExcludeRoot,5"));
-  EXPECT_THAT(Rows(EditMain(0).ListView1), ElementsAre("main,Global,LimitString,2"));
-  EXPECT_THAT(Rows(EditGlobal().ListView1), ElementsAre("Global,Global,LimitString,3"));
+  EXPECT_THAT(Rows(site.ListView1), ElementsAre("main|a|LimitString|1", "main|a|ExcludeRoot|5"));
+  EXPECT_THAT(Rows(EditMain(0).ListView1), ElementsAre("main|Global|LimitString|2"));
+  EXPECT_THAT(Rows(EditGlobal().ListView1), ElementsAre("Global|Global|LimitString|3"));
 
   Stage(Editor("Form2a"), 0, "x");
   Editor("Form2a").cmdSave.Click();
@@ -80,9 +71,9 @@ TEST_F(Editors, EachShowsAndReplacesTheRulesOfItsScopeAlone) {
   Sites().CurrentEditIndex = 1;
   site.cmdSave.Click();
   EXPECT_THAT(Rows(Sites().lstRules),
-              ElementsAre("Main,a,LimitString,case", "Global,a,LimitString,4", "main,Global,LimitString,2",
-                          "main,Global,LimitDirectory,x", "Global,Global,LimitString,3",
-                          "Global,Global,ExcludeRoot,y", "main,a,LimitString,1", "main,a,ExcludeRoot,5"));
+              ElementsAre("Main|a|LimitString|case", "Global|a|LimitString|4", "main|Global|LimitString|2",
+                          "main|Global|LimitDirectory|x", "Global|Global|LimitString|3",
+                          "Global|Global|ExcludeRoot|y", "main|a|LimitString|1", "main|a|ExcludeRoot|5"));
   EXPECT_THAT(rig_.Form.Windows.ShownNames(), IsEmpty());
 }
 
@@ -106,7 +97,7 @@ TEST_F(Editors, ALinkingSiteIsWrittenAsTypedAndItsOldRulesKeepTheOldUrl) {
   EXPECT_EQ(site.LinkPageUrl.size(), 100'000U);
   EXPECT_EQ(site.Description, "words");
   EXPECT_THAT(Rows(Sites().lstRules),
-              ElementsAre("main,b,LimitString,old", "main,http://c|d,ExcludeString,new"));
+              ElementsAre("main|b|LimitString|old", "main|http://c|d|ExcludeString|new"));
   EXPECT_FALSE(Sites().ProjectSaved);
 }
 
@@ -123,7 +114,7 @@ TEST_F(Editors, RulesAreRefusedWithoutAValueOrAType) {
   editor.Text6.UserPressesEnter();
   EXPECT_EQ(editor.Text6.Text(), "");
   EXPECT_EQ(editor.Option1.Chosen(), 1);
-  EXPECT_THAT(Rows(editor.ListView1), ElementsAre("main,a,ExcludeDirectory,  "));
+  EXPECT_THAT(Rows(editor.ListView1), ElementsAre("main|a|ExcludeDirectory|  "));
   editor.Command2.Click();  // no row is selected
   EXPECT_EQ(editor.ListView1.RowCount(), 1U);
   editor.ListView1.SelectOnly(0);
@@ -140,8 +131,8 @@ TEST_F(Editors, AMainSiteCalledGlobalIsNotToldFromTheGlobalScope) {
   editor.Text[0].UserSets("Global");
   editor.Text[0].UserPressesEnter();
   EXPECT_EQ(Sites().List4.At(0).Text, "Global");
-  EXPECT_EQ(Rows(Sites().lstRules).back(), "main,Global,LimitString,m") << "rules keep the old text";
-  EXPECT_THAT(Rows(EditMain(0).ListView1), ElementsAre("Global,Global,LimitString,g"));
+  EXPECT_EQ(Rows(Sites().lstRules).back(), "main|Global|LimitString|m") << "rules keep the old text";
+  EXPECT_THAT(Rows(EditMain(0).ListView1), ElementsAre("Global|Global|LimitString|g"));
 }
 
 TEST_F(Editors, AnOpenWindowIsNotFilledAgainAndSavesToTheRowThatIsChosenNow) {
@@ -151,7 +142,7 @@ TEST_F(Editors, AnOpenWindowIsNotFilledAgainAndSavesToTheRowThatIsChosenNow) {
   EXPECT_EQ(editor.Text[0].Text(), "edited");
   rig_.AddSites("second", {});  // another Main Site on show: new rules are its own
   Stage(editor, 0, "x");
-  EXPECT_EQ(Rows(editor.ListView1).back(), "second,edited,LimitDirectory,x");
+  EXPECT_EQ(Rows(editor.ListView1).back(), "second|edited|LimitDirectory|x");
   Form1Rig::ClickRow(Sites().List4, 0);
   rig_.Form.cmdEdit.Click();  // a chosen row stays chosen
   editor.cmdSave.Click();
@@ -169,7 +160,7 @@ TEST_F(Editors, ARowThatHasGoneFailsAtTheWriteAndKeepsTheWindow) {
   Form2& mainSite = EditMain(0);
   rig_.Form.cmdNew.Click();
   Stage(site, 0, "of nothing");
-  EXPECT_EQ(Rows(site.ListView1).back(), ",b,LimitDirectory,of nothing");
+  EXPECT_EQ(Rows(site.ListView1).back(), "|b|LimitDirectory|of nothing");
   EXPECT_THROW(site.cmdSave.Click(), RuntimeFailure);
   EXPECT_THROW(mainSite.cmdSave.Click(), RuntimeFailure);
   EXPECT_TRUE(IsOpen("Form2"));
@@ -179,7 +170,7 @@ TEST_F(Editors, ARowThatHasGoneFailsAtTheWriteAndKeepsTheWindow) {
   Form2& global = EditGlobal();
   Stage(global, 2, "z");
   global.cmdSave.Click();
-  EXPECT_THAT(Rows(Sites().lstRules), ElementsAre("Global,Global,LimitString,z"));
+  EXPECT_THAT(Rows(Sites().lstRules), ElementsAre("Global|Global|LimitString|z"));
 }
 
 }  // namespace

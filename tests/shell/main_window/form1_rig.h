@@ -7,18 +7,12 @@
 
 #include "shell/main_window/form1.h"
 #include "support/fakes.h"
+#include "support/rows.h"
 
 namespace requite::test {
 
-/// Remembers which popup menus were asked for.
 struct Form1Rig {
-  Form1Rig() {
-    WriteFile(Folder.File("filetypes.txt"), ".zip\r\n");
-    Form.mnuScan.OnPopUp = [this] { PopUps.emplace_back("mnuScan"); };
-    Form.mnuSkipPopup.OnPopUp = [this] { PopUps.emplace_back("mnuSkipPopup"); };
-    Form.Popup1.OnPopUp = [this] { PopUps.emplace_back("Popup1"); };
-    Form.Popup2.OnPopUp = [this] { PopUps.emplace_back("Popup2"); };
-  }
+  Form1Rig() { WriteFile(Folder.File("filetypes.txt"), ".zip\r\n"); }
 
   void AddSites(const std::string& mainSite, const std::vector<std::string>& linkingSites) {
     Form.txtDomain.UserSets(mainSite);
@@ -36,12 +30,15 @@ struct Form1Rig {
     if (list.OnItemClick) list.OnItemClick(row);
   }
 
+  /// The last message box's text.
+  [[nodiscard]] std::string LastMessage() const {
+    return Services.Dialogs.Boxes.empty() ? "" : Services.Dialogs.Boxes.back().Text;
+  }
   [[nodiscard]] std::string Setting(const std::string& key) { return Services.Store.Read(key).value_or("-"); }
 
   TemporaryFolder Folder;
   FakeServices Services;
   Form1 Form{Services.All, Folder.Folder};
-  std::vector<std::string> PopUps;
 };
 
 }  // namespace requite::test

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// The editors and the options on screen, offscreen, by mouse and keyboard, over fake services.
+// The editors, the options and the import windows, offscreen, by mouse and keyboard, over fake services.
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
 
 #include "window_rig.h"
 
 namespace requite::test {
 
-class EditorsWindowTest : public QObject, private WindowRig {
+class FurtherWindowsTest : public QObject, private WindowRig {
   Q_OBJECT
 
  private slots:
@@ -30,7 +32,6 @@ class EditorsWindowTest : public QObject, private WindowRig {
     });
     auto* const url = Part<QLineEdit>(editor, "Text1");
     QCOMPARE(url->text(), QString("partner.example"));
-    QVERIFY(QTest::qWaitForWindowActive(editor));
     QVERIFY(editor->focusWidget() == url);
     for (const char* next : {"Text2", "Text3", "Text4", "Text5", "ListView1", "Option1(0)"}) {
       QTest::keyClick(editor->focusWidget(), Qt::Key_Tab);
@@ -65,7 +66,6 @@ class EditorsWindowTest : public QObject, private WindowRig {
     QTest::keyClicks(Part<QLineEdit>(editor, "Text6"), "v");
     QTest::keyClick(Part<QLineEdit>(editor, "Text6"), Qt::Key_Return);
     QVERIFY(services_->Dialogs.Boxes.empty());
-    QVERIFY(QTest::qWaitForWindowActive(editor));
     QTest::keyClick(editor, Qt::Key_Escape);
     QVERIFY(!form_->Windows.IsShown("Form2a"));
     QCOMPARE(form_->Sites.List4.At(0).Text, std::string("main.example"));
@@ -92,17 +92,81 @@ class EditorsWindowTest : public QObject, private WindowRig {
     QVERIFY(global->findChild<QLineEdit*>("Text1") == nullptr);
   }
 
+  void linksAreFoundSelectedAndAdded() {
+    std::string page(300, ' ');
+    for (int i = 0; i < 1000; ++i) page += "<a href=\"http://site" + std::to_string(i) + ".example\">";
+    services_->Internet.Bodies["http://me.example/links"] = page;
+    QWidget* const import = Open("Form4", [this] { form_->cmdImport.Click(); });
+    auto* const url = Part<QLineEdit>(import, "Text1");
+    url->selectAll();
+    QTest::keyClicks(url, "me.example/links");
+    auto* const rows = Part<QAbstractItemView>(import, "ListView1");
+    int yields = 0;
+    int drawn = 0;
+    services_->EventLoop.OnEveryYield = [&] {
+      if (++yields % 200 != 0) return;
+      QTest::qWait(80);
+      const bool adds = Part<QLabel>(import, "StatusBar1(1)")->text().startsWith("Added");
+      if (adds) drawn = std::max(drawn, rows->model()->rowCount());
+    };
+    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
+    services_->EventLoop.OnEveryYield = nullptr;
+    QCOMPARE(drawn, 0);
+    QTRY_COMPARE(rows->model()->rowCount(), 1001);
+    QTRY_COMPARE(Part<QLabel>(import, "StatusBar1(1)")->text(),
+                 QString("Finished Downloading - 1001 links found."));
+
+    auto* const add = Part<QAbstractButton>(import, "cmdAdd");
+    const auto press = [&](int row, Qt::KeyboardModifiers keys) {
+      QTest::mouseClick(rows->viewport(), Qt::LeftButton, keys,
+                        rows->visualRect(rows->model()->index(row, 0)).center());
+    };
+    press(0, Qt::NoModifier);
+    press(2, Qt::ControlModifier);
+    press(4, Qt::ControlModifier | Qt::ShiftModifier);
+    add->click();
+    const LinkingSiteList& sites = form_->Sites.List1(1);
+    QCOMPARE(sites.RowCount(), std::size_t{5});
+    QCOMPARE(sites.At(2).WebsiteUrl, std::string("site2.example/"));
+
+    press(1, Qt::NoModifier);
+    QTest::mouseClick(rows->viewport(), Qt::RightButton, Qt::NoModifier, {5, 5});
+    QTRY_COMPARE(rows->selectionModel()->selectedRows().size(), 1001);
+    add->click();
+    QCOMPARE(sites.RowCount(), std::size_t{1005});
+
+    press(3, Qt::NoModifier);
+    QTest::keyClick(rows, Qt::Key_A, Qt::ControlModifier);
+    add->click();
+    QCOMPARE(sites.RowCount(), std::size_t{2005});
+
+    QTest::mouseClick(Part<QAbstractButton>(import, "Command1"), Qt::LeftButton);
+    QTRY_COMPARE(rows->selectionModel()->selectedRows().size(), 0);
+  }
+
+  void tabsChangeByKeyboardAndEscapeCloses() {
+    QWidget* const import = Open("Form4a", [this] { form_->cmdImport2.Click(); });
+    QCOMPARE(import->windowTitle(), QString("Import Main Sites"));
+    QVERIFY(Part<QWidget>(import, "Frame1")->isVisible());
+    QVERIFY(!Part<QWidget>(import, "framePost")->isVisible());
+    QTest::keyClick(Part<QTabBar>(import, "TabStrip1"), Qt::Key_Right);
+    QTRY_VERIFY(Part<QWidget>(import, "framePost")->isVisible());
+    QVERIFY(!Part<QWidget>(import, "Frame3")->isVisible());
+    QTest::keyClick(import, Qt::Key_Escape);
+    QTRY_VERIFY(!form_->Windows.IsShown("Form4a"));
+  }
+
  private:
   template <class Act>
   QWidget* Open(const char* name, Act&& act) {
     act();
     auto* const opened = window_->findChild<QWidget*>(name);
-    if (opened == nullptr || !opened->isVisible()) qFatal("%s is not on screen", name);
+    if (opened == nullptr || !QTest::qWaitForWindowActive(opened)) qFatal("%s did not open", name);
     return opened;
   }
 };
 
 }  // namespace requite::test
 
-QTEST_MAIN(requite::test::EditorsWindowTest)
-#include "editors_window_test.moc"
+QTEST_MAIN(requite::test::FurtherWindowsTest)
+#include "further_windows_test.moc"
