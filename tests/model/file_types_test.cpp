@@ -2,7 +2,7 @@
 // The fragments that a scan takes from `filetypes.txt`, however the file was edited.
 #include "model/file_types.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "support/failure_number.h"
 #include "support/fakes.h"
@@ -10,37 +10,28 @@
 namespace requite::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-class FileTypes : public testing::Test {
- protected:
-  std::vector<std::string> Read(std::string_view text) {
-    WriteFile(folder_.File("filetypes.txt"), text);
-    return ReadFileTypes(folder_.Folder);
-  }
-  TemporaryFolder folder_;
+struct Row {
+  const char* What;
+  std::string_view Text;
+  std::vector<std::string> Fragments;
 };
 
-TEST_F(FileTypes, KeepsTheOrderOfTheLines) {
-  EXPECT_THAT(Read(".html\r\n.htm\r\n.php\r\n"), ElementsAre(".html", ".htm", ".php"));
-  EXPECT_THAT(Read(".html\n.htm\n\n.php"), ElementsAre(".html", ".htm", ".php"));
-}
-
-TEST_F(FileTypes, SkipsEmptyLinesAndSingleBlanksButNotTwoBlanks) {
-  EXPECT_THAT(Read("\r\n .html\r\n \r\n\r\n  \r\n"), ElementsAre(" .html", "  "));
-  EXPECT_THAT(Read(""), IsEmpty());
-  EXPECT_THAT(Read("\r\n \r\n"), IsEmpty());
-}
-
-TEST_F(FileTypes, ABarInALineMakesSeveralFragmentsAndOneAtTheEndGoes) {
-  EXPECT_THAT(Read(".a|.b\r\n.c|\r\n"), ElementsAre(".a", ".b", ".c"));
-  EXPECT_THAT(Read(".c||\r\n"), ElementsAre(".c", ""));
-  EXPECT_THAT(Read("|\r\n"), IsEmpty());
-}
-
-TEST_F(FileTypes, AMissingFileIsAFailure) {
-  EXPECT_EQ(NumberOf([&] { static_cast<void>(ReadFileTypes(folder_.Folder)); }), 53);
+TEST(FileTypes, EachLineIsAFragmentOrSeveral) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(NumberOf([&] { static_cast<void>(ReadFileTypes(folder.Folder)); }), 53) << "without a file";
+  for (const Row& row : {Row{"in order", ".html\r\n.htm\r\n.php\r\n", {".html", ".htm", ".php"}},
+                         {"with lone line feeds", ".html\n.htm\n\n.php", {".html", ".htm", ".php"}},
+                         {"empty lines and single blanks go, two blanks stay",
+                          "\r\n .html\r\n \r\n\r\n  \r\n",
+                          {" .html", "  "}},
+                         {"an empty file", "", {}},
+                         {"nothing but blanks", "\r\n \r\n", {}},
+                         {"a bar parts, and one at the end goes", ".a|.b\r\n.c|\r\n", {".a", ".b", ".c"}},
+                         {"two bars at the end", ".c||\r\n", {".c", ""}},
+                         {"a bar alone", "|\r\n", {}}}) {
+    WriteFile(folder.File("filetypes.txt"), row.Text);
+    EXPECT_EQ(ReadFileTypes(folder.Folder), row.Fragments) << row.What;
+  }
 }
 
 }  // namespace

@@ -175,14 +175,6 @@ TEST(ProjectReader, AFileCutAnywhereKeepsTheRowsBeforeTheCut) {
   }
 }
 
-TEST(ProjectReader, WhatIsReadIsWrittenAgainAndReadsTheSame) {
-  const Loaded first(DataFile("current.prj"));
-  const std::string text = ProjectText(first.Data);
-  const Loaded second(text);
-  EXPECT_TRUE(second.ReachedEnd);
-  EXPECT_EQ(ProjectText(second.Data), text);
-}
-
 TEST(ProjectReader, VeryLongLinesCostNoMoreThanTheirLength) {
   constexpr std::size_t kLength = 10'000'000;
   const Loaded bars("m\r\n" + std::string(kLength, '|') + "\r\na|1\r\n");

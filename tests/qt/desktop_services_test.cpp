@@ -78,7 +78,8 @@ QString WithTwoDecimals(const char* locale, double value) {
 }
 
 TEST(SystemClockTest, AFigureHasAsciiDigitsAndSignsOfTheCodePageInEveryLocale) {
-  EXPECT_EQ(WithTwoDecimals("C", 1.005), "1.01");
+  EXPECT_EQ(WithTwoDecimals("C", 1.005), "1.01") << "halves go away from zero";
+  EXPECT_EQ(WithTwoDecimals("en_US", -1002.675), "-1,002.68");
   EXPECT_EQ(WithTwoDecimals("de_DE", 1006), "1.006,00");
   EXPECT_EQ(WithTwoDecimals("fr_FR", 1006), QString::fromUtf8("1\u00A0006,00"));
   EXPECT_EQ(WithTwoDecimals("ar_EG", 1006), QString::fromUtf8("1\u2019006,00"));
@@ -111,58 +112,62 @@ TEST(SystemClockTest, ADateOrTimeThatDoesNotFitTheCodePageIsGivenInItsIsoForm) {
   EXPECT_TRUE(QDate::fromString(ToUnicode(german.ShortDate()), QStringLiteral("dd.MM.yy")).isValid());
 }
 
-/// A player that writes down what it plays, and then plays for ever.
-class SoundProcessTest : public testing::Test {
+/// Scripts in a folder that is looked through for programs; each writes down what it is started for.
+class ScriptsTest : public testing::Test {
  protected:
-  SoundProcessTest() : path_(std::getenv("PATH")) {
-    MakeFile(folder_.File("finished.wav"), "RIFF");
-    ::setenv("PATH", (folder_.Folder.Path + ":" + path_).c_str(), 1);
-  }
-  ~SoundProcessTest() override { ::setenv("PATH", path_.c_str(), 1); }
+  ~ScriptsTest() override { ::setenv("PATH", path_.c_str(), 1); }
 
-  void InstallPlayer() {
-    const std::string log = folder_.File("log");
-    MakeFile(folder_.File("pw-play"), "#!/bin/sh\necho \"$$\" >> '" + log + "'\nexec sleep 100\n");
-    fs::permissions(folder_.File("pw-play"), fs::perms::owner_all);
+  void LookForProgramsIn(const std::string& folders) { ::setenv("PATH", folders.c_str(), 1); }
+  void Install(const char* program, const std::string& script) {
+    MakeFile(folder_.File(program), "#!/bin/sh\n" + script + "\n");
+    fs::permissions(folder_.File(program), fs::perms::owner_all);
   }
-  /// The players started so far, by their process numbers.
-  [[nodiscard]] std::vector<pid_t> Players() const {
+  [[nodiscard]] std::vector<std::string> Log() const {
     std::ifstream log(folder_.File("log"));
-    std::vector<pid_t> players;
-    for (pid_t player = 0; log >> player;) players.push_back(player);
-    return players;
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(log, line);) lines.push_back(line);
+    return lines;
   }
 
   LoopRig rig_;
   TemporaryFolder folder_;
-  std::string path_;
+  std::string path_ = std::getenv("PATH");
+};
+
+/// The player plays for ever.
+class SoundProcessTest : public ScriptsTest {
+ protected:
+  SoundProcessTest() {
+    MakeFile(folder_.File("finished.wav"), "RIFF");
+    LookForProgramsIn(folder_.Folder.Path + ":" + path_);
+    Install("pw-play", "echo \"$$\" >> '" + folder_.File("log") + "'\nexec sleep 100");
+  }
+  [[nodiscard]] bool Plays(std::size_t player) const { return ::kill(std::stoi(Log()[player]), 0) == 0; }
 };
 
 TEST_F(SoundProcessTest, ASecondSoundCutsOffTheFirst) {
-  InstallPlayer();
   SoundProcess sounds;
   sounds.PlaySoundFile(folder_.File("missing.wav"));
   sounds.PlaySoundFile(folder_.File("finished.wav"));
-  ASSERT_TRUE(rig_.Until([&] { return Players().size() == 1; }));
+  ASSERT_TRUE(rig_.Until([&] { return Log().size() == 1; }));
   sounds.PlaySoundFile(folder_.File("finished.wav"));
-  ASSERT_TRUE(rig_.Until([&] { return Players().size() == 2; }));
-  EXPECT_NE(::kill(Players()[0], 0), 0) << "the first player is gone";
-  EXPECT_EQ(::kill(Players()[1], 0), 0) << "the second one plays";
+  ASSERT_TRUE(rig_.Until([&] { return Log().size() == 2; }));
+  EXPECT_FALSE(Plays(0));
+  EXPECT_TRUE(Plays(1));
 }
 
 /// The desktop's opener is a script, and nothing else can be found.
-class DesktopShellTest : public testing::Test {
+class DesktopShellTest : public ScriptsTest {
  protected:
-  DesktopShellTest() : path_(std::getenv("PATH")) {
+  DesktopShellTest() {
     fs::create_symlink("/bin/sh", folder_.File("sh"));
-    ::setenv("PATH", folder_.Folder.Path.c_str(), 1);
+    LookForProgramsIn(folder_.Folder.Path);
     shell_.OnFailed = [this](const QString& what) { failed_.push_back(what.toStdString()); };
   }
   ~DesktopShellTest() override {
     // An opener outlives the shell, and so does its object; here it ends first.
     EXPECT_TRUE(rig_.Until([] { return !HasChildren(); }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ::setenv("PATH", path_.c_str(), 1);
   }
 
   static bool HasChildren() {
@@ -170,29 +175,20 @@ class DesktopShellTest : public testing::Test {
     return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
   }
 
-  void Install(const char* program, const std::string& script) {
-    MakeFile(folder_.File(program), "#!/bin/sh\n" + script + "\n");
-    fs::permissions(folder_.File(program), fs::perms::owner_all);
-  }
   /// An opener that notes what it is to open, and ends with this status.
   void InstallOpener(int status) {
     Install("xdg-open", "echo \"$1\" >> '" + folder_.File("log") + "'\nexit " + std::to_string(status));
   }
   bool Opens(const std::string& what) {
     return rig_.Until([&] {
-      std::ifstream log(folder_.File("log"));
-      std::string last;
-      for (std::string line; std::getline(log, line);) last = line;
-      return last == what;
+      const auto log = Log();
+      return !log.empty() && log.back() == what;
     });
   }
   bool Fails(const std::string& what) {
     return rig_.Until([&] { return !failed_.empty() && failed_.back() == what; });
   }
 
-  LoopRig rig_;
-  TemporaryFolder folder_;
-  std::string path_;
   std::vector<std::string> failed_;
   DesktopShell shell_;
 };

@@ -8,7 +8,6 @@
 #include "qt/loop_rig.h"
 #include "qt/services/code_page.h"
 #include "qt/services/qt_timer.h"
-#include "qt/services/system_clock.h"
 #include "system/connect_map.h"
 
 namespace requite::test {
@@ -86,16 +85,6 @@ TEST(ConnectMapTest, TheFirstMatchWinsAndAnEmptyPartMatchesAny) {
   EXPECT_EQ(target("a.example", 81), "two 2");
   EXPECT_EQ(target("b.example", 81), "three 3");
   EXPECT_EQ(target("b.example", 80), "b.example 80");
-}
-
-TEST(SystemClockTest, TwoDecimalsGoAwayFromZeroInTheLocalesSigns) {
-  SystemClock english(QLocale(QLocale::English, QLocale::UnitedStates));
-  EXPECT_EQ(english.TwoDecimals(0), "0.00");
-  EXPECT_EQ(english.TwoDecimals(1.005), "1.01");
-  EXPECT_EQ(english.TwoDecimals(-2.675), "-2.68");
-  EXPECT_EQ(english.TwoDecimals(1234567.5), "1,234,567.50");
-  SystemClock german(QLocale(QLocale::German, QLocale::Germany));
-  EXPECT_EQ(german.TwoDecimals(1234.5), "1.234,50");
 }
 
 }  // namespace

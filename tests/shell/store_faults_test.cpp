@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Settings, auto-save, link page, import and the harvesters' store on a disk that fails at any one call,
+// Settings, auto-save and the harvesters' store on a disk that fails at any one call,
 // fills up at it, or loses power after it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,6 @@
 
 #include "harvest/harvest_rig.h"
 #include "model/project_text.h"
-#include "shell/harvest_windows/frm_export.h"
-#include "shell/imports/form4.h"
 #include "shell/main_window/form1_rig.h"
 #include "support/at_every_call.h"
 #include "system/settings_file.h"
@@ -113,22 +111,6 @@ TEST(StoreFaults, AnAutoSaveLeavesTheProjectInPlaceOrInBackup) {
   EXPECT_GT(calls, 10);
 }
 
-TEST(StoreFaults, AnImportTakesAllOrNothing) {
-  const auto attempt = [](FailingDisk& disk) {
-    Form1Rig rig;
-    rig.AddSites("main.example", {"kept.example"});
-    const std::string path = rig.Folder.File("sites.txt");
-    WriteFile(path, "a.example\r\nb.example\r\n");
-    rig.Form.cmdImport.Click();
-    auto& window = static_cast<Form4&>(*rig.Form.Windows.Find("Form4"));
-    rig.Services.Dialogs.Names = {path};
-    disk.Lets([&] { window.Command4.Click(); }, path);
-    EXPECT_THAT(rig.Form.Sites.List1(1).RowCount(), AnyOf(1U, 3U));
-    EXPECT_EQ(TextOf(path), "a.example\r\nb.example\r\n");
-  };
-  EXPECT_GT(AtEveryCall(attempt, {Fault::Once}), 0);
-}
-
 TEST(StoreFaults, AnAddressIsStoredOrRefusedAndTheOthersStay) {
   const int calls = AtEveryCall([](FailingDisk& disk) {
     HarvestRig rig;
@@ -140,23 +122,6 @@ TEST(StoreFaults, AnAddressIsStoredOrRefusedAndTheOthersStay) {
     EXPECT_THAT(rows, added ? AnyOf("kept@b.c;new@b.c;", "") : AnyOf("kept@b.c;", "kept@b.c;new@b.c;"));
   });
   EXPECT_GT(calls, 5) << "the engine's calls come here";
-}
-
-TEST(StoreFaults, AnExportLeavesTheAddressesWhereTheyAre) {
-  AtEveryCall([](FailingDisk& disk) {
-    HarvestRig rig;
-    rig.Form.Database.AddEmail("a@b.c");
-    const std::string path = rig.Folder.File("out.txt");
-    WriteFile(path, "old");
-    rig.Form.Command2.Click();
-    auto& window = static_cast<frmExport&>(*rig.Form.Windows.Find("frmExport"));
-    rig.Services.Dialogs.Names = {path};
-    disk.Lets([&] { window.Command1.Click(); });
-    // Without its database an export is one line end.
-    EXPECT_THAT(TextOf(path), AnyOf(kNone, "old", "old\r\n", "olda@b.c;\r\n", "\r\n", "a@b.c;\r\n"));
-    EXPECT_EQ(rig.Sql("select email from emails"), "a@b.c;");
-    EXPECT_EQ(rig.Form.Windows.Find("frmExport"), nullptr);
-  });
 }
 
 }  // namespace

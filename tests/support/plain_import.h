@@ -43,26 +43,12 @@ inline std::string PlainImportValue(const std::string& line) {
   return Replace(value, "href=", "", Compare::Text);
 }
 
-inline std::string PlainResolveImportLink(std::string link, const std::string& base,
+inline std::string PlainResolveImportLink(const std::string& link, const std::string& base,
                                           const std::string& host) {
-  const bool noted = Holds(link, "http://");
-  link = Without(link, {"http://"});
-  link = Without(link, {"https://"});
-  if (Left(link, 1) == "/") {
-    link = Replace(base + link, "//", "/", Compare::Binary);
-  } else if (Left(link, 2) == "..") {
-    link = Replace("/" + Replace(link, "..", "", Compare::Binary), "//", "/", Compare::Binary);
-  } else {
-    if (Left(link, 2) == "./") link = host + "/" + Replace(link, "./", "", Compare::Binary);
-    bool isHost = noted;
-    for (const std::string_view mark : {".com", "www.", ".net", ".edu", ".gov", "ww2."}) {
-      isHost = isHost || Holds(link, mark);
-    }
-    if (!isHost) link = base + "/" + link;
-  }
-  if (link.find('/') == std::string::npos) link += "/";
-  for (int pass = 0; pass < 4; ++pass) link = Replace(link, "//", "/", Compare::Binary);
-  return PlainMend(link);
+  const auto climb = [](const std::string& from) {
+    return Replace("/" + Replace(from, "..", "", Compare::Binary), "//", "/", Compare::Binary);
+  };
+  return PlainResolve({base, host, base, climb}, link);
 }
 
 inline std::string PlainExtractLinks(const std::string& html, const std::string& base,

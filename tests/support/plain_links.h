@@ -3,6 +3,7 @@
 // cache. The program's own forms must give the same answers.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,27 +44,38 @@ inline std::string PlainMend(std::string link) {
   return link;
 }
 
-inline std::string PlainResolveLink(const ScanContext& context, std::string link) {
-  const std::string& host = context.State.Page.PageHost;
-  const std::string& directory = context.State.PageDir;
+/// What goes before a link: before one that begins with a slash, with a dot and a slash, and any other one.
+struct PlainOrigin {
+  std::string Root, Host, Directory;
+  std::function<std::string(const std::string& link)> Climbed;  ///< a link that begins with two dots
+};
+
+inline std::string PlainResolve(const PlainOrigin& origin, std::string link) {
   const bool noted = Holds(link, "http://");
   link = Without(link, {"http://"});
   link = Without(link, {"https://"});
   if (Left(link, 1) == "/") {
-    link = Replace(host + link, "//", "/", Compare::Binary);
+    link = Replace(origin.Root + link, "//", "/", Compare::Binary);
   } else if (Left(link, 2) == "..") {
-    link = PlainClimb(directory, link);
+    link = origin.Climbed(link);
   } else {
-    if (Left(link, 2) == "./") link = host + "/" + Replace(link, "./", "", Compare::Binary);
+    if (Left(link, 2) == "./") link = origin.Host + "/" + Replace(link, "./", "", Compare::Binary);
     bool isHost = noted;
     for (const std::string_view mark : {".com", "www.", ".net", ".edu", ".gov", "ww2."}) {
       isHost = isHost || Holds(link, mark);
     }
-    if (!isHost) link = directory + "/" + link;
+    if (!isHost) link = origin.Directory + "/" + link;
   }
   if (link.find('/') == std::string::npos) link += "/";
   for (int pass = 0; pass < 4; ++pass) link = Replace(link, "//", "/", Compare::Binary);
   return PlainMend(link);
+}
+
+inline std::string PlainResolveLink(const ScanContext& context, const std::string& link) {
+  const std::string& host = context.State.Page.PageHost;
+  const std::string& directory = context.State.PageDir;
+  const auto climb = [&directory](const std::string& from) { return PlainClimb(directory, from); };
+  return PlainResolve({host, host, directory, climb}, link);
 }
 
 inline std::string PlainDomain(const std::string& host) {

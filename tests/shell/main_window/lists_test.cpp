@@ -103,7 +103,7 @@ TEST(WebTab, AnErrorRowOpensInsideWithoutTouchingTheAddressBox) {
   EXPECT_EQ(tab.Form.txtURL.Text(), "");
   EXPECT_FALSE(tab.Form.WebBrowser1.Silent);
   tab.Form.Lists.lstErr.OnDoubleClick(0);
-  EXPECT_EQ(tab.Services.Shell.Opened.back(), "http://a.example/gone.html");
+  EXPECT_EQ(tab.Services.Shell.Opened, std::vector<std::string>{"http://a.example/gone.html"});
 }
 
 }  // namespace
