@@ -17,35 +17,35 @@ constexpr std::size_t kSlice = 4096;  ///< characters read between two yields
 }  // namespace
 
 void EmailHarvester::ExtractEmails(std::int16_t connection) {
-  StatusBar& status = context_.Window.StatusBar1;
+  StatusBar& status = scan_.Window.StatusBar1;
   status.SetPanel(2, "Getting Emails");
-  if (!context_.State.Scanning) return;
-  context_.Platform.EventLoop.LetPendingEventsRun();
+  if (!scan_.State.Scanning) return;
+  scan_.Platform.EventLoop.LetPendingEventsRun();
   EndSilently([&] { ReadLines(connection); });
   status.SetPanel(2, "");
-  if (context_.State.Scanning) PassOver(scanNextPage_);
+  if (scan_.State.Scanning) PassOver(scanNextPage_);
 }
 
 void EmailHarvester::ReadLines(std::int16_t connection) {
-  const std::string text = ReadFile(FlatPageFile(context_.Work, connection));
+  const std::string text = ReadFile(FlatPageFile(scan_.Work, connection));
   LineReader lines(text, LineEnds::CarriageReturn);
   while (!lines.AtEnd()) {
-    context_.Platform.EventLoop.LetPendingEventsRun();
+    scan_.Platform.EventLoop.LetPendingEventsRun();
     if (!ReadEmailLine(std::string(*lines.Next()), *this)) return;
   }
 }
 
 bool EmailHarvester::GoesOn(std::size_t characters) {
-  for (std::size_t done = 0; done <= characters && context_.State.Scanning; done += kSlice) {
-    context_.Platform.EventLoop.LetPendingEventsRun();
+  for (std::size_t done = 0; done <= characters && scan_.State.Scanning; done += kSlice) {
+    scan_.Platform.EventLoop.LetPendingEventsRun();
   }
-  return context_.State.Scanning;
+  return scan_.State.Scanning;
 }
 
 bool EmailHarvester::TakeLongAddress(std::size_t staying) {
   // Nothing longer than a database field is stored, and nothing longer than every known URL is known.
-  if (staying <= std::max(modDatabase::kFieldLength,
-                          LongestSeenUrl(context_.Project, context_.Lists.List2, context_.State)))
+  if (staying <=
+      std::max(modDatabase::kFieldLength, LongestSeenUrl(scan_.Project, scan_.Lists.List2, scan_.State)))
     return false;
   CountAddress([] { return true; });
   return true;
@@ -62,27 +62,27 @@ void EmailHarvester::TakeHalves(const std::string& left, std::string_view rawRig
 
 bool EmailHarvester::AddWebsiteOf(const std::string& right) {
   std::string url = "http://www." + right + "/";
-  if (IsSeenUrl(context_.Project, context_.Lists.List2, context_.State, url)) return false;
+  if (IsSeenUrl(scan_.Project, scan_.Lists.List2, scan_.State, url)) return false;
   return database_.AddWebsite(url);
 }
 
 template <class AddWebsite>
 void EmailHarvester::CountAddress(AddWebsite&& addWebsite) {
-  ScanState& state = context_.State;
+  ScanState& state = scan_.State;
   const auto raise = [](std::int32_t& counter) {
     if (counter < std::numeric_limits<std::int32_t>::max()) ++counter;
   };
   raise(state.LinksOnSite);
   PassOver([&] {
-    if (context_.Settings.IsOne(setting::chkAudioEmail)) {
-      context_.Platform.Sounds.PlaySoundFile(context_.Folder.File(sound::kLinkFound));
+    if (scan_.Settings.IsOne(setting::chkAudioEmail)) {
+      scan_.Platform.Sounds.PlaySoundFile(scan_.Folder.File(sound::kLinkFound));
     }
   });
-  if (addWebsite()) PassOver([&] { context_.Host.UpdateStats(Counted::PageFound); });
-  PassOver([&] { context_.Host.UpdateStats(Counted::LinkFound); });
+  if (addWebsite()) PassOver([&] { scan_.Host.UpdateStats(Counted::PageFound); });
+  PassOver([&] { scan_.Host.UpdateStats(Counted::LinkFound); });
   raise(state.PagesQueued);  // uses up a slot of SeenPages that stays empty
-  context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");
-  context_.Platform.EventLoop.LetPendingEventsRun();
+  scan_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");
+  scan_.Platform.EventLoop.LetPendingEventsRun();
 }
 
 }  // namespace requite

@@ -17,8 +17,8 @@ namespace requite {
 class EmailHarvester : private EmailLineReader {
  public:
   /// Both must outlive this object. `scanNextPage` is the step that follows.
-  EmailHarvester(ScanContext& context, modDatabase& database, std::function<void()> scanNextPage)
-      : context_(context), database_(database), scanNextPage_(std::move(scanNextPage)) {}
+  EmailHarvester(ScanContext& scan, modDatabase& database, std::function<void()> scanNextPage)
+      : scan_(scan), database_(database), scanNextPage_(std::move(scanNextPage)) {}
 
   /// Reads the flat page file of a connection, stores and counts each new address, then calls
   /// ScanNextPage. Lets events run often; stopping the scan ends it in the middle of a line. Failures are
@@ -36,7 +36,7 @@ class EmailHarvester : private EmailLineReader {
   void CountAddress(AddWebsite&& addWebsite);
   [[nodiscard]] bool AddWebsiteOf(const std::string& right);
 
-  ScanContext& context_;
+  ScanContext& scan_;
   modDatabase& database_;
   std::function<void()> scanNextPage_;
   EmailPattern pattern_;
