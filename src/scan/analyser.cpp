@@ -50,29 +50,29 @@ Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
 
 void Analyser::AnalyseLink(std::string_view line, std::string& link) {
   if (CutHrefValue(line, scan_.State.Scanning, scan_.Platform.EventLoop, link) != Cut::Done) return;
-  if (TakeLink(link) == Road::Record) RecordIfOurs(link);
+  if (TakeLink(link) == LinkUse::Record) RecordIfOurs(link);
 }
 
-Analyser::Road Analyser::TakeLink(std::string& link) {
+Analyser::LinkUse Analyser::TakeLink(std::string& link) {
   const LetterSet letters = LettersOf(link);
-  if (filter_.IsScriptOrMail(link, letters) || !GoesOn(link)) return Road::NextLine;
+  if (filter_.IsScriptOrMail(link, letters) || !GoesOn(link)) return LinkUse::None;
   // A file that is not followed because of its type can still be a link to the Main Site, unresolved.
   const bool isAllowed = filter_.IsAllowedType(link, letters);
-  if (!GoesOn(link)) return Road::NextLine;
-  if (!isAllowed) return RoadOfRefused(link);
-  if (filter_.IsLocalOrFragment(link, letters)) return Road::NextLine;
-  if (!GoesOn(link)) return Road::NextLine;
+  if (!GoesOn(link)) return LinkUse::None;
+  if (!isAllowed) return UseOfRefused(link);
+  if (filter_.IsLocalOrFragment(link, letters)) return LinkUse::None;
+  if (!GoesOn(link)) return LinkUse::None;
   ResolveLink(scan_.State, link);
-  if (!GoesOn(link)) return Road::NextLine;
+  if (!GoesOn(link)) return LinkUse::None;
   if (!rules_.PassesRules(link)) {
     scan_.State.ReasonNote = "Possible Rule Problem";
-    return RoadOfRefused(link);
+    return UseOfRefused(link);
   }
-  if (!GoesOn(link)) return Road::NextLine;
+  if (!GoesOn(link)) return LinkUse::None;
   const bool isNew = !IsSeenUrl(scan_.Project, scan_.Lists.List2, scan_.State, link);
-  if (!GoesOn(link)) return Road::NextLine;
+  if (!GoesOn(link)) return LinkUse::None;
   if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link);
-  return GoesOn(link) ? Road::Record : Road::NextLine;
+  return GoesOn(link) ? LinkUse::Record : LinkUse::None;
 }
 
 /// Each test of a link of megabytes takes milliseconds, so events run between the tests. False after a stop.
@@ -83,8 +83,8 @@ bool Analyser::GoesOn(std::string_view link) const {
   return scan_.State.Scanning;
 }
 
-Analyser::Road Analyser::RoadOfRefused(std::string_view link) {
-  return sites_.IsLinkToMainSite(link) ? Road::Record : Road::NextLine;
+Analyser::LinkUse Analyser::UseOfRefused(std::string_view link) {
+  return sites_.IsLinkToMainSite(link) ? LinkUse::Record : LinkUse::None;
 }
 
 void Analyser::QueuePage(const std::string& url) {

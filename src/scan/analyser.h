@@ -33,14 +33,14 @@ class Analyser {
 
  private:
   enum class PageEnd { Read, Moved };
-  enum class Road { NextLine, Record };
+  enum class LinkUse { None, Record };
 
   [[nodiscard]] PageEnd ReadLines(PageLines& lines);
   void AnalyseLink(std::string_view line, std::string& link);
   /// Resolves, tests and queues a link. It is left in the form that RecordIfOurs tests.
-  [[nodiscard]] Road TakeLink(std::string& link);
+  [[nodiscard]] LinkUse TakeLink(std::string& link);
   [[nodiscard]] bool GoesOn(std::string_view link) const;
-  [[nodiscard]] Road RoadOfRefused(std::string_view link);
+  [[nodiscard]] LinkUse UseOfRefused(std::string_view link);
   void QueuePage(const std::string& url);
   void RecordIfOurs(std::string& link);
   void FollowMove(PageLines& lines);
