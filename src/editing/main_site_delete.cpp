@@ -6,6 +6,7 @@
 
 #include "model/project_reader.h"
 #include "model/project_text.h"
+#include "platform/failure_box.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
@@ -38,16 +39,15 @@ void MainSiteDelete::RemoveRulesOfSelected() {
 bool MainSiteDelete::QuickSaveProject(int leaveOutRow) {
   const std::string path = folder_.File(kQuickSaveFile);
   if (FileExists(path)) DeleteFile(path);
-  try {
+  const auto write = [&] {
     std::string text = ProjectText(project_, leaveOutRow);
     text += kLineEnd;
     // It is read back at once and never again, so it need not be flushed to the disk.
     WriteWhole(path, text, Flush::No);
-    return true;
-  } catch (const RuntimeFailure& failure) {
-    dialogs_.Say(std::to_string(failure.Number) + " " + failure.Description);
-    return false;
-  }
+  };
+  return EndInBox(dialogs_, write, [](const RuntimeFailure& failure) -> MessageBox {
+    return {std::to_string(failure.Number) + " " + failure.Description};
+  });
 }
 
 bool MainSiteDelete::QuickLoadProject() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one form in which a scan shows a failure.
+// Failures that end a block of statements in a message box.
 #pragma once
 
 #include <string>
@@ -10,22 +10,23 @@
 
 namespace requite {
 
-/// Shows the failure's description and its number with a space between them.
-inline void ShowFailure(Dialogs& dialogs, const RuntimeFailure& failure) {
-  dialogs.Say(failure.Description + " " + std::to_string(failure.Number));
-}
-
-/// Runs a block of statements; the first failure ends the block and is shown in a plain message box.
-/// Returns false when the block was cut short.
-template <class Block>
-bool EndWithMessage(Dialogs& dialogs, Block&& block) {
+/// Runs a block of statements. The first failure ends it and is shown in the message box that
+/// `toBox(failure)` returns: the callers' texts differ, and users know them. Returns false when the block
+/// was cut short.
+template <class Block, class ToBox>
+bool EndInBox(Dialogs& dialogs, Block&& block, ToBox&& toBox) {
   try {
     std::forward<Block>(block)();
     return true;
   } catch (const RuntimeFailure& failure) {
-    ShowFailure(dialogs, failure);
+    dialogs.Show(std::forward<ToBox>(toBox)(failure));
     return false;
   }
+}
+
+/// How a scan words its failures: the description, a space, the number.
+[[nodiscard]] inline MessageBox ScanFailureBox(const RuntimeFailure& failure) {
+  return {failure.Description + " " + std::to_string(failure.Number)};
 }
 
 }  // namespace requite

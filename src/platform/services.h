@@ -118,7 +118,7 @@ enum class BoxIcon { None, Information, Question, Critical };
 /// A message box. An empty title means the program's own.
 struct MessageBox {
   std::string Text;
-  std::string Title;
+  std::string Title{};
   Buttons Choice = Buttons::Ok;
   BoxIcon Icon = BoxIcon::None;
 };

@@ -2,7 +2,9 @@
 // Saves the report and the result list under a name that the user chooses.
 #include "results/saved_files.h"
 
-#include "platform/runtime_failure.h"
+#include <utility>
+
+#include "platform/failure_box.h"
 #include "platform/text.h"
 #include "platform/whole_file.h"
 #include "results/report.h"
@@ -13,11 +15,9 @@ namespace {
 /// Runs a button's action; a failure ends it in a message.
 template <class Action>
 void TellFailure(Dialogs& dialogs, Action&& action) {
-  try {
-    action();
-  } catch (const RuntimeFailure& failure) {
-    dialogs.Say("Error: " + std::to_string(failure.Number) + " - " + failure.Description);
-  }
+  EndInBox(dialogs, std::forward<Action>(action), [](const RuntimeFailure& failure) -> MessageBox {
+    return {"Error: " + std::to_string(failure.Number) + " - " + failure.Description};
+  });
 }
 
 /// Adds the extension unless the name holds it anywhere: "a.htm.old" is left alone.

@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "model/page_limits.h"
 #include "platform/failure_box.h"
@@ -24,12 +25,10 @@ void Controller::ScanNextPage() {
 /// before the message box lets events run, or a tick would write a row for a site that never began.
 template <class Block>
 void Controller::StandStillOnFailure(Block&& block) {
-  try {
-    block();
-  } catch (const RuntimeFailure& failure) {
+  EndInBox(scan_.Platform.Dialogs, std::forward<Block>(block), [this](const RuntimeFailure& failure) {
     scan_.Platform.timTimeout.Stop();
-    ShowFailure(scan_.Platform.Dialogs, failure);
-  }
+    return ScanFailureBox(failure);
+  });
 }
 
 // NextSite begins a search, which takes a page, which may close the next site at once. As calls of one

@@ -27,8 +27,9 @@ void Controller::StartScan() {
 }
 
 bool Controller::TakeFileTypes() {
-  return EndWithMessage(scan_.Platform.Dialogs,
-                        [this] { scan_.State.FileTypes = ReadFileTypes(scan_.Folder); });
+  return EndInBox(
+      scan_.Platform.Dialogs, [this] { scan_.State.FileTypes = ReadFileTypes(scan_.Folder); },
+      ScanFailureBox);
 }
 
 /// Runs before the checks: even a start that is refused clears the last results and counts as an edit.
@@ -109,10 +110,11 @@ void Controller::SwitchCommandsForStart() {
 }
 
 bool Controller::TakeFirstSite() {
-  return EndWithMessage(scan_.Platform.Dialogs, [this] {
+  const auto take = [this] {
     TakeLinkingSite();
     scan_.Lists.List2.Add({scan_.State.CurrentLinkingUrl});
-  });
+  };
+  return EndInBox(scan_.Platform.Dialogs, take, ScanFailureBox);
 }
 
 }  // namespace requite

@@ -2,24 +2,23 @@
 // Toggles the sort of a view.
 #include "shell/main_window/sorting.h"
 
-#include "platform/runtime_failure.h"
+#include "platform/failure_box.h"
 
 namespace requite {
 
 bool EnhListView_SortColumns(ListView& view, int columnIndex, Dialogs& dialogs) {
-  try {
-    if (view.RowCount() == 0) return true;
+  const auto toggle = [&] {
+    if (view.RowCount() == 0) return;
     SortState sort = view.Sort();
     sort.Sorted = true;
     sort.SortKey = columnIndex - 1;
     sort.SortOrder = sort.SortOrder == 0 ? 1 : 0;
     view.SetSort(sort);
-    return true;
-  } catch (const RuntimeFailure& failure) {
-    dialogs.Show({"Error" + std::to_string(failure.Number) + "\t" + failure.Description,
-                  "Error in Function : EnhListView_SortColumns", Buttons::Ok, BoxIcon::Information});
-    return false;
-  }
+  };
+  return EndInBox(dialogs, toggle, [](const RuntimeFailure& failure) -> MessageBox {
+    return {"Error" + std::to_string(failure.Number) + "\t" + failure.Description,
+            "Error in Function : EnhListView_SortColumns", Buttons::Ok, BoxIcon::Information};
+  });
 }
 
 void SortLinkingSites(ListView& view, int columnIndex, bool scanning, Dialogs& dialogs) {
