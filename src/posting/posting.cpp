@@ -119,24 +119,26 @@ std::optional<std::string> MainPosting::ScriptFor(const LinkResult& row, const s
   return script;
 }
 
-std::string MainPosting::BuildUrl(const std::string& script, const Values& values) const {
-  std::string url = script;
-  ReplaceIn(url, "$MainSite", values.MainSite, Compare::Text);
+std::string Posting::FillAllButMainSite(std::string url, const Values& values) {
   ReplaceIn(url, "$FoundOn", values.FoundOn, Compare::Text);
   ReplaceIn(url, "$LinkingSite", values.LinkingSite, Compare::Text);
   ReplaceIn(url, "$Status", values.Status, Compare::Text);
   return url;
 }
 
+std::string Posting::FillAll(std::string url, const Values& values) {
+  ReplaceIn(url, "$MainSite", values.MainSite, Compare::Text);
+  return FillAllButMainSite(std::move(url), values);
+}
+
+std::string MainPosting::BuildUrl(const std::string& script, const Values& values) const {
+  return FillAll(script, values);
+}
+
 bool MainPosting::MayAdd() const { return tab_.cmbSites.Text() != "Select" && !tab_.cmbSites.Text().empty(); }
 
 std::string ImportPosting::BuildUrl(const std::string& script, const Values& values) const {
-  // Starts again from the plain script, so "$MainSite" stays unreplaced. Users' scripts were written for
-  // that.
-  std::string url = Replace(script, "$FoundOn", values.FoundOn, Compare::Text);
-  ReplaceIn(url, "$LinkingSite", values.LinkingSite, Compare::Text);
-  ReplaceIn(url, "$Status", values.Status, Compare::Text);
-  return url;
+  return FillAllButMainSite(script, values);
 }
 
 }  // namespace requite

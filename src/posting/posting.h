@@ -101,6 +101,13 @@ class Posting {
     std::string FoundOn;
   };
 
+  /// Replaces the four variables of a script URL.
+  [[nodiscard]] static std::string FillAll(std::string url, const Values& values);
+  /// The same, but "$MainSite" stays: the scripts of the import windows' users were written for that.
+  [[nodiscard]] static std::string FillAllButMainSite(std::string url, const Values& values);
+  /// FillAll with the values of the example.
+  [[nodiscard]] static std::string WithSamples(std::string script);
+
   PostingNeeds needs_;
   PostingTab tab_;
 

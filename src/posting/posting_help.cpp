@@ -23,15 +23,8 @@ constexpr std::string_view kByCreating =
 
 std::string LinkPage() { return std::string(kLinkingHost) + "/links.htm"; }
 
-std::string WithSamples(std::string_view script) {
-  std::string url = Replace(script, "$MainSite", kMainHost, Compare::Text);
-  ReplaceIn(url, "$FoundOn", LinkPage(), Compare::Text);
-  ReplaceIn(url, "$LinkingSite", kLinkingHost, Compare::Text);
-  ReplaceIn(url, "$Status", "True", Compare::Text);
-  return url;
-}
-
-std::string FixedExample() {
+/// `filled` is the script URL with its variables replaced.
+std::string FixedExample(const std::string& filled) {
   return "Each place there is a variable (starting with a $) in your script URL it will be replaced by "
          "actual "
          "information from your results list.  The software will modify and hit your URL once for each item "
@@ -42,10 +35,14 @@ std::string FixedExample() {
          "Main Site: " +
          std::string(kMainHost) + "\r\nLinking Site: " + std::string(kLinkingHost) +
          "\r\nStatus: Direct Link\r\nActual Link URL: " + LinkPage() + "\r\n\r\n" + std::string(kScriptUrl) +
-         "\r\nwould become\r\n" + WithSamples(kScriptUrl) + "\r\n\r\n";
+         "\r\nwould become\r\n" + filled + "\r\n\r\n";
 }
 
 }  // namespace
+
+std::string Posting::WithSamples(std::string script) {
+  return FillAll(std::move(script), {std::string(kMainHost), std::string(kLinkingHost), "True", LinkPage()});
+}
 
 void Posting::cmdVariables() {
   needs_.Dialogs.Show(
@@ -61,8 +58,8 @@ void Posting::cmdVariables() {
 }
 
 void Posting::cmdExample() {
-  needs_.Dialogs.Show({FixedExample() + PersonalExample(), "URL Example" + TitleTail(kByCreating),
-                       Buttons::Ok, BoxIcon::None});
+  needs_.Dialogs.Show({FixedExample(WithSamples(std::string(kScriptUrl))) + PersonalExample(),
+                       "URL Example" + TitleTail(kByCreating), Buttons::Ok, BoxIcon::None});
 }
 
 // The main window shows the second sentence in the title instead of the text; the import windows leave it
