@@ -18,6 +18,11 @@ struct NamedControl {
   bool ReadOnly = false;     ///< a label or a list to pick from: nobody types into it
 
   explicit operator bool() const { return Which != nullptr; }
+  /// The control as one of a kind; null when it is of another kind or none.
+  template <class Kind>
+  [[nodiscard]] Kind* As() const {
+    return dynamic_cast<Kind*>(Which);
+  }
 };
 
 /// The controls of one window by name. Names are exact; members of an array are written "optAll(1)".

@@ -2,6 +2,9 @@
 // The tables of variables and operations.
 #include "console/script/call_commands.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "model/url_forms.h"
 #include "platform/text.h"
 #include "posting/url_encode.h"
@@ -108,14 +111,20 @@ constexpr HarvestVariable kHarvestVariables[] = {
 
 #undef REQUITE_HARVEST_VARIABLE
 
+/// The entry of a table with this name, or null.
+template <class Entry, std::size_t Count>
+const Entry* FindNamed(const Entry (&table)[Count], std::string_view name) {
+  const Entry* const found =
+      std::find_if(std::begin(table), std::end(table), [&](const Entry& each) { return each.Name == name; });
+  return found == std::end(table) ? nullptr : found;
+}
+
 /// The value of a variable of Form3; nothing when Form3 is not loaded or has no such variable.
 std::optional<std::string> ReadHarvestVariable(Form1& form, std::string_view name) {
   const auto* const window = dynamic_cast<Form3*>(form.Windows.Find("Form3"));
-  if (window == nullptr) return std::nullopt;
-  for (const HarvestVariable& each : kHarvestVariables) {
-    if (each.Name == name) return each.Read(window->Harvest);
-  }
-  return std::nullopt;
+  const HarvestVariable* const variable = FindNamed(kHarvestVariables, name);
+  if (window == nullptr || variable == nullptr) return std::nullopt;
+  return variable->Read(window->Harvest);
 }
 
 /// Reads the page file of a connection as a scan would.
@@ -192,27 +201,22 @@ std::vector<std::string_view> OperationNames() {
 }
 
 Complaint PrintVariable(ScriptSession& session, const Words& words) {
-  for (const Variable& each : kVariables) {
-    if (each.Name != words[0]) continue;
-    session.Program.PrintLine(each.Read(session.Program.Form1));
-    return {};
-  }
-  if (const std::optional<std::string> value = ReadHarvestVariable(session.Program.Form1, words[0])) {
-    session.Program.PrintLine(*value);
-    return {};
-  }
-  return "there is no variable \"" + words[0] + "\"";
+  Form1& form = session.Program.Form1;
+  const Variable* const variable = FindNamed(kVariables, words[0]);
+  const std::optional<std::string> value =
+      variable == nullptr ? ReadHarvestVariable(form, words[0]) : variable->Read(form);
+  if (!value) return "there is no variable \"" + words[0] + "\"";
+  session.Program.PrintLine(*value);
+  return {};
 }
 
 Complaint CallOperation(ScriptSession& session, const Words& words) {
-  for (const Operation& each : kOperations) {
-    if (each.Name != words[0]) continue;
-    std::string argument = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
-    const std::string result = each.Call(session.Program.Form1, argument);
-    session.Program.PrintLine({result, argument});
-    return {};
-  }
-  return "there is no operation \"" + words[0] + "\"";
+  const Operation* const operation = FindNamed(kOperations, words[0]);
+  if (operation == nullptr) return "there is no operation \"" + words[0] + "\"";
+  std::string argument = words.size() > 1 ? session.Program.Codec.FromUtf8(words[1]) : std::string();
+  const std::string result = operation->Call(session.Program.Form1, argument);
+  session.Program.PrintLine({result, argument});
+  return {};
 }
 
 }  // namespace requite

@@ -5,25 +5,20 @@
 namespace requite {
 namespace {
 
-template <class Kind>
-const Kind* As(const NamedControl& control) {
-  return dynamic_cast<const Kind*>(control.Which);
-}
-
 std::string Flag(bool on) { return on ? "1" : "0"; }
 
 }  // namespace
 
 std::optional<std::string> ControlText(const NamedControl& control, int panel) {
-  if (const auto* box = As<TextBox>(control)) return box->Text();
-  if (const auto* combo = As<ComboBox>(control)) return combo->Text();
-  if (const auto* button = As<Button>(control)) return button->Caption();
-  if (const auto* frame = As<Frame>(control)) return frame->Caption;
-  if (const auto* status = As<StatusBar>(control)) return status->Panel(panel);
-  if (const auto* progress = As<ProgressBar>(control)) return std::to_string(progress->Value());
-  if (const auto* browser = As<BrowserView>(control)) return browser->LocationUrl();
-  if (const auto* window = As<Window>(control)) return window->Title();
-  if (const auto* menu = As<Menu>(control)) {
+  if (const auto* box = control.As<TextBox>()) return box->Text();
+  if (const auto* combo = control.As<ComboBox>()) return combo->Text();
+  if (const auto* button = control.As<Button>()) return button->Caption();
+  if (const auto* frame = control.As<Frame>()) return frame->Caption;
+  if (const auto* status = control.As<StatusBar>()) return status->Panel(panel);
+  if (const auto* progress = control.As<ProgressBar>()) return std::to_string(progress->Value());
+  if (const auto* browser = control.As<BrowserView>()) return browser->LocationUrl();
+  if (const auto* window = control.As<Window>()) return window->Title();
+  if (const auto* menu = control.As<Menu>()) {
     return control.Index < 0 ? menu->Caption : menu->Items[static_cast<std::size_t>(control.Index)];
   }
   if (const std::optional<bool> checked = ControlChecked(control)) return Flag(*checked);
@@ -31,10 +26,10 @@ std::optional<std::string> ControlText(const NamedControl& control, int panel) {
 }
 
 std::optional<bool> ControlChecked(const NamedControl& control) {
-  if (const auto* box = As<CheckBox>(control)) return box->Value() == 1;
+  if (const auto* box = control.As<CheckBox>()) return box->Value() == 1;
   if (control.Index < 0) return std::nullopt;
-  if (const auto* group = As<OptionGroup>(control)) return group->Chosen() == control.Index;
-  if (const auto* menu = As<Menu>(control)) return menu->Checked(control.Index);
+  if (const auto* group = control.As<OptionGroup>()) return group->Chosen() == control.Index;
+  if (const auto* menu = control.As<Menu>()) return menu->Checked(control.Index);
   return std::nullopt;
 }
 

@@ -13,13 +13,13 @@ namespace requite {
 namespace {
 
 Complaint PressFound(const NamedControl& control, const std::string& name) {
-  if (auto* button = As<Button>(control)) {
+  if (auto* button = control.As<Button>()) {
     button->Click();
-  } else if (auto* box = As<CheckBox>(control)) {
+  } else if (auto* box = control.As<CheckBox>()) {
     box->Click();
-  } else if (auto* group = As<OptionGroup>(control); group != nullptr && control.Index >= 0) {
+  } else if (auto* group = control.As<OptionGroup>(); group != nullptr && control.Index >= 0) {
     group->Choose(control.Index);
-  } else if (auto* menu = As<Menu>(control); menu != nullptr && control.Index >= 0) {
+  } else if (auto* menu = control.As<Menu>(); menu != nullptr && control.Index >= 0) {
     menu->Click(control.Index);
   } else {
     return NoUse(name);
@@ -177,7 +177,7 @@ Complaint Tab(ScriptSession& session, const Words& words) {
   const std::optional<int> number = ReadNumber(words.back());
   if (!number) return NoNumber(words.back());
   const std::string name = words.size() > 1 ? words[0] + ".TabStrip1" : "TabStrip1";
-  auto* const tabs = As<TabStrip>(session.Find(name));
+  auto* const tabs = session.Find(name).As<TabStrip>();
   if (tabs == nullptr || *number < 1 || *number > static_cast<int>(tabs->Tabs.size())) {
     return "there is no tab " + words.back();
   }

@@ -41,7 +41,7 @@ NamedControl FindWithPanel(ScriptSession& session, const std::string& name, int&
   control = session.Find(std::string_view(name).substr(0, open));
   if (!number || *number < 1 || *number > StatusBar::kPanels) return {};
   panel = *number;
-  return dynamic_cast<StatusBar*>(control.Which) == nullptr ? NamedControl() : control;
+  return control.As<StatusBar>() == nullptr ? NamedControl() : control;
 }
 
 Complaint Print(ScriptSession& session, const Words& words) {

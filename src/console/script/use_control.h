@@ -9,25 +9,24 @@
 
 namespace requite {
 
-template <class Kind>
-[[nodiscard]] Kind* As(const NamedControl& control) {
-  if constexpr (std::is_same_v<Kind, const NamedControl>) {
-    return &control;
-  } else {
-    return dynamic_cast<Kind*>(control.Which);
-  }
-}
-
 /// Runs `use` if the control is of the kind that it takes. Returns whether it is.
 template <class Use, class Result, class Kind>
 bool UseIfOfKind(const NamedControl& control, const Use& use, Result (Use::*)(Kind&) const, Complaint& why) {
-  Kind* const which = As<Kind>(control);
+  Kind* const which = control.As<Kind>();
   if (which == nullptr) return false;
   if constexpr (std::is_void_v<Result>) {
     use(*which);
   } else {
     why = use(*which);
   }
+  return true;
+}
+
+/// For a use of any kind of control that needs the index too.
+template <class Use>
+bool UseIfOfKind(const NamedControl& control, const Use& use, Complaint (Use::*)(const NamedControl&) const,
+                 Complaint& why) {
+  why = use(control);
   return true;
 }
 
