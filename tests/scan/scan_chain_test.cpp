@@ -173,7 +173,7 @@ TEST(LargePage, AStopBreaksItOffBetweenTwoSlices) {
     LargePageScan scan(kSeveralSlices);
     if (!scan.RunWith(&requite::Scan::cmdStop, n)) break;
     ASSERT_FALSE(scan.State.Scanning);
-    ASSERT_LE(scan.YieldsAfter, 2 * kWalk) << "stopped at yield " << n;
+    ASSERT_LE(scan.YieldsAfter, kWalk) << "stopped at yield " << n;
   }
   EXPECT_GT(n, 5 * kWalk) << "the page let events run between its slices";
 }
