@@ -66,7 +66,8 @@ class Control {
 /// A frame: only its state and caption matter.
 class Frame : public Control {
  public:
-  using Control::Control;
+  explicit Frame(std::string name, std::string caption = {})
+      : Control(std::move(name)), Caption(std::move(caption)) {}
   std::string Caption;
 };
 

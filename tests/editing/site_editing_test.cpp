@@ -174,7 +174,8 @@ TEST_F(SiteEditingTest, ANewProjectIsEmptyButForItsDefaults) {
   Data.List3.Add({});
   Data.lstRules.Add({});
   Data.lstMulti.Add({});
-  for (TextBox* box : {&Data.txtPost, &Controls.txtPost2, &Controls.Text1, &Controls.txtDomain})
+  for (TextBox* box : std::initializer_list<TextBox*>{&Data.txtPost, &Controls.txtPost2, &Controls.Text1,
+                                                      &Controls.txtDomain})
     box->UserSets("x");
   Controls.cmbSites.AddItem("main1.example");
   Data.ProjectSaved = Data.JustLoaded = true;

@@ -1,12 +1,26 @@
 // SPDX-License-Identifier: MIT
-// The making of the main window: what is built over what, and the handlers of its plain buttons.
+// How the main window is built: what lives over what, and which controls each part of it works with.
 #include "shell/main_window/form1.h"
 
 namespace requite {
 
+Form1Controls::Form1Controls()
+    : MenuBarControls(Controls),
+      ToolbarControls(Controls),
+      SitesControls(Controls, Sites),
+      ProgressControls(Controls, Lists),
+      ResultTabsControls(Controls),
+      LinksControls(Controls, Frame2, Sites, Lists),
+      WebControls(Controls, Frame2),
+      PagesControls(Controls, Frame2, Sites),
+      ReportsControls(Controls, Frame2),
+      PostControls(Controls, Frame2, Sites),
+      HiddenControls(Controls, Sites) {
+  Controls.Add(Main);
+}
+
 Form1::Form1(Services& services, const ProgramFolder& folder)
-    : Form1Controls(Sites, Lists),
-      Platform(services),
+    : Platform(services),
       Folder(folder),
       Work(folder),
       Settings(services.Store),
@@ -31,17 +45,9 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       PostedLog(Windows),
       Post(NeedsOfPosting(), {optScript, Sites.txtPost, Sites.lstMulti, cmbSites, txtPost2, cmdScriptAdd,
                               cmdScriptDel, cmdPost, cmdVariables, cmdExample, StatusBar1}) {
-  BuildIndex();
-  WireScan();
-  WireFiles();
-  WireLists();
-  WireMenus();
-  WireWebTab();
-  WirePages();
-  Post.Wire();
-  WireReports();
-  WireWindows();
-  WireHarvest();
+  WireControls();
+  RegisterWindows();
+  RegisterHarvestWindows();
 }
 
 Form1::~Form1() {
@@ -60,14 +66,17 @@ PostingNeeds Form1::NeedsOfPosting() {
           Platform.Dialogs, PostedLog, [this] { return closed_; }};
 }
 
-void Form1::WireScan() {
-  Command1.OnClick = [this] { Scan.StartScan(); };
-  cmdSkip.OnClick = [this] { Scan.cmdSkip(); };
-  cmdStop.OnClick = [this] { Scan.cmdStop(); };
-  cmdNextSearch.OnClick = [this] { Scan.cmdNextSearch(); };
-  cmdDoSearch.OnClick = [this] { Scan.cmdDoSearch_Click(); };
-  Command10.OnClick = [this] { mnuScan.PopUp(); };
-  Command11.OnClick = [this] { mnuSkipPopup.PopUp(); };
+void Form1::WireControls() {
+  MenuBarControls::Wire(*this);
+  ToolbarControls::Wire(*this);
+  SitesControls::Wire(*this);
+  ResultTabsControls::Wire(*this);
+  LinksControls::Wire(*this);
+  WebControls::Wire();
+  PagesControls::Wire(*this);
+  ReportsControls::Wire(*this);
+  PostControls::Wire(*this);
+  HiddenControls::Wire(*this);
 }
 
 void Form1::TellWorkFilesUnwritten() {
@@ -80,18 +89,6 @@ void Form1::SiteBegins(const ScannedSite& site) {
 
 void Form1::SiteFinished(const SiteVerdict& verdict) {
   for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);
-}
-
-void Form1::WireFiles() {
-  cmdNew.OnClick = [this] { Files.cmdNew(); };
-  cmdOpen.OnClick = [this] { Files.cmdOpen(); };
-  cmdSave.OnClick = [this] { Files.cmdSave(); };
-}
-
-void Form1::WireReports() {
-  Command8.OnClick = [this] { Saved.Command8(); };
-  Command8a.OnClick = [this] { Saved.Command8a(); };
-  Command12.OnClick = [this] { GenerateLinkReport(); };
 }
 
 }  // namespace requite

@@ -28,8 +28,18 @@
 #include "scan/scan_state.h"
 #include "shell/control_index.h"
 #include "shell/form5_log.h"
-#include "shell/main_window/form1_controls.h"
+#include "shell/main_window/hidden_commands.h"
+#include "shell/main_window/links.h"
+#include "shell/main_window/menu_bar.h"
+#include "shell/main_window/pages.h"
+#include "shell/main_window/post.h"
+#include "shell/main_window/progress.h"
+#include "shell/main_window/reports.h"
+#include "shell/main_window/result_tabs.h"
 #include "shell/main_window/results_popup.h"
+#include "shell/main_window/sites.h"
+#include "shell/main_window/toolbar.h"
+#include "shell/main_window/web.h"
 #include "shell/main_window/web_tab.h"
 #include "shell/windows.h"
 
@@ -40,11 +50,30 @@ struct Form1Records {
   Project Sites;
   ScanLists Lists;
   ScanState State;
+  ControlIndex Controls;
+};
+
+/// The controls, each struct with those of one place on screen.
+struct Form1Controls : Form1Records,
+                       MenuBarControls,
+                       ToolbarControls,
+                       SitesControls,
+                       ProgressControls,
+                       ResultTabsControls,
+                       LinksControls,
+                       WebControls,
+                       PagesControls,
+                       ReportsControls,
+                       PostControls,
+                       HiddenControls {
+  Form1Controls();
+
+  Window Main{"Form1"};
 };
 
 /// Handlers of controls bear the control's name. The window is made, then started once; it must not
 /// be used after Close.
-struct Form1 : Form1Records, Form1Controls, ScanHost {
+struct Form1 : Form1Controls, ScanHost {
   Form1(Services& services, const ProgramFolder& folder);
   ~Form1() override;
   Form1(const Form1&) = delete;
@@ -107,31 +136,14 @@ struct Form1 : Form1Records, Form1Controls, ScanHost {
   Form5Log PostedLog;
   MainPosting Post;
   bool SimpleViewFlag = false;  ///< read at the start, used nowhere
-  ControlIndex Controls;
-  requite::Windows Windows;  ///< the last member: its windows refer to the others
+  requite::Windows Windows;     ///< the last member: its windows refer to the others
 
  private:
   [[nodiscard]] ScanWindow WindowOfScan();
-  void BuildIndex();
-
-  void WireScan();
-  void WireFiles();
-  void WireLists();
-  void WireLinkingSites(LinkingSiteList& list, int k);
-  void WireMenus();
-  void WireWebTab();
-  void WirePages();
-  void WireReports();
-  void WireWindows();
-  void WireHarvest();
-
-  void mnuFile_Click(int index);
-  void mnuScanItem_Click(int index);
-  void mnuSkipItem_Click(int index);
-  void optAll_Click(int index);
-  void FillFromMainSites(ComboBox& box);
+  void WireControls();
+  void RegisterWindows();
+  void RegisterHarvestWindows();
   void frmWebsite_Unload();
-  void Command3_Click();
 
   bool closed_ = false;
   bool endsWithWebsite_ = false;

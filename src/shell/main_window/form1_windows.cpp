@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The windows that the main window opens.
 #include "shell/editors/form2.h"
+#include "shell/harvest_windows/form3.h"
+#include "shell/harvest_windows/frm_export.h"
 #include "shell/imports/form4.h"
 #include "shell/main_window/form1.h"
 #include "shell/options/frm_options.h"
@@ -9,7 +11,7 @@
 
 namespace requite {
 
-void Form1::WireWindows() {
+void Form1::RegisterWindows() {
   Windows.Register("frmAbout", [this] { return std::make_unique<frmAbout>(Windows); });
   Windows.Register("frmWebsite", [this] {
     return std::make_unique<frmWebsite>(Windows, "file://" + Folder.File(product::kHomePage),
@@ -23,14 +25,18 @@ void Form1::WireWindows() {
   RegisterImports(
       Windows, {Sites, State, Settings, Platform.Internet, Platform.EventLoop, Platform.Dialogs, Folder, {}},
       NeedsOfPosting());
-  cmdImport.OnClick = [this] { Windows.Show("Form4"); };
-  Command7.OnClick = cmdImport.OnClick;
-  cmdImport2.OnClick = [this] { Windows.Show("Form4a"); };
-  Command9.OnClick = [this] { Windows.Show("frmOptions"); };
-  cmdEdit.OnClick = [this] { requite::cmdEdit(Sites, Windows); };
-  cmdEditMain.OnClick = [this] { requite::cmdEditMain(Sites, Windows); };
-  cmdWebsite.OnClick = [this] { Windows.Show("frmWebsite"); };
-  mnuAbout.OnClick = [this](int) { Windows.Show("frmAbout"); };
+}
+
+void Form1::RegisterHarvestWindows() {
+  Windows.Register("Form3", [this] {
+    return std::make_unique<Form3>(
+        Windows,
+        Form3Needs{txtSearch, Combo1, Combo2, StatusBar1, Sites, Database, Platform, Folder,
+                   [this](Counted kind) { UpdateStats(kind); }, [this] { Scan.cmdDoSearch_Click(); }});
+  });
+  Windows.Register("frmExport", [this] {
+    return std::make_unique<frmExport>(Windows, Sites.List3, Database, Platform.Dialogs, Folder);
+  });
 }
 
 /// The site's browser window may outlast the main window; then the program ends with it.

@@ -27,16 +27,16 @@ std::vector<std::string> ResultsPopup::Captions() {
 }
 
 void ResultsPopup::Click(int index) {
-  switch (index) {
-    case 0: return Browse(&LinkResult::Main);
-    case 1: return Browse(&LinkResult::Linking);
-    case 2: return Browse(&LinkResult::LinkUrl);
-    case 3: return Copy(&LinkResult::Main);
-    case 4: return Copy(&LinkResult::Linking);
-    case 5: return Copy(&LinkResult::LinkUrl);
-    case 7: return Mark(status::kDirect, kBlue, kIconGood);
-    case 8: return Mark(status::kNoneFound, kRed, kIconBad);
-    default: return;
+  switch (static_cast<PopupRow>(index)) {
+    case PopupRow::BrowseMainSite: return Browse(&LinkResult::Main);
+    case PopupRow::BrowseLinkingSite: return Browse(&LinkResult::Linking);
+    case PopupRow::BrowseFoundOn: return Browse(&LinkResult::LinkUrl);
+    case PopupRow::CopyMainSite: return Copy(&LinkResult::Main);
+    case PopupRow::CopyLinkingSite: return Copy(&LinkResult::Linking);
+    case PopupRow::CopyFoundOn: return Copy(&LinkResult::LinkUrl);
+    case PopupRow::Separator: return;
+    case PopupRow::MarkAsFound: return Mark(status::kDirect, kBlue, kIconGood);
+    case PopupRow::MarkAsNoneFound: return Mark(status::kNoneFound, kRed, kIconBad);
   }
 }
 

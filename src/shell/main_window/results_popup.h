@@ -12,6 +12,19 @@
 
 namespace requite {
 
+/// The entries of `mnuPopup2Item`.
+enum class PopupRow {
+  BrowseMainSite = 0,
+  BrowseLinkingSite = 1,
+  BrowseFoundOn = 2,
+  CopyMainSite = 3,
+  CopyLinkingSite = 4,
+  CopyFoundOn = 5,
+  Separator = 6,
+  MarkAsFound = 7,
+  MarkAsNoneFound = 8,
+};
+
 /// The entries of `Popup2` and their actions on the selected row of the list. A failure, such as no
 /// selected row, is passed over and the action continues with its next step.
 class ResultsPopup {

@@ -5,11 +5,10 @@
 #include <optional>
 
 #include "platform/schemes.h"
+#include "shell/main_window/result_tabs.h"
 
 namespace requite {
 namespace {
-
-constexpr int kWebTab = 2;
 
 std::string WithScheme(std::string url) {
   PutHttpInFront(url, scheme_sign::kHttpLetters);
@@ -44,7 +43,7 @@ void WebTab::OpenErrorOutside() {
 }
 
 void WebTab::ShowBrowser() {
-  controls_.TabStrip1.Select(kWebTab);
+  controls_.TabStrip1.Select(static_cast<int>(ResultTab::Web));
   controls_.WebBrowser1.SetVisible(true);
   controls_.List3.SetVisible(false);
   controls_.lstErr.SetVisible(false);
