@@ -2,6 +2,10 @@
 // What the main window's controls do: enabled states, tabs, menus, lists and the Web tab.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
 #include "scan/scan_share.h"
 #include "shell/main_window/form1_rig.h"
 
@@ -104,6 +108,54 @@ TEST(Form1Lists, OnlyLinkingSitesAreGuardedAgainstASortDuringAScan) {
   rig.Form.State.Scanning = false;
   rig.Form.Sites.List1(1).OnColumnClick(0);
   EXPECT_EQ(rig.Form.Sites.List1(1).At(0).WebsiteUrl, "b.example");
+}
+
+/// The names of the controls that a header of the main window declares as members, "Label1(2)" for Label1_2.
+std::vector<std::string> DeclaredControls(const std::string& header) {
+  constexpr const char* kKinds[] = {"Placed<",      "Frame ",    "Button ",     "TextBox ",
+                                    "Label ",       "CheckBox ", "ComboBox ",   "TabStrip ",
+                                    "OptionGroup ", "Menu ",     "BrowserView "};
+  std::vector<std::string> names;
+  std::istringstream lines(ReadFile(header));
+  for (std::string line; std::getline(lines, line);) {
+    const auto begins = [&](const char* kind) { return line.rfind(std::string("  ") + kind, 0) == 0; };
+    const std::size_t end = line.find('{');
+    if (end == std::string::npos || std::none_of(std::begin(kKinds), std::end(kKinds), begins)) continue;
+    const std::size_t start = line.rfind(' ', end) + 1;
+    std::string name = line.substr(start, end - start);
+    if (const std::size_t at = name.find('_'); at != std::string::npos) name = name.replace(at, 1, "(") + ")";
+    names.push_back(name);
+  }
+  return names;
+}
+
+TEST(ControlIndex, KnowsEveryControlThatThePlacesDeclare) {
+  Form1Rig rig;
+  int count = 0;
+  for (const auto& file : std::filesystem::directory_iterator(REQUITE_MAIN_WINDOW_FOLDER)) {
+    if (file.path().extension() != ".h") continue;
+    for (const std::string& name : DeclaredControls(file.path().string())) {
+      const NamedControl found = rig.Form.Controls.Find(name);
+      EXPECT_TRUE(found && found.Which->Name() == name) << name << " in " << file.path();
+      ++count;
+    }
+  }
+  EXPECT_GT(count, 80) << "the declarations are written in another way";
+}
+
+TEST(ControlIndex, EveryControlHasARowInThePageOfNames) {
+  Form1Rig rig;
+  const std::string page = ReadFile(REQUITE_NAMES_PAGE);
+  const auto expectRows = [&](const ControlIndex& controls) {
+    controls.ForEach([&](const Control& control) {
+      EXPECT_NE(page.find("\n| `" + control.Name() + "` |"), std::string::npos) << control.Name();
+    });
+  };
+  expectRows(rig.Form.Controls);
+  for (const char* window : {"Form4", "Form4a", "Form5", "frmAbout", "frmOptions", "frmExport"}) {
+    rig.Form.Windows.Show(window);
+    expectRows(rig.Form.Windows.Find(window)->Controls);
+  }
 }
 
 TEST(ControlIndex, FindsControlsMembersAndListsByTheirNames) {
