@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The look-up table behind a window's control names.
+// The table of a window's control names.
 #include "shell/control_index.h"
 
 #include "shell/label.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finding a window's controls by the names that they carry on screen and in the settings.
+// Finds a window's controls by name.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@
 
 namespace requite {
 
-/// A control, or one member of a control array that is held as a whole.
+/// A control, or one option of a group or one entry of a menu.
 struct NamedControl {
   Control* Which = nullptr;  ///< null: no control has the name
   int Index = -1;            ///< option or menu entry, counted from 0; -1: the control itself
@@ -29,7 +29,7 @@ struct NamedControl {
 /// Holds references: the controls must outlive it.
 class ControlIndex {
  public:
-  /// Under the control's own name. A group of options or a menu brings its members in as well.
+  /// Adds the control under its own name, and the members of a group of options as well.
   void Add(Control& control);
   void AddLabel(TextBox& label);
   /// A combo box whose rows can be picked but not typed.
@@ -37,11 +37,11 @@ class ControlIndex {
   void Add(OptionGroup& group);
   /// A menu's entries have a name of their own, such as "mnuScanItem" for "mnuScan".
   void Add(Menu& menu, std::string_view itemName);
-  /// Names that change while the window lives are asked for at each look-up that finds nothing else.
+  /// `find` is asked for names that are not in the index, for controls that come and go.
   void SetDynamic(std::function<Control*(std::string_view name)> find) { findDynamic_ = std::move(find); }
 
   [[nodiscard]] NamedControl Find(std::string_view name) const;
-  /// Each control that was added, once for each of its names.
+  /// Calls `act` for each control that was added, once for each of its names.
   void ForEach(const std::function<void(Control&)>& act) const;
 
  private:

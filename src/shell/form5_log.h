@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The log of a posting, in the window that shows it.
+// Writes the posting log into its window.
 #pragma once
 
 #include "posting/posting.h"
@@ -8,7 +8,7 @@
 
 namespace requite {
 
-/// Form5 as posting writes into it, opened by its name at each use: the user may have closed it meanwhile.
+/// Form5 as posting writes to it. Each use looks it up, because the user may have closed it.
 class Form5Log : public PostLog {
  public:
   explicit Form5Log(Windows& windows) : windows_(windows) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A text that only the program writes.
+// A text that the user cannot change.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace requite {
 
-/// A label: a text box that nobody types into, whose changes run nothing.
+/// A label: a text box that nobody types into and whose changes run no handler.
 class Label : public TextBox {
  public:
   explicit Label(std::string name, std::string text = {})

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What every window beside the main window is: a title, controls by name, and a way to close.
+// The base of all windows but the main one: a title, controls by name, and a way to close.
 #pragma once
 
 #include <string>
@@ -11,31 +11,31 @@ namespace requite {
 
 class Windows;
 
-/// A window beside the main window. Its struct holds the named controls and their handlers; it is made
-/// by `Windows`, which owns it. A closed window lives on, unseen, until no handler of it can be running.
+/// A window other than the main window. `Windows` makes and owns it. A closed window is kept, hidden, until
+/// none of its handlers can still be running.
 struct ProgramWindow {
   ProgramWindow(Windows& windows, std::string name, std::string title);
   virtual ~ProgramWindow() = default;
   ProgramWindow(const ProgramWindow&) = delete;
   ProgramWindow& operator=(const ProgramWindow&) = delete;
 
-  /// What the window does as it is loaded, before it is shown. May throw RuntimeFailure.
+  /// Runs before the window is shown. May throw RuntimeFailure.
   virtual void Load() {}
-  /// What is left to do once the window has been closed, by whomever.
+  /// Runs after the window was closed, whoever closed it.
   virtual void Unload() {}
 
-  /// Closes the window: the user's close box and its own buttons come here. A second call does nothing.
+  /// For the close box and for the window's own buttons. A second call does nothing.
   void Close();
   [[nodiscard]] bool Closed() const { return closed_; }
   [[nodiscard]] const std::string& Name() const { return Main.Name(); }
-  /// How many handlers (and widgets that show it) need the window to stay.
+  /// How many handlers and widgets still need the window.
   [[nodiscard]] int RunningCount() const { return running_; }
 
   Window Main;
   ControlIndex Controls;
   Windows& Others;
 
-  /// Stands on the stack of a handler that lets events run, so that the window outlives it.
+  /// Keeps the window while a handler that lets events run is on the stack.
   class Running {
    public:
     explicit Running(ProgramWindow& window) : window_(window) { ++window_.running_; }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writing the recovered project and the words of the report.
+// Writes the recovered project and the words of the report.
 #include "shell/recovery.h"
 
 #include <cstdlib>
@@ -14,16 +14,16 @@ namespace requite {
 
 Recovered WriteRecovered(const Project& project, const ProgramFolder& folder, const std::string& home) {
   if (project.ProjectSaved) return {};
-  // The missing folder for project files is itself a failure that ends the program.
+  // A missing folder for project files may be the very failure that ends the program.
   for (const std::string& place : {folder.File(kProjectFilesFolder), folder.Path, home}) {
     if (place.empty()) continue;
     try {
       const std::string path = place + "/Recovered.prj";
-      // One more line end than the text has, like every project file.
+      // Every project file ends with one more line end than its text has.
       WriteWhole(path, ProjectText(project) + std::string(kLineEnd), Flush::Yes);
       return {true, path};
     } catch (const std::exception&) {
-      // The memory may be what has run out. The next place is tried whatever the reason was.
+      // Any failure, even of memory, must not keep the next folder from being tried.
       continue;
     }
   }
@@ -32,7 +32,7 @@ Recovered WriteRecovered(const Project& project, const ProgramFolder& folder, co
 
 void EndWithReport(const RuntimeFailure& failure, const Project* project, const ReportPlaces& places,
                    const std::function<void(const std::vector<ReportLine>&)>& show) {
-  // The user's work comes first: showing the report may fail too.
+  // The work is saved first because showing the report may fail too.
   const Recovered recovered =
       project == nullptr ? Recovered{} : WriteRecovered(*project, places.Folder, places.Home);
   std::vector<ReportLine> lines = {
@@ -46,7 +46,7 @@ void EndWithReport(const RuntimeFailure& failure, const Project* project, const 
     lines.push_back({"the unsaved project could not be written to a file.", {}});
   }
   show(lines);
-  // No destructors: handlers on the stack may still use what they would take down.
+  // Destructors must not run: handlers on the stack may still use the objects.
   std::_Exit(kRunTimeFailureStatus);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The end of the program after a failure that nothing handled: the user's work is saved and told of.
+// The end of the program after a failure that nothing handled: saves the user's work and reports it.
 #pragma once
 
 #include <functional>
@@ -14,12 +14,12 @@ namespace requite {
 
 struct Recovered {
   bool Needed = false;  ///< there were unsaved edits
-  std::string Path;     ///< where they lie; empty when they could not be written anywhere
+  std::string Path;     ///< where they were saved; empty when no folder could be written
 };
 
-/// Writes a project with unsaved edits to "Recovered.prj" in the first folder that takes it: the one for
-/// project files, the program's folder, the user's home. An older one is replaced whole or not at all,
-/// and the new one is on the disk on return. Never throws.
+/// Writes a project with unsaved edits to "Recovered.prj", in the first of these folders that can be
+/// written: the one for project files, the program's folder, the user's home. An older file is replaced
+/// whole or not at all. The new file is on the disk on return. Never throws.
 [[nodiscard]] Recovered WriteRecovered(const Project& project, const ProgramFolder& folder,
                                        const std::string& home);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the small windows show and do.
+// What the About window, the site's browser window and the posting log show.
 #include "shell/small_windows.h"
 
 #include "platform/schemes.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The small windows around the main one: About, the site's browser window and the log of a posting.
+// The small windows: About, the site's browser window and the posting log.
 #pragma once
 
 #include <functional>
@@ -21,7 +21,7 @@ struct frmAbout : ProgramWindow {
   Button lblWebsite;  ///< shown as a link
 };
 
-/// A small browser window on the site's address.
+/// A small browser window that shows the site.
 struct frmWebsite : ProgramWindow {
   /// `address` is the site's; "http://" is put before it when it has no scheme. `onUnload` runs when
   /// the window has been closed.
@@ -36,7 +36,7 @@ struct frmWebsite : ProgramWindow {
   std::function<void()> onUnload_;
 };
 
-/// The log of a posting: one text box that fills the window.
+/// The posting log: one text box that fills the window.
 struct Form5 : ProgramWindow {
   explicit Form5(Windows& windows);
 

@@ -31,17 +31,13 @@ ProgramWindow& Windows::Load(std::string_view name) {
 
 void Windows::Show(std::string_view name) {
   ProgramWindow& window = Load(name);
-  if (window.Closed()) return;  // closed again while its Load let events run
+  if (window.Closed()) return;  // its Load let events run, and one of them closed it
   window.shown_ = true;
   if (OnShow) OnShow(window);
 }
 
 void Windows::Close(std::string_view name) {
   if (ProgramWindow* const open = Find(name)) open->Close();
-}
-
-void Windows::CloseAll() {
-  while (!open_.empty()) open_.back()->Close();
 }
 
 ProgramWindow* Windows::Find(std::string_view name) const {
@@ -76,7 +72,7 @@ void Windows::Unload(ProgramWindow& window) {
   window.Unload();
 }
 
-/// Windows close by their own buttons, so a closed one goes when the next window is opened.
+/// A window may be closed by a handler of its own, so it is destroyed only when the next one is opened.
 void Windows::DropClosed() {
   std::erase_if(closed_, [](const auto& each) { return each->running_ == 0; });
 }

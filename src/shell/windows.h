@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows beside the main window: which there are, which are open, and how one is opened by its name.
+// All windows but the main one: which exist, which are open, and how to open one by its name.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 
 namespace requite {
 
-/// Each window exists at most once. Opening one that is open brings it to the front as it is.
+/// Each window exists at most once. Opening it again brings it to the front unchanged.
 class Windows {
  public:
   using Maker = std::function<std::unique_ptr<ProgramWindow>()>;
@@ -21,23 +21,22 @@ class Windows {
   void Register(std::string name, Maker make) { makers_[std::move(name)] = std::move(make); }
   [[nodiscard]] bool IsKnown(std::string_view name) const { return makers_.contains(name); }
 
-  /// Loads the window if it is not loaded yet, unseen. Throws what its Load throws.
-  /// The name must be a registered one.
+  /// Loads the window, hidden, unless it is loaded already. Throws what its Load throws, and
+  /// InvalidArgument for a name that is not registered.
   ProgramWindow& Load(std::string_view name);
   /// Loads the window if needed, shows it and brings it to the front.
   void Show(std::string_view name);
   /// Closes the window if it is loaded.
   void Close(std::string_view name);
-  void CloseAll();
 
-  /// A loaded window, on show or not, or null.
+  /// The window if it is loaded, shown or not; otherwise null.
   [[nodiscard]] ProgramWindow* Find(std::string_view name) const;
   [[nodiscard]] bool IsShown(std::string_view name) const;
-  /// The windows on show, in the order in which they were loaded.
+  /// The windows that are shown, in the order in which they were loaded.
   [[nodiscard]] std::vector<std::string> ShownNames() const;
 
-  /// For the toolkit (or the console): a window was made but has not run its Load yet; it is to be
-  /// shown or brought to the front; it has been closed and its controls are not to be used any more.
+  /// For the toolkit or the console. OnMade: a window was made and its Load runs next. OnShow: show it or
+  /// bring it to the front. OnClosed: it was closed; do not use its controls any more.
   std::function<void(ProgramWindow&)> OnMade;
   std::function<void(ProgramWindow&)> OnShow;
   std::function<void(ProgramWindow&)> OnClosed;

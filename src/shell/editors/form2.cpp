@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the editors fill themselves, stage rules and write back.
+// How the editors load a record, change its rules and save both.
 #include "shell/editors/form2.h"
 
 #include <limits>
@@ -15,7 +15,7 @@ constexpr std::string LinkingSite::*kSiteFields[] = {&LinkingSite::WebsiteUrl, &
                                                      &LinkingSite::LinkPageUrl, &LinkingSite::LinkPageText,
                                                      &LinkingSite::Description};
 
-/// The row of a list that a count from 1 names; it need not exist.
+/// The row, counted from 0, of a number counted from 1. The row need not exist.
 std::size_t RowOf(std::int16_t number) { return static_cast<std::size_t>(number) - 1; }
 
 std::vector<std::string> RuleCaptions() {
@@ -80,13 +80,13 @@ void Form2::Load() {
 }
 
 void Form2::AddRule() {
-  const Running running(*this);  // a message lets events run
+  const Running running(*this);  // a message box lets events run
   if (IsEmptyOrBlank(Text6.Text())) {
     dialogs_.Show({"Please enter a rule to add.", "Error"});
     return;
   }
   if (Option1.Chosen() < 0) return dialogs_.Say("Please select a rule type before adding a rule.");
-  // The Website URL is the one in the box, saved or not.
+  // The Website URL as it is typed now, saved or not.
   const std::string remoteSite = Kind.OfLinkingSite ? Text[0].Text() : std::string(kGlobal);
   const RuleKind& kind = kRuleKinds[static_cast<std::size_t>(Option1.Chosen())];
   ListView1.Add({{RulesMainSite(), remoteSite, std::string(kind.Word), Text6.Text()}});
@@ -101,8 +101,8 @@ void Form2::DeleteRule() {
 void Form2::Save() {
   RemoveRules();
   WriteRecord();
-  // Saved rules move to the end of the project's list, whatever was changed, and keep the texts of the
-  // sites as they were staged: a renamed site loses its rules. Kept as it is.
+  // Saved rules move to the end of the project's list and keep the site's name from before the edit, so
+  // a renamed site loses its rules. The order of rules in saved project files depends on this.
   for (std::size_t row = 0; row < ListView1.RowCount(); ++row) project_.lstRules.Add(ListView1.At(row));
   project_.ProjectSaved = false;
   Close();
@@ -155,7 +155,7 @@ void RegisterEditors(Windows& windows, Project& project, Dialogs& dialogs) {
 void cmdEdit(Project& project, Windows& windows) {
   int number = 0;
   EndSilently([&] { number = project.List1(project.CurrentMainSite).SelectedRow() + 1; });
-  // A row that the index cannot count to cannot be edited, and the command ends as without a row.
+  // CurrentEditIndex cannot name a higher row, so such a row cannot be edited.
   if (number == 0 || number > std::numeric_limits<std::int16_t>::max()) return;
   project.CurrentEditIndex = static_cast<std::int16_t>(number);
   windows.Show(kForm2.Name);

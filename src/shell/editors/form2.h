@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The editors of a Linking Site, of a Main Site and of the global rules: one window with three scopes.
+// The editors of a Linking Site, a Main Site and the global rules: one window in three versions.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@
 
 namespace requite {
 
-/// A rule while it waits in an editor; the captions differ from those of the project's own list.
+/// A rule in an editor that is not saved yet. The captions differ from those of the project's list.
 struct StagedRule : Rule {
   static constexpr std::array<Column<StagedRule>, 4> Columns() {
     return {{{"Main Site", &StagedRule::MainSite},
@@ -28,33 +28,32 @@ struct StagedRule : Rule {
 
 enum class EnterKey { Nothing, Acts };
 
-/// One box of an editor's record.
+/// A text box for one field of the edited record.
 struct EditorField {
   std::string_view Label;
   std::string_view ToolTip;
   EnterKey Enter;  ///< whether Enter in the box saves
 };
 
-/// In what the three editors differ.
+/// The differences between the three editors.
 struct EditorKind {
   std::string_view Name;
   std::string_view Title;
   std::string_view Heading;
-  std::string_view Note;  ///< the small print under the heading, or nothing
+  std::string_view Note;  ///< the small print under the heading; may be empty
   std::span<const EditorField> Fields;
   bool OfMainSite;        ///< its rules name the current Main Site, else "Global"
   bool OfLinkingSite;     ///< its rules name a Website URL, else "Global"
   EnterKey EnterInValue;  ///< whether Enter in the rule's value adds the rule
 };
 
-/// Each of them is shown by the same struct.
 extern const EditorKind kForm2;
 extern const EditorKind kForm2a;
 extern const EditorKind kForm2b;
 
-/// An editor. Rules are changed in its own list and reach the project when it is saved. What it edits
-/// is looked up in the project as it loads and again as it saves: with the window left open, another
-/// selection in the main window changes what a save writes to.
+/// An editor. It changes rules in a list of its own and copies them to the project when it is saved. It
+/// looks up what it edits when it loads and again when it saves: while the window is open, another
+/// selection in the main window changes where a save writes to.
 struct Form2 : ProgramWindow {
   static constexpr std::size_t kMostFields = 5;
 
@@ -64,13 +63,13 @@ struct Form2 : ProgramWindow {
   void Load() override;
 
   const EditorKind& Kind;
-  /// Text1 and on; only the first Kind.Fields.size() of them belong to the window.
+  /// Text1, Text2 and so on. The window has only the first Kind.Fields.size() of them.
   std::array<TextBox, kMostFields> Text;
   std::array<Label, kMostFields> FieldLabel;
   Label lblHeading;
   Label lblNote;
   RecordList<StagedRule> ListView1{"ListView1"};
-  OptionGroup Option1;  ///< by the index of its rule type; none is chosen at first
+  OptionGroup Option1;  ///< the rule types, by index; none is chosen at first
   Label lblValue{"lblValue", "Value:"};
   TextBox Text6{"Text6"};
   Button Command1{"Command1", "Add Rule"};
@@ -83,12 +82,12 @@ struct Form2 : ProgramWindow {
   void AddRule();
   void DeleteRule();
   void Save();
-  /// Throws Subscript when the row has gone.
+  /// Throws Subscript when the edited row no longer exists.
   void WriteRecord();
   void RemoveRules();
 
   [[nodiscard]] std::string CurrentMainSiteText() const;
-  /// What the rules on show carry in their fields; nothing when the edited row has gone.
+  /// The site fields of the listed rules; no value when the edited row no longer exists.
   [[nodiscard]] std::string RulesMainSite() const;
   [[nodiscard]] std::optional<std::string> RulesRemoteSite() const;
 
@@ -96,12 +95,12 @@ struct Form2 : ProgramWindow {
   Dialogs& dialogs_;
 };
 
-/// Makes the three editors known to `windows`.
+/// Registers the three editors.
 void RegisterEditors(Windows& windows, Project& project, Dialogs& dialogs);
 
-/// Opens Form2 on the row chosen in the current list of Linking Sites. Without one, nothing happens.
+/// Opens Form2 for the row selected in the current list of Linking Sites; does nothing without one.
 void cmdEdit(Project& project, Windows& windows);
-/// Opens Form2a on the Main Site that is selected. Without one, nothing happens.
+/// Opens Form2a for the selected Main Site; does nothing without one.
 void cmdEditMain(Project& project, Windows& windows);
 
 }  // namespace requite

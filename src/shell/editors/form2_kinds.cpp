@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The table of differences between the three editors.
+// Titles, fields and tool tips of the three editors.
 #include "shell/editors/form2.h"
 
 namespace requite {
@@ -15,7 +15,8 @@ constexpr EditorField kLinkingSiteFields[] = {
     {"Link Page URL:",
      "Optional - Enter the URL you would to use for this site in your generated HTML pages.", EnterKey::Acts},
     {"Link Page Text:", kLinkTextTip, EnterKey::Acts},
-    // The description shares the words of the link text, and is the one box in which Enter does nothing.
+    // The description has the tool tip of the link text and is the only box in which Enter does nothing.
+    // Scripts that print tool tips or press Enter depend on both.
     {"Description:", kLinkTextTip, EnterKey::Nothing},
 };
 
@@ -27,7 +28,8 @@ const EditorKind kForm2{
     "Form2", "Edit an entry", "Edit rules for this remote site:", "", kLinkingSiteFields, true,
     true,    EnterKey::Acts};
 
-// Enter in the value adds a rule in the Linking Site's editor only. Kept as it is.
+// Enter in the value adds a rule only in the editor of a Linking Site. Scripts that press Enter in the
+// other two count on nothing being added.
 const EditorKind kForm2a{"Form2a",
                          "Edit an entry",
                          "Edit rules for this main site:",

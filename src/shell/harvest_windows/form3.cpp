@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The harvest, its view's fetcher and the window around them.
+// How the window starts, feeds and ends its harvest.
 #include "shell/harvest_windows/form3.h"
 
 namespace requite {

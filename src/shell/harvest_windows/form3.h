@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window of a domain harvest. Its load starts the harvest; no command on screen opens it.
+// The window of a domain harvest. Loading it starts the harvest. No visible command opens it.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace requite {
 
-/// What the window takes of the main one; all of it must outlive the window.
+/// What the window uses of the main window; all of it must outlive this one.
 struct Form3Needs {
   const TextBox& txtSearch;
   const ComboBox& Combo1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The controls of the export.
+// Runs the export at the press of its button.
 #include "shell/harvest_windows/frm_export.h"
 
 namespace requite {

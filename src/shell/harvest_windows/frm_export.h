@@ -9,12 +9,12 @@
 namespace requite {
 
 struct frmExport : ProgramWindow {
-  /// All but the windows belong to the main window.
+  /// The list, the database, the dialogs and the folder must outlive the window.
   frmExport(Windows& windows, RecordList<LinkResult>& list3, modDatabase& database, Dialogs& dialogs,
             const ProgramFolder& folder);
 
   Label Label1{"Label1", "Output Type:"};
-  /// The text it starts with is none of its items: a small "d" tells that nothing was chosen yet.
+  /// Its first text is not one of its items: a small "d" instead of "D" means that nothing was chosen yet.
   ComboBox Combo1{"Combo1",
                   "Semi-Colon delimited (;)",
                   {"Semi-Colon Delimited (;)", "Tab Delimited (^t)", "Line Feed Delimited (one per line)"}};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Both import windows.
+// How the import windows are built, filled and closed.
 #include "shell/imports/form4.h"
 
 #include <array>
@@ -29,7 +29,7 @@ Form4Controls::Form4Controls(const ImportVersion& version)
   cmdAdd.ToolTip = "Add the site you have entered above";
   cmdScriptAdd.ToolTip = "Add a new Script URL";
   cmdScriptDel.ToolTip = "Delete the selected script URL";
-  cmdScriptDel.SetEnabled(false);  // until a row is clicked
+  cmdScriptDel.SetEnabled(false);  // a click on a row enables it
   PutInto(Frame1, {&Option1, &Text1, &Text2, &Combo1, &Command1, &ListView1, &cmdAdd});
   PutInto(Frame3, {&Label12, &Command4});
   PutInto(framePost, {&optScript, &txtPost, &cmbSites, &txtPost2, &cmdScriptAdd, &cmdScriptDel, &lstMulti,
@@ -59,7 +59,7 @@ Form4::Form4(Windows& windows, const ImportVersion& version, ImportNeeds import,
   BuildIndex();
 }
 
-/// These let events run, and the window may be closed meanwhile.
+/// These actions let events run, so the window may be closed while they run.
 void Form4::StayWhile(std::initializer_list<Button*> pressed) {
   for (Button* each : pressed) {
     each->OnClick = [this, act = each->OnClick] {

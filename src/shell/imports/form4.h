@@ -9,7 +9,7 @@
 
 namespace requite {
 
-/// The named controls of an import window, as they stand before it has been opened.
+/// The controls of an import window as they are before it is loaded.
 struct Form4Controls {
   explicit Form4Controls(const ImportVersion& version);
 
@@ -48,16 +48,16 @@ struct Form4Controls {
   Button cmdExample{"cmdExample", "View Example"};
 };
 
-/// The window "Form4" or "Form4a", by its version. It holds nothing from one opening to the next but its
-/// settings, which both share.
+/// The window "Form4" or "Form4a", depending on the version. Only the settings, which both share, last from
+/// one opening to the next.
 struct Form4 : ProgramWindow, Form4Controls {
-  /// `import` and `posting` are as the main window has them; their `Ended` is replaced by this window's.
+  /// `import` and `posting` are those of the main window, except that `Ended` is about this window.
   Form4(Windows& windows, const ImportVersion& version, ImportNeeds import, PostingNeeds posting);
 
   /// Fills cmbSites from the Main Sites and puts the settings into the controls.
   void Load() override;
   void Unload() override;
-  /// The click of the tab strip; a number outside 1 and 2 does nothing.
+  /// The click of the tab strip. Does nothing for a number other than 1 and 2.
   void ShowTab(int number);
 
  private:
@@ -70,7 +70,7 @@ struct Form4 : ProgramWindow, Form4Controls {
   ImportPosting post_;
 };
 
-/// Registers both windows.
+/// Registers "Form4" and "Form4a".
 void RegisterImports(Windows& windows, const ImportNeeds& import, const PostingNeeds& posting);
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window without a toolkit: its controls, what lives as long as it does, and who calls whom.
+// The main window without a toolkit: its controls and all objects that live as long as it does.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +45,7 @@
 
 namespace requite {
 
-/// What the main window's controls are built over; it comes first so that it outlives them.
+/// The data of the main window. A base class before the controls, which refer to it.
 struct Form1Records {
   Project Sites;
   ScanLists Lists;
@@ -53,7 +53,7 @@ struct Form1Records {
   ControlIndex Controls;
 };
 
-/// The controls, each struct with those of one place on screen.
+/// The controls. Each base class has those of one place on screen.
 struct Form1Controls : Form1Records,
                        MenuBarControls,
                        ToolbarControls,
@@ -71,37 +71,37 @@ struct Form1Controls : Form1Records,
   Window Main{"Form1"};
 };
 
-/// Handlers of controls bear the control's name. The window is made, then started once; it must not
-/// be used after Close.
+/// The main window. Call Start (or StartWithoutProject) once before using it, and do not use it after Close.
 struct Form1 : Form1Controls, ScanHost {
   Form1(Services& services, const ProgramFolder& folder);
   ~Form1() override;
   Form1(const Form1&) = delete;
   Form1& operator=(const Form1&) = delete;
 
-  /// The whole start of the window, in its order: settings, figures, title, last project, help at the
-  /// first start, home page. Throws RuntimeFailure for a stored setting that is no number.
+  /// Restores the settings and figures, sets the title, loads the last project, opens the help if this is
+  /// the first start, and opens the home page, in this order. Throws RuntimeFailure for a stored setting
+  /// that is not a number.
   void Start();
-  /// The part of Start that a scan from a command line needs: settings and figures, no last project.
+  /// The part of Start that a scan from a command line needs: settings, figures and title.
   void StartWithoutProject();
   void RestoreSettings();
-  /// The user closes the window: asks whether unsaved edits are to be saved, then ends everything.
-  /// There is no way to cancel it. Runs once; a second call does nothing.
+  /// The user closes the window: asks whether to save unsaved edits, then ends the scan, the posting and
+  /// every request. It cannot be cancelled. A second call does nothing.
   void Close();
   [[nodiscard]] bool Closed() const { return closed_; }
-  /// Runs in Close when all is asked and ended: the window goes off the screen, whatever still keeps the
-  /// program running. What is entered after that would be lost.
+  /// Runs in Close after everything has ended. The window must be hidden now even if the program runs on,
+  /// because what the user enters from here on would be lost.
   std::function<void()> OnClosed;
-  /// Runs at the very end of Close, or when the site's window closes after it: the program is to end.
+  /// Ends the program. Runs at the end of Close, or when frmWebsite is closed if it was still open then.
   std::function<void()> OnEnd;
-  /// Shows the user a line that asks for nothing and waits for nobody.
+  /// Shows the user a line of text without waiting for an answer.
   std::function<void(std::string_view)> OnNotice;
-  /// Those that the events of each site are passed on to, in this order.
+  /// Receive the events of each scanned site, in this order.
   std::vector<SiteEvents*> SiteListeners;
 
-  /// The click of the tab strip; a number outside 1 to 5 does nothing.
+  /// The click of the tab strip. Does nothing for a number outside 1 to 5.
   void ShowTab(int number);
-  /// Opens the help file, if there is one, by the shell. Lets events run.
+  /// Opens the help file, if there is one, in the user's viewer. Lets events run.
   void OpenHelp();
 
   void SelectMainSite(int row) override { Editing.SelectMainSite(row); }
@@ -113,7 +113,7 @@ struct Form1 : Form1Controls, ScanHost {
   void SiteBegins(const ScannedSite& site) override;
   void SiteFinished(const SiteVerdict& verdict) override;
 
-  /// What the posting tabs of all windows work with. Log and list are the main window's.
+  /// What the posting tabs of all windows use: the list and the log of the main window.
   [[nodiscard]] PostingNeeds NeedsOfPosting();
 
   requite::Services& Platform;
@@ -135,8 +135,8 @@ struct Form1 : Form1Controls, ScanHost {
   PageBuilder Pages;
   Form5Log PostedLog;
   MainPosting Post;
-  bool SimpleViewFlag = false;  ///< read at the start, used nowhere
-  requite::Windows Windows;     ///< the last member: its windows refer to the others
+  bool SimpleViewFlag = false;  ///< scripts print it; nothing acts on it
+  requite::Windows Windows;     ///< the last member, because its windows refer to the others
 
  private:
   [[nodiscard]] ScanWindow WindowOfScan();

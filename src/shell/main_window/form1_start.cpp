@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the main window comes up and goes down.
+// How the main window starts and closes.
 #include "model/page_limits.h"
 #include "shell/main_window/form1.h"
 #include "shell/product.h"
@@ -40,8 +40,8 @@ void Form1::Start() {
 }
 
 void Form1::RestoreSettings() {
-  // The two keys cross: the stored choice of "Generate links for" comes back as the posting mode, and
-  // the links option always starts at its first choice.
+  // The key of optAll restores optScript, and optAll always starts with its first choice. Reading the key
+  // of optScript stores its default.
   static_cast<void>(Settings.GetSetting(setting::optScript));
   optScript.Choose(Settings.Number(setting::optAll));
   optAll.Choose(0);

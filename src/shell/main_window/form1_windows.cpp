@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows that the main window opens.
+// How each window that the main window opens is made.
 #include "shell/editors/form2.h"
 #include "shell/harvest_windows/form3.h"
 #include "shell/harvest_windows/frm_export.h"
@@ -39,7 +39,7 @@ void Form1::RegisterHarvestWindows() {
   });
 }
 
-/// The site's browser window may outlast the main window; then the program ends with it.
+/// The site's browser window may be closed after the main window. Then the program ends.
 void Form1::frmWebsite_Unload() {
   if (endsWithWebsite_ && OnEnd) OnEnd();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the options are read, checked and written.
+// How the options are loaded, checked and saved.
 #include "shell/options/frm_options.h"
 
 #include "platform/runtime_failure.h"
@@ -9,11 +9,11 @@
 namespace requite {
 namespace {
 
-// Many labels share it, although it speaks of pages. Kept as it is.
+// Many labels share it, although it is about pages. Scripts that print tool tips depend on its words.
 constexpr std::string_view kPagesTip =
     "If the specified number of pages have been scaned the search will automatically skip to the next site.";
 
-// Written as txtAutoSave and read in this form: the store knows both as one key.
+// It is saved as txtAutoSave and read with this spelling. The store ignores letter case in keys.
 constexpr SettingKey kAutoSaveMinutes{"txtAutosave", setting::txtAutoSave.Default};
 
 bool IsInt16(const std::string& text) {
@@ -95,7 +95,7 @@ void frmOptions::Load() {
   txtAutoSave.SetText(settings_.GetSetting(kAutoSaveMinutes));
   for (const CheckSetting& check : Checks()) check.Box.SetValue(settings_.Number(check.Key));
   const std::int16_t position = settings_.Number(setting::cmbAdvance);
-  // There is no entry for no choice.
+  // SetListIndex would take -1 as no choice.
   if (position < 0) throw RuntimeFailure(Failure::InvalidProperty);
   cmbAdvance.SetListIndex(position);
   settings_.SaveSetting(setting::cmbAdvance, cmbAdvance.ListIndex());
@@ -115,7 +115,7 @@ void frmOptions::txtTimeout_Change() {
 void frmOptions::txtAutoSave_Change() {
   const std::string typed = txtAutoSave.Text();
   if (typed.empty()) return;
-  // It is the other box that is tested: what is typed here is saved whatever it is. Kept as it is.
+  // The other box is checked, so any text typed here is saved, as scripts and stored settings expect.
   if (IsInt16(txtTimeout.Text())) {
     settings_.SaveSetting(setting::txtAutoSave, typed);
   } else {
@@ -124,7 +124,7 @@ void frmOptions::txtAutoSave_Change() {
 }
 
 void frmOptions::AddFileType() {
-  const Running running(*this);  // a message lets events run
+  const Running running(*this);  // a message box lets events run
   std::string entered = txtDomain.Text();
   if (entered.empty()) {
     dialogs_.Say("Please enter a file extension first.");

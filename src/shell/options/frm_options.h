@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The scanning options: each control writes its setting the moment it changes.
+// The scanning options. Each control saves its setting as soon as it changes.
 #pragma once
 
 #include <array>
@@ -23,13 +23,13 @@ struct FileType {
   static constexpr std::array<Column<FileType>, 1> Columns() { return {{{"File Type", &FileType::Text}}}; }
 };
 
-/// The options window. It holds nothing beyond its controls and has no OK or Cancel.
+/// The options window. There is no OK and no Cancel: changes are saved at once.
 struct frmOptions : ProgramWindow {
   /// `settings`, `folder` and `dialogs` must outlive the window.
   frmOptions(Windows& windows, Settings& settings, const ProgramFolder& folder, Dialogs& dialogs);
-  /// Reads every setting and the file types. Controls run their actions as they are filled, so that
-  /// defaults are stored at the first opening. Throws for a setting that is no number, a position of
-  /// cmbAdvance that does not exist, and a list of file types that cannot be read.
+  /// Reads all settings and the file types. Filling a control runs its action, so the first opening stores
+  /// the defaults. Throws RuntimeFailure for a setting that is not a number, a position that cmbAdvance
+  /// does not have, and a list of file types that cannot be read.
   void Load() override;
 
   Frame Frame1{"Frame1"};
@@ -48,7 +48,7 @@ struct frmOptions : ProgramWindow {
   CheckBox chkAudioNext{"chkAudioNext", "On Next Website"};
   CheckBox chkAudioFinished{"chkAudioFinished", "On Finished"};
   Label Label20{"Label20", "Timeout when pages don't respond:"};
-  Label Label21{"Label21", "After               seconds"};  // the box stands in the gap
+  Label Label21{"Label21", "After               seconds"};  // txtTimeout is shown in the gap
   TextBox txtTimeout{"txtTimeout"};
   Label Label5_3{"Label5(3)", "Logging:"};
   CheckBox chkLog{"chkLog", "Log rules to rules.log in the program folder"};
@@ -57,7 +57,7 @@ struct frmOptions : ProgramWindow {
                      "When a link is found, automatically update the Linking Site URL in my project."};
 
   Label Label5_1{"Label5(1)", "Webpage File Types:"};
-  CheckBox chkFileTypes{"chkFileTypes", "chkOnlyScan"};  // too narrow to show its caption
+  CheckBox chkFileTypes{"chkFileTypes", "chkOnlyScan"};  // the window shows no caption for it
   TextBox txtDomain{"txtDomain"};
   Button cmdAdd2{"cmdAdd2", "Add"};
   Button cmdDelete{"cmdDelete", "Delete"};
@@ -66,7 +66,7 @@ struct frmOptions : ProgramWindow {
   Label Label2;
   Button Command1{"Command1", "Open Global Rules Editor"};
 
-  // Built but never shown; each keeps its action
+  // Never shown; each keeps its action for scripts
   Label Label5_0{"Label5(0)", "Auto Save:"};
   CheckBox chkAutoSave{"chkAutoSave", "Check1"};
   Label Label1{"Label1", "Every              minutes while scanning"};
