@@ -21,8 +21,7 @@ void LargeReport(benchmark::State& state) {
   RecordList<ErrorEntry> lstErr("lstErr");
   std::array<TextBox, 7> lblStats{TextBox("0"), TextBox("1"), TextBox("2"), TextBox("3"),
                                   TextBox("4"), TextBox("5"), TextBox("6")};
-  Window window("Form1");
-  Statistics statistics(Settings(store), lblStats, window);
+  Statistics statistics(Settings(store), lblStats);
   BrowserView view("WebBrowser2");
 
   for (int k = 0; k < 10; ++k) {
@@ -45,8 +44,7 @@ void UpdateStats(benchmark::State& state) {
   MemorySettings store;
   std::array<TextBox, 7> lblStats{TextBox("0"), TextBox("1"), TextBox("2"), TextBox("3"),
                                   TextBox("4"), TextBox("5"), TextBox("6")};
-  Window window("Form1");
-  Statistics statistics(Settings(store), lblStats, window);
+  Statistics statistics(Settings(store), lblStats);
   for (auto _ : state) statistics.UpdateStats(Counted::PageScanned);
 }
 BENCHMARK(UpdateStats);

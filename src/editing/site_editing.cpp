@@ -87,7 +87,7 @@ void SiteEditing::cmdAdd() {
 
 void SiteEditing::cmdAdd2() {
   if (IsEmptyOrBlank(window_.txtDomain.Text())) {
-    window_.StatusBar1.SetPanel(1, "Error: Please enter a Remote Site first!");
+    window_.StatusBar1.SetPanel(StatusPanel::Activity, "Error: Please enter a Remote Site first!");
     return;
   }
   EndSilently([&] {

@@ -121,10 +121,10 @@ void DomainHarvest::ContinueSearch() {
 
 void DomainHarvest::TellOfTooFew() {
   StatusBar& status = window_.StatusBar1;
-  status.SetPanel(1, "Stopped");
-  status.SetPanel(2, "Not enough results");
+  status.SetPanel(StatusPanel::Activity, "Stopped");
+  status.SetPanel(StatusPanel::Page, "Not enough results");
   const bool isAnotherSite = window_.Sites.List1(window_.Sites.CurrentMainSite).RowCount() >= 2;
-  status.SetPanel(3, isAnotherSite ? "Trying next search" : "Add more search terms");
+  status.SetPanel(StatusPanel::Site, isAnotherSite ? "Trying next search" : "Add more search terms");
   window_.EventLoop.LetPendingEventsRun();
   if (isAnotherSite) {
     TrySearchAgain();

@@ -18,11 +18,11 @@ constexpr std::size_t kSlice = 4096;  ///< characters read between two yields
 
 void EmailHarvester::ExtractEmails(std::int16_t connection) {
   StatusBar& status = scan_.Window.StatusBar1;
-  status.SetPanel(2, "Getting Emails");
+  status.SetPanel(StatusPanel::Page, "Getting Emails");
   if (!scan_.State.Scanning) return;
   scan_.Platform.EventLoop.LetPendingEventsRun();
   EndSilently([&] { ReadLines(connection); });
-  status.SetPanel(2, "");
+  status.SetPanel(StatusPanel::Page, "");
   if (scan_.State.Scanning) PassOver(scanNextPage_);
 }
 
@@ -81,7 +81,8 @@ void EmailHarvester::CountAddress(AddWebsite&& addWebsite) {
   if (addWebsite()) PassOver([&] { scan_.Host.UpdateStats(Counted::PageFound); });
   PassOver([&] { scan_.Host.UpdateStats(Counted::LinkFound); });
   raise(state.PagesQueued);  // uses up a slot of SeenPages that stays empty
-  scan_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " emails");
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Site,
+                                   "Found " + std::to_string(state.LinksOnSite) + " emails");
   scan_.Platform.EventLoop.LetPendingEventsRun();
 }
 

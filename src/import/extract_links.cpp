@@ -74,7 +74,7 @@ std::string ExtractLinks(std::string_view html, std::string_view base, const Ext
     links += value;
     links += ',';
     ++count;
-    needs.StatusBar1.SetPanel(1, "Extracted " + std::to_string(count) + " link(s)");
+    needs.StatusBar1.SetPanel(StatusPanel::Activity, "Extracted " + std::to_string(count) + " link(s)");
     needs.EventLoop.LetPendingEventsRun();
     if (needs.Ended()) return {};
   }

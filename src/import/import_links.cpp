@@ -66,7 +66,8 @@ void ImportLinks::GetLinks() {
 }
 
 void ImportLinks::ShowConnecting(const std::string& url) {
-  tab_.StatusBar1.SetPanel(1, "Conecting to " + url);  // with one "n", as users and their scripts know it
+  tab_.StatusBar1.SetPanel(StatusPanel::Activity,
+                           "Conecting to " + url);  // with one "n", as users and their scripts know it
   needs_.EventLoop.LetPendingEventsRun();
 }
 
@@ -107,7 +108,8 @@ std::optional<std::string> ImportLinks::ListFromScript() {
 void ImportLinks::ShowLinks(std::string_view list) {
   const std::optional<std::size_t> count = AddRows(list);
   if (!count) return;
-  tab_.StatusBar1.SetPanel(1, "Finished Downloading - " + std::to_string(*count) + " links found.");
+  tab_.StatusBar1.SetPanel(StatusPanel::Activity,
+                           "Finished Downloading - " + std::to_string(*count) + " links found.");
 }
 
 std::optional<std::size_t> ImportLinks::AddRows(std::string_view list) {
@@ -119,7 +121,8 @@ std::optional<std::size_t> ImportLinks::AddRows(std::string_view list) {
     // A row ends at the first NUL: short replies are padded with them.
     const std::string_view link = Before(Trim(list.substr(begin, end - begin)), '\0');
     tab_.ListView1.Add({std::string(link)});
-    tab_.StatusBar1.SetPanel(1, "Added " + std::to_string(count) + " link(s)");  // one less than the rows
+    tab_.StatusBar1.SetPanel(StatusPanel::Activity,
+                             "Added " + std::to_string(count) + " link(s)");  // one less than the rows
     ++count;
     begin = end + 1;
     needs_.EventLoop.LetPendingEventsRun();
@@ -170,7 +173,8 @@ void ImportLinks::AddLines(std::string_view text) {
     needs_.EventLoop.LetPendingEventsRun();
     if (needs_.Ended()) return;
   }
-  tab_.StatusBar1.SetPanel(1, "Added " + std::to_string(count) + std::string(version_.Unit));
+  tab_.StatusBar1.SetPanel(StatusPanel::Activity,
+                           "Added " + std::to_string(count) + std::string(version_.Unit));
 }
 
 void ImportLinks::AddLinkingSite(std::string_view line) {

@@ -136,10 +136,15 @@ void ComboBox::UserPressesEnter() {
   if (OnEnter) OnEnter();
 }
 
-void StatusBar::SetPanel(int number, std::string text) {
-  std::string& panel = panels_.at(static_cast<std::size_t>(number) - 1);
-  if (panel == text) return;
-  panel = std::move(text);
+const std::string& StatusBar::Panel(int number) const {
+  if (number < 1 || number > kPanels) throw RuntimeFailure(Failure::Subscript);
+  return panels_[static_cast<std::size_t>(number) - 1];
+}
+
+void StatusBar::SetPanel(StatusPanel panel, std::string text) {
+  std::string& shown = panels_[static_cast<std::size_t>(panel) - 1];
+  if (shown == text) return;
+  shown = std::move(text);
   Changed();
 }
 
@@ -186,10 +191,17 @@ void TabStrip::Select(int number) {
   if (OnClick) OnClick(number);
 }
 
-void Menu::CheckOnly(int index) {
+std::size_t Menu::Entry(int index) const {
   if (index < 0 || index >= static_cast<int>(Items.size())) throw RuntimeFailure(Failure::Subscript);
+  return static_cast<std::size_t>(index);
+}
+
+bool Menu::Checked(int index) const { return checked_[Entry(index)]; }
+
+void Menu::CheckOnly(int index) {
+  const std::size_t entry = Entry(index);
   checked_.assign(Items.size(), false);
-  checked_[static_cast<std::size_t>(index)] = true;
+  checked_[entry] = true;
   Changed();
 }
 
@@ -208,12 +220,6 @@ void Menu::PopUp() {
 
 void Window::SetTitle(std::string title) {
   title_ = std::move(title);
-  Changed();
-}
-
-void Window::LockDrawing(bool locked) {
-  if (locked_ == locked) return;
-  locked_ = locked;
   Changed();
 }
 

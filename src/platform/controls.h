@@ -188,16 +188,23 @@ class ComboBox : public Control {
   int listIndex_ = -1;
 };
 
+/// The panels of a status bar, from left to right. Other uses than these share them.
+enum class StatusPanel {
+  Activity = 1,  ///< the Main Site or the download that is being worked on
+  Page = 2,      ///< the page's number, or what is being done with it
+  Site = 3,      ///< the Linking Site, or what was found there
+  Wait = 4,      ///< the seconds without an answer
+};
+
 /// The bottom edge's four panels, numbered from 1.
 class StatusBar : public Control {
  public:
   static constexpr int kPanels = 4;
   using Control::Control;
 
-  [[nodiscard]] const std::string& Panel(int number) const {
-    return panels_.at(static_cast<std::size_t>(number) - 1);
-  }
-  void SetPanel(int number, std::string text);
+  /// The text of a panel, by number as scripts name it. Throws Subscript outside 1 to kPanels.
+  [[nodiscard]] const std::string& Panel(int number) const;
+  void SetPanel(StatusPanel panel, std::string text);
 
  private:
   std::array<std::string, kPanels> panels_;
@@ -287,8 +294,8 @@ class Menu : public Control {
         Items(std::move(items)),
         checked_(Items.size()) {}
 
-  [[nodiscard]] bool Checked(int index) const { return checked_.at(static_cast<std::size_t>(index)); }
-  /// Checks exactly this entry; an index that does not exist throws Subscript.
+  /// These throw Subscript for an entry that does not exist. CheckOnly checks this entry and no other.
+  [[nodiscard]] bool Checked(int index) const;
   void CheckOnly(int index);
   /// The first checked entry, or 0 when none is checked.
   [[nodiscard]] int FirstChecked() const;
@@ -302,24 +309,21 @@ class Menu : public Control {
   std::function<void()> OnPopUp;
 
  private:
+  [[nodiscard]] std::size_t Entry(int index) const;
+
   std::vector<bool> checked_;
 };
 
-/// The frame of a window: its title and whether it is minimised or locked against redrawing.
+/// A window, of which only the title matters.
 class Window : public Control {
  public:
   using Control::Control;
 
   [[nodiscard]] const std::string& Title() const { return title_; }
   void SetTitle(std::string title);
-  void LockDrawing(bool locked);
-  [[nodiscard]] bool DrawingLocked() const { return locked_; }
-
-  bool Minimised = false;
 
  private:
   std::string title_;
-  bool locked_ = false;
 };
 
 }  // namespace requite

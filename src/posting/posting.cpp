@@ -77,7 +77,7 @@ std::optional<std::string> Posting::UrlFor(const LinkResult& row, const std::str
 }
 
 void Posting::ShowStatus(std::string text) {
-  tab_.StatusBar1.SetPanel(1, std::move(text));
+  tab_.StatusBar1.SetPanel(StatusPanel::Activity, std::move(text));
   needs_.EventLoop.LetPendingEventsRun();
 }
 

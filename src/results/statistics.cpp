@@ -15,23 +15,6 @@ void Increment(std::int32_t& counter) {
   ++counter;
 }
 
-/// Locks drawing unless the window is minimised. Unlocks it after a failure too: the window must not stay
-/// frozen behind the message.
-class DrawingPause {
- public:
-  explicit DrawingPause(Window& window) : window_(window) { Lock(true); }
-  ~DrawingPause() { Lock(false); }
-  DrawingPause(const DrawingPause&) = delete;
-  DrawingPause& operator=(const DrawingPause&) = delete;
-
- private:
-  void Lock(bool locked) {
-    if (!window_.Minimised) window_.LockDrawing(locked);
-  }
-
-  Window& window_;
-};
-
 }  // namespace
 
 void Statistics::ReadHistory() {
@@ -40,7 +23,6 @@ void Statistics::ReadHistory() {
 }
 
 void Statistics::UpdateStats(Counted kind) {
-  const DrawingPause pause(window_);
   Raise(kind);
   RefreshStats();
 }

@@ -17,10 +17,9 @@ class Statistics {
  public:
   static constexpr std::size_t kLabels = 7;
 
-  /// `lblStats` are the labels in their order on screen, `window` is what is locked against redrawing
-  /// while they change. Both must outlive this object.
-  Statistics(Settings settings, std::span<TextBox, kLabels> lblStats, Window& window)
-      : settings_(settings), lblStats_(lblStats), window_(window) {}
+  /// `lblStats` are the labels in their order on screen. They must outlive this object.
+  Statistics(Settings settings, std::span<TextBox, kLabels> lblStats)
+      : settings_(settings), lblStats_(lblStats) {}
 
   std::int32_t PagesScanned = 0;
   std::int32_t PagesFound = 0;
@@ -48,7 +47,6 @@ class Statistics {
 
   Settings settings_;
   std::span<TextBox, kLabels> lblStats_;
-  Window& window_;
 };
 
 }  // namespace requite

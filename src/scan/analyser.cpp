@@ -25,7 +25,7 @@ Analyser::Analyser(ScanContext& scan, Next& next)
 void Analyser::AnalysePage() {
   const std::string text = std::exchange(scan_.State.Page.PreparedText, {});
   if (!scan_.State.Scanning) return;
-  scan_.Window.StatusBar1.SetPanel(2, "Getting Links");
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
   scan_.Platform.EventLoop.LetPendingEventsRun();
   PageLines lines(text, scan_.PageSlices());
   switch (ReadLines(lines)) {
@@ -115,7 +115,7 @@ void Analyser::FollowMove(PageLines& lines) {
 
 void Analyser::HandBack() {
   ScanState& state = scan_.State;
-  scan_.Window.StatusBar1.SetPanel(2, "");
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "");
   scan_.Platform.EventLoop.LetPendingEventsRun();
   state.RedirectFollowed = false;
   if (!state.Scanning) return;

@@ -99,18 +99,20 @@ void Controller::TakePage() {
   if (!state.Scanning) return;
   StatusBar& bar = scan_.Window.StatusBar1;
   const auto mainSites = static_cast<std::int64_t>(scan_.Project.List4.RowCount());
-  bar.SetPanel(1, state.SitesDone < mainSites ? "Main Site " + std::to_string(state.SitesDone + 1) + " of " +
-                                                    std::to_string(mainSites)
-                                              : std::string("Finished All Main Sites"));
-  bar.SetPanel(2, state.PagesDone >= 1 ? "Page " + std::to_string(state.PagesDone) + " of " +
-                                             std::to_string(std::int64_t{state.PagesQueued} + 1)
-                                       : std::string("Finished Pages"));
+  bar.SetPanel(StatusPanel::Activity,
+               state.SitesDone < mainSites
+                   ? "Main Site " + std::to_string(state.SitesDone + 1) + " of " + std::to_string(mainSites)
+                   : std::string("Finished All Main Sites"));
+  bar.SetPanel(StatusPanel::Page, state.PagesDone >= 1
+                                      ? "Page " + std::to_string(state.PagesDone) + " of " +
+                                            std::to_string(std::int64_t{state.PagesQueued} + 1)
+                                      : std::string("Finished Pages"));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   scan_.Platform.EventLoop.LetPendingEventsRun();
   if (scan_.Lists.List2.Empty()) return;
   state.PageUrl = scan_.Lists.List2.At(0).Url;
   scan_.Lists.List2.Remove(0);
-  bar.SetPanel(3, "Searching " + state.CurrentLinkingUrl);
+  bar.SetPanel(StatusPanel::Site, "Searching " + state.CurrentLinkingUrl);
   next_.FetchPage();
 }
 
@@ -136,8 +138,9 @@ void Controller::cmdStop() {
   scan_.Platform.Connection.Close();
   scan_.Gets.Abort();  // or a moved page would delay the end of the scan
   window.pb1.SetValue(0);
-  window.StatusBar1.SetPanel(1, "Stopped");
-  for (const int panel : {2, 3, 4}) window.StatusBar1.SetPanel(panel, {});
+  window.StatusBar1.SetPanel(StatusPanel::Activity, "Stopped");
+  for (const StatusPanel panel : {StatusPanel::Page, StatusPanel::Site, StatusPanel::Wait})
+    window.StatusBar1.SetPanel(panel, {});
   scan_.Platform.EventLoop.LetPendingEventsRun();
   scan_.Platform.timTimeout.Stop();
   scan_.Host.UpdateStats(Counted::MainSite);
@@ -156,8 +159,8 @@ void Controller::TimeoutTick() {
   if (!state.Scanning) return;
   PageFetch& page = state.Page;
   if (page.TimeoutTicks < std::numeric_limits<std::int16_t>::max()) ++page.TimeoutTicks;
-  scan_.Window.StatusBar1.SetPanel(
-      4, std::to_string(page.TimeoutTicks) + " of " + std::to_string(state.TimeoutSeconds) + " seconds");
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Wait, std::to_string(page.TimeoutTicks) + " of " +
+                                                          std::to_string(state.TimeoutSeconds) + " seconds");
   if (page.TimeoutTicks < state.TimeoutSeconds) return;
   scan_.Lists.lstErr.Add({std::string(reason_word::kTimeout), page.PageHost});
   state.ReasonNote = reason_word::kTimeout;

@@ -73,7 +73,7 @@ void Fetcher::FetchPage() {
   page.ContentLength = 0;
   page.BytesReceived = 0;
   searchedTo_ = 0;
-  scan_.Window.StatusBar1.SetPanel(1, Joined("Downloading: ", page));
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Activity, Joined("Downloading: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   page.TimeoutTicks = 0;
   if (!Attempt([this] { scan_.Platform.timTimeout.Start(kTickMilliseconds); })) return;
@@ -117,7 +117,7 @@ void Fetcher::TakeData(PageFetch& page) {
 
 void Fetcher::ShowProgress(const PageFetch& page) {
   scan_.Window.StatusBar1.SetPanel(
-      1, Joined("Downloading: ", page, " (" + std::to_string(page.BytesReceived) + ")"));
+      StatusPanel::Activity, Joined("Downloading: ", page, " (" + std::to_string(page.BytesReceived) + ")"));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   if (page.ContentLength < 1) return;
   // The bar refuses a value above 100, when the page is longer than its header says.
@@ -157,7 +157,7 @@ void Fetcher::OnClose() {
       Left(page.RecvBuffer, end == std::string::npos ? kHeaderOfHeaderless : end + kHeaderEnd.size()));
   next_.CheckHttpStatus(header, page.PageHost + page.PagePath);
   std::string response = std::exchange(page.RecvBuffer, {});
-  scan_.Window.StatusBar1.SetPanel(1, Joined("Finished: ", page));
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Activity, Joined("Finished: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   RemoveHeader(response, header, scan_.PageSlices());
   next_.ProcessPage(std::move(response));

@@ -50,7 +50,7 @@ void RecordLink(ScanContext& scan, std::string_view status) {
   }
   scan.Host.UpdateStats(Counted::LinkFound);
   CountUp(state.PagesQueued);  // leaves a gap in SeenPages
-  scan.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
+  scan.Window.StatusBar1.SetPanel(StatusPanel::Site, "Found " + std::to_string(state.LinksOnSite) + " links");
   scan.Platform.EventLoop.LetPendingEventsRun();
 }
 

@@ -82,7 +82,7 @@ void Triage::ProcessPage(std::string body) {
   PassOver([&] { scan_.Platform.Connection.Close(); });
   if (!scan_.State.Scanning) return;
   NoteReasons(signs);
-  scan_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
+  scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Saving to HTML");
   scan_.Platform.EventLoop.LetPendingEventsRun();
   PrepareText(std::move(body));
   PassOver([&] { next_.AnalysePage(); });

@@ -245,7 +245,8 @@ class MainWindowTest : public QObject, private WindowRig {
     form_->Sites.List3.Add({broken, broken, broken, broken, broken});
     form_->Sites.AddMainSite(broken);
     form_->SelectMainSite(1);
-    for (int panel = 1; panel <= 4; ++panel) form_->StatusBar1.SetPanel(panel, broken);
+    for (int panel = 1; panel <= 4; ++panel)
+      form_->StatusBar1.SetPanel(static_cast<StatusPanel>(panel), broken);
     const auto* const results = Widget<QTableView>("List3");
     QTRY_COMPARE(results->model()->rowCount(), 1);
     const QModelIndex cell = results->model()->index(0, 0);

@@ -159,7 +159,7 @@ TEST(ImportFromFile, LinesBecomeLinkingSites) {
 
 TEST(ImportFromFile, FailuresEndItSilently) {
   ImportRig rig;
-  rig.Window.StatusBar1.SetPanel(1, "as it was");
+  rig.Window.StatusBar1.SetPanel(StatusPanel::Activity, "as it was");
   for (const std::string& name : {rig.Folder.File("missing.txt"), rig.Folder.Folder.Path, std::string()}) {
     rig.Services.Dialogs.Names.push_back(name);
     rig.Window.Command4.Click();

@@ -36,7 +36,7 @@ struct AnalysisRig {
     Steps.Triage = std::make_unique<Triage>(Rig.Context, Steps);
     Steps.Analyser = std::make_unique<Analyser>(Rig.Context, Steps);
     Rig.State.FileTypes = {".htm", ".php", ".asp"};
-    Rig.Controls.StatusBar1.SetPanel(2, "");
+    Rig.Controls.StatusBar1.SetPanel(StatusPanel::Page, "");
   }
 
   /// A scan of the first of the Linking Sites, at its page `url`.

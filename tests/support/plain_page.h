@@ -32,7 +32,7 @@ class PlainPage {
       body = Replace(body, "href=" + std::string(blanks, ' '), "href=", Compare::Text);
     }
     body = Replace(body, "href=", "\r\nhref=", Compare::Text);
-    context_.Window.StatusBar1.SetPanel(2, "Saving to HTML");
+    context_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Saving to HTML");
     OverwriteFile(context_.Folder.File("html0.txt"), body + "\r\n");
     for (const std::string_view end : {"\r\n", "\r", "\n"}) body = Replace(body, end, "", Compare::Binary);
     OverwriteFile(context_.Folder.File("html20.txt"), body + "\r\n");
@@ -42,7 +42,7 @@ class PlainPage {
   void AnalysePage() {
     ScanState& state = context_.State;
     if (!state.Scanning) return;
-    context_.Window.StatusBar1.SetPanel(2, "Getting Links");
+    context_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
     file_ = ReadFile(context_.Folder.File("html0.txt"));
     LineReader lines(file_, LineEnds::CarriageReturn);
     while (!lines.AtEnd()) {
@@ -51,7 +51,7 @@ class PlainPage {
       if (Holds(line, "href=")) AnalyseLine(line);
       if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
     }
-    context_.Window.StatusBar1.SetPanel(2, "");
+    context_.Window.StatusBar1.SetPanel(StatusPanel::Page, "");
     state.RedirectFollowed = false;
     if (!state.Scanning) return;
     if (context_.Settings.IsOne(setting::chkRedirect) && state.RedirectSuspected && !state.LinkFound) {
@@ -164,7 +164,8 @@ class PlainPage {
     }
     context_.Host.UpdateStats(Counted::LinkFound);
     ++state.PagesQueued;
-    context_.Window.StatusBar1.SetPanel(3, "Found " + std::to_string(state.LinksOnSite) + " links");
+    context_.Window.StatusBar1.SetPanel(StatusPanel::Site,
+                                        "Found " + std::to_string(state.LinksOnSite) + " links");
   }
 
   ScanContext& context_;

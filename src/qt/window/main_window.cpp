@@ -189,9 +189,4 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::WindowStateChange) form_.Main.Minimised = isMinimized();
-  QMainWindow::changeEvent(event);
-}
-
 }  // namespace requite

@@ -24,7 +24,7 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Folder(folder),
       Work(folder),
       Settings(services.Store),
-      Figures(Settings, lblStats, Main),
+      Figures(Settings, lblStats),
       Editing(Sites, Lists,
               {txtDomain, cmdAdd2, cmdDelete, cmdEditMain, innerFrame2, Text1, cmdAdd, cmbDel, cmdEdit,
                Label2, lblblah, cmdNextSearch, cmbSites, txtPost2, StatusBar1},
