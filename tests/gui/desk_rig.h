@@ -12,8 +12,8 @@
 
 #include "qt/services/code_page.h"
 #include "qt/services/program_folder.h"
-#include "qt/window/desktop_services.h"
-#include "qt/window/main_window.h"
+#include "qt/window/desktop/desktop_services.h"
+#include "qt/window/main_window/main_window.h"
 
 namespace requite::test {
 

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 
-#include "qt/window/help_window.h"
+#include "qt/window/desktop/help_window.h"
 #include "window_rig.h"
 
 namespace requite::test {

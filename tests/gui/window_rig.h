@@ -5,7 +5,7 @@
 #include <QTest>
 #include <memory>
 
-#include "qt/window/main_window.h"
+#include "qt/window/main_window/main_window.h"
 #include "support/fakes.h"
 
 namespace requite::test {

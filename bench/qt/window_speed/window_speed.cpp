@@ -19,8 +19,8 @@
 #include <optional>
 #include <string>
 
-#include "qt/window/desktop_services.h"
-#include "qt/window/main_window.h"
+#include "qt/window/desktop/desktop_services.h"
+#include "qt/window/main_window/main_window.h"
 #include "system/freed_memory.h"
 
 namespace requite {

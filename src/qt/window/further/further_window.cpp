@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// What all windows but the main one have in common on screen.
+#include "qt/window/further/further_window.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QShortcut>
+#include <QTableView>
+
+#include "qt/services/code_page.h"
+#include "qt/window/look/screen_fit.h"
+
+namespace requite {
+namespace {
+
+QString GeometryKey(const ProgramWindow& window) {
+  return QString::fromStdString(window.Name()) + "/geometry";
+}
+
+}  // namespace
+
+FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& surroundings)
+    : QWidget(surroundings.Owner, Qt::Window),
+      window_(window),
+      surroundings_(surroundings),
+      bind_(surroundings.Refresh, surroundings.User) {
+  setObjectName(QString::fromStdString(window.Name()));
+  setWindowTitle(ToUnicode(window.Main.Title()));
+  // A shortcut, because a web page would take the key.
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+FurtherWindow::~FurtherWindow() {
+  QSettings("requite", "window").setValue(GeometryKey(window_), saveGeometry());
+}
+
+void FurtherWindow::RestoreSize(QSize first) {
+  const QSettings layout("requite", "window");
+  if (!restoreGeometry(layout.value(GeometryKey(window_)).toByteArray())) {
+    resize(first);
+    move(surroundings_.MainWindow.frameGeometry().center() - rect().center());
+  }
+  FitToScreen(*this, *surroundings_.MainWindow.screen());
+}
+
+void FurtherWindow::closeEvent(QCloseEvent* event) {
+  surroundings_.User.Run([this] { window_.Close(); });
+  event->accept();
+}
+
+QLabel* FurtherWindow::NewLabel(TextBox& control, QWidget* buddy) {
+  auto* const label = new QLabel(this);
+  label->setBuddy(buddy);
+  bind_.BindLabel(control, *label);
+  return label;
+}
+
+QPushButton* FurtherWindow::NewButton(Button& control, const QString& mnemonic) {
+  auto* const button = new QPushButton(this);
+  bind_.Bind(control, *button, mnemonic);
+  return button;
+}
+
+QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, const QString& accessibleName) {
+  auto* const view = new QTableView(this);
+  ListTable& table = *tables_.emplace_back(std::make_unique<ListTable>(surroundings_.Refresh));
+  table.Show(&list);
+  WireTable(*view, table, surroundings_.User, emptyText);
+  bind_.BindState(list, *view);
+  view->setAccessibleName(accessibleName);
+  return view;
+}
+
+}  // namespace requite

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// Rows, colours and icons of a list as a table model.
+#include "qt/window/lists/list_table.h"
+
+#include <QBrush>
+#include <QIcon>
+#include <array>
+#include <utility>
+
+#include "qt/services/code_page.h"
+#include "qt/window/controls/shown_text.h"
+#include "qt/window/look/glyphs.h"
+
+namespace requite {
+namespace {
+
+constexpr int kIconBad = 1;
+constexpr int kIconGood = 2;
+
+/// What a row says about its site: by colour, picture and word.
+struct Verdict {
+  std::uint32_t Colour;
+  Tone Shade;
+  Glyph Picture;
+  const char* Word;
+};
+
+constexpr std::array kVerdicts{
+    Verdict{kBlue, Tone::Blue, Glyph::Found, QT_TRANSLATE_NOOP("ListTable", "link found")},
+    Verdict{kGreen, Tone::Green, Glyph::Redirect, QT_TRANSLATE_NOOP("ListTable", "redirect link")},
+    Verdict{kRed, Tone::Red, Glyph::Missing, QT_TRANSLATE_NOOP("ListTable", "link missing")}};
+
+const Verdict* VerdictOf(std::uint32_t colour) {
+  for (const Verdict& each : kVerdicts) {
+    if (each.Colour == colour) return &each;
+  }
+  return nullptr;
+}
+
+/// Loaded results have an icon and no colour; Linking Sites have a colour and no icon.
+QVariant PictureOf(int icon, const Verdict* verdict) {
+  if (icon == kIconBad) return GlyphIcon(Glyph::Missing, Tone::Red);
+  if (icon == kIconGood) return GlyphIcon(Glyph::Found, Tone::Blue);
+  return verdict == nullptr ? QVariant() : GlyphIcon(verdict->Picture, verdict->Shade);
+}
+
+}  // namespace
+
+ListTable::~ListTable() {
+  // The views may be half destroyed, so nobody is told.
+  if (list_ != nullptr) list_->SetObserver(nullptr);
+}
+
+void ListTable::Show(ListView* list) {
+  if (list == list_) return;
+  applying_ = true;
+  beginResetModel();
+  if (list_ != nullptr) list_->SetObserver(nullptr);
+  list_ = list;
+  if (list_ != nullptr) {
+    list_->SetObserver(this);
+    captions_.clear();
+    for (std::size_t i = 0; i < list_->ColumnCount(); ++i) captions_ << ToUnicode(list_->Caption(i));
+  }
+  shown_ = list_ == nullptr ? 0 : list_->RowCount();
+  changed_ = false;
+  endResetModel();
+  applying_ = false;
+  if (OnRefreshed) OnRefreshed();
+}
+
+int ListTable::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(shown_);
+}
+
+int ListTable::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(captions_.size());
+}
+
+QVariant ListTable::data(const QModelIndex& index, int role) const {
+  const auto row = static_cast<std::size_t>(index.row());
+  // The row may have been removed before the view is told.
+  if (list_ == nullptr || !index.isValid() || row >= list_->RowCount()) return {};
+  const auto text = [&]() -> const std::string& {
+    return list_->FieldAt(row, static_cast<std::size_t>(index.column()));
+  };
+  switch (role) {
+    case Qt::DisplayRole: return OneLine(text());
+    case Qt::ToolTipRole:
+      // A list's own tool tip replaces those of its rows.
+      return list_->ToolTip.empty() ? QVariant(ToolTipText(text())) : QVariant();
+    case Qt::ForegroundRole:
+      if (const Verdict* const verdict = VerdictOf(list_->Colour(row)))
+        return QBrush(ShadeOf(verdict->Shade));
+      return {};
+    case Qt::DecorationRole:
+      return index.column() == 0 ? PictureOf(list_->Icon(row), VerdictOf(list_->Colour(row))) : QVariant();
+    case Qt::AccessibleDescriptionRole:
+      if (const Verdict* const verdict = VerdictOf(list_->Colour(row))) return tr(verdict->Word);
+      return {};
+    default: return {};
+  }
+}
+
+QVariant ListTable::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return captions_.value(section);
+}
+
+void ListTable::RowAdded(std::size_t row) {
+  if (row + 1 != list_->RowCount()) changed_ = true;
+  Mark();
+}
+
+void ListTable::RowRemoved(std::size_t) { ListReset(); }
+
+void ListTable::RowChanged(std::size_t) { ListReset(); }
+
+void ListTable::ListReset() {
+  changed_ = true;
+  Mark();
+}
+
+/// The view is only told of rows added or removed at the end. Rows that move count as rows whose fields
+/// changed: the view keeps nothing for a row but the selection, which follows the list's. So a refresh
+/// costs the same for any number of rows, and the view stays where the user scrolled it.
+void ListTable::FollowRowCount(std::size_t rows) {
+  if (rows > shown_) {
+    beginInsertRows({}, static_cast<int>(shown_), static_cast<int>(rows) - 1);
+    shown_ = rows;
+    endInsertRows();
+  } else if (rows < shown_) {
+    beginRemoveRows({}, static_cast<int>(rows), static_cast<int>(shown_) - 1);
+    shown_ = rows;
+    endRemoveRows();
+  }
+}
+
+void ListTable::Apply() {
+  if (list_ != nullptr && !list_->Redraw()) return;
+  applying_ = true;
+  FollowRowCount(list_ == nullptr ? 0 : list_->RowCount());
+  if (std::exchange(changed_, false) && shown_ > 0) {
+    emit dataChanged(index(0, 0), index(static_cast<int>(shown_) - 1, columnCount() - 1));
+  }
+  applying_ = false;
+  if (OnRefreshed) OnRefreshed();
+}
+
+}  // namespace requite

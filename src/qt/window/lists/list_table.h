@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Shows any list of the program in a table, whatever its records are.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <functional>
+
+#include "platform/list_view.h"
+#include "qt/window/controls/control_views.h"
+
+class QTableView;
+
+namespace requite {
+
+/// The rows of one list at a time. The view learns of changes at the next refresh, so a scan may add
+/// thousands of rows; until then the view sees the rows of the last refresh.
+class ListTable : public QAbstractTableModel, public ListObserver, public RefreshedView {
+  Q_OBJECT
+
+ public:
+  explicit ListTable(ViewRefresh& refresh) : RefreshedView(refresh) {}
+  ~ListTable() override;
+
+  /// Shows another list, or none. Show another one before a list is destroyed. Without a list the columns of
+  /// the last one stay, with their widths.
+  void Show(ListView* list);
+  [[nodiscard]] ListView* List() const { return list_; }
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  void RowAdded(std::size_t row) override;
+  void RowRemoved(std::size_t row) override;
+  void RowChanged(std::size_t row) override;
+  void ListReset() override;
+  void SelectionChanged() override { Mark(); }
+  void RedrawChanged() override { Mark(); }
+  void Apply() override;
+
+  /// True while rows change under the view: its changes of selection are then not the user's.
+  [[nodiscard]] bool Applying() const { return applying_; }
+
+  /// Runs after each refresh: the selection or the sort of the list may have changed.
+  std::function<void()> OnRefreshed;
+
+ private:
+  void FollowRowCount(std::size_t rows);
+
+  ListView* list_ = nullptr;
+  QStringList captions_;
+  std::size_t shown_ = 0;  ///< rows that the view knows about
+  bool changed_ = false;   ///< rows have moved or changed since the last refresh
+  bool applying_ = false;
+};
+
+/// Connects a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
+/// their keys, double clicks, headers, label edits. `emptyText` is shown while the list
+/// has no rows. In a view set to extended selection afterwards, several rows can be selected.
+void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText);
+
+}  // namespace requite

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Sets a table view up as a list, and how its rows are painted.
+#include "qt/window/lists/row_look.h"
+
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+namespace requite {
+namespace {
+
+constexpr int kRowPadding = 7;
+
+QColor Between(const QColor& from, const QColor& to, double share) {
+  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return QColor(mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue()));
+}
+
+class RowPainter : public QStyledItemDelegate {
+ public:
+  explicit RowPainter(QTableView& view) : QStyledItemDelegate(&view), view_(view) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!option->state.testFlag(QStyle::State_Selected)) return;
+    // The whole row is selected, so a frame around one cell would be wrong.
+    option->state.setFlag(QStyle::State_HasFocus, false);
+    if (view_.hasFocus()) return;
+    const QColor pale = Between(option->palette.color(QPalette::Base),
+                                option->palette.color(QPalette::Active, QPalette::Highlight), 0.3);
+    option->palette.setColor(QPalette::Highlight, pale);
+    // In a disabled list too: pale letters on a pale bar would be unreadable.
+    option->palette.setColor(QPalette::HighlightedText,
+                             option->palette.color(QPalette::Active, QPalette::Text));
+  }
+
+ private:
+  const QTableView& view_;
+};
+
+}  // namespace
+
+void LookLikeAList(QTableView& view) {
+  view.setItemDelegate(new RowPainter(view));
+  view.setAlternatingRowColors(true);
+  view.setShowGrid(false);
+  view.setWordWrap(false);
+  view.setTabKeyNavigation(false);
+  view.setCornerButtonEnabled(false);
+  view.setSelectionBehavior(QAbstractItemView::SelectRows);
+  view.setSelectionMode(QAbstractItemView::SingleSelection);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view.setTextElideMode(Qt::ElideRight);
+  view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+  view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  QHeaderView& rows = *view.verticalHeader();
+  rows.hide();
+  rows.setSectionResizeMode(QHeaderView::Fixed);
+  rows.setMinimumSectionSize(1);
+  rows.setDefaultSectionSize(view.fontMetrics().height() + kRowPadding);
+  QHeaderView& columns = *view.horizontalHeader();
+  columns.setSectionsClickable(true);
+  columns.setHighlightSections(false);
+  columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  columns.setStretchLastSection(true);
+}
+
+}  // namespace requite

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+// The frame of the main window: tool bar, menus, shortcuts, title and the close.
+#include "qt/window/main_window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSettings>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "qt/window/controls/shown_text.h"
+#include "qt/window/look/glyphs.h"
+#include "qt/window/look/product_icon.h"
+#include "qt/window/look/screen_fit.h"
+#include "scan/scan_share.h"
+
+namespace requite {
+
+/// Is told that the title has changed; the next refresh writes it.
+class MainWindow::TitleView final : public ControlView, public RefreshedView {
+ public:
+  TitleView(Window& control, ViewRefresh& refresh) : RefreshedView(refresh), control_(control) {
+    control_.SetView(this);
+  }
+  ~TitleView() override { control_.SetView(nullptr); }
+
+  void Refresh(const Control&) override { Mark(); }
+  void Apply() override {}
+
+ private:
+  Window& control_;
+};
+
+MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop)
+    : form_(form), guard_(guard) {
+  setObjectName("Form1");
+  setWindowIcon(ProductIcon());
+  if (desktop != nullptr) desktopNotice_.emplace(*desktop);
+  BuildToolBar();
+  BuildMenus();
+  columns_ = new QSplitter(Qt::Horizontal, this);
+  left_ = new QSplitter(Qt::Vertical, columns_);
+  left_->addWidget(BuildWebsites());
+  left_->addWidget(BuildProgress());
+  columns_->addWidget(left_);
+  columns_->addWidget(BuildResults());
+  columns_->setStretchFactor(1, 1);
+  columns_->setContentsMargins(6, 4, 6, 0);
+  columns_->setChildrenCollapsible(false);
+  left_->setChildrenCollapsible(false);
+  setCentralWidget(columns_);
+  bind_.Bind(form_.StatusBar1, *statusBar());
+  title_ = std::make_unique<TitleView>(form_.Main, refresh_);
+  refresh_.OnApplied = [this] { ShowScan(); };
+  ShowScan();
+  form_.Sites.OnListDropped = [this](LinkingSiteList& list, int) {
+    if (linkingSites_.List() == &list) linkingSites_.Show(nullptr);
+  };
+  form_.OnClosed = [this] {
+    hide();
+    further_.HideOwned();
+  };
+  AddShortcuts();
+  RestoreLayout();
+  // The first thing to do is typing a site.
+  findChild<QLineEdit*>("txtDomain")->setFocus();
+}
+
+MainWindow::~MainWindow() {
+  SaveLayout();
+  form_.Sites.OnListDropped = nullptr;
+  form_.OnClosed = nullptr;
+  form_.OnNotice = nullptr;
+}
+
+/// The title and the task bar show the progress of a scan.
+void MainWindow::ShowScan() {
+  QString title = OneLine(form_.Main.Title());
+  if (form_.State.Scanning) {
+    title = QString("%1, %2 links - %3")
+                .arg(OneLine(form_.StatusBar1.Panel(2)))
+                .arg(form_.Figures.LinksFound)
+                .arg(title);
+  }
+  if (windowTitle() != title) setWindowTitle(title);
+  if (!form_.State.WorkFilesUnwritten) notice_->hide();
+  if (!desktopNotice_) return;
+  desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr,
+                       ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),
+                       form_.Figures.LinksFound, form_.Figures.PagesScanned});
+}
+
+void MainWindow::BuildToolBar() {
+  auto* const bar = addToolBar(tr("Commands"));
+  bar->setObjectName("toolBar");
+  bar->setMovable(false);
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  const auto add = [&](Button& control, Glyph glyph, const QString& mnemonic = {}, Tone tone = Tone::Text) {
+    auto* const button = new QToolButton(bar);
+    button->setIcon(GlyphIcon(glyph, tone));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFocusPolicy(Qt::TabFocus);
+    bar->addWidget(button);
+    bind_.Bind(control, *button, mnemonic);
+  };
+  add(form_.Command1, Glyph::Start, "S&tart Scan", Tone::Green);
+  add(form_.Command10, Glyph::More, "&V");
+  add(form_.cmdSkip, Glyph::Skip, "S&kip");
+  add(form_.cmdStop, Glyph::Stop, "Sto&p", Tone::Red);
+  bar->addSeparator();
+  add(form_.Command9, Glyph::Options, "Optio&ns");
+  bar->addSeparator();
+  add(form_.cmdOpen, Glyph::Open);
+  add(form_.cmdSave, Glyph::Save);
+  add(form_.cmdNew, Glyph::New);
+  bar->addSeparator();
+  add(form_.cmdWebsite, Glyph::Site);
+}
+
+void MainWindow::BuildMenus() {
+  bind_.Bind(
+      form_.mnuFile, *menuBar()->addMenu("&File"),
+      {"&New Project\tCtrl+N", "&Open Project\tCtrl+O", "&Import Project", "&Save Project\tCtrl+S", "E&xit"});
+  bind_.Bind(
+      form_.mnuScan, *menuBar()->addMenu("Scan T&ype"),
+      {"Scan &all main sites", "Just scan the selected &main site", "Just scan the selected &linking site"});
+  bind_.Bind(form_.mnuHelp, *menuBar()->addMenu("&Help"), {"View &Help File\tF1"});
+  bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("A&bout"), {"&About this software"});
+  for (Menu* popup : {&form_.mnuSkipPopup, &form_.Popup1, &form_.Popup2})
+    bind_.Bind(*popup, *new QMenu(this));
+}
+
+void MainWindow::AddShortcuts() {
+  const auto press = [this](const QKeySequence& keys, Button& control) {
+    auto* const shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, &control] {
+      if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
+    });
+  };
+  press(Qt::Key_F5, form_.Command1);
+  press(Qt::Key_Escape, form_.cmdStop);
+}
+
+void MainWindow::PressOnDelete(QTableView& list, Button& control) {
+  auto* const shortcut = new QShortcut(QKeySequence::Delete, &list);
+  shortcut->setContext(Qt::WidgetShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this, &control] {
+    if (control.EnabledInEffect()) user_.Run([&control] { control.Click(); });
+  });
+}
+
+/// The positions of the splitters belong to the window alone, so they are in a file beside the settings.
+void MainWindow::RestoreLayout() {
+  const QSettings layout("requite", "window");
+  const QSize room = screen()->availableSize();
+  resize(QSize(1180, 760).boundedTo(room * 0.95));
+  columns_->setSizes({width() * 36 / 100, width() * 64 / 100});
+  left_->setSizes({height() * 3 / 5, height() * 2 / 5});
+  const bool known = restoreGeometry(layout.value("geometry").toByteArray());
+  FitToScreen(*this, *screen());
+  if (!known) return;
+  columns_->restoreState(layout.value("columns").toByteArray());
+  left_->restoreState(layout.value("left").toByteArray());
+  links_->restoreState(layout.value("links").toByteArray());
+}
+
+void MainWindow::SaveLayout() const {
+  QSettings layout("requite", "window");
+  layout.setValue("geometry", saveGeometry());
+  layout.setValue("columns", columns_->saveState());
+  layout.setValue("left", left_->saveState());
+  layout.setValue("links", links_->saveState());
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  refresh_.ApplyMarked();  // the first frame shows everything that was loaded
+  QMainWindow::showEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  user_.Run([this] { form_.Close(); });
+  event->accept();
+}
+
+}  // namespace requite

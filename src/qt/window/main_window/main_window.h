@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// The main window on screen: lays out widgets and binds them to Form1; it decides nothing itself.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <optional>
+
+#include "qt/window/controls/control_views.h"
+#include "qt/window/further/further_windows.h"
+#include "qt/window/lists/list_table.h"
+#include "qt/window/main_window/scan_notice.h"
+#include "shell/main_window/form1.h"
+
+class QLabel;
+class QSplitter;
+class QTableView;
+
+namespace requite {
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// All must outlive the window; without a desktop, nobody is told of a scan's progress and end.
+  MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop = nullptr);
+  ~MainWindow() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  class TitleView;
+
+  void BuildToolBar();
+  void BuildMenus();
+  [[nodiscard]] QWidget* BuildWebsites();
+  [[nodiscard]] QWidget* BuildMainSites();
+  [[nodiscard]] QWidget* BuildLinkingSites();
+  [[nodiscard]] QWidget* BuildProgress();
+  [[nodiscard]] QWidget* BuildResults();
+  [[nodiscard]] QWidget* BuildLinksPage();
+  [[nodiscard]] QWidget* BuildWebPage();
+  [[nodiscard]] QWidget* BuildPagesPage();
+  [[nodiscard]] QWidget* BuildReportsPage();
+  [[nodiscard]] QWidget* BuildPostPage();
+  void AddShortcuts();
+  void RestoreLayout();
+  void SaveLayout() const;
+  void ShowCurrentLinkingSites();
+  void ShowScan();
+
+  /// The name of a list, its text while it is empty, and how its columns share its width.
+  struct ListLook {
+    QString Name;
+    QString EmptyText;
+    std::vector<int> ColumnShares;
+  };
+  QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
+  /// The Delete key in the list presses the button while it is enabled.
+  void PressOnDelete(QTableView& list, Button& control);
+
+  Form1& form_;
+  const EventGuard& guard_;
+  ViewRefresh refresh_;
+  const UserEvents user_{guard_, refresh_};
+  ListTable mainSites_{refresh_};
+  ListTable linkingSites_{refresh_};
+  ListTable queue_{refresh_};
+  ListTable results_{refresh_};
+  ListTable errors_{refresh_};
+  ListTable scriptUrls_{refresh_};
+  QSplitter* columns_ = nullptr;
+  QSplitter* left_ = nullptr;
+  QSplitter* links_ = nullptr;
+  QLabel* notice_ = nullptr;  ///< a message of the program about the scan, hidden while there is none
+  std::unique_ptr<TitleView> title_;
+  std::optional<ScanNotice> desktopNotice_;
+  Binder bind_{refresh_, user_};
+  FurtherWindows further_{form_.Windows, {guard_, user_, refresh_, form_.Platform, *this, this}};
+};
+
+}  // namespace requite

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The right side of the main window: the tabs of the link results.
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "qt/services/code_page.h"
+#include "qt/web/open_outside_button.h"
+#include "qt/web/web_view_holder.h"
+#include "qt/window/look/glyphs.h"
+#include "qt/window/main_window/main_window.h"
+
+namespace requite {
+
+QWidget* MainWindow::BuildResults() {
+  auto* const box = new QGroupBox(ToUnicode(form_.Frame2.Caption), this);
+  auto* const layout = new QVBoxLayout(box);
+  auto* const tabs = new QTabBar(box);
+  tabs->setExpanding(false);
+  tabs->setUsesScrollButtons(true);
+  tabs->setAccessibleName(ToUnicode(form_.Frame2.Caption));
+  layout->addWidget(tabs);
+  auto* const pages = new QStackedWidget(box);
+  for (QWidget* page :
+       {BuildLinksPage(), BuildWebPage(), BuildPagesPage(), BuildReportsPage(), BuildPostPage()}) {
+    pages->addWidget(page);
+  }
+  layout->addWidget(pages, 1);
+  bind_.Bind(form_.TabStrip1, *tabs, {"&Links", "&Web", "Pa&ges", "Report&s", "P&ost"},
+             [pages](int number) { pages->setCurrentIndex(number - 1); });
+  bind_.BindState(form_.Frame2, *box);
+  return box;
+}
+
+QWidget* MainWindow::BuildLinksPage() {
+  links_ = new QSplitter(Qt::Vertical, this);
+  QTableView* const results =
+      NewTable(form_.Sites.List3, results_,
+               {tr("Link results"),
+                tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
+                {16, 24, 34, 0, 26}});
+  links_->addWidget(results);
+  auto* const below = new QWidget(links_);
+  auto* const layout = new QVBoxLayout(below);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const caption = new QLabel(below);
+  bind_.BindLabel(form_.lblErr, *caption);
+  layout->addWidget(caption);
+  QTableView* const errors =
+      NewTable(form_.Lists.lstErr, errors_, {tr("Errors and warnings"), tr("No errors."), {40, 60}});
+  layout->addWidget(errors, 1);
+  links_->addWidget(below);
+  links_->setSizes({420, 140});
+  links_->setChildrenCollapsible(false);
+  return links_;
+}
+
+QWidget* MainWindow::BuildWebPage() {
+  auto* const page = new QWidget(this);
+  auto* const layout = new QVBoxLayout(page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const bar = new QHBoxLayout;
+  // Tool buttons are only as wide as their text, which leaves room for the address.
+  const auto add = [&](Button& control) {
+    auto* const button = new QToolButton(page);
+    button->setFocusPolicy(Qt::StrongFocus);
+    bar->addWidget(button);
+    bind_.Bind(control, *button);
+  };
+  for (Button* control : {&form_.cmdBack, &form_.cmdForward, &form_.cmdWebStop, &form_.cmdRefresh}) {
+    add(*control);
+  }
+  auto* const address = new QLineEdit(page);
+  address->setAccessibleName(tr("Address"));
+  bind_.Bind(form_.txtURL, *address);
+  bar->addWidget(address, 1);
+  add(form_.cmdGo);
+  auto* const outside = new OpenOutsideButton(*address, form_.Platform.Shell, guard_, page);
+  outside->setIcon(GlyphIcon(Glyph::Site));
+  bar->addWidget(outside);
+  layout->addLayout(bar);
+  layout->addWidget(new WebViewHolder(form_.WebBrowser1, form_.Platform.Internet, guard_, page), 1);
+  return page;
+}
+
+QWidget* MainWindow::BuildReportsPage() {
+  auto* const page = new QWidget(this);
+  auto* const layout = new QVBoxLayout(page);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const bar = new QHBoxLayout;
+  for (Button* control : {&form_.Command8, &form_.Command8a}) {
+    auto* const button = new QPushButton(page);
+    bar->addWidget(button);
+    bind_.Bind(*control, *button);
+  }
+  bar->addStretch();
+  layout->addLayout(bar);
+  layout->addWidget(new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
+  return page;
+}
+
+}  // namespace requite
