@@ -36,7 +36,7 @@ void RemoveLowerCaseSchemesAndWww(std::string& text);
 /// websites.
 void RemoveSchemeRemains(std::string& text);
 
-/// As RemoveSchemeRemains, but a "www" after the scheme goes too, whole or cut. For the seen tests.
+/// As RemoveSchemeRemains, but a "www" after the scheme is removed too, whole or cut. For the seen tests.
 void RemoveSchemeAndWwwRemains(std::string& text);
 
 /// What PutHttpInFront takes for a sign that the text has its scheme.

@@ -108,7 +108,7 @@ void LinkReport::GenerateLinkReport() {
   const std::string project = parts_.Settings.GetSetting(setting::LastProject);
   if (project.empty()) return;
   const std::string report = Replace(project, ".prj", ".html", Compare::Text);
-  // The copy goes into the program's folder, wherever the project itself is.
+  // The copy is written to the program's folder, wherever the project itself is.
   const std::string copy = parts_.Folder.File("Project Files/" + FileNameOfPath(report));
   if (report == project) KeepProjectOf(parts_.Folder, copy);
   WriteReport(copy, page);

@@ -37,7 +37,7 @@ class LinkReport {
   explicit LinkReport(ReportParts parts) : parts_(parts) {}
 
   /// Builds the page from the lists as they are, writes it to the report's file and shows it. A second
-  /// copy goes into "Project Files" under the name of the last project; a project file with exactly that
+  /// copy is written to "Project Files" under the name of the last project; a project file with exactly that
   /// name, one without ".prj", is moved to "Backup" first. Lets events run while it builds the page.
   /// Throws file failures; a missing "Project Files" folder is one.
   void GenerateLinkReport();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A header has one blank line, at its end. So this searches for blank lines and compares the text before each
-// with the header, backwards. No comparison goes past the blank line before, so all of them together read the
-// page once, however long and repetitive header and page are.
+// with the header, backwards. No comparison reaches past the blank line before, so all of them together read
+// the page once, however long and repetitive header and page are.
 #include "scan/response_header.h"
 
 #include <algorithm>

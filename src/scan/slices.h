@@ -21,7 +21,7 @@ struct Slices {
   std::size_t Bytes = std::size_t{1} << 20;
 };
 
-/// The slices of a step of a scan, which goes on while `scanning` is true. Both must outlive the slices.
+/// The slices of a step of a scan, which continues while `scanning` is true. Both must outlive the slices.
 [[nodiscard]] Slices SlicesOf(const bool& scanning, EventLoop& events);
 
 /// finder.Find(text, from) in slices; nothing after a stop.

@@ -29,7 +29,7 @@ std::string Written(const ConnectRule& rule) {
          std::to_string(rule.Target.Port);
 }
 
-/// The part of a URL that goes into the request: path and query.
+/// The part of a URL that is sent in the request: path and query.
 std::string TargetOf(std::string_view url) {
   const std::size_t begin = std::min(url.find_first_of("/?#", url.find("://") + 3), url.size());
   const std::string target(Before(url.substr(begin), '#'));

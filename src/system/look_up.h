@@ -29,7 +29,7 @@ using LookUp = SocketAddresses (*)(const std::string& host);
 /// The system's own resolver.
 [[nodiscard]] SocketAddresses SystemLookUp(const std::string& host);
 
-/// The address that a numeric host stands for; empty for a name.
+/// The address of a numeric host; empty for a name.
 [[nodiscard]] SocketAddresses NumericAddress(const std::string& host);
 
 /// Starts a look-up in a worker thread. The descriptor becomes readable with the answer, and belongs to

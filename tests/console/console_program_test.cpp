@@ -144,7 +144,7 @@ TEST_F(ConsoleProgramTest, LostOutputIsTold) {
     EXPECT_EQ(full.Wait(), 2);
     EXPECT_EQ(full.Err, "requite-console: standard output: No space left on device\n");
   }
-  // A reader that goes away has seen enough.
+  // A reader that closes the pipe has seen enough.
   ChildProcess gone("/bin/sh", InShell("{ \"$0\" \"$@\"; echo $? >&2; } | :",
                                        {"scan", Project(kFound), "-q", "--report", folder_.File("r.html")}));
   EXPECT_EQ(gone.Wait(), 0);

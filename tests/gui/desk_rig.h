@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The real window over the real services, with the sample sites behind every host name.
+// The real window over the real services, with the sample sites for every host name.
 #pragma once
 
 #include <QAbstractButton>

@@ -39,7 +39,7 @@ setting() { printf 'get %s\n' "$1" | "$work/bin/requite-console" script; }
 start() { "$work/bin/requite" 2> "$work/err" & pids+=($!); pid=$!; }
 # window_of PID TITLE: waits for a window of that process with that title and gives it the keyboard.
 window_of() {
-  for _ in 1 2 3; do   # a window that goes while xdotool looks at it ends xdotool
+  for _ in 1 2 3; do   # a window that closes while xdotool looks at it ends xdotool
     window="$(timeout 20 xdotool search --sync --all --onlyvisible --pid "$1" --name "$2" 2>/dev/null | head -1)" || true
     [ -n "$window" ] && xdotool windowfocus --sync "$window" 2>/dev/null && return
   done
@@ -96,7 +96,7 @@ keys Escape
 close_main "$pid"; ended "$pid" 0
 [ "$(setting showHelp)" = 0 ] || fail "the help would come up at each start"
 
-scene no-folder   # a file stands where the folders would have to be made, so that root cannot write either
+scene no-folder   # a file is where the folders would be made, so that even root cannot write
 : > "$work/no-folder/file"
 export XDG_DATA_HOME="$work/no-folder/file" XDG_CONFIG_HOME="$work/no-folder/file"
 start
@@ -135,7 +135,7 @@ cmp <(sites "$sample") <(sites "$XDG_DATA_HOME/requite/Project Files/Recovered.p
   fail "the recovered project differs"
 
 if [ -n "$faults" ]; then
-  scene full-disk-twice   # the dialog comes again; nothing handles a second failure: the work goes to a file of its own
+  scene full-disk-twice   # the dialog comes again; nothing handles a second failure: the work is written to a file of its own
   disk="$work/$scenario/disk"
   mkdir "$disk"
   printf 'old.example\r\nHTML01:x\r\n\r\n' > "$disk/a.prj"

@@ -112,7 +112,7 @@ TEST(ResultPage, IsReadAsItsPlainWordingSays) {
       " ",       "google.com", "mailto:", "\r\n",    "\n",   "'",    "ttp:.com", "."};
   for (int run = 0; run < 400; ++run) {
     HarvestRig rig;
-    DeleteFile(rig.Database());  // kept domains count all the same
+    DeleteFile(rig.Database());  // kept domains still count
     std::string html;
     for (std::size_t left = random() % 80; left > 0; --left) {
       html += random() % 4 == 0 ? "http://a." : pieces[random() % std::size(pieces)];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Addresses out of saved pages, and the reading of lines against its plain wording.
+// Addresses out of saved pages, and the reading of lines against its plain form.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -18,7 +18,7 @@ TEST(EmailLine, IsReadAsItsPlainWordingSays) {
   const std::vector<std::string> pieces =
       Split("@|a|b1|.|-| |;|&|,|\"|%40|%20|&lt;|&rt;|a.b@|ab@c|\n|mailto:|0123456789012345678901234567", "|");
   for (int run = 0; run < 1500; ++run) {
-    // Some lines use few of the pieces, so that much of them stands there twice.
+    // Some lines use few of the pieces, so that much of them repeats.
     const std::size_t kinds = 1 + random() % std::size(pieces);
     const std::size_t first = random() % std::size(pieces);
     std::string line;
@@ -79,7 +79,7 @@ TEST(EmailLine, OfManyAtsIsNotReadQuadratically) {
   std::string spaced;
   std::string joined;
   std::string dotted;
-  std::string repeated;  // what is taken away stands further on again and again
+  std::string repeated;  // what is removed is repeated further on
   for (int i = 0; i < kMany; ++i) {
     const std::string number = std::to_string(kMany + i);
     same += "a@";

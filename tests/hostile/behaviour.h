@@ -59,7 +59,7 @@ inline constexpr std::string_view kHeader = "HTTP/1.1 200 OK\r\nContent-Type: te
 inline constexpr const char* kFound = "Direct Link";
 inline constexpr const char* kNotFound = "None Found";
 inline constexpr const char* kTimeout = "None Found (Timeout)";
-/// The Main Site's text stands on the page, but in no link that counts.
+/// The Main Site's text is on the page, but in no link that counts.
 inline constexpr const char* kTextOnly = "Redirect Link";
 
 /// The pieces joined.

@@ -82,7 +82,7 @@ std::vector<Behaviour> BrokenConnections() {
          peer.ReadRequest();
          SendInPieces(peer, Joined({kHeader, kLink}), 1, milliseconds(1));
        }},
-      // Longer than the time-out in all, but never silent for so long.
+      // Longer than the time-out in all, but never silent for that long.
       {"slow-drip", kFound,
        [](ServedConnection& peer) {
          peer.ReadRequest();

@@ -153,7 +153,7 @@ TEST(ImportFromFile, LinesBecomeLinkingSites) {
   Form4& mainSites = rig.Open(rig.Form.cmdImport2);
   mainSites.Command4.Click();
   EXPECT_THAT(Rows(rig.Form.Sites.List4), ElementsAre("main.example", "two.example|3", " three.example"))
-      << "a Main Site is taken as it stands there";
+      << "a Main Site is taken unchanged";
   EXPECT_EQ(rig.Form.Sites.ListCount(), 3);
 }
 

@@ -99,7 +99,7 @@ TEST(ProjectReader, TheFirstLineIsAMainSiteWhateverItSays) {
   EXPECT_THAT(Rows(Loaded("").Data.List4), IsEmpty());
 }
 
-/// One line behind a Main Site: what it adds, and whether the line behind it is still read.
+/// One line after a Main Site: what it adds, and whether the next line is still read.
 struct LineRow {
   std::string Line;
   bool GoesOn;

@@ -36,7 +36,7 @@ TEST(UrlForms, BareHostIsTheHostAndChangesItsArgument) {
            {"WWW.site.example", "WWW.site.example"},  // only small letters go
            {"http://WWW.site.example/", "WWW.site.example"},
            {"www.", "www."},
-           {"www./x", ""},  // longer than four characters before the path goes
+           {"www./x", ""},  // longer than four characters before the path is removed
            {"site.example?a=b/c", "site.example?a=b"},
            {"//site.example", ""},
        }) {
@@ -52,7 +52,7 @@ TEST(UrlForms, ParentDirEndsInASlash) {
            {"site.example/x/y", "site.example/x/"},
            {"site.example/x//", "site.example/x/"},
            {"http://site.example/x/y", "http://site.example/x/"},
-           {"http://site.example", "site.example/"},  // a scheme alone is no directory: it goes
+           {"http://site.example", "site.example/"},  // a scheme alone is not a directory and is removed
            {"HTTP://site.example/x", "http://HTTP://site.example/"},  // remembered, not removed
            {"site.example/?u=http://b.example/c", "http://site.example/?u=b.example/"},
            {"https://http://site.example/x", "https://http://site.example/"},

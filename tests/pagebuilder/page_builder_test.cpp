@@ -47,7 +47,7 @@ TEST_F(PageBuilderTest, AnEntryIsBuiltFromTheFirstFieldsThatHoldSomething) {
   Result("two.example", "a.example", "Redirect Link");
   Result("gone.example", "www.b.example", "Indirect Link");
   Form.Command5.Click();
-  // A description of one blank is none, and the row with the next one is not asked: the blank is a value.
+  // A description of one blank counts as empty, but the next row is not asked: the blank is a value.
   EXPECT_EQ(project_.txtHTML2.Text(),
             "<a href=\"http://https://a.example/x\">A & <b>\"a\"</b></a><br><br>\r\n"
             "<a href=\"HTTP://two/\">a.example</a><BR>  <br><br>\r\n"

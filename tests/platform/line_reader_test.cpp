@@ -12,7 +12,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 Lines LinesOf(std::string_view text, LineEnds ends) {
-  // A buffer without anything behind it, so that a read too far is noticed.
+  // A buffer with nothing after it, so that a read too far is noticed.
   const std::vector<char> exact(text.begin(), text.end());
   LineReader reader({exact.data(), exact.size()}, ends);
   Lines lines;

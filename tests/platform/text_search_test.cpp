@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
-/// A copy in a buffer of exactly its size, so that a read behind its end is noticed.
+/// A copy in a buffer of exactly its size, so that a read past its end is noticed.
 class ExactCopy {
  public:
   explicit ExactCopy(std::string_view text) : bytes_(new char[text.size()]), size_(text.size()) {
@@ -107,7 +107,7 @@ TEST(Replace, PutsInEveryOccurrenceOnce) {
       {"every one", "a HREF= b href= c", "href=", "X", "a X b X c", "a HREF= b X c"},
       {"at both ends", "wwW.a.www", "www", "", ".a.", "wwW.a."},
       {"does not look at what was put in", "aaa", "a", "aa", "aaaaaa", "aaaaaa"},
-      {"goes on behind an overlap", "aaaaa", "AA", "b", "bba", "aaaaa"},
+      {"continues after an overlap", "aaaaa", "AA", "b", "bba", "aaaaa"},
       {"does not join what is left", "hthttptp", "http", "", "http", "http"},
       {"empty pattern", "abc", "", "x", "abc", "abc"},
       {"empty text", "", "a", "x", "", ""},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Posting: what goes out for each row, what the log and the help boxes say, and how the two kinds differ.
+// Posting: what is sent for each row, what the log and the help boxes say, and how the two kinds differ.
 #include "posting/posting.h"
 
 #include <gtest/gtest.h>

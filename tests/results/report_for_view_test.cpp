@@ -38,7 +38,7 @@ TEST(ReportForView, OnlyTheReportsOwnTagsAreTags) {
       {"Site: " + Link("<style>"), "Site: " + Link("&lt;style&gt;")},
       {"Site: " + Link("it's"), "Site: " + Link("it&#39;s")},
       {Link("a</a><BR>Site: <a href='b"), Link("a&lt;/a&gt;&lt;BR&gt;Site: &lt;a href=&#39;b")},
-      // No address ends its own target: the link is none, and all of it is text.
+      // No address ends its own target, so this is not a link and all of it is text.
       {Link("a'><!--") + "<BR>",
        "&lt;a href=&#39;a&#39;&gt;&lt;!--&#39;&gt;a&#39;&gt;&lt;!--&lt;/a&gt;<BR><BR>"},
       {"Status: <h1><title></h1><td><br><BR>",

@@ -32,7 +32,7 @@ struct ReportRig : Form1Rig {
     Form.Report.GenerateLinkReport();
     return ReadFile(Folder.File("tempreport.html"));
   }
-  /// What stands behind the heading of the sections.
+  /// The text after the heading of the sections.
   std::string Sections() {
     const std::string heading = "<h1>Main Site Specific Overviews</h1>\r\n";
     const std::string page = Page();

@@ -45,7 +45,7 @@ sed $'/old-mill-press/s/Redirect Link\t001\t.*/None Found (Possible Redirected U
 failed=0
 for name in plain noredirect; do
   diff "$work/$name.expected" "$work/$name.txt" || failed=1
-  # The saved file holds the same rows, behind its captions and an empty line.
+  # The saved file holds the same rows, after its captions and an empty line.
   diff <(tail -n +2 "$work/$name.expected") <(tr -d '\r' < "$work/$name/rows.tab" | sed '1,2d;$d') || failed=1
   [ "$(cat "$work/$name.status")" = 1 ] || { cat "$work/$name.status" "$work/$name.err"; failed=1; }
 done

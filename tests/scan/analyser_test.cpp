@@ -46,7 +46,7 @@ TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
       {"a value ends at its first blank", "<a href=\"/x.htm y\">", {"site.example/x.htm"}, {}},
       {"no end of the value cuts two characters", "<a href=/x.htmlz", {"site.example/x.htm"}, {}},
       {"what that leaves must be a listed type before it is mended", "<a href=/x.html", {}, {}},
-      {"a cut type behind a listed one is mended", "<a href=/x.php?y.html", {"site.example/x.php?y.htm"}, {}},
+      {"a cut type after a listed one is mended", "<a href=/x.php?y.html", {"site.example/x.php?y.htm"}, {}},
       {"an end as last character counts as none", "<a href=/x.htmlz>", {"site.example/x.html"}, {}},
       {"one letter is a value", "<a href=\"?\">", {"site.example/d/?"}, {}},
       {"the start of another Linking Site", "<a href=\"http://partner.example\">", {}, {}},

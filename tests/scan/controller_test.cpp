@@ -228,7 +228,7 @@ TEST(TimeoutTick, CountsSilenceAndEndsTheWholeSite) {
   EXPECT_EQ(rig.Fetched.back(), "y.example");
   rig.Control.cmdStop();
   rig.Control.TimeoutTick();
-  EXPECT_FALSE(rig.Now().Scanning) << "a late tick does not begin the scan anew";
+  EXPECT_FALSE(rig.Now().Scanning) << "a late tick does not start the scan again";
 }
 
 }  // namespace

@@ -246,7 +246,7 @@ TEST(OnDataArrival, APageEndsAt64MiBWithOrWithoutAHeaderEnd) {
 TEST(OnDataArrival, HeadersWithoutAnEndAreLookedThroughOnce) {
   FetchRig rig;
   rig.Ask("a.example");
-  // Searching 8 MiB anew for each of 128 Ki pieces would read half a terabyte.
+  // Searching 8 MiB again for each of 128 Ki pieces would read half a terabyte.
   for (int i = 0; i < (1 << 17); ++i) {
     rig.Services.Connection.Arrive("X-Header: endless, and without any end, all the way down......\r\n");
   }

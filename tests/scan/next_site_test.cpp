@@ -194,7 +194,7 @@ TEST(NextSite, ShowsAFailureOfWhatItCallsButNotOneOfItsOwnFirstHalf) {
   rig.Control.NextSite();
   rig.Control.NextSite();  // the last one stops the scan, and the report fails
   EXPECT_EQ(rig.LastBox(), "Disk full 61");
-  EXPECT_FALSE(rig.Controls.Command10.Enabled()) << "nothing behind the failed report has run";
+  EXPECT_FALSE(rig.Controls.Command10.Enabled()) << "nothing after the failed report has run";
   rig.Set(setting::txtTimeout, "long");
   EXPECT_THROW(rig.Control.NextSite(), RuntimeFailure);
   EXPECT_THROW(rig.Control.cmdStop(), RuntimeFailure) << "the user's own stop has no handler";

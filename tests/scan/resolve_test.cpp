@@ -18,7 +18,7 @@ TEST(ResolveLink, AgreesWithThePlainWording) {
     rig.State.PageDir = "site.example/" + generate.Value(generate.Below(3));
     rig.State.Page.PageHost = "site.example";
     std::string value = generate.Value(generate.Below(8));
-    // Four rounds of halving leave of seventeen slashes two, so long runs are needed.
+    // Four rounds of halving leave two of seventeen slashes, so long runs are needed.
     if (i % 4 == 0) value += std::string(static_cast<std::size_t>(generate.Below(40)), '/') + "x";
     constexpr std::array<std::string_view, 6> kCutEnds = {"", "", "/hre", "/HREF", "/http:", "/http"};
     value += generate.Pick(kCutEnds);

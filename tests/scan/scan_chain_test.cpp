@@ -30,7 +30,7 @@ struct WholeScan : ScanRig {
   static std::string Page(const std::string& body) { return "HTTP/1.1 200 OK\r\n\r\n" + body; }
 
   /// Answers until nothing is asked any more; a page without an answer runs into the time-out. Returns
-  /// false when the scan neither ends nor stands still.
+  /// false when the scan neither ends nor stops moving.
   bool Run(std::size_t chunk = std::string::npos) {
     for (int turns = 0; turns < 300; ++turns) {
       const PageFetch& page = State.Page;
@@ -164,7 +164,7 @@ struct LargePageScan : WholeScan {
 };
 
 constexpr std::size_t kSeveralSlices = 5 << 19;
-/// Yields of one walk over the first page, whose filling stands there twice.
+/// Yields of one walk over the first page, which has its filling twice.
 const int kWalk = static_cast<int>(2 * kSeveralSlices / Slices().Bytes);
 
 TEST(LargePage, AStopBreaksItOffBetweenTwoSlices) {
@@ -229,7 +229,7 @@ TEST(WholeScan, StopDuringTheGetOfAMovedPageAbortsIt) {
   ASSERT_TRUE(scan.Run());
   EXPECT_EQ(scan.Services.Internet.Asked.size(), 2U);
   EXPECT_EQ(scan.Services.Internet.EndedWaits, 1);
-  EXPECT_EQ(scan.Services.Internet.Started.size(), 1U) << "what is not the scan's goes on";
+  EXPECT_EQ(scan.Services.Internet.Started.size(), 1U) << "another owner's GET continues";
   EXPECT_FALSE(scan.State.Scanning);
   EXPECT_TRUE(scan.Sites.List3.Empty());
 }

@@ -193,7 +193,7 @@ TEST(SaveFaults, TheReportsCopyNeverCostsAProjectWithoutASuffix) {
     disk.Lets([&] { rig.Controls.GenerateLinkReport(); });
     const std::string backup = rig.Folder.File("Backup/partners");
     EXPECT_TRUE(TextOf(path) == kOld || TextOf(backup) == kOld);
-    // The next scan's copy goes over a report, which is not worth keeping.
+    // The next scan's copy replaces a report, which is not worth keeping.
     for (int scan = 0; scan < 2; ++scan) rig.Controls.GenerateLinkReport();
     EXPECT_TRUE(TextOf(path).starts_with("<html>"));
     EXPECT_EQ(TextOf(backup), kOld);

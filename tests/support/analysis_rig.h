@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Triage and analyser over fakes, in the program's form or in the plain one, and all that a page leaves
-// behind as one text, so that the two can be laid side by side.
+// behind as one text, so that the two can be compared.
 #pragma once
 
 #include <memory>
@@ -53,7 +53,7 @@ struct AnalysisRig {
     At(url);
   }
 
-  /// Makes `url`, without scheme, the page in hand.
+  /// Makes `url`, without scheme, the current page.
   void At(const std::string& url) {
     Rig.State.PageFull = url;
     Rig.State.PageDir = url.substr(0, url.rfind('/') + 1);

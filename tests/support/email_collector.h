@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the reading of a line for addresses against its plain wording.
+// Holds the reading of a line for addresses against its plain form.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ class EmailCollector : public EmailLineReader {
     AllRight = ReadEmailLine(line, *this) && FindsAll(line);
   }
 
-  /// The candidates are those of the plain wording in their order, but for some that are no addresses; and
+  /// The candidates are those of the plain form in their order, but for some that are no addresses; and
   /// what was told of long ones is so.
   bool AllRight = false;
   int LongAddresses = 0;

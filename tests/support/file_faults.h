@@ -51,7 +51,7 @@ class FileFaults {
 /// Files by path; a path that is missing is no file.
 using DiskState = std::map<std::string, std::string>;
 
-/// Gives `check` every state that the disk may be in when the power goes right after the first `count`
+/// Gives `check` every state that the disk may be in when the power fails right after the first `count`
 /// events: of each file the flushed bytes are there and of the others none, half or all; of each folder
 /// the flushed names are there and any number of the later ones, in their order. `before` is the disk
 /// before the first event, all of it flushed.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The reading of pages for addresses and domains in its plain wording: every text grows a character at a
+// The reading of pages for addresses and domains in its plain form: every text grows a character at a
 // time, and each removal goes through the whole rest.
 #pragma once
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The import's text work in its plain wording: replacements and growing texts. The program's own forms
+// The import's text work in its plain form: replacements and growing texts. The program's own forms
 // must give the same answers.
 #pragma once
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Link resolution and the tests of a link in their plain wording: walks and replacements, no key, no
+// Link resolution and the tests of a link in their plain form: walks and replacements, no key, no
 // cache. The program's own forms must give the same answers.
 #pragma once
 
@@ -44,7 +44,7 @@ inline std::string PlainMend(std::string link) {
   return link;
 }
 
-/// What goes before a link: before one that begins with a slash, with a dot and a slash, and any other one.
+/// What is put before a link: before one that begins with a slash, with a dot and a slash, and any other one.
 struct PlainOrigin {
   std::string Root, Host, Directory;
   std::function<std::string(const std::string& link)> Climbed;  ///< a link that begins with two dots
@@ -108,7 +108,7 @@ inline bool PlainIsSameDomain(const ScanContext& context, std::string& url) {
   return PlainDomain(url) == PlainDomain(a);
 }
 
-/// `seen` stands for the table of seen pages.
+/// `seen` is the table of seen pages.
 inline bool PlainIsSeenUrl(const ScanContext& context, const std::vector<std::string>& seen,
                            std::string& url) {
   url = Without(

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Triage and analyser in their plain wording: the page goes through nine replacements, is read back
+// Triage and analyser in their plain form: the page goes through nine replacements, is read back
 // from disk a line at a time, and each value grows a character at a time.
 #pragma once
 

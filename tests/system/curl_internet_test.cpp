@@ -201,7 +201,7 @@ TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
     });
   });
   EXPECT_TRUE(answers.empty()) << "never before the next event";
-  // The inner wait is another owner's, and goes on when the outer one is ended.
+  // The inner wait is another owner's, and continues when the outer one is ended.
   std::string inner;
   QTimer::singleShot(0, [&] {
     inner = window->OpenUrl(silent, "Mozilla").value_or("(nothing)");

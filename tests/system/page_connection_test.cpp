@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Page connections over real loopback sockets: the order of events, silence, and yields in handlers.
+// Page connections on real loopback sockets: the order of events, silence, and yields in handlers.
 #include "system/page_connection.h"
 
 #include <gtest/gtest.h>

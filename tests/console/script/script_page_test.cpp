@@ -25,7 +25,7 @@ std::vector<std::string> Section(std::string_view title) {
   return lines;
 }
 
-/// What stands in backquotes in the first column of a section's table.
+/// The text in backquotes in the first column of a section's table.
 Names FirstColumn(std::string_view title) {
   Names names;
   for (const std::string& line : Section(title)) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the main window comes up and goes down.
+// How the main window starts and closes.
 #include <gtest/gtest.h>
 
 #include "shell/main_window/form1_rig.h"

@@ -69,7 +69,7 @@ TEST(ResultsPopup, BrowsesCopiesAndMarksTheSelectedRow) {
   }
   for (const auto& [entry, words, colour] : {std::tuple(7, "Direct Link", kBlue), {8, "None Found", kRed}}) {
     tab.Form.Popup2.Click(entry);
-    EXPECT_EQ(tab.Form.Sites.List3.At(0).Linking, words) << "a mark goes into the wrong column";
+    EXPECT_EQ(tab.Form.Sites.List3.At(0).Linking, words) << "a mark is written into the wrong column";
     EXPECT_EQ(tab.Form.Sites.List3.At(0).Status, "None Found (Timeout)");
     EXPECT_EQ(tab.Form.Sites.List3.Colour(0), colour);
   }
