@@ -34,7 +34,8 @@ class ProjectFiles {
   /// write-protected file. After a failure to write there is no file at `path`: the old one is in "Backup".
   void SaveProject(const std::string& path);
 
-  /// Whether a load empties the project before it reads. Every command does.
+  /// Whether a load empties the project before it reads. Every command passes Yes. No is kept, with
+  /// what it leaves unset, because it belongs to the name LoadProject.
   enum class ClearFirst { No, Yes };
 
   /// Reads a project file, makes its path the setting LastProject, selects the first Main Site and
