@@ -39,6 +39,7 @@ inline constexpr std::array<PageLimitChoice, 13> kPageLimits = {{{1, "1"},
 
 [[nodiscard]] inline std::vector<std::string> PageLimitCaptions() {
   std::vector<std::string> captions;
+  captions.reserve(kPageLimits.size());
   for (const PageLimitChoice& each : kPageLimits) captions.emplace_back(each.Caption);
   return captions;
 }

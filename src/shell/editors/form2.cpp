@@ -20,6 +20,7 @@ std::size_t RowOf(std::int16_t number) { return static_cast<std::size_t>(number)
 
 std::vector<std::string> RuleCaptions() {
   std::vector<std::string> captions;
+  captions.reserve(kRuleKinds.size());
   for (const RuleKind& each : kRuleKinds) captions.emplace_back(each.Caption);
   return captions;
 }
