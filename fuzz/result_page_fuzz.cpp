@@ -18,7 +18,7 @@ struct HarvestOfPages {
   explicit HarvestOfPages(const TemporaryFolder& folder)
       : Database(folder.Folder, Platform.Clock, Figures, Lists.List2),
         Harvest({Text1, Combo, Combo, Status, Text1, View, Sites, Database, Platform.EventLoop, folder.Folder,
-                 [this](std::int16_t) { ++Found; }, [] {}, [] {}, [] {}}) {}
+                 [this](Counted) { ++Found; }, [] {}, [] {}, [] {}}) {}
 
   FakeServices Platform;
   Project Sites;
@@ -27,10 +27,9 @@ struct HarvestOfPages {
   ComboBox Combo{"Combo1"};
   StatusBar Status{"StatusBar1"};
   BrowserView View{"WebBrowser1"};
-  Window Main{"Form3"};
   std::array<TextBox, Statistics::kLabels> Labels{TextBox{"0"}, TextBox{"1"}, TextBox{"2"}, TextBox{"3"},
                                                   TextBox{"4"}, TextBox{"5"}, TextBox{"6"}};
-  Statistics Figures{Settings(Platform.Store), Labels, Main};
+  Statistics Figures{Settings(Platform.Store), Labels};
   modDatabase Database;
   DomainHarvest Harvest;
   int Found = 0;
