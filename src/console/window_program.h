@@ -7,7 +7,7 @@
 namespace requite {
 
 /// The path of the program `requite`: next to this executable, otherwise in a folder of PATH. Empty when
-/// there is none.
+/// neither has it.
 [[nodiscard]] std::string FindWindowProgram();
 
 /// Starts it as a process of its own that survives this program and its terminal. Returns an empty text,

@@ -36,8 +36,8 @@ class MainSiteDelete {
   void cmdDelete();
 
   /// Writes the project without one Main Site, by its row in List4 counted from 0. Returns whether the
-  /// file was written; after a failure, which a message box reports, there is none. Throws when the old file
-  /// cannot be removed.
+  /// file was written. A message box reports a failure, which leaves no file. Throws when the old file cannot
+  /// be removed.
   bool QuickSaveProject(int leaveOutRow);
 
   /// Replaces the project with the file's. Returns whether the end of the file was reached; a failure

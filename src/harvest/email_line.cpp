@@ -77,7 +77,7 @@ bool ReadEmailLine(std::string line, EmailLineReader& reader) {
     const std::string piece = TakeToAt(tail);
     const std::size_t right = RightLength(tail);
     if (!TakeHalves(piece, right, tail, reader)) return false;
-    // One character after the stop is removed too. If there is none, the text stays as it is.
+    // One character after the stop is removed too. Without one the text stays as it is.
     const std::size_t cut = std::max<std::size_t>(right, 1) + 1;
     if (cut <= tail.Length()) tail.TakeFront(cut);
   }

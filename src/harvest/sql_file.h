@@ -16,7 +16,7 @@ namespace requite {
 /// whole code page.
 class SqlFile {
  public:
-  /// Opens an existing file. Throws RuntimeFailure when there is none; a damaged or locked file fails at
+  /// Opens an existing file. Throws RuntimeFailure when it is missing; a damaged or locked file fails at
   /// the first statement only.
   explicit SqlFile(const std::string& path);
   ~SqlFile();

@@ -18,7 +18,7 @@ class LinkPages {
   explicit LinkPages(const Project& project);
 
   /// The position, from 0, of the first Main Site whose trimmed text equals the trimmed `text`. The place
-  /// after the last one counts as a Main Site without text. 0 if there is none, so results of a deleted
+  /// after the last one counts as a Main Site without text. 0 if no row matches, so results of a deleted
   /// Main Site take their fields from the first one's list.
   [[nodiscard]] std::int16_t FindMainSiteIndex(std::string_view text) const;
 

@@ -51,7 +51,7 @@ bool ReplaceIn(std::string& text, std::string_view what, std::string_view with, 
 [[nodiscard]] std::string_view Left(std::string_view text, std::size_t count);
 [[nodiscard]] std::string_view Right(std::string_view text, std::size_t count);
 
-/// The text before the first occurrence of `mark`; the whole text where there is none.
+/// The text before the first occurrence of `mark`; the whole text where it has no `mark`.
 [[nodiscard]] std::string_view Before(std::string_view text, char mark);
 
 /// True for an empty text and for a single blank, the two forms of "nothing entered".

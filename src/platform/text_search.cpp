@@ -153,7 +153,7 @@ std::size_t FindAnchored(std::string_view text, std::string_view pattern, Compar
                                   : Search<Compare::Binary>(text, pattern, anchors).From(from);
 }
 
-/// The text with every occurrence replaced, or nothing when there is none.
+/// The text with every occurrence replaced, or nothing when it occurs nowhere.
 std::optional<std::string> Replaced(std::string_view text, std::string_view what, std::string_view with,
                                     Compare compare) {
   if (what.empty() || !MayHold(text, what, 0)) return std::nullopt;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The claim is a lock on the folder itself: it leaves no file behind, and a killed program loses it.
+// The claim is a lock on the folder itself: it needs no file of its own, and a killed program loses it.
 #include "platform/work_folder.h"
 
 #include <fcntl.h>

@@ -19,7 +19,7 @@ struct GetLimits {
   int MostRedirects = 20;
 };
 
-/// The name of a host as DNS has it: an international one in its ASCII form. Empty when there is none.
+/// The name of a host as DNS has it: an international one in its ASCII form. Empty when it has no such form.
 using HostToAscii = std::string (*)(std::string_view host);
 
 /// The URL as it is given to the library: an international host in its ASCII form, a space or a control

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QTimer>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "qt/services/qt_descriptor_loop.h"
@@ -26,6 +28,13 @@ struct LoopRig {
   bool Until(const std::function<bool()>& condition) {
     return Loop.RunUntil(condition, std::chrono::seconds(10));
   }
+
+  /// Runs an action as an event of the loop, after some milliseconds.
+  static void After(int milliseconds, std::function<void()> action) {
+    QTimer::singleShot(milliseconds, std::move(action));
+  }
+  /// Tells every loop to end, as the end of the program does.
+  static void EndProgram() { QCoreApplication::exit(); }
 
   /// Lets everything that is on its way over loopback arrive, and shows that nothing more comes.
   void Settle() { Loop.RunFor(std::chrono::milliseconds(30)); }

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
 
-#include <QTimer>
 #include <atomic>
 #include <mutex>
 
@@ -196,14 +195,14 @@ TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
     note(body);
     scan.Start(Url("/qsecond"), "Mozilla", [&](const std::optional<std::string>& second) {
       note(second);
-      QTimer::singleShot(0, [&] { scan.Abort(); });
-      QTimer::singleShot(20, [&] { window.reset(); });
+      rig_.After(0, [&] { scan.Abort(); });
+      rig_.After(20, [&] { window.reset(); });
     });
   });
   EXPECT_TRUE(answers.empty()) << "never before the next event";
   // The inner wait is another owner's, and continues when the outer one is ended.
   std::string inner;
-  QTimer::singleShot(0, [&] {
+  rig_.After(0, [&] {
     inner = window->OpenUrl(silent, "Mozilla").value_or("(nothing)");
     EXPECT_FALSE(window) << "ended by its own owner";
   });
@@ -215,7 +214,7 @@ TEST_F(CurlInternetTest, EachOwnerEndsItsOwnGetsOnly) {
 
 TEST_F(CurlInternetTest, TheEndOfTheProgramEndsAWait) {
   CurlInternet internet(loop_, map_, AsciiHost);
-  QTimer::singleShot(5, [] { QCoreApplication::exit(); });
+  rig_.After(5, [this] { rig_.EndProgram(); });
   EXPECT_EQ(Get(internet, Url("/silent")), "(nothing)");
 }
 
@@ -227,7 +226,7 @@ TEST_F(CurlInternetTest, AHangingLookUpHoldsNothingUp) {
   hang = true;
   auto internet = std::make_unique<CurlInternet>(loop_, map_, AsciiHost);
   auto gets = std::make_unique<Gets>(*internet);
-  QTimer::singleShot(20, [&] { gets->Abort(); });
+  rig_.After(20, [&] { gets->Abort(); });
   EXPECT_EQ(gets->OpenUrl("http://mute.requite.example/", "Mozilla"), std::nullopt);
   gets->Start("http://mute.requite.example/", "Mozilla", [](const auto&) { FAIL(); });
   EXPECT_EQ(Get(*internet, "http://two.requite.example:" + std::to_string(server_.Port()) + "/"), "home")

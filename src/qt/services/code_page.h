@@ -18,7 +18,7 @@ namespace requite {
 [[nodiscard]] std::string FromUtf8(std::string_view utf8);
 
 /// The name of a host as DNS has it: an international one in its ASCII form, whatever the locale. Empty
-/// when there is none.
+/// when the host has no such form.
 [[nodiscard]] std::string AsciiHost(std::string_view host);
 
 }  // namespace requite

@@ -130,7 +130,7 @@ class PageReader {
   bool SkipTo(std::string_view end, bool& none) { return SkipTo(end, none, end.size()); }
 
   /// Moves to the next `end`, in any letter case, and `past` bytes beyond. False, and remembered in `none`,
-  /// when there is none.
+  /// when the rest of the page has no such end.
   bool SkipTo(std::string_view end, bool& none, std::size_t past) {
     if (none) return false;
     const auto found = std::search(page_.begin() + static_cast<std::ptrdiff_t>(at_), page_.end(), end.begin(),

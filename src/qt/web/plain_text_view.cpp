@@ -75,7 +75,7 @@ void PlainTextView::ShowNow() {
   events_.PageComplete(url);
 }
 
-/// The page as the server or file has it; nothing when there is none.
+/// The page as the server or file has it; nothing when it cannot be read.
 std::optional<std::string> PlainTextView::PageOf(const QUrl& url) {
   if (IsRemote(url)) return gets_.OpenUrl(AddressOfUrl(url), "Mozilla");
   if (!url.isLocalFile()) return "";
