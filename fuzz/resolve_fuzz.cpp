@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Any link on any page, for any sites: resolving and the tests of links must agree with their plain form.
-// The input is five texts separated by NUL: link, directory, host, Main Site, Linking Site.
+// The input is texts separated by NUL: link, directory, host, Main Site, Linking Site, and a sixth when
+// secure connections are on.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -26,7 +27,7 @@ void Compare(ScanRig& rig, const std::vector<std::string>& texts) {
   rig.Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, texts[4]);
   std::string resolved = link;
   SiteTests sites(rig.Sites, rig.State);
-  Require(ResolveLink(rig.State, resolved) == PlainResolveLink(rig.Context, link));
+  Require(ResolveLink(rig.State, rig.Context.Settings, resolved) == PlainResolveLink(rig.Context, link));
   for (std::string url : {link, resolved}) {
     Require(sites.IsLinkToMainSite(url) == PlainIsLinkToMainSite(rig.Context, url));
     Require(sites.IsOnLinkingSite(url) == PlainIsOnLinkingSite(rig.Context, url));
@@ -51,6 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   std::vector<std::string> texts =
       requite::Split({reinterpret_cast<const char*>(data), size}, std::string_view("\0", 1));
+  rig.Services.Store.Set("chkSecure", texts.size() > 5 ? "1" : "0");
   texts.resize(5);
   Compare(rig, texts);
   return 0;

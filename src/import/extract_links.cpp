@@ -69,7 +69,7 @@ std::string ExtractLinks(std::string_view html, std::string_view base, const Ext
     if (!line->starts_with(kHref)) continue;
     std::string value(CutImportValue(*line));
     if (filter.Takes(value)) continue;
-    ResolveImportLink(value, base, needs.State.Page.PageHost);
+    ResolveImportLink(value, base, needs.State.Page.PageHost, needs.Settings);
     if (ownSite.IsIn(value)) continue;
     links += value;
     links += ',';

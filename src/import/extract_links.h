@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/settings.h"
 #include "platform/controls.h"
 #include "platform/services.h"
 #include "scan/scan_state.h"
@@ -15,6 +16,7 @@ namespace requite {
 /// What ExtractLinks reports to and what can end it.
 struct ExtractNeeds {
   const ScanState& State;
+  requite::Settings Settings;
   StatusBar& StatusBar1;
   requite::EventLoop& EventLoop;
   /// The window has been closed: the run ends.

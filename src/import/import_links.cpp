@@ -6,6 +6,7 @@
 
 #include "import/extract_links.h"
 #include "import/strip_tags.h"
+#include "model/visitor.h"
 #include "platform/http_get_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/schemes.h"
@@ -76,10 +77,10 @@ std::optional<std::string> ImportLinks::ListFromPage() {
   ShowConnecting(url);
   if (needs_.Ended()) return std::nullopt;
   url = tab_.Text1.Text();
-  const std::string html = HttpGetText(url, gets_, needs_.EventLoop);
+  const std::string html = HttpGetText(url, VisitorOf(needs_.Settings), gets_, needs_.EventLoop);
   if (needs_.Ended()) return std::nullopt;
   return ExtractLinks(html, BaseOf(tab_.Text1.Text()),
-                      {needs_.State, tab_.StatusBar1, needs_.EventLoop, needs_.Ended});
+                      {needs_.State, needs_.Settings, tab_.StatusBar1, needs_.EventLoop, needs_.Ended});
 }
 
 std::optional<std::string> ImportLinks::Delimiter() {
@@ -96,7 +97,7 @@ std::optional<std::string> ImportLinks::ListFromScript() {
   ShowConnecting(tab_.Text2.Text());
   if (needs_.Ended()) return std::nullopt;
   std::string url = tab_.Text2.Text();
-  std::string text = HttpGetText(url, gets_, needs_.EventLoop);
+  std::string text = HttpGetText(url, VisitorOf(needs_.Settings), gets_, needs_.EventLoop);
   ReplaceIn(text, kLineEnd, "", Compare::Binary);
   text = StripTags(text);
   // So blanks and commas separate entries too, whatever the delimiter.

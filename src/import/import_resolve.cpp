@@ -18,8 +18,9 @@ void GoToRoot(std::string_view, std::string& link) {
 
 }  // namespace
 
-void ResolveImportLink(std::string& link, std::string_view base, std::string_view pageHost) {
-  ResolveLinkFrom({base, pageHost, base, GoToRoot}, link);
+void ResolveImportLink(std::string& link, std::string_view base, std::string_view pageHost,
+                       const Settings& settings) {
+  ResolveLinkFrom({base, pageHost, base, GoToRoot}, settings, link);
 }
 
 }  // namespace requite

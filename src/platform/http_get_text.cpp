@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/schemes.h"
+#include "platform/text.h"
 
 namespace requite {
 namespace {
@@ -13,11 +14,17 @@ namespace {
 constexpr std::string_view kAgent = "Mozilla";
 constexpr std::size_t kBlock = 256;
 
+std::string AddressFor(const std::string& url, const Visitor& visitor) {
+  if (!visitor.Secure || !StartsWith(url, "http://https://", Compare::Text)) return url;
+  return url.substr(kHttp.size());
+}
+
 }  // namespace
 
-std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events) {
+std::string HttpGetText(std::string& url, const Visitor& visitor, Gets& gets, EventLoop& events) {
   PutHttpInFront(url, scheme_sign::kHttp);
-  std::optional<std::string> body = gets.OpenUrl(url, kAgent);
+  const std::string_view agent = visitor.Name.empty() ? kAgent : visitor.Name;
+  std::optional<std::string> body = gets.OpenUrl(AddressFor(url, visitor), agent);
   if (!body) return {};
   for (std::size_t read = kBlock; read < body->size(); read += kBlock) events.LetPendingEventsRun();
   // Readers of short replies rely on the padding: the first block is always full.

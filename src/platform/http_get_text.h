@@ -8,10 +8,19 @@
 
 namespace requite {
 
+/// How a GET is made beyond its URL. The defaults are the usual way.
+struct Visitor {
+  std::string Name{};   ///< sent as User-Agent; empty: "Mozilla"
+  bool Secure = false;  ///< secure addresses are reached
+};
+
 /// The body at a URL, or an empty text when it could not be opened. "http://" is put before a `url`
 /// without it, in the caller's text, even when it begins with "https://". The body is read in blocks of
 /// 256 bytes and the first block is always full: a shorter body, even an empty one, is padded with bytes
 /// of 0. Lets events run between the blocks.
-[[nodiscard]] std::string HttpGetText(std::string& url, Gets& gets, EventLoop& events);
+/// Nothing answers at "http://https://". For a secure visitor the "http://" is left out of the request,
+/// though not of the caller's text.
+[[nodiscard]] std::string HttpGetText(std::string& url, const Visitor& visitor, Gets& gets,
+                                      EventLoop& events);
 
 }  // namespace requite

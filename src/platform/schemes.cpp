@@ -21,11 +21,12 @@ void RemoveEach(std::string& text, std::initializer_list<std::string_view> piece
 
 }  // namespace
 
-bool RemoveSchemes(std::string& text) {
-  if (!MayHoldScheme(text)) return false;
-  const bool hadHttp = ReplaceIn(text, kHttp, "", Compare::Text);
-  ReplaceIn(text, kHttps, "", Compare::Text);
-  return hadHttp;
+SchemesFound RemoveSchemes(std::string& text) {
+  SchemesFound found;
+  if (!MayHoldScheme(text)) return found;
+  found.Http = ReplaceIn(text, kHttp, "", Compare::Text);
+  found.Https = ReplaceIn(text, kHttps, "", Compare::Text);
+  return found;
 }
 
 bool RemoveHttp(std::string& text) { return ReplaceIn(text, kHttp, "", Compare::Text); }

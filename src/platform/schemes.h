@@ -14,10 +14,15 @@ inline constexpr std::string_view kHttps = "https://";
 // what else is removed differs by use. Keep the differences: they decide which pages are fetched, which
 // count as seen, and what users' scripts and files receive.
 
+/// Which schemes a text held.
+struct SchemesFound {
+  bool Http = false;
+  bool Https = false;
+};
+
 /// Removes every "http://", then every "https://", in any letter case. For site records, pages to fetch,
-/// resolved links and file names. Returns whether "http://" was there: ResolveLink treats a link with
-/// "https://" like one without a scheme.
-bool RemoveSchemes(std::string& text);
+/// resolved links and file names.
+SchemesFound RemoveSchemes(std::string& text);
 
 /// Removes "http://" only, in any letter case. Returns whether it was there. For values sent to a user's
 /// script, which keep "https://" and have it encoded like other text.

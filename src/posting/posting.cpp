@@ -2,6 +2,7 @@
 // Posts the result rows one by one and keeps the list of script URLs.
 #include "posting/posting.h"
 
+#include "model/visitor.h"
 #include "platform/http_get_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -46,7 +47,7 @@ void Posting::PostLinks() {
     if (!url) continue;
     ShowStatus("Sending Site " + std::to_string(row + 1) + ": " + linkingSite);
     if (EndedSince(stops)) return;
-    const std::string reply = HttpGetText(*url, gets_, needs_.EventLoop);
+    const std::string reply = HttpGetText(*url, VisitorOf(needs_.Settings), gets_, needs_.EventLoop);
     if (EndedSince(stops)) return;
     if (OnPosted) OnPosted(linkingSite, *url, !reply.empty());
     Log("\r\nURL: " + *url + "\r\n");

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "model/visitor.h"
 #include "platform/http_get_text.h"
 #include "platform/text.h"
 #include "scan/href_value.h"
@@ -62,7 +63,7 @@ Analyser::LinkUse Analyser::TakeLink(std::string& link) {
   if (!isAllowed) return UseOfRefused(link);
   if (filter_.IsLocalOrFragment(link, letters)) return LinkUse::None;
   if (!GoesOn(link)) return LinkUse::None;
-  ResolveLink(scan_.State, link);
+  ResolveLink(scan_.State, scan_.Settings, link);
   if (!GoesOn(link)) return LinkUse::None;
   if (!rules_.PassesRules(link)) {
     scan_.State.ReasonNote = "Possible Rule Problem";
@@ -108,7 +109,7 @@ void Analyser::RecordIfOurs(std::string& link) {
 void Analyser::FollowMove(PageLines& lines) {
   std::optional<std::string> address = MovedAddress(lines, scan_.State.PageFull, scan_.PageSlices());
   if (!address) return;
-  std::string text = HttpGetText(*address, scan_.Gets, scan_.Platform.EventLoop);
+  std::string text = HttpGetText(*address, VisitorOf(scan_.Settings), scan_.Gets, scan_.Platform.EventLoop);
   scan_.State.RedirectFollowed = true;  // only once: a "moved" in the new page is ignored
   next_.ProcessPage(std::move(text));
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "model/visitor.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "scan/page_address.h"
@@ -27,13 +28,15 @@ std::string Joined(std::string_view words, const PageFetch& page, std::string_vi
   return text.append(words).append(page.PageHost).append(page.PagePath).append(more);
 }
 
-/// The request has these lines in this order and no others.
-std::string RequestFor(const PageFetch& page) {
+/// The request has these lines in this order and no others. Without a name it ends after the fourth.
+std::string RequestFor(const PageFetch& page, std::string_view visitorName) {
   std::string request;
-  request.reserve(page.PagePath.size() + page.PageHost.size() + 80);
+  request.reserve(page.PagePath.size() + page.PageHost.size() + visitorName.size() + 100);
   request.append("GET ").append(page.PagePath).append(" HTTP/1.1\r\n");
   request.append("Host: ").append(page.PageHost).append("\r\n");
-  return request.append("Connection: close\r\nAccept: */*\r\n\r\n");
+  request.append("Connection: close\r\nAccept: */*\r\n");
+  if (!visitorName.empty()) request.append("User-Agent: ").append(visitorName).append(kLineEnd);
+  return request.append(kLineEnd);
 }
 
 /// The text after the first blank of the first line with "Content-Length", spelled exactly so.
@@ -89,7 +92,7 @@ void Fetcher::OnConnect() {
   scan_.Window.pb1.SetValue(0);
   // A skip during the yield has started another connection, which sends its own request.
   if (fetch != fetches_ || !scan_.State.Scanning) return;
-  scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page));
+  scan_.Platform.Connection.SendData(RequestFor(scan_.State.Page, VisitorName(scan_.Settings)));
 }
 
 void Fetcher::OnDataArrival(std::size_t bytesTotal) {

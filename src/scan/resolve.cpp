@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "model/visitor.h"
 #include "platform/schemes.h"
 #include "platform/text.h"
 #include "scan/climb.h"
@@ -40,8 +41,16 @@ std::size_t FindDoubleSlash(std::string_view link) {
   return kNowhere;
 }
 
+/// Whether a link begins with a host. With secure connections off, "https://" tells nothing: a secure link to
+/// a host in another domain than the usual ones is read as a page of the current site, and which pages are
+/// fetched depends on that.
+bool NamesHost(std::string_view link, SchemesFound schemes, const Settings& settings) {
+  return schemes.Http || LooksLikeHost(link) || (schemes.Https && AsksSecurely(settings));
+}
+
 /// Puts the host or the directory of the page in front of a link that is relative to it.
-void MakeAbsolute(std::string& link, const LinkOrigin& origin, bool schemeNoted) {
+void MakeAbsolute(std::string& link, const LinkOrigin& origin, SchemesFound schemes,
+                  const Settings& settings) {
   if (link.starts_with('/')) {
     link.insert(0, origin.Root);
     if (FindDoubleSlash(link) != kNowhere) ReplaceIn(link, "//", "/", Compare::Binary);
@@ -56,7 +65,7 @@ void MakeAbsolute(std::string& link, const LinkOrigin& origin, bool schemeNoted)
     ReplaceIn(link, "./", "", Compare::Binary);
     link.insert(0, 1, '/').insert(0, origin.DotRoot);
   }
-  if (!schemeNoted && !LooksLikeHost(link)) link.insert(0, 1, '/').insert(0, origin.Directory);
+  if (!NamesHost(link, schemes, settings)) link.insert(0, 1, '/').insert(0, origin.Directory);
 }
 
 /// Has the effect of replacing "//" by "/" four times: a run of slashes becomes a sixteenth as long, rounded
@@ -100,18 +109,18 @@ std::string_view RegisteredDomain(std::string_view host) {
 
 }  // namespace
 
-void ResolveLinkFrom(const LinkOrigin& origin, std::string& link) {
-  const bool schemeNoted = RemoveSchemes(link);
-  MakeAbsolute(link, origin, schemeNoted);
+void ResolveLinkFrom(const LinkOrigin& origin, const Settings& settings, std::string& link) {
+  const SchemesFound schemes = RemoveSchemes(link);
+  MakeAbsolute(link, origin, schemes, settings);
   if (link.find('/') == kNowhere) link += '/';
   ShortenSlashRuns(link);
   constexpr std::size_t kShortestMended = 7;
   if (link.size() >= kShortestMended) MendEnding(link);
 }
 
-const std::string& ResolveLink(const ScanState& state, std::string& link) {
+const std::string& ResolveLink(const ScanState& state, const Settings& settings, std::string& link) {
   const std::string& host = state.Page.PageHost;
-  ResolveLinkFrom({host, host, state.PageDir, Climb}, link);
+  ResolveLinkFrom({host, host, state.PageDir, Climb}, settings, link);
   return link;
 }
 

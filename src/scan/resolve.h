@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "model/project.h"
+#include "model/settings.h"
 #include "platform/text_search.h"
 #include "scan/scan_state.h"
 
@@ -21,11 +22,11 @@ struct LinkOrigin {
 };
 
 /// Turns the value of an href into a URL without scheme, in place. The texts of `origin` must not be part of
-/// `link`.
-void ResolveLinkFrom(const LinkOrigin& origin, std::string& link);
+/// `link`. "https://" counts as a scheme like "http://" only when secure connections are on.
+void ResolveLinkFrom(const LinkOrigin& origin, const Settings& settings, std::string& link);
 
 /// The same for a link of the current page. Returns `link` itself.
-const std::string& ResolveLink(const ScanState& state, std::string& link);
+const std::string& ResolveLink(const ScanState& state, const Settings& settings, std::string& link);
 
 /// Whether a URL belongs to the current Main Site or Linking Site. What depends on these sites only is kept
 /// from call to call, and made again when their texts have changed.

@@ -85,6 +85,17 @@ class FurtherWindowsTest : public QObject, private WindowRig {
     QTest::keyClick(limit, Qt::Key_Down);
     QCOMPARE(services_->Store.Read("cmbAdvance").value_or(""), std::string("5"));
     QVERIFY(Part<QAbstractButton>(options, "chkAuto2")->toolTip().startsWith("Skipping"));
+    Part<QAbstractButton>(options, "Command1")->setFocus();
+    QTest::keyClick(options->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(options->focusWidget()->objectName(), QString("chkSecure"));
+    QTest::keyClick(options->focusWidget(), Qt::Key_Tab);
+    auto* const name = Part<QLineEdit>(options, "txtUserAgent");
+    QVERIFY(options->focusWidget() == name && name->accessibleName() == "Name given to sites");
+    QTest::keyClicks(name, "ab");
+    QTest::keyClick(name, Qt::Key_Left);
+    name->insert("1\r\n2\t");
+    QTRY_COMPARE(name->text(), QString("a12b"));
+    QCOMPARE(name->cursorPosition(), 3);
 
     QWidget* const global = Open(
         "Form2b", [&] { QTest::mouseClick(Part<QAbstractButton>(options, "Command1"), Qt::LeftButton); });

@@ -13,10 +13,11 @@ namespace {
 
 struct Extraction {
   std::string Run(std::string_view html, std::string_view base) {
-    return ExtractLinks(html, base, {State, Status, Events, Ended});
+    return ExtractLinks(html, base, {State, Settings(Store), Status, Events, Ended});
   }
 
   ScanState State;
+  MemorySettings Store;
   StatusBar Status{"StatusBar1"};
   FakeEventLoop Events;
   std::function<bool()> Ended = [] { return false; };
@@ -33,7 +34,9 @@ TEST(ExtractLinks, AgreesWithItsPlainWordingOnRandomPages) {
     const std::string base = round % 7 == 0 ? "" : round % 2 == 0 ? "home.example/" : "home";
     Extraction run;
     run.State.Page.PageHost = "scan.example";
-    ASSERT_EQ(run.Run(html, base), PlainExtractLinks(html, base, "scan.example")) << html;
+    const bool secure = round % 3 == 0;
+    run.Store.Set("chkSecure", secure ? "1" : "0");
+    ASSERT_EQ(run.Run(html, base), PlainExtractLinks(html, base, "scan.example", secure)) << html;
   }
 }
 

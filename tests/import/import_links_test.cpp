@@ -69,6 +69,16 @@ TEST(GetLinks, ShowsThePagesLinksAndOneEmptyRow) {
   EXPECT_EQ(rig.Status(), "Finished Downloading - 0 links found.");
 }
 
+TEST(GetLinks, ReadsASecurePageAndItsSecureLinksWhenSecureConnectionsAreOn) {
+  ImportRig rig;
+  rig.Services.Store.Set("chkSecure", "1");
+  rig.Window.Text1.UserSets("https://home.example/links.html");
+  rig.Services.Internet.Bodies["https://home.example/links.html"] =
+      "<a href=\"https://a.example/x\"><a href=\"https://home.example/y\">";
+  rig.Window.Command1.Click();
+  EXPECT_THAT(rig.Links(), ElementsAre("a.example/x", ""));
+}
+
 TEST(GetLinks, TakesAScriptsOutputApart) {
   ImportRig rig;
   rig.Script("a.example b.example,c.example");

@@ -74,6 +74,19 @@ TEST_F(PostingTest, EachRowButMissingOnesGoesToTheOneUrl) {
   EXPECT_EQ(Asked().size(), 6U) << "no row is remembered as posted";
 }
 
+TEST_F(PostingTest, ASecureScriptIsReachedUnderTheVisitorsNameAndLoggedAsEver) {
+  list3_.Add({"main.example", "a.example", "Direct Link", "001", "a.example"});
+  Services.Store.Set("txtUserAgent", "Visitor");
+  for (const char* secure : {"0", "1"}) {
+    Services.Store.Set("chkSecure", secure);
+    Post("https://s.example/?b=$Status");
+  }
+  EXPECT_EQ(Asked(), (List{"http://https://s.example/?b=True", "https://s.example/?b=True"}));
+  EXPECT_EQ(Services.Internet.Agent, "Visitor");
+  const std::string logged = "\r\nURL: http://https://s.example/?b=True\r\n";
+  EXPECT_EQ(Log(), logged + logged);
+}
+
 TEST_F(PostingTest, TheLogEndsAtTheFirstByteOfZeroAndGoesOnFromThere) {
   AddResults();
   txtPost_.SetText("$Status");

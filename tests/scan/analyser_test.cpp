@@ -142,7 +142,7 @@ struct Pair {
     const int expected = generate.Below(3) == 0 ? generate.Below(3) : 1000;
     const std::string moved = generate.Page(6);
     std::map<std::string, std::string> options;
-    for (const char* key : {"chkRedirect", "chkUpdate", "chkAudioEmail"}) {
+    for (const char* key : {"chkRedirect", "chkUpdate", "chkAudioEmail", "chkSecure"}) {
       options[key] = generate.Below(4) == 0 ? "0" : "1";
     }
     for (AnalysisRig* rig : {&program, &plain}) {

@@ -118,6 +118,24 @@ TEST(OnConnect, SendsExactlyTheFourLines) {
   EXPECT_EQ(rig.Controls.pb1.Value(), 0);
 }
 
+TEST(OnConnect, SendsTheVisitorsNameInAFifthLineThatNothingStoredCanLeave) {
+  using namespace std::string_literals;
+  const std::pair<std::string, std::string> rows[] = {
+      {"", ""},
+      {"Visitor/1.0 (+http://a.example)", "User-Agent: Visitor/1.0 (+http://a.example)\r\n"},
+      {"  A\xE9\x80 B ", "User-Agent: A\xE9\x80 B\r\n"},
+      {"a\r\n\r\nGET / HTTP/1.1\r\nX: \0\t\x7F\x1F"s, "User-Agent: aGET / HTTP/1.1X:\r\n"},
+      {" \r\n\t ", ""}};
+  for (const auto& [stored, line] : rows) {
+    FetchRig rig;
+    rig.Services.Store.Set("txtUserAgent", stored);
+    rig.Ask("a.example");
+    rig.Services.Connection.Establish();
+    EXPECT_EQ(rig.Services.Connection.Sent,
+              "GET / HTTP/1.1\r\nHost: a.example\r\nConnection: close\r\nAccept: */*\r\n" + line + "\r\n");
+  }
+}
+
 TEST(OnConnect, LeavesTheRequestToThePageThatASkipHasBegun) {
   FetchRig rig;
   rig.Ask("a.example");

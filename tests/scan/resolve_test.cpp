@@ -22,9 +22,35 @@ TEST(ResolveLink, AgreesWithThePlainWording) {
     if (i % 4 == 0) value += std::string(static_cast<std::size_t>(generate.Below(40)), '/') + "x";
     constexpr std::array<std::string_view, 6> kCutEnds = {"", "", "/hre", "/HREF", "/http:", "/http"};
     value += generate.Pick(kCutEnds);
+    rig.Services.Store.Set("chkSecure", i % 3 == 0 ? "1" : "0");
     std::string link = value;
-    ASSERT_EQ(ResolveLink(rig.State, link), PlainResolveLink(rig.Context, value))
+    ASSERT_EQ(ResolveLink(rig.State, rig.Context.Settings, link), PlainResolveLink(rig.Context, value))
         << value << " on " << rig.State.PageDir;
+  }
+}
+
+struct SecureLink {
+  const char *Name, *Link, *Off, *On;
+};
+
+TEST(ResolveLink, TakesAHostFromASecureLinkOnlyWhenSecureConnectionsAreOn) {
+  constexpr SecureLink kRows[] = {
+      {"another site", "https://foo.example/x", "site.example/d/foo.example/x", "foo.example/x"},
+      {"capitals, no path", "HTTPS://foo.example", "site.example/d/foo.example", "foo.example/"},
+      {"a usual domain", "https://foo.com/x", "foo.com/x", "foo.com/x"},
+      {"a plain link", "http://foo.example/x", "foo.example/x", "foo.example/x"},
+      {"a step up", "https://../x", "site.example/x", "site.example/x"},
+  };
+  for (const SecureLink& row : kRows) {
+    SCOPED_TRACE(row.Name);
+    ScanRig rig;
+    rig.State.PageDir = "site.example/d/";
+    rig.State.Page.PageHost = "site.example";
+    for (const auto& [chkSecure, expected] : {std::pair("0", row.Off), {"1", row.On}, {"yes", row.Off}}) {
+      rig.Services.Store.Set("chkSecure", chkSecure);
+      std::string link = row.Link;
+      EXPECT_EQ(ResolveLink(rig.State, rig.Context.Settings, link), expected) << chkSecure;
+    }
   }
 }
 

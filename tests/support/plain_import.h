@@ -44,15 +44,15 @@ inline std::string PlainImportValue(const std::string& line) {
 }
 
 inline std::string PlainResolveImportLink(const std::string& link, const std::string& base,
-                                          const std::string& host) {
+                                          const std::string& host, bool secure) {
   const auto climb = [](const std::string& from) {
     return Replace("/" + Replace(from, "..", "", Compare::Binary), "//", "/", Compare::Binary);
   };
-  return PlainResolve({base, host, base, climb}, link);
+  return PlainResolve({base, host, base, climb}, secure, link);
 }
 
 inline std::string PlainExtractLinks(const std::string& html, const std::string& base,
-                                     const std::string& host) {
+                                     const std::string& host, bool secure = false) {
   const std::string file = Replace(html, "href=", "\r\nhref=", Compare::Text) + "\r\n";
   std::string links;
   LineReader lines(file, LineEnds::CarriageReturn);
@@ -67,7 +67,7 @@ inline std::string PlainExtractLinks(const std::string& html, const std::string&
       dropped = dropped || Holds(value, word);
     }
     if (dropped) continue;
-    const std::string link = PlainResolveImportLink(value, base, host);
+    const std::string link = PlainResolveImportLink(value, base, host, secure);
     if (!Holds(link, base)) links += link + ",";
   }
   return links;

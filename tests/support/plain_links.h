@@ -50,8 +50,8 @@ struct PlainOrigin {
   std::function<std::string(const std::string& link)> Climbed;  ///< a link that begins with two dots
 };
 
-inline std::string PlainResolve(const PlainOrigin& origin, std::string link) {
-  const bool noted = Holds(link, "http://");
+inline std::string PlainResolve(const PlainOrigin& origin, bool secure, std::string link) {
+  const bool noted = Holds(link, "http://") || (secure && Holds(Without(link, {"http://"}), "https://"));
   link = Without(link, {"http://"});
   link = Without(link, {"https://"});
   if (Left(link, 1) == "/") {
@@ -75,7 +75,8 @@ inline std::string PlainResolveLink(const ScanContext& context, const std::strin
   const std::string& host = context.State.Page.PageHost;
   const std::string& directory = context.State.PageDir;
   const auto climb = [&directory](const std::string& from) { return PlainClimb(directory, from); };
-  return PlainResolve({host, host, directory, climb}, link);
+  return PlainResolve({host, host, directory, climb}, context.Settings.GetSetting(setting::chkSecure) == "1",
+                      link);
 }
 
 inline std::string PlainDomain(const std::string& host) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/visitor.h"
 #include "platform/http_get_text.h"
 #include "scan/analyser.h"
 #include "support/plain_links.h"
@@ -77,7 +78,8 @@ class PlainPage {
       line = Without(line, {"href=", ">here</a></body", "\"", "'", " "});
     }
     if (line.empty()) line = context_.State.PageFull;
-    std::string text = HttpGetText(line, context_.Gets, context_.Platform.EventLoop);
+    std::string text =
+        HttpGetText(line, VisitorOf(context_.Settings), context_.Gets, context_.Platform.EventLoop);
     context_.State.RedirectFollowed = true;
     next_.ProcessPage(text);
   }

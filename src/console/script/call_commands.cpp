@@ -148,7 +148,8 @@ struct Operation {
 constexpr Operation kOperations[] = {
     {"BareHost", [](Form1&, std::string& argument) { return BareHost(argument); }},
     {"ParentDir", [](Form1&, std::string& argument) { return ParentDir(argument); }},
-    {"ResolveLink", [](Form1& form, std::string& argument) { return ResolveLink(form.State, argument); }},
+    {"ResolveLink",
+     [](Form1& form, std::string& argument) { return ResolveLink(form.State, form.Settings, argument); }},
     {"IsLinkToMainSite",
      [](Form1& form, std::string& argument) { return Text(Sites(form).IsLinkToMainSite(argument)); }},
     {"IsOnLinkingSite",

@@ -2,6 +2,7 @@
 // How the options are loaded, checked and saved.
 #include "shell/options/frm_options.h"
 
+#include "model/visitor.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "shell/windows.h"
@@ -15,6 +16,13 @@ constexpr std::string_view kPagesTip =
 
 // It is saved as txtAutoSave and read with this spelling. The store ignores letter case in keys.
 constexpr SettingKey kAutoSaveMinutes{"txtAutosave", setting::txtAutoSave.Default};
+
+constexpr std::string_view kSecureTip =
+    "Asks each site over HTTPS first and, if that fails, over plain HTTP as before. Links and moves to "
+    "https:// are followed.";
+constexpr std::string_view kUserAgentTip =
+    "Sent with each request as its User-Agent. Many sites refuse a visitor without a name (status 403). "
+    "Empty: pages are asked for without one.";
 
 bool IsInt16(const std::string& text) {
   return PassOver([&] { static_cast<void>(ReadInt16(text)); });
@@ -43,17 +51,21 @@ void frmOptions::BuildControls() {
   txtDomain.ToolTip = "Enter the website you want to find links to from remote sites";
   cmdAdd2.ToolTip = "Add the file type you have entered to the left";
   cmdDelete.ToolTip = "Delete the file type you have selected below";
+  chkSecure.ToolTip = kSecureTip;
+  txtUserAgent.ToolTip = kUserAgentTip;
   cmdAdd2.SetEnabled(false);
   cmdDelete.SetEnabled(false);
   for (Control* each : std::initializer_list<Control*>{&Label5_0, &chkAutoSave, &Label1, &txtAutoSave}) {
     each->SetVisible(false);
   }
   const std::initializer_list<Control*> inFrame = {
-      &Label6,       &chkAuto2,  &Label9,           &chkAuto,   &Label7,     &cmbAdvance, &Label18,
-      &chkRedirect,  &Label19,   &Label5_4,         &Label20,   &Label21,    &txtTimeout, &chkAudioEmail,
-      &chkAudioNext, &Label5_3,  &chkAudioFinished, &chkLog,    &Label5_5,   &chkUpdate,  &Label5_1,
-      &chkFileTypes, &txtDomain, &cmdAdd2,          &cmdDelete, &List1,      &Label5_2,   &Label2,
-      &Command1,     &Label5_0,  &chkAutoSave,      &Label1,    &txtAutoSave};
+      &Label6,     &chkAuto2,      &Label9,       &chkAuto,      &Label7,           &cmbAdvance,
+      &Label18,    &chkRedirect,   &Label19,      &Label5_4,     &Label20,          &Label21,
+      &txtTimeout, &chkAudioEmail, &chkAudioNext, &Label5_3,     &chkAudioFinished, &chkLog,
+      &Label5_5,   &chkUpdate,     &Label5_1,     &chkFileTypes, &txtDomain,        &cmdAdd2,
+      &cmdDelete,  &List1,         &Label5_2,     &Label2,       &Command1,         &lblSecure,
+      &chkSecure,  &lblUserAgent,  &txtUserAgent, &Label5_0,     &chkAutoSave,      &Label1,
+      &txtAutoSave};
   PutInto(Frame1, inFrame);
   Controls.Add(Frame1);
   for (Control* each : inFrame) Controls.Add(*each);
@@ -67,6 +79,7 @@ void frmOptions::Wire() {
   cmbAdvance.OnClick = [this] { settings_.SaveSetting(setting::cmbAdvance, cmbAdvance.ListIndex()); };
   txtTimeout.OnChange = [this] { txtTimeout_Change(); };
   txtAutoSave.OnChange = [this] { txtAutoSave_Change(); };
+  txtUserAgent.OnChange = [this] { txtUserAgent_Change(); };
   txtDomain.OnChange = [this] { cmdAdd2.SetEnabled(!txtDomain.Text().empty()); };
   txtDomain.OnEnter = [this] { AddFileType(); };
   List1.OnItemClick = [this](int) {
@@ -77,7 +90,7 @@ void frmOptions::Wire() {
   Command1.OnClick = [this] { Others.Show("Form2b"); };
 }
 
-std::array<frmOptions::CheckSetting, 10> frmOptions::Checks() {
+std::array<frmOptions::CheckSetting, 11> frmOptions::Checks() {
   return {{{chkRedirect, setting::chkRedirect},
            {chkLog, setting::chkLog},
            {chkUpdate, setting::chkUpdate},
@@ -87,12 +100,14 @@ std::array<frmOptions::CheckSetting, 10> frmOptions::Checks() {
            {chkAudioNext, setting::chkAudioNext},
            {chkAudioFinished, setting::chkAudioFinished},
            {chkFileTypes, setting::chkFileTypes},
+           {chkSecure, setting::chkSecure},
            {chkAutoSave, setting::chkAutoSave}}};
 }
 
 void frmOptions::Load() {
   txtTimeout.SetText(settings_.GetSetting(setting::txtTimeout));
   txtAutoSave.SetText(settings_.GetSetting(kAutoSaveMinutes));
+  txtUserAgent.SetText(settings_.GetSetting(setting::txtUserAgent));
   for (const CheckSetting& check : Checks()) check.Box.SetValue(settings_.Number(check.Key));
   const std::int16_t position = settings_.Number(setting::cmbAdvance);
   // SetListIndex would take -1 as no choice.
@@ -120,6 +135,15 @@ void frmOptions::txtAutoSave_Change() {
     settings_.SaveSetting(setting::txtAutoSave, typed);
   } else {
     txtAutoSave.SetText(std::string(setting::txtAutoSave.Default));
+  }
+}
+
+void frmOptions::txtUserAgent_Change() {
+  std::string clean = WithoutControlCharacters(txtUserAgent.Text());
+  if (clean == txtUserAgent.Text()) {
+    settings_.SaveSetting(setting::txtUserAgent, clean);
+  } else {
+    txtUserAgent.SetText(std::move(clean));  // which saves it
   }
 }
 

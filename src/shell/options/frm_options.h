@@ -66,6 +66,11 @@ struct frmOptions : ProgramWindow {
   Label Label2;
   Button Command1{"Command1", "Open Global Rules Editor"};
 
+  Label lblSecure{"lblSecure", "Secure connections:"};
+  CheckBox chkSecure{"chkSecure", "Ask for pages over HTTPS where a site offers it"};
+  Label lblUserAgent{"lblUserAgent", "Name given to sites:"};
+  TextBox txtUserAgent{"txtUserAgent"};
+
   // Never shown; each keeps its action for scripts
   Label Label5_0{"Label5(0)", "Auto Save:"};
   CheckBox chkAutoSave{"chkAutoSave", "Check1"};
@@ -79,7 +84,7 @@ struct frmOptions : ProgramWindow {
   };
 
   /// Every check box with its key, in the order in which they are read.
-  [[nodiscard]] std::array<CheckSetting, 10> Checks();
+  [[nodiscard]] std::array<CheckSetting, 11> Checks();
   void BuildControls();
   void Wire();
   void AddFileType();
@@ -87,6 +92,7 @@ struct frmOptions : ProgramWindow {
   void SaveList();
   void txtTimeout_Change();
   void txtAutoSave_Change();
+  void txtUserAgent_Change();
 
   Settings& settings_;
   const ProgramFolder& folder_;

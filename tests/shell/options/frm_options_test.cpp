@@ -34,9 +34,11 @@ TEST_F(Options, WhatIsStoredComesUpOrItsDefaultAndEachChangeIsStoredAtOnce) {
   EXPECT_EQ(options.cmbAdvance.Text(), "500");
   EXPECT_EQ(options.txtAutoSave.Text(), "7");
   EXPECT_EQ(options.List1.At(0).Text, ".zip");
+  EXPECT_EQ(rig_.Setting("chkSecure") + rig_.Setting("txtUserAgent"), "--") << "opening changes nothing";
   options.chkLog.Click();
   options.cmbAdvance.SetListIndex(12);
-  EXPECT_EQ(rig_.Setting("chkLog") + rig_.Setting("cmbAdvance"), "012");
+  options.chkSecure.Click();
+  EXPECT_EQ(rig_.Setting("chkLog") + rig_.Setting("cmbAdvance") + rig_.Setting("chkSecure"), "0121");
 }
 
 TEST_F(Options, AStoredValueThatFitsNoControlFailsAtTheOpening) {
@@ -74,6 +76,16 @@ TEST_F(Options, TheAutoSaveBoxIsCheckedByTheTextOfTheOther) {
   options.txtAutoSave.UserSets("9");
   EXPECT_EQ(options.txtAutoSave.Text(), "5");
   EXPECT_EQ(rig_.Setting("txtAutoSave"), "often");
+}
+
+TEST_F(Options, TheVisitorsNameIsStoredAtEachChangeWithoutControlCharacters) {
+  rig_.Services.Store.Set("txtUserAgent", "old\r\nline");
+  frmOptions& options = Open();
+  EXPECT_EQ(options.txtUserAgent.Text() + rig_.Setting("txtUserAgent"), "oldlineoldline");
+  options.txtUserAgent.UserSets("Visitor\tof\x7F\n");
+  EXPECT_EQ(options.txtUserAgent.Text() + rig_.Setting("txtUserAgent"), "VisitorofVisitorof");
+  options.txtUserAgent.UserSets("");
+  EXPECT_EQ(rig_.Setting("txtUserAgent"), "");
 }
 
 TEST_F(Options, FileTypesGetTheirDotAndAreWrittenAtEachChange) {

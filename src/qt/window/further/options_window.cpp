@@ -107,6 +107,10 @@ QWidget* OptionsView::BuildRight() {
   about->setWordWrap(true);
   layout->addWidget(about);
   layout->addWidget(NewButton(options_.Command1, tr("&Open Global Rules Editor")), 0, Qt::AlignLeft);
+  layout->addSpacing(kGroupGap);
+  layout->addWidget(NewHeading(options_.lblSecure, column));
+  layout->addWidget(NewCheck(options_.chkSecure, 'H'));
+  layout->addLayout(BuildVisitorName());
   return column;
 }
 
@@ -131,6 +135,15 @@ QLayout* OptionsView::BuildFileTypes() {
   row->addWidget(NewButton(options_.cmdDelete, tr("&Delete")));
   block->addLayout(row);
   return block;
+}
+
+QLayout* OptionsView::BuildVisitorName() {
+  auto* const row = new QHBoxLayout;
+  auto* const name = new QLineEdit(this);
+  bind_.Bind(options_.txtUserAgent, *name);
+  row->addWidget(NewBoxLabel(options_.lblUserAgent, 'm', *name, this));
+  row->addWidget(name, 1);
+  return row;
 }
 
 QCheckBox* OptionsView::NewCheck(CheckBox& control, QChar letter) {

@@ -21,6 +21,7 @@ class OptionsView final : public FurtherWindow {
   QLayout* BuildPageLimit();
   QLayout* BuildTimeout();
   QLayout* BuildFileTypes();
+  QLayout* BuildVisitorName();
   QCheckBox* NewCheck(CheckBox& control, QChar letter);
   QCheckBox* NewCheck(CheckBox& control, const TextBox& label, QChar letter);
 
