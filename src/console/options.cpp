@@ -10,6 +10,7 @@
 #include "console/script/script_commands.h"
 #include "console/text_codec.h"
 #include "console/unknown_word.h"
+#include "model/visitor.h"
 #include "shell/product.h"
 
 namespace requite {
@@ -20,6 +21,8 @@ struct RawCommon {
   std::string SettingsFile;
   std::vector<std::string> Settings;
   std::vector<std::string> ConnectTo;
+  bool Secure = false;
+  std::optional<std::string> UserAgent;
   bool Private = false;
   bool Quiet = false;
 };
@@ -45,11 +48,27 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
       ->type_name("DIR");
   app.add_option("--settings", common.SettingsFile, "The settings store to use")->type_name("FILE");
   AddRepeatable(app, "--set", common.Settings, "Write one setting before anything else runs", "KEY=VALUE");
+  app.add_flag("--secure", common.Secure,
+               "Ask for pages over HTTPS where a site offers it (as --set chkSecure=1)");
+  app.add_option("--user-agent", common.UserAgent,
+                 "The name given to sites; many refuse a visitor without one (as --set txtUserAgent=TEXT)")
+      ->type_name("TEXT");
   AddRepeatable(app, "--connect-to", common.ConnectTo,
                 "Send connections to HOST:PORT to ADDRESS:PORT2 (an empty HOST or PORT matches any)",
                 "HOST:PORT:ADDRESS:PORT2");
   app.add_flag("--private", common.Private, "Use a copy of the settings that is thrown away at the end");
   app.add_flag("-q,--quiet", common.Quiet, "No progress and no summary on standard error");
+}
+
+/// Options that are another way to write a setting. They win over --set. Returns a problem or an empty text.
+std::string TakeSettingOptions(const RawCommon& raw, CommonOptions& common) {
+  if (raw.Secure) common.Settings.emplace_back(setting::chkSecure.Name, "1");
+  if (!raw.UserAgent) return {};
+  if (*raw.UserAgent != WithoutControlCharacters(*raw.UserAgent)) {
+    return "--user-agent: the name holds a control character, such as a line end";
+  }
+  common.Settings.emplace_back(setting::txtUserAgent.Name, *raw.UserAgent);
+  return {};
 }
 
 /// The first problem with the common options, or an empty text.
@@ -59,6 +78,7 @@ std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
     if (sign == std::string::npos || sign == 0) return "--set: \"" + each + "\" is not KEY=VALUE";
     common.Settings.emplace_back(each.substr(0, sign), each.substr(sign + 1));
   }
+  if (std::string why = TakeSettingOptions(raw, common); !why.empty()) return why;
   for (const std::string& each : raw.ConnectTo) {
     std::optional<ConnectRule> rule = ReadConnectRule(each);
     if (!rule) return "--connect-to: \"" + each + "\" is not HOST:PORT:ADDRESS:PORT2";

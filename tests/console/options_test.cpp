@@ -49,6 +49,16 @@ TEST_F(CommandLine, AScanWithEverythingAskedFor) {
   EXPECT_EQ(options.Common.ConnectTo[1].Host, "");
 }
 
+TEST_F(CommandLine, SecureConnectionsAndTheVisitorsNameAreSettings) {
+  for (const char* command : {"scan", "script"}) {
+    const auto read = Read({command, project_, "--secure", "--user-agent", "", "--set", "chkSecure=0"});
+    ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
+    EXPECT_EQ(std::get<Options>(read).Common.Settings,
+              (std::vector<std::pair<std::string, std::string>>{
+                  {"chkSecure", "0"}, {"chkSecure", "1"}, {"txtUserAgent", ""}}));
+  }
+}
+
 TEST_F(CommandLine, PathsAreTakenFromTheRootOn) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder_.Folder.Path);
@@ -69,6 +79,8 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"scan", project_, "--post", "http://script.example"},
       {"scan", project_, "--set", "novalue"},
       {"scan", project_, "--set", "=1"},
+      {"scan", project_, "--user-agent", "two\nlines"},
+      {"script", "--user-agent"},
       {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
       {"scan", dir + "/gone.prj"},
       {"scan", project_, "--save", dir},
