@@ -39,6 +39,12 @@ class ConnectionEvents {
   virtual void OnConnect() = 0;
   virtual void OnDataArrival(std::size_t bytesTotal) = 0;
   virtual void OnClose() = 0;
+  /// The host was refused for its certificate; `words` say why, such as "Certificate has expired". May come
+  /// again with each connection to the host. Only when secure connections are on.
+  virtual void OnCertificateFault(const std::string& host, std::string_view words) {
+    static_cast<void>(host);
+    static_cast<void>(words);
+  }
 };
 
 /// One TCP connection. While a handler of its events runs, its further events wait.
@@ -53,6 +59,8 @@ class Connection {
   [[nodiscard]] virtual std::string GetData() = 0;
   /// Drops the connection. Safe when closed; raises no event.
   virtual void Close() = 0;
+  /// Whether the system has certificate authorities, so that certificates can be checked.
+  [[nodiscard]] virtual bool HasAuthorities() { return true; }
 
   /// Receives the events; not owned, set once before the first Connect.
   ConnectionEvents* Events = nullptr;

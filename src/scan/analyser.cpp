@@ -109,7 +109,9 @@ void Analyser::RecordIfOurs(std::string& link) {
 void Analyser::FollowMove(PageLines& lines) {
   std::optional<std::string> address = MovedAddress(lines, scan_.State.PageFull, scan_.PageSlices());
   if (!address) return;
+  if (IsHttpsAddress(*address)) scan_.State.Answers.NoteMove(PageAnswer::SentToHttps);
   std::string text = HttpGetText(*address, VisitorOf(scan_.Settings), scan_.Gets, scan_.Platform.EventLoop);
+  if (!text.empty()) scan_.State.Answers.NoteMove(PageAnswer::Read);
   scan_.State.RedirectFollowed = true;  // only once: a "moved" in the new page is ignored
   next_.ProcessPage(std::move(text));
 }

@@ -150,6 +150,7 @@ void Controller::cmdStop() {
     scan_.Platform.Sounds.PlaySoundFile(scan_.Folder.File(sound::kFinished));
   }
   window.Command10.SetEnabled(true);
+  scan_.Host.ScanEnds();
 }
 
 // A stop while a fetch is starting leaves the timer running. Without the test of Scanning its ticks would

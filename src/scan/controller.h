@@ -51,6 +51,7 @@ class Controller {
   [[nodiscard]] bool HasSomethingToScan();
   void SwitchCommandsForStart();
   [[nodiscard]] bool TakeFirstSite();
+  void TellIfAuthoritiesAreMissing();
 
   // controller.cpp
   [[nodiscard]] PageDecision DecidePage();

@@ -71,6 +71,7 @@ void Fetcher::FetchPage() {
   ++fetches_;
   PageFetch& page = scan_.State.Page;
   CutUrl(scan_.State, page);
+  scan_.State.Answers.BeginPage();
   page.RecvBuffer.clear();
   page.HeaderSeen = false;
   page.ContentLength = 0;
@@ -158,12 +159,19 @@ void Fetcher::OnClose() {
   const std::size_t end = FindHeaderEnd(page);
   const std::string header(
       Left(page.RecvBuffer, end == std::string::npos ? kHeaderOfHeaderless : end + kHeaderEnd.size()));
+  scan_.State.Answers.NotePage(AnswerOf(header));
   next_.CheckHttpStatus(header, page.PageHost + page.PagePath);
   std::string response = std::exchange(page.RecvBuffer, {});
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Activity, Joined("Finished: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
   RemoveHeader(response, header, scan_.PageSlices());
   next_.ProcessPage(std::move(response));
+}
+
+void Fetcher::OnCertificateFault(const std::string& host, std::string_view words) {
+  if (!scan_.State.Scanning || !scan_.Settings.IsOn(setting::chkSecure)) return;
+  if (!scan_.State.FaultyHosts.insert(Lower(host)).second) return;
+  scan_.Lists.lstErr.Add({std::string(words), host});
 }
 
 }  // namespace requite

@@ -35,6 +35,8 @@ class Fetcher : public ConnectionEvents {
   void OnConnect() override;
   void OnDataArrival(std::size_t bytesTotal) override;
   void OnClose() override;
+  /// Adds one row a host and scan to `lstErr`, with the host as its URL.
+  void OnCertificateFault(const std::string& host, std::string_view words) override;
 
  private:
   void TakeData(PageFetch& page);

@@ -47,6 +47,7 @@ SiteVerdict Controller::Judge(std::string reason) {
   verdict.End = DecideEnd();
   verdict.LinksBack = state.LinksCounted >= state.LinksExpected ||
                       (verdict.End == SiteEnd::Redirect && state.LinksExpected == 1);
+  verdict.HttpsOnly = !verdict.LinksBack && state.Answers.HttpsOnly();
   const bool givenUp = reason == reason_word::kTimeout || reason == reason_word::kSkipped;
   verdict.Reached = !givenUp || state.PagesDone > 1 || state.LinksCounted > 0;
   verdict.Reason = std::move(reason);
@@ -128,6 +129,7 @@ void Controller::ResetForNextSite() {
   state.ReasonNote.clear();
   state.RedirectPage.clear();
   state.RedirectSuspected = false;
+  state.Answers = {};
 }
 
 /// A skip of a Linking Site ignores the scan type: even a scan of one site continues as if all were to be

@@ -20,6 +20,13 @@ class ScanHost : public SiteEvents {
   /// Tells the user, without waiting for an answer, that the work files of a page could not be written.
   /// Called at most once per scan. The scan itself does not need the files.
   virtual void TellWorkFilesUnwritten() = 0;
+  /// Tells the user, likewise, that no certificate can be checked. Called at most once per scan, and only
+  /// when secure connections are on.
+  virtual void TellAuthoritiesMissing() {}
+  /// A scan is started: the results of the last one are gone, even if a check then refuses the start.
+  virtual void ScanBegins() {}
+  /// The scan was stopped or has come to its end, and its report is written. Lets no events run.
+  virtual void ScanEnds() {}
 };
 
 }  // namespace requite

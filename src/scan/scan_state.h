@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "model/scan_kinds.h"
 #include "scan/seen_pages.h"
+#include "scan/site_answers.h"
 
 namespace requite {
 
@@ -52,6 +54,9 @@ struct ScanState {
   requite::SeenPages SeenPages;
   std::int32_t AutoSaveTicks = 0;
   bool WorkFilesUnwritten = false;  ///< the user has been told in this scan
+  bool AuthoritiesMissing = false;  ///< likewise
+  SiteAnswers Answers;
+  std::set<std::string> FaultyHosts;  ///< hosts whose certificate fault has its row, in lower case
   PageFetch Page;
 };
 

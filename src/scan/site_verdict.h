@@ -38,7 +38,9 @@ struct SiteVerdict {
   SiteEnd End = SiteEnd::NoneFound;
   std::string Reason;      ///< the last reason word, also when it does not show in the results; or empty
   bool LinksBack = false;  ///< as often as expected; a redirect is one link
-  bool Reached = true;     ///< false when nothing came of the first page: no such name, refused, or silent
+  /// Sent the visitor to https with every page that it answered, and does not link back.
+  bool HttpsOnly = false;
+  bool Reached = true;  ///< false when nothing came of the first page: no such name, refused, or silent
 };
 
 /// The two events of each site. Both come while the scan runs, and neither lets events run.

@@ -22,6 +22,7 @@ void Controller::StartScan() {
   if (!TakeFirstSite()) return;
   scan_.Work.Claim();
   scan_.State.Scanning = true;
+  TellIfAuthoritiesAreMissing();
   TellSiteBegins();
   ScanNextPage();
 }
@@ -47,10 +48,14 @@ void Controller::ResetForStart() {
   state.PageFull.clear();
   state.PageDir.clear();
   state.WorkFilesUnwritten = false;
+  state.AuthoritiesMissing = false;
+  state.Answers = {};
+  state.FaultyHosts.clear();
   scan_.Lists.List2.Clear();
   scan_.Project.List3.Clear();
   scan_.Lists.lstErr.Clear();
   scan_.Project.ProjectSaved = false;
+  scan_.Host.ScanBegins();
 }
 
 /// Sets CurrentMainSite by the scan type. Without a selected Main Site it is 0, and the checks look at the
@@ -107,6 +112,12 @@ void Controller::SwitchCommandsForStart() {
   for (Button* button : {&window.cmdNextSearch, &window.cmdStop, &window.Command11, &window.cmdSkip}) {
     button->SetEnabled(true);
   }
+}
+
+void Controller::TellIfAuthoritiesAreMissing() {
+  if (!scan_.Settings.IsOn(setting::chkSecure) || scan_.Platform.Connection.HasAuthorities()) return;
+  scan_.State.AuthoritiesMissing = true;
+  scan_.Host.TellAuthoritiesMissing();
 }
 
 bool Controller::TakeFirstSite() {

@@ -78,6 +78,7 @@ class ScriptedConnection : public Connection {
     Open = false;
     ++Closes;
   }
+  bool HasAuthorities() override { return Authorities; }
 
   void Establish() {
     if (Open) Events->OnConnect();
@@ -110,6 +111,7 @@ class ScriptedConnection : public Connection {
   std::string Sent;
   int Connects = 0;
   int Closes = 0;
+  bool Authorities = true;
   std::function<void()> WhenConnecting;
 
  private:

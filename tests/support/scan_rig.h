@@ -37,6 +37,7 @@ class FakeScanHost : public ScanHost {
     if (OnReport) OnReport();
   }
   void TellWorkFilesUnwritten() override { Calls.emplace_back("TellWorkFilesUnwritten"); }
+  void TellAuthoritiesMissing() override { Calls.emplace_back("TellAuthoritiesMissing"); }
   void SiteBegins(const ScannedSite& site) override {
     Begun.push_back(site);
     if (OnSiteBegins) OnSiteBegins();
