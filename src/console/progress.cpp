@@ -88,6 +88,8 @@ void ScanProgress::Summarise() {
                << (std::max(finished_, all) == 1 ? " site: " : " sites: ") << linkBack_ << " link back, "
                << finished_ - linkBack_ - notReached_ << " do not, " << notReached_ << " not reached"
                << std::endl;
+  const HttpsOnlySites& httpsOnly = program_.Form1.HttpsOnly;
+  if (!httpsOnly.Empty()) program_.Err << httpsOnly.Words() << " With --secure it can." << std::endl;
 }
 
 void ScanProgress::Clear() {

@@ -81,6 +81,22 @@ TEST_F(ScanCommand, ASiteThatNeverAnswersIsNotReached) {
       << rig_.Err.str();
 }
 
+TEST_F(ScanCommand, SitesThatNeedSecureConnectionsAreCountedUnlessTheScanIsQuiet) {
+  rig_.Services.Connection.WhenConnecting = [this] {
+    rig_.Loop.After(1, [this] {
+      rig_.Services.Connection.Serve("HTTP/1.1 302 Found\r\nLocation: https://a.example/\r\n\r\n");
+    });
+  };
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_TRUE(
+      rig_.Err.str().ends_with("\n2 sites: 0 link back, 2 do not, 0 not reached\n2 sites answer over "
+                               "HTTPS only; this scan could not read them. With --secure it can.\n"))
+      << rig_.Err.str();
+  rig_.Err.str("");
+  RunScan(rig_.Program, options_, ScanProgress::Output::None, interrupt_);
+  EXPECT_EQ(rig_.Err.str(), "");
+}
+
 TEST_F(ScanCommand, SkipAndStopArePressedWhenTheirTimeHasCome) {
   rig_.Services.Connection.WhenConnecting = nullptr;  // nobody answers
   options_.SkipAfter = 5;

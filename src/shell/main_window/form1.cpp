@@ -83,11 +83,34 @@ void Form1::TellWorkFilesUnwritten() {
   if (OnNotice) OnNotice("The work files of a page could not be written. The scan goes on without them.");
 }
 
+void Form1::TellAuthoritiesMissing() {
+  if (OnNotice)
+    OnNotice(
+        "This system has no certificate authorities, so secure connections cannot be checked and pages are "
+        "read "
+        "over plain HTTP. The package ca-certificates has them.");
+}
+
+void Form1::ScanEnds() {
+  if (!HttpsOnly.Empty() && OnHttpsOnly) OnHttpsOnly();
+}
+
+void Form1::TurnOnSecureAndScanAgain() {
+  if (State.Scanning || !Command1.EnabledInEffect()) return;
+  if (ProgramWindow* const options = Windows.Find("frmOptions")) {
+    if (auto* const box = options->Controls.Find(setting::chkSecure.Name).As<CheckBox>()) box->SetValue(1);
+  }
+  Settings.SaveSetting(setting::chkSecure, 1);
+  mnuScan.Click(static_cast<int>(State.ScanType));
+  Command1.Click();
+}
+
 void Form1::SiteBegins(const ScannedSite& site) {
   for (SiteEvents* listener : SiteListeners) listener->SiteBegins(site);
 }
 
 void Form1::SiteFinished(const SiteVerdict& verdict) {
+  if (verdict.HttpsOnly && !Settings.IsOn(setting::chkSecure)) HttpsOnly.Add(verdict.Url);
   for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);
 }
 

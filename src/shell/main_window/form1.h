@@ -29,6 +29,7 @@
 #include "shell/control_index.h"
 #include "shell/form5_log.h"
 #include "shell/main_window/hidden_commands.h"
+#include "shell/main_window/https_only_sites.h"
 #include "shell/main_window/links.h"
 #include "shell/main_window/menu_bar.h"
 #include "shell/main_window/pages.h"
@@ -96,6 +97,8 @@ struct Form1 : Form1Controls, ScanHost {
   std::function<void()> OnEnd;
   /// Shows the user a line of text without waiting for an answer.
   std::function<void(std::string_view)> OnNotice;
+  /// A scan has ended with sites in `HttpsOnly`.
+  std::function<void()> OnHttpsOnly;
   /// Receive the events of each scanned site, in this order.
   std::vector<SiteEvents*> SiteListeners;
 
@@ -110,8 +113,15 @@ struct Form1 : Form1Controls, ScanHost {
   void ResetSiteCounters() override { Figures.ResetSiteCounters(); }
   void GenerateLinkReport() override { Report.GenerateLinkReport(); }
   void TellWorkFilesUnwritten() override;
+  void TellAuthoritiesMissing() override;
+  void ScanBegins() override { HttpsOnly.Clear(); }
+  void ScanEnds() override;
   void SiteBegins(const ScannedSite& site) override;
   void SiteFinished(const SiteVerdict& verdict) override;
+
+  /// Switches secure connections on, also in the options window when it is open, and starts a scan of the
+  /// same type as the last one. Does nothing while a scan runs.
+  void TurnOnSecureAndScanAgain();
 
   /// What the posting tabs of all windows use: the list and the log of the main window.
   [[nodiscard]] PostingNeeds NeedsOfPosting();
@@ -135,6 +145,7 @@ struct Form1 : Form1Controls, ScanHost {
   PageBuilder Pages;
   Form5Log PostedLog;
   MainPosting Post;
+  HttpsOnlySites HttpsOnly;     ///< of the last scan, while secure connections were off
   bool SimpleViewFlag = false;  ///< scripts print it; nothing acts on it
   requite::Windows Windows;     ///< the last member, because its windows refer to the others
 

@@ -51,6 +51,46 @@ TEST(Form1Commands, AreSwitchedByTheStartAndTheEndOfAScan) {
             "cmdViewDatabase Command2 Command3 ");
 }
 
+TEST(Form1Https, SitesThatWereNotReadAreOfferedSecureConnectionsAndTheSameScan) {
+  Form1Rig rig;
+  Form1& form = rig.Form;
+  form.Start();
+  std::vector<std::string> sites;
+  for (int site = 0; site < 32; ++site)
+    sites.push_back(std::string(100, 'x') + std::to_string(site) + "/dir");
+  rig.AddSites("main.example", sites);
+  rig.AddSites("second.example", {"WWW.one.example", "http://www.ONE.example/links.html"});
+  int offers = 0;
+  form.OnHttpsOnly = [&offers] { ++offers; };
+  const auto scan = [&rig, &form] {
+    form.Command1.Click();
+    while (form.State.Scanning)
+      rig.Services.Connection.Serve("HTTP/1.1 301 Moved\r\nLocation: https://a.example/\r\n\r\n");
+  };
+  form.mnuScan.Click(1);
+  scan();
+  EXPECT_EQ(form.HttpsOnly.Words(), "1 site answers over HTTPS only; this scan could not read it.");
+  EXPECT_EQ(form.HttpsOnly.Names(), "one.example");
+  form.mnuScan.Click(0);
+  scan();
+  EXPECT_EQ(form.HttpsOnly.Words(), "33 sites answer over HTTPS only; this scan could not read them.");
+  EXPECT_TRUE(form.HttpsOnly.Names().ends_with("xxx...\nand 13 more")) << form.HttpsOnly.Names();
+  EXPECT_LT(form.HttpsOnly.Names().size(), 2000U);
+  EXPECT_EQ(offers, 2);
+
+  form.mnuScan.Click(1);  // changed after the scan: "again" means the same scan
+  form.Windows.Show("frmOptions");
+  form.TurnOnSecureAndScanAgain();
+  EXPECT_EQ(rig.Setting("chkSecure"), "1");
+  EXPECT_TRUE(form.State.Scanning);
+  EXPECT_EQ(form.State.ScanType, ScanType::AllMainSites);
+  EXPECT_TRUE(form.HttpsOnly.Empty());
+  while (form.State.Scanning)
+    rig.Services.Connection.Serve("HTTP/1.1 301 Moved\r\nLocation: https://a.example/\r\n\r\n");
+  EXPECT_TRUE(form.HttpsOnly.Empty()) << "secure connections are on";
+  EXPECT_EQ(offers, 2);
+}
+
 TEST(Form1Tabs, EachShowsItsControlsAndHidesAllOthers) {
   Form1Rig rig;
   rig.Form.Start();
