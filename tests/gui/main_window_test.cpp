@@ -204,8 +204,42 @@ class MainWindowTest : public QObject, private WindowRig {
     QTRY_COMPARE(Widget<QTableView>("List1")->model()->rowCount(), 1);
   }
 
+  void secureConnectionsAreOfferedAfterAScanThatNeededThem() {
+    AddSites();
+    const QSize before = window_->minimumSizeHint();
+    auto* const bar = Widget<QWidget>("httpsOnlyBar");
+    const auto scan = [&] {
+      form_->Sites.List1(1).SetFieldAt(0, 0, "<img src=x>");
+      form_->Command1.Click();
+      QVERIFY(!bar->isVisible());
+      services_->Connection.Serve("HTTP/1.1 301 M\r\nLocation: https://partner.example/\r\n\r\n");
+      QVERIFY(bar->isVisible());
+    };
+    scan();
+    QVERIFY(Widget<QLabel>("httpsOnlyWords")->text().startsWith("1 site answers over HTTPS only"));
+    QVERIFY(bar->toolTip().contains("&lt;img src=x&gt;"));
+    const QSize with = window_->minimumSizeHint();
+    QVERIFY2(with.width() <= 1024 && with.height() <= 570, qPrintable(QString::number(with.height())));
+    Click("httpsOnlyDismiss");
+    QVERIFY(!bar->isVisible());
+    QTRY_COMPARE(window_->minimumSizeHint(), before);
+    scan();
+    form_->cmdNew.Click();
+    QTRY_VERIFY(!bar->isVisible());  // the results that it is about are gone
+    AddSites();
+    scan();
+    QVERIFY(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(window_.get(), Qt::Key_U, Qt::AltModifier);
+    QTRY_VERIFY(form_->State.Scanning);
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(services_->Store.Read("chkSecure").value_or(""), std::string("1"));
+  }
+
   void everythingThatTakesTheKeyboardHasAName() {
     AddSites();
+    form_->HttpsOnly.Add("partner.example");
+    form_->Sites.List3.Add({"main.example", "partner.example", "None Found", "000", "u"});
+    form_->ScanEnds();
     for (int tab = 1; tab <= 5; ++tab) {
       form_->TabStrip1.Select(tab);
       QTest::qWait(60);

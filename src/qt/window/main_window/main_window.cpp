@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include "qt/window/controls/shown_text.h"
 #include "qt/window/look/glyphs.h"
@@ -45,17 +46,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   if (desktop != nullptr) desktopNotice_.emplace(*desktop);
   BuildToolBar();
   BuildMenus();
-  columns_ = new QSplitter(Qt::Horizontal, this);
-  left_ = new QSplitter(Qt::Vertical, columns_);
-  left_->addWidget(BuildWebsites());
-  left_->addWidget(BuildProgress());
-  columns_->addWidget(left_);
-  columns_->addWidget(BuildResults());
-  columns_->setStretchFactor(1, 1);
-  columns_->setContentsMargins(6, 4, 6, 0);
-  columns_->setChildrenCollapsible(false);
-  left_->setChildrenCollapsible(false);
-  setCentralWidget(columns_);
+  setCentralWidget(BuildContents());
   bind_.Bind(form_.StatusBar1, *statusBar());
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   refresh_.OnApplied = [this] { ShowScan(); };
@@ -78,6 +69,29 @@ MainWindow::~MainWindow() {
   form_.Sites.OnListDropped = nullptr;
   form_.OnClosed = nullptr;
   form_.OnNotice = nullptr;
+  form_.OnHttpsOnly = nullptr;
+}
+
+QWidget* MainWindow::BuildContents() {
+  auto* const contents = new QWidget(this);
+  auto* const layout = new QVBoxLayout(contents);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  httpsOnly_ = new HttpsOnlyBar(form_, user_, contents);
+  layout->addWidget(httpsOnly_);
+  form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
+  columns_ = new QSplitter(Qt::Horizontal, contents);
+  left_ = new QSplitter(Qt::Vertical, columns_);
+  left_->addWidget(BuildWebsites());
+  left_->addWidget(BuildProgress());
+  columns_->addWidget(left_);
+  columns_->addWidget(BuildResults());
+  columns_->setStretchFactor(1, 1);
+  columns_->setContentsMargins(6, 4, 6, 0);
+  columns_->setChildrenCollapsible(false);
+  left_->setChildrenCollapsible(false);
+  layout->addWidget(columns_, 1);
+  return contents;
 }
 
 /// The title and the task bar show the progress of a scan.
@@ -90,7 +104,8 @@ void MainWindow::ShowScan() {
                 .arg(title);
   }
   if (windowTitle() != title) setWindowTitle(title);
-  if (!form_.State.WorkFilesUnwritten) notice_->hide();
+  if (!form_.State.WorkFilesUnwritten && !form_.State.AuthoritiesMissing) notice_->hide();
+  httpsOnly_->Follow();
   if (!desktopNotice_) return;
   desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr,
                        ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),

@@ -157,7 +157,9 @@ QWidget* MainWindow::BuildProgress() {
   notice_->hide();
   layout->addWidget(notice_, 7, 0, 1, 4);
   form_.OnNotice = [this](std::string_view text) {
-    notice_->setText(ToUnicode(text));
+    // One scan has two things to tell at most; the second must not replace the first.
+    const bool second = form_.State.WorkFilesUnwritten && form_.State.AuthoritiesMissing;
+    notice_->setText(second ? notice_->text() + '\n' + ToUnicode(text) : ToUnicode(text));
     notice_->show();
   };
   bind_.BindState(form_.Frame6, *box);

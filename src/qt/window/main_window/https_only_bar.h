@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// The bar above the window's contents that offers secure connections after a scan that needed them.
+#pragma once
+
+#include <QFrame>
+
+#include "qt/window/controls/user_events.h"
+#include "shell/main_window/form1.h"
+
+class QLabel;
+
+namespace requite {
+
+/// Takes no room while it is hidden, as it is at first.
+class HttpsOnlyBar : public QFrame {
+  Q_OBJECT
+
+ public:
+  /// All must outlive the bar.
+  HttpsOnlyBar(Form1& form, const UserEvents& user, QWidget* parent);
+
+  /// Shows the sites of the scan that has just ended.
+  void Offer();
+  /// Hides the bar when the results that it is about are gone.
+  void Follow();
+
+ private:
+  Form1& form_;
+  QLabel* words_;
+};
+
+}  // namespace requite
