@@ -22,18 +22,34 @@ constexpr std::size_t kPiece = 128 * 1024;
 /// another one; the last one may take as long as the page's time-out allows.
 constexpr int kSynRetries = 2;
 
+constexpr std::uint16_t kPlainPort = 80;
+
 constexpr short kServerGone = POLLRDHUP | POLLHUP | POLLERR;
 
 }  // namespace
 
-PageConnection::PageConnection(SocketPoller& poller, NameResolver& resolver, const ConnectMap& map)
-    : resolver_(resolver), map_(map), socket_(poller, [this](short readiness) { OnReady(readiness); }) {}
+PageConnection::PageConnection(SocketPoller& poller, NameResolver& resolver, const ConnectMap& map,
+                               SecureHosts* secure)
+    : poller_(poller),
+      resolver_(resolver),
+      map_(map),
+      secure_(secure),
+      socket_(poller, [this](short readiness) { OnReady(readiness); }) {}
 
 PageConnection::~PageConnection() { resolver_.Forget(this); }
 
 void PageConnection::Connect(const std::string& host, std::uint16_t port) {
   Close();
-  const Endpoint target = map_.Target(host, port);
+  host_ = host;
+  if (secure_ != nullptr && port == kPlainPort && secure_->AsksFirst(host)) {
+    BeginSecure();
+  } else {
+    Reach(port);
+  }
+}
+
+void PageConnection::Reach(std::uint16_t port) {
+  const Endpoint target = map_.Target(host_, port);
   if (target.Host.empty() || target.Host.find('\0') != std::string::npos) return;
   port_ = target.Port;
   state_ = State::Resolving;
@@ -47,6 +63,7 @@ void PageConnection::Connect(const std::string& host, std::uint16_t port) {
 void PageConnection::UseAddresses(const SocketAddresses& addresses) {
   addresses_ = addresses;
   nextAddress_ = 0;
+  if (filter_) StartPatience();
   TryNextAddress();
 }
 
@@ -74,6 +91,7 @@ void PageConnection::TryNextAddress() {
     socket_.Open(descriptor, POLLOUT);
     return;
   }
+  if (filter_) UsePlain(TlsFailure::Other);
 }
 
 void PageConnection::OnReady(short readiness) {
@@ -90,9 +108,13 @@ void PageConnection::OnConnecting(short readiness) {
     TryNextAddress();
     return;
   }
-  state_ = State::Established;
+  state_ = filter_ ? State::Handshaking : State::Established;
   WaitForServer();
-  Events->OnConnect();
+  if (filter_) {
+    SendEncrypted();
+  } else {
+    Events->OnConnect();
+  }
 }
 
 /// Passes on what has arrived, piece by piece, and its end. Each handler may close the
@@ -104,16 +126,16 @@ void PageConnection::Receive(short readiness) {
     const ssize_t bytes = ::recv(socket_.Descriptor(), piece.data(), piece.size(), 0);
     if (bytes < 0 && errno == EINTR) continue;
     if (bytes < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return;
-    if (bytes <= 0) {
-      socket_.Close();
-      state_ = State::Closed;
-      // A broken connection stays silent; only a close by the server is an event.
-      if (bytes == 0 && !reset_) Events->OnClose();
-      return;
+    if (bytes <= 0) return TakeEnd(bytes == 0 && !reset_);
+    const std::string_view got(piece.data(), static_cast<std::size_t>(bytes));
+    if (filter_) {
+      filter_->Feed(got);
+      DecryptEvents();
+    } else {
+      received_.append(got);
+      Events->OnDataArrival(received_.size());
     }
-    received_.append(piece.data(), static_cast<std::size_t>(bytes));
-    Events->OnDataArrival(received_.size());
-    if (serial != serial_) return;
+    if (serial != serial_ || !HasSocket()) return;
     // A short piece is the last one for now, unless the server is known to have closed.
     const bool more = static_cast<std::size_t>(bytes) == piece.size() || (readiness & kServerGone) != 0;
     if (!more) break;
@@ -121,10 +143,27 @@ void PageConnection::Receive(short readiness) {
   WaitForServer();
 }
 
+/// A broken connection stays silent; only a close by the server is an event.
+void PageConnection::TakeEnd(bool isServersClose) {
+  if (filter_ && (isServersClose || state_ == State::Handshaking)) {
+    filter_->FeedEnd();
+    DecryptEvents();
+    return;
+  }
+  socket_.Close();
+  state_ = State::Closed;
+  if (isServersClose) Events->OnClose();
+}
+
 void PageConnection::SendData(std::string_view bytes) {
   if (state_ != State::Established) return;
-  outgoing_.append(bytes);
-  SendRest();
+  if (filter_) {
+    filter_->Write(bytes);
+    SendEncrypted();
+  } else {
+    outgoing_.append(bytes);
+    SendRest();
+  }
 }
 
 /// A failure to send is silent: what the server has sent before can still be received. The system reports
@@ -146,7 +185,7 @@ void PageConnection::DropOutgoing() {
 }
 
 void PageConnection::WaitForServer() {
-  if (state_ != State::Established) return;
+  if (!HasSocket()) return;
   short wanted = outgoing_.empty() ? short{0} : short{POLLOUT};
   if (received_.size() < kMostHeld) wanted = static_cast<short>(wanted | POLLIN | POLLRDHUP);
   socket_.Want(wanted);
@@ -165,6 +204,8 @@ void PageConnection::Close() {
   state_ = State::Closed;
   DropOutgoing();
   received_.clear();
+  filter_.reset();
+  if (patience_) patience_->Close();
 }
 
 }  // namespace requite

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// Which hosts page connections ask over TLS, remembered while the program runs.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "system/tls_context.h"
+#include "system/tls_failure.h"
+
+namespace requite {
+
+/// What the settings say, asked at each connection.
+struct SecureRules {
+  std::function<bool()> IsOn;
+  std::function<std::chrono::milliseconds()> PageTimeout;
+};
+
+/// Shared by all page connections. A host is asked at port 443 first; one that does not answer there as it
+/// should is asked at port 80 for an hour.
+class SecureHosts {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  static constexpr std::chrono::hours kRemembered{1};
+  static constexpr std::size_t kMostHosts = 10'000;
+
+  explicit SecureHosts(SecureRules rules, TlsStore store = SystemTlsStore());
+
+  /// Whether the next connection to the host's port 80 begins with an attempt at port 443. False while the
+  /// setting is off, for hosts that TLS has no names for, and for those remembered as plain.
+  [[nodiscard]] bool AsksFirst(const std::string& host, Clock::time_point now = Clock::now());
+  /// How long an attempt may take, from the first address to the end of the handshake: half of the page's
+  /// time-out, and 3 s at most.
+  [[nodiscard]] std::chrono::milliseconds Patience() const;
+
+  /// The handshake with the host is complete.
+  void Worked(const std::string& host);
+  /// The attempt failed. The host is remembered as plain at once, but only after its second failure in a row
+  /// when it has answered over TLS before.
+  void Failed(const std::string& host, TlsFailure why, Clock::time_point now = Clock::now());
+
+  [[nodiscard]] TlsContext& Context() { return context_; }
+
+  /// Runs for each attempt that failed for the certificate, with the words for users.
+  std::function<void(const std::string& host, std::string_view words)> OnCertificateFault;
+
+ private:
+  struct Known {
+    bool HasWorked = false;
+    int Failures = 0;  ///< in a row
+    Clock::time_point PlainUntil{};
+  };
+
+  Known& Remember(const std::string& host, Clock::time_point now);
+
+  SecureRules rules_;
+  TlsContext context_;
+  std::unordered_map<std::string, Known> known_;  ///< by the host in lower case
+};
+
+}  // namespace requite
