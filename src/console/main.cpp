@@ -115,7 +115,8 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   QtDescriptorLoop descriptors(guard);
   SocketPoller poller(descriptors, guard);
   NameResolver resolver(poller);
-  PageConnection connection(poller, resolver, map);
+  SecureHosts secure(SecureRulesOf(store));
+  PageConnection connection(poller, resolver, map, &secure);
   QtTimer timTimeout(guard);
   QtTimer timer1(guard);
   CurlInternet internet(descriptors, map, AsciiHost);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/secure_rules.h"
 #include "platform/services.h"
 
 namespace requite {
@@ -91,5 +92,9 @@ class Settings {
  private:
   SettingsStore& store_;
 };
+
+/// Reads `chkSecure` and `txtTimeout` whenever it is asked; a stored text that is not a number counts as
+/// "off" and as the default time-out. The store must outlive the rules.
+[[nodiscard]] SecureRules SecureRulesOf(SettingsStore& store);
 
 }  // namespace requite

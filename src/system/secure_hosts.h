@@ -8,16 +8,11 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/secure_rules.h"
 #include "system/tls_context.h"
 #include "system/tls_failure.h"
 
 namespace requite {
-
-/// What the settings say, asked at each connection.
-struct SecureRules {
-  std::function<bool()> IsOn;
-  std::function<std::chrono::milliseconds()> PageTimeout;
-};
 
 /// Shared by all page connections. A host is asked at port 443 first; one that does not answer there as it
 /// should is asked at port 80 for an hour.

@@ -109,6 +109,7 @@ void TlsFilter::Handshake() {
   const int result = SSL_do_handshake(connection_.get());
   if (result == 1) {
     state_ = TlsState::Open;
+    handshakeIsComplete_ = true;
     // With TLS 1.2 a server may renew the ticket within the handshake. The library then spoils the old
     // session and tells nobody of the new one.
     if (Resumed()) context_.KeepSession(connection_.get(), TlsSession(SSL_get1_session(connection_.get())));

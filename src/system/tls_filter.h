@@ -59,6 +59,8 @@ class TlsFilter {
 
   [[nodiscard]] TlsState State() const { return state_; }
   [[nodiscard]] TlsFailure Failure() const { return failure_; }
+  /// Stays true when the connection ends or fails later.
+  [[nodiscard]] bool HandshakeIsComplete() const { return handshakeIsComplete_; }
   /// True when a kept session made the handshake short.
   [[nodiscard]] bool Resumed() const;
 
@@ -78,6 +80,7 @@ class TlsFilter {
   TlsState state_ = TlsState::Handshaking;
   TlsFailure failure_ = TlsFailure::None;
   std::string waiting_;  ///< plain bytes that the library does not take yet
+  bool handshakeIsComplete_ = false;
   bool networkEnded_ = false;
 };
 

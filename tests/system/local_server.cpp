@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -40,6 +41,12 @@ std::string ServedConnection::ReadRequest() {
     request.append(piece.data(), static_cast<std::size_t>(bytes));
   }
   return request;
+}
+
+std::string ServedConnection::ReadSome() {
+  std::array<char, 16 * 1024> piece;
+  const ssize_t bytes = ::recv(descriptor_, piece.data(), piece.size(), 0);
+  return {piece.data(), static_cast<std::size_t>(std::max<ssize_t>(bytes, 0))};
 }
 
 std::string ServedConnection::PeekRequest() {

@@ -20,6 +20,8 @@ class ServedConnection {
 
   /// Everything up to the blank line.
   std::string ReadRequest();
+  /// What has arrived, at least one byte; empty when the other side has closed.
+  std::string ReadSome();
   /// The first piece of the request, which is still there to be read.
   std::string PeekRequest();
   /// False when the other side takes no more.

@@ -8,59 +8,11 @@
 
 #include "qt/loop_rig.h"
 #include "qt/services/qt_timer.h"
+#include "system/connection_recorder.h"
 #include "system/local_server.h"
 
 namespace requite::test {
 namespace {
-
-/// Remembers the events of a connection, and how deep they nest.
-class Recorder : public ConnectionEvents {
- public:
-  explicit Recorder(Connection& connection) : connection_(connection) { connection.Events = this; }
-
-  void OnConnect() override {
-    Note("connect");
-    if (BeforeRequest) BeforeRequest();
-    connection_.SendData("GET / HTTP/1.1\r\n\r\n");
-    Handle(OnConnected);
-  }
-  void OnDataArrival(std::size_t bytesTotal) override {
-    if (Events.empty() || Events.back() != "data") Note("data");
-    Announced = bytesTotal;
-    if (!TakesData) return;
-    const std::size_t before = Data.size();
-    Data += connection_.GetData();
-    EXPECT_EQ(Data.size() - before, bytesTotal);
-    Handle(OnData);
-  }
-  void OnClose() override {
-    Note("close");
-    ++Closes;
-    Handle(OnClosed);
-  }
-
-  std::function<void()> BeforeRequest;
-  std::function<void()> OnConnected;
-  std::function<void()> OnData;
-  std::function<void()> OnClosed;
-  bool TakesData = true;
-  std::vector<std::string> Events;
-  std::string Data;
-  std::size_t Announced = 0;
-  int Closes = 0;
-  int Deepest = 0;
-
- private:
-  void Note(const char* event) { Events.emplace_back(event); }
-  void Handle(const std::function<void()>& action) {
-    Deepest = std::max(Deepest, ++depth_);
-    if (action) action();
-    --depth_;
-  }
-
-  Connection& connection_;
-  int depth_ = 0;
-};
 
 class PageConnectionTest : public testing::Test {
  protected:
@@ -74,9 +26,6 @@ class PageConnectionTest : public testing::Test {
   /// Lets events run inside a handler, longer than any slice.
   void YieldLong() { rig_.Loop.RunFor(std::chrono::milliseconds(10)); }
 };
-
-using Names = std::vector<std::string>;
-const Names kWholePage = {"connect", "data", "close"};
 
 TEST_F(PageConnectionTest, APageComesInOrderAndWhole) {
   for (const std::size_t size : {1UL, 2048UL, 65536UL, 131072UL, 3000000UL}) {

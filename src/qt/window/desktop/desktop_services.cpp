@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cstring>
 
+#include "model/settings.h"
 #include "qt/services/code_page.h"
 #include "qt/window/desktop/opening_failed.h"
 
@@ -18,7 +19,8 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       descriptors_(guard),
       poller_(descriptors_, guard),
       resolver_(poller_),
-      connection_(poller_, resolver_, map),
+      secure_(SecureRulesOf(store_)),
+      connection_(poller_, resolver_, map, &secure_),
       timTimeout_(guard),
       timer1_(guard),
       internet_(descriptors_, map, AsciiHost) {

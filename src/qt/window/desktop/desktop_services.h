@@ -41,6 +41,7 @@ class DesktopServices {
   QtDescriptorLoop descriptors_;
   SocketPoller poller_;
   NameResolver resolver_;
+  SecureHosts secure_;
   PageConnection connection_;
   QtTimer timTimeout_;
   QtTimer timer1_;

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+// Page connections with secure hosts: which port answers a page, and what happens when the secure one does
+// not.
+#include <gtest/gtest.h>
+#include <openssl/ssl.h>
+
+#include <atomic>
+#include <thread>
+
+#include "platform/files.h"
+#include "qt/loop_rig.h"
+#include "support/fakes.h"
+#include "system/connection_recorder.h"
+#include "system/local_server.h"
+#include "system/page_connection.h"
+#include "system/tls_peer.h"
+
+namespace requite::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr const char* kHost = "site.example";
+constexpr milliseconds kPageTimeout{400};
+
+/// Shakes hands and reads the request. False when the client has gone before that.
+bool ReadSecureRequest(ServedConnection& client, ServerEnd& server) {
+  while (server.Request.find("\r\n\r\n") == std::string::npos) {
+    const std::string bytes = client.ReadSome();
+    if (bytes.empty()) return false;
+    server.Feed(bytes);
+    client.Send(server.TakeOutgoing());
+  }
+  return true;
+}
+
+class SecureConnectionTest : public testing::Test {
+ protected:
+  SecureConnectionTest() {
+    WriteFile(folder_.File("authorities.pem"), authority_.Pem());
+    map_.Add({kHost, 443, {"127.0.0.1", secureServer_.Port()}});
+    map_.Add({kHost, 80, {"127.0.0.1", plainServer_.Port()}});
+    secure_.OnCertificateFault = [this](const std::string& host, std::string_view words) {
+      faults_.push_back(host + ": " + std::string(words));
+    };
+  }
+
+  /// The body that a page of the host has now, or "silence".
+  std::string Page() {
+    recorder_.Events.clear();
+    recorder_.Data.clear();
+    recorder_.Closes = 0;
+    connection_.Connect(kHost, 80);
+    const bool closed = rig_.Loop.RunUntil([&] { return recorder_.Closes == 1; }, 2 * kPageTimeout);
+    return closed ? recorder_.Data : "silence";
+  }
+  /// After the handshake and the request: what the server sends.
+  void ServeSecurely(ServedConnection& client, const std::function<void(ServerEnd&)>& act) {
+    ServerEnd server(tls_);
+    if (!ReadSecureRequest(client, server)) return;
+    ++secureRequests_;
+    act(server);
+    client.Send(server.TakeOutgoing());
+  }
+  void ServePage(ServedConnection& client) {
+    ServeSecurely(client, [](ServerEnd& server) {
+      server.Send("secure");
+      server.SendFarewell();
+    });
+  }
+
+  LoopRig rig_;
+  TemporaryFolder folder_;
+  Certificate authority_ = MakeCertificate({.Authority = true, .Subject = "authority"}, nullptr);
+  Certificate site_ = MakeCertificate({.Names = {kHost}}, &authority_);
+  TlsServer tls_{TLS1_3_VERSION, site_};
+  std::atomic<int> secureRequests_ = 0;
+  std::atomic<int> secureConnections_ = 0;
+  std::function<void(ServedConnection&)> onSecure_ = [this](ServedConnection& client) { ServePage(client); };
+  LocalServer secureServer_{[this](ServedConnection& client) {
+    ++secureConnections_;
+    onSecure_(client);
+  }};
+  LocalServer plainServer_{[](ServedConnection& client) {
+    client.ReadRequest();
+    client.Send("plain");
+  }};
+  SocketPoller poller_{rig_.Descriptors, rig_.Guard};
+  NameResolver resolver_{poller_};
+  ConnectMap map_;
+  bool isOn_ = true;
+  SecureHosts secure_{{[this] { return isOn_; }, [] { return kPageTimeout; }},
+                      {folder_.File("authorities.pem"), ""}};
+  PageConnection connection_{poller_, resolver_, map_, &secure_};
+  Recorder recorder_{connection_};
+  Names faults_;
+};
+
+TEST_F(SecureConnectionTest, PagesComeFromTheSecurePortWithTheToldEvents) {
+  for (int page = 0; page < 3; ++page) {
+    EXPECT_EQ(Page(), "secure");
+    EXPECT_EQ(recorder_.Events, kWholePage);
+  }
+  EXPECT_EQ(secureRequests_, 3);
+}
+
+TEST_F(SecureConnectionTest, WithTheSettingOffNothingReachesTheSecurePort) {
+  isOn_ = false;
+  EXPECT_EQ(Page(), "plain");
+  EXPECT_EQ(secureConnections_, 0);
+}
+
+TEST_F(SecureConnectionTest, WhatFailsBeforeTheHandshakeIsCompleteGoesToThePlainPortAndIsRemembered) {
+  const Certificate other = MakeCertificate({.Names = {"other.example"}}, &authority_);
+  const Certificate unknown = MakeCertificate({.Names = {kHost}}, nullptr);
+  const TlsServer wrongName(TLS1_3_VERSION, other);
+  const TlsServer unknownAuthority(TLS1_2_VERSION, unknown);
+  const auto with = [](const TlsServer& tls) {
+    return [&tls](ServedConnection& client) {
+      ServerEnd server(tls);
+      ReadSecureRequest(client, server);
+    };
+  };
+  const struct {
+    const char* Name;
+    std::function<void(ServedConnection&)> Act;
+    Names Faults;
+  } kRows[] = {
+      {"closes at once", [](ServedConnection&) {}, {}},
+      {"reset", [](ServedConnection& client) { client.Reset(); }, {}},
+      {"silent", [](ServedConnection& client) { client.WaitForPeer(); }, {}},
+      {"plain HTTP", [](ServedConnection& client) { client.Send("HTTP/1.1 400 Bad\r\n\r\n"); }, {}},
+      {"wrong name", with(wrongName), {"site.example: Certificate is for another host"}},
+      {"unknown authority", with(unknownAuthority), {"site.example: Certificate is not trusted"}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.Name);
+    SecureHosts fresh({[] { return true; }, [] { return kPageTimeout; }},
+                      {folder_.File("authorities.pem"), ""});
+    fresh.OnCertificateFault = secure_.OnCertificateFault;
+    PageConnection connection(poller_, resolver_, map_, &fresh);
+    Recorder recorder(connection);
+    faults_.clear();
+    secureConnections_ = 0;
+    onSecure_ = row.Act;
+    for (int page = 1; page <= 2; ++page) {
+      connection.Connect(kHost, 80);
+      ASSERT_TRUE(rig_.Until([&] { return recorder.Closes == page; }));
+    }
+    EXPECT_EQ(recorder.Data, "plainplain");
+    EXPECT_EQ(secureConnections_, 1);
+    EXPECT_EQ(faults_, row.Faults);
+  }
+}
+
+TEST_F(SecureConnectionTest, AHostThatWorkedIsGivenUpAfterItsSecondFailure) {
+  EXPECT_EQ(Page(), "secure");
+  onSecure_ = [](ServedConnection&) {};
+  EXPECT_EQ(Page(), "plain");
+  onSecure_ = [this](ServedConnection& client) { ServePage(client); };
+  EXPECT_EQ(Page(), "secure") << "one failure is forgiven";
+  onSecure_ = [](ServedConnection&) {};
+  EXPECT_EQ(Page(), "plain");
+  EXPECT_EQ(Page(), "plain");
+  EXPECT_EQ(secureConnections_, 5);
+  onSecure_ = [this](ServedConnection& client) { ServePage(client); };
+  EXPECT_EQ(Page(), "plain") << "remembered";
+}
+
+TEST_F(SecureConnectionTest, AfterTheHandshakeNothingGoesOnInTheOpen) {
+  const std::string page(40'000, 's');
+  const struct {
+    const char* Name;
+    std::function<void(ServedConnection&)> Act;
+    std::string Page;
+  } kRows[] = {
+      {"ends without farewell",
+       [&](ServedConnection& client) {
+         ServeSecurely(client, [&](ServerEnd& server) { server.Send(page); });
+       },
+       page},
+      {"ends without an answer", [&](ServedConnection& client) { ServeSecurely(client, [](ServerEnd&) {}); },
+       ""},
+      {"reset in mid-page",
+       [&](ServedConnection& client) {
+         ServeSecurely(client, [&](ServerEnd& server) {
+           server.Send(page);
+           client.Send(server.TakeOutgoing());
+           std::this_thread::sleep_for(milliseconds(50));  // a reset takes back what was not read
+         });
+         client.Reset();
+       },
+       "silence"},
+      {"stalls in mid-record",
+       [&](ServedConnection& client) {
+         ServeSecurely(client, [&](ServerEnd& server) {
+           server.Send(page);
+           client.Send(server.TakeOutgoing().substr(0, 5000));
+         });
+         client.WaitForPeer();
+       },
+       "silence"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.Name);
+    onSecure_ = row.Act;
+    EXPECT_EQ(Page(), row.Page);
+    EXPECT_EQ(recorder_.Events.front(), "connect");
+    connection_.Close();
+  }
+}
+
+TEST_F(SecureConnectionTest, AClosedAttemptLeavesNothingBehind) {
+  onSecure_ = [](ServedConnection& client) { client.WaitForPeer(); };
+  connection_.Connect(kHost, 80);
+  ASSERT_TRUE(rig_.Until([&] { return secureConnections_ == 1; }));
+  connection_.Close();
+  rig_.Loop.RunFor(kPageTimeout);
+  EXPECT_EQ(recorder_.Events, Names{});
+}
+
+}  // namespace
+}  // namespace requite::test
