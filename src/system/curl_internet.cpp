@@ -9,8 +9,8 @@
 namespace requite {
 
 CurlInternet::CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii,
-                           GetLimits limits)
-    : loop_(loop), map_(map), hostToAscii_(hostToAscii), limits_(limits) {}
+                           GetLimits limits, TlsStore store)
+    : loop_(loop), rules_{map, hostToAscii, limits, std::move(store)} {}
 
 CurlInternet::~CurlInternet() {
   Take([](const Get&) { return true; });
@@ -19,7 +19,7 @@ CurlInternet::~CurlInternet() {
 void CurlInternet::Begin(Owner owner, const std::string& url, std::string_view agent, OnAnswer onAnswer,
                          Wait* waiting) {
   if (!multi_) multi_ = std::make_unique<CurlMulti>(loop_, [this](CURL* handle) { OnDone(handle); });
-  auto transfer = std::make_unique<CurlTransfer>(url, agent, hostToAscii_, map_, limits_);
+  auto transfer = std::make_unique<CurlTransfer>(url, agent, rules_);
   multi_->Add(transfer->Handle());
   inProgress_.push_back({owner, std::move(onAnswer), waiting, std::move(transfer)});
 }

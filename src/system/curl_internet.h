@@ -17,7 +17,8 @@ namespace requite {
 class CurlInternet : public Internet {
  public:
   /// Loop and map must outlive this object.
-  CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii, GetLimits limits = {});
+  CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii, GetLimits limits = {},
+               TlsStore store = SystemTlsStore());
   ~CurlInternet() override;
   CurlInternet(const CurlInternet&) = delete;
   CurlInternet& operator=(const CurlInternet&) = delete;
@@ -47,9 +48,7 @@ class CurlInternet : public Internet {
   std::vector<Get> Take(Matches matches);
 
   DescriptorLoop& loop_;
-  const ConnectMap& map_;
-  HostToAscii hostToAscii_;
-  GetLimits limits_;
+  const GetRules rules_;
   std::unique_ptr<CurlMulti> multi_;
   std::vector<Get> inProgress_;
 };

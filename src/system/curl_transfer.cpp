@@ -2,6 +2,8 @@
 // The options of a request, and the reading of its response.
 #include "system/curl_transfer.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -86,12 +88,12 @@ std::string UrlToSend(std::string_view url, HostToAscii hostToAscii) {
   return Escaped(url.substr(0, hostBegin)) + Escaped(host) + Escaped(url.substr(hostEnd));
 }
 
-CurlTransfer::CurlTransfer(std::string_view url, std::string_view agent, HostToAscii hostToAscii,
-                           const ConnectMap& map, const GetLimits& limits)
-    : limits_(limits), easy_(curl_easy_init()) {
-  SetUrl(UrlToSend(url, hostToAscii));
+CurlTransfer::CurlTransfer(std::string_view url, std::string_view agent, const GetRules& rules)
+    : rules_(rules), easy_(curl_easy_init()) {
+  SetUrl(UrlToSend(url, rules.ToAscii));
   SetRequest(agent);
-  SetConnection(map);
+  SetConnection();
+  SetAuthorities();
   curl_easy_setopt(easy_, CURLOPT_HEADERFUNCTION, OnHeadLine);
   curl_easy_setopt(easy_, CURLOPT_HEADERDATA, this);
   curl_easy_setopt(easy_, CURLOPT_WRITEFUNCTION, OnBody);
@@ -120,8 +122,8 @@ void CurlTransfer::SetRequest(std::string_view agent) {
   curl_easy_setopt(easy_, CURLOPT_HTTPHEADER, headers_);
 }
 
-void CurlTransfer::SetConnection(const ConnectMap& map) {
-  for (const ConnectRule& rule : map.Rules()) {
+void CurlTransfer::SetConnection() {
+  for (const ConnectRule& rule : rules_.Map.Rules()) {
     connectTo_ = curl_slist_append(connectTo_, Written(rule).c_str());
   }
   curl_easy_setopt(easy_, CURLOPT_CONNECT_TO, connectTo_);
@@ -130,12 +132,19 @@ void CurlTransfer::SetConnection(const ConnectMap& map) {
   // script may count every request.
   curl_easy_setopt(easy_, CURLOPT_FRESH_CONNECT, 1L);
   curl_easy_setopt(easy_, CURLOPT_FORBID_REUSE, 1L);
-  const auto silence = static_cast<long>(limits_.Silence.count());
+  const auto silence = static_cast<long>(rules_.Limits.Silence.count());
   curl_easy_setopt(easy_, CURLOPT_CONNECTTIMEOUT, silence);
   curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_LIMIT, 1L);
   curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_TIME, silence);
   curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy_, CURLOPT_QUICK_EXIT, 1L);  // does not wait for a look-up that hangs
+}
+
+/// The library would pass over SSL_CERT_FILE and SSL_CERT_DIR, which hold for pages.
+void CurlTransfer::SetAuthorities() {
+  const bool hasFile = ::access(rules_.Store.File.c_str(), R_OK) == 0;
+  curl_easy_setopt(easy_, CURLOPT_CAINFO, hasFile ? rules_.Store.File.c_str() : nullptr);
+  curl_easy_setopt(easy_, CURLOPT_CAPATH, rules_.Store.Folders.c_str());
 }
 
 std::size_t CurlTransfer::OnHeadLine(const char* text, std::size_t, std::size_t length, void* self) noexcept {
@@ -160,13 +169,13 @@ std::size_t CurlTransfer::OnBody(const char* piece, std::size_t, std::size_t len
   constexpr std::size_t kEndTransfer = 0;
   auto& transfer = *static_cast<CurlTransfer*>(self);
   if (!transfer.answered_) return kEndTransfer;  // the page sent with a redirect is not read
-  const std::size_t room = transfer.limits_.MostBytes - transfer.body_.size();
+  const std::size_t room = transfer.rules_.Limits.MostBytes - transfer.body_.size();
   transfer.body_.append(piece, std::min(room, length));
   return length <= room ? length : kEndTransfer;
 }
 
 bool CurlTransfer::FollowRedirect() {
-  if (location_.empty() || redirects_ == limits_.MostRedirects) return false;
+  if (location_.empty() || redirects_ == rules_.Limits.MostRedirects) return false;
   std::string next = Resolved(url_, location_);
   if (!IsWebUrl(next)) return false;
   ++redirects_;

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "system/connect_map.h"
+#include "system/tls_store.h"
 
 namespace requite {
 
@@ -22,6 +23,14 @@ struct GetLimits {
 /// The name of a host as DNS has it: an international one in its ASCII form. Empty when it has no such form.
 using HostToAscii = std::string (*)(std::string_view host);
 
+/// What holds for all GETs.
+struct GetRules {
+  const ConnectMap& Map;
+  HostToAscii ToAscii;
+  GetLimits Limits;
+  TlsStore Store;  ///< the authorities that secure servers need
+};
+
 /// The URL as it is given to the library: an international host in its ASCII form, a space or a control
 /// character as "%XX", and every other byte as it is. Empty when it does not begin with "http://" or
 /// "https://" and a host.
@@ -30,8 +39,8 @@ using HostToAscii = std::string (*)(std::string_view host);
 /// One GET with its redirects; the object must not be moved while it runs.
 class CurlTransfer {
  public:
-  CurlTransfer(std::string_view url, std::string_view agent, HostToAscii hostToAscii, const ConnectMap& map,
-               const GetLimits& limits);
+  /// The rules must outlive the transfer.
+  CurlTransfer(std::string_view url, std::string_view agent, const GetRules& rules);
   ~CurlTransfer();
   CurlTransfer(const CurlTransfer&) = delete;
   CurlTransfer& operator=(const CurlTransfer&) = delete;
@@ -50,9 +59,10 @@ class CurlTransfer {
 
   void SetUrl(std::string url);
   void SetRequest(std::string_view agent);
-  void SetConnection(const ConnectMap& map);
+  void SetConnection();
+  void SetAuthorities();
 
-  GetLimits limits_;
+  const GetRules& rules_;
   CURL* easy_;
   curl_slist* headers_ = nullptr;
   curl_slist* connectTo_ = nullptr;

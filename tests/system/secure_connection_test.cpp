@@ -9,8 +9,10 @@
 
 #include "platform/files.h"
 #include "qt/loop_rig.h"
+#include "qt/services/code_page.h"
 #include "support/fakes.h"
 #include "system/connection_recorder.h"
+#include "system/curl_internet.h"
 #include "system/local_server.h"
 #include "system/page_connection.h"
 #include "system/tls_peer.h"
@@ -208,6 +210,17 @@ TEST_F(SecureConnectionTest, AfterTheHandshakeNothingGoesOnInTheOpen) {
     EXPECT_EQ(recorder_.Events.front(), "connect");
     connection_.Close();
   }
+}
+
+TEST_F(SecureConnectionTest, GetsTrustTheSameAuthorities) {
+  onSecure_ = [this](ServedConnection& client) {
+    ServeSecurely(client, [](ServerEnd& server) { server.Send("HTTP/1.1 200 OK\r\n\r\nsecure"); });
+  };
+  const std::string url = "https://" + std::string(kHost) + "/";
+  CurlInternet internet(rig_.Descriptors, map_, AsciiHost, {}, {folder_.File("authorities.pem"), ""});
+  EXPECT_EQ(Gets(internet).OpenUrl(url, "Mozilla"), "secure");
+  CurlInternet without(rig_.Descriptors, map_, AsciiHost, {}, {folder_.File("missing.pem"), ""});
+  EXPECT_EQ(Gets(without).OpenUrl(url, "Mozilla"), std::nullopt);
 }
 
 TEST_F(SecureConnectionTest, AClosedAttemptLeavesNothingBehind) {
