@@ -17,6 +17,11 @@ namespace {
 
 /// The most data received at once: enough for most pages.
 constexpr std::size_t kPiece = 128 * 1024;
+/// Of a secure connection: what is fed at once takes memory until its end.
+constexpr std::size_t kSecurePiece = 32 * 1024;
+
+/// A secure server can make the client answer; one that reads no answers is not read either.
+constexpr std::size_t kMostUnread = 64 * 1024;
 
 /// An address that does not answer is given up after about seven seconds while the host has
 /// another one; the last one may take as long as the page's time-out allows.
@@ -122,8 +127,9 @@ void PageConnection::OnConnecting(short readiness) {
 void PageConnection::Receive(short readiness) {
   std::array<char, kPiece> piece;
   const std::uint64_t serial = serial_;
-  while (received_.size() < kMostHeld) {
-    const ssize_t bytes = ::recv(socket_.Descriptor(), piece.data(), piece.size(), 0);
+  const std::size_t atOnce = filter_ ? kSecurePiece : piece.size();
+  while (MayReceive()) {
+    const ssize_t bytes = ::recv(socket_.Descriptor(), piece.data(), atOnce, 0);
     if (bytes < 0 && errno == EINTR) continue;
     if (bytes < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return;
     if (bytes <= 0) return TakeEnd(bytes == 0 && !reset_);
@@ -137,7 +143,7 @@ void PageConnection::Receive(short readiness) {
     }
     if (serial != serial_ || !HasSocket()) return;
     // A short piece is the last one for now, unless the server is known to have closed.
-    const bool more = static_cast<std::size_t>(bytes) == piece.size() || (readiness & kServerGone) != 0;
+    const bool more = static_cast<std::size_t>(bytes) == atOnce || (readiness & kServerGone) != 0;
     if (!more) break;
   }
   WaitForServer();
@@ -179,6 +185,10 @@ void PageConnection::SendRest() {
   WaitForServer();
 }
 
+bool PageConnection::MayReceive() const {
+  return received_.size() < kMostHeld && !(filter_ && outgoing_.size() - sent_ > kMostUnread);
+}
+
 void PageConnection::DropOutgoing() {
   outgoing_.clear();
   sent_ = 0;
@@ -187,7 +197,7 @@ void PageConnection::DropOutgoing() {
 void PageConnection::WaitForServer() {
   if (!HasSocket()) return;
   short wanted = outgoing_.empty() ? short{0} : short{POLLOUT};
-  if (received_.size() < kMostHeld) wanted = static_cast<short>(wanted | POLLIN | POLLRDHUP);
+  if (MayReceive()) wanted = static_cast<short>(wanted | POLLIN | POLLRDHUP);
   socket_.Want(wanted);
 }
 

@@ -51,6 +51,7 @@ class PageConnection : public Connection {
   void SendRest();
   void DropOutgoing();
   void WaitForServer();
+  [[nodiscard]] bool MayReceive() const;
   [[nodiscard]] bool HasSocket() const {
     return state_ == State::Handshaking || state_ == State::Established;
   }
