@@ -13,10 +13,12 @@
 #include "console/output_buffer.h"
 #include "console/path_checks.h"
 #include "console/program.h"
+#include "console/run_settings.h"
 #include "console/scan_command.h"
 #include "console/script/script_runner.h"
 #include "console/window_program.h"
 #include "model/settings.h"
+#include "model/visitor.h"
 #include "platform/process_start.h"
 #include "qt/services/code_page.h"
 #include "qt/services/program_folder.h"
@@ -104,6 +106,10 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   for (const auto& [key, value] : options.Common.Settings) {
     store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
   }
+  RunSettings settings(store);
+  for (const auto& [key, value] : options.Common.RunSettings) {
+    settings.Hold(FromUtf8(key), SettingValue(kCodec, key, value));
+  }
   ConnectMap map;
   for (ConnectRule rule : options.Common.ConnectTo) {
     rule.Host = FromUtf8(rule.Host);  // the hosts of a project are bytes of the code page
@@ -115,7 +121,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   QtDescriptorLoop descriptors(guard);
   SocketPoller poller(descriptors, guard);
   NameResolver resolver(poller);
-  SecureHosts secure(SecureRulesOf(store));
+  SecureHosts secure(SecureRulesOf(settings));
   PageConnection connection(poller, resolver, map, &secure);
   QtTimer timTimeout(guard);
   QtTimer timer1(guard);
@@ -125,13 +131,13 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   SoundRecorder sounds;
   QuietShell shell;
   SystemClock clock;
-  Services services{events,  connection, timTimeout, timer1, internet, store,
+  Services services{events,  connection, timTimeout, timer1, internet, settings,
                     dialogs, clipboard,  sounds,     shell,  clock};
   Form1 form1(services, folder);
   project = &form1.Sites;
   ConsoleProgram program{form1,
                          loop,
-                         store,
+                         settings,
                          dialogs,
                          sounds,
                          clipboard,

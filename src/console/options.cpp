@@ -49,9 +49,9 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   app.add_option("--settings", common.SettingsFile, "The settings store to use")->type_name("FILE");
   AddRepeatable(app, "--set", common.Settings, "Write one setting before anything else runs", "KEY=VALUE");
   app.add_flag("--secure", common.Secure,
-               "Ask for pages over HTTPS where a site offers it (as --set chkSecure=1)");
+               "Ask for pages over HTTPS where a site offers it, in this run (chkSecure=1)");
   app.add_option("--user-agent", common.UserAgent,
-                 "The name given to sites; many refuse a visitor without one (as --set txtUserAgent=TEXT)")
+                 "The name given to sites in this run (txtUserAgent); many refuse a visitor without one")
       ->type_name("TEXT");
   AddRepeatable(app, "--connect-to", common.ConnectTo,
                 "Send connections to HOST:PORT to ADDRESS:PORT2 (an empty HOST or PORT matches any)",
@@ -60,14 +60,14 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   app.add_flag("-q,--quiet", common.Quiet, "No progress and no summary on standard error");
 }
 
-/// Options that are another way to write a setting. They win over --set. Returns a problem or an empty text.
+/// Options that stand for a setting in this run. They win over --set. Returns a problem or an empty text.
 std::string TakeSettingOptions(const RawCommon& raw, CommonOptions& common) {
-  if (raw.Secure) common.Settings.emplace_back(setting::chkSecure.Name, "1");
+  if (raw.Secure) common.RunSettings.emplace_back(setting::chkSecure.Name, "1");
   if (!raw.UserAgent) return {};
   if (*raw.UserAgent != WithoutControlCharacters(*raw.UserAgent)) {
     return "--user-agent: the name holds a control character, such as a line end";
   }
-  common.Settings.emplace_back(setting::txtUserAgent.Name, *raw.UserAgent);
+  common.RunSettings.emplace_back(setting::txtUserAgent.Name, *raw.UserAgent);
   return {};
 }
 

@@ -14,9 +14,10 @@ namespace requite {
 
 /// The options of both commands. Paths are bytes of the file system, all other texts are UTF-8.
 struct CommonOptions {
-  std::string ProgramFolder;  ///< empty: the program's own choice
-  std::string SettingsFile;   ///< empty: the user's own
-  std::vector<std::pair<std::string, std::string>> Settings;
+  std::string ProgramFolder;                                     ///< empty: the program's own choice
+  std::string SettingsFile;                                      ///< empty: the user's own
+  std::vector<std::pair<std::string, std::string>> Settings;     ///< are stored
+  std::vector<std::pair<std::string, std::string>> RunSettings;  ///< hold for this run and are not stored
   std::vector<ConnectRule> ConnectTo;
   bool Private = false;  ///< settings are a copy that is thrown away
   bool Quiet = false;    ///< no progress and no summary on standard error

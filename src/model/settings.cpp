@@ -9,7 +9,6 @@ namespace requite {
 namespace {
 
 constexpr std::size_t kMostShown = 100;
-constexpr std::int16_t kDefaultTimeout = 60;  // seconds
 
 /// Only the user can correct a stored value, so the message says which one it is.
 template <class Read>
@@ -33,16 +32,6 @@ std::int16_t Settings::Number(const SettingKey& key) const {
 
 std::int32_t Settings::LongNumber(const SettingKey& key) const {
   return ReadNumber(key, GetSetting(key), ReadInt32);
-}
-
-SecureRules SecureRulesOf(SettingsStore& store) {
-  const auto number = [&store](const SettingKey& key, std::int16_t otherwise) {
-    std::int16_t value = otherwise;
-    PassOver([&] { value = Settings(store).Number(key); });
-    return value;
-  };
-  return {[=] { return number(setting::chkSecure, 0) == 1; },
-          [=] { return std::chrono::seconds(number(setting::txtTimeout, kDefaultTimeout)); }};
 }
 
 }  // namespace requite

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/secure_rules.h"
 #include "platform/services.h"
 
 namespace requite {
@@ -51,7 +50,6 @@ inline constexpr SettingKey cmbAdvance{"cmbAdvance", "4"};
 inline constexpr SettingKey chkAuto{"chkAuto", "1"};
 inline constexpr SettingKey chkAuto2{"chkAuto2", "1"};
 inline constexpr SettingKey chkRedirect{"chkRedirect", "1"};
-inline constexpr SettingKey chkSecure{"chkSecure", "0"};
 inline constexpr SettingKey chkUpdate{"chkUpdate", "1"};
 inline constexpr SettingKey chkLog{"chkLog", "0"};
 inline constexpr SettingKey chkAudioEmail{"chkAudioEmail", "1"};
@@ -81,8 +79,6 @@ class Settings {
   [[nodiscard]] std::int32_t LongNumber(const SettingKey& key) const;
   /// Whether the value, as a number, is exactly 1. Throws like Number.
   [[nodiscard]] bool IsOne(const SettingKey& key) const { return Number(key) == 1; }
-  /// Whether the value is the text "1". Never throws: whatever else is stored is off.
-  [[nodiscard]] bool IsOn(const SettingKey& key) const { return GetSetting(key) == "1"; }
 
   void SaveSetting(const SettingKey& key, std::string_view value) { store_.Write(key.Name, value); }
   void SaveSetting(const SettingKey& key, std::int64_t value) {
@@ -92,9 +88,5 @@ class Settings {
  private:
   SettingsStore& store_;
 };
-
-/// Reads `chkSecure` and `txtTimeout` whenever it is asked; a stored text that is not a number counts as
-/// "off" and as the default time-out. The store must outlive the rules.
-[[nodiscard]] SecureRules SecureRulesOf(SettingsStore& store);
 
 }  // namespace requite

@@ -6,6 +6,7 @@
 
 #include "model/settings.h"
 #include "platform/http_get_text.h"
+#include "platform/secure_rules.h"
 
 namespace requite {
 
@@ -19,6 +20,10 @@ namespace requite {
 
 /// Both, for a GET. To be read for each GET, as the user may change the options at any time.
 [[nodiscard]] Visitor VisitorOf(const Settings& settings);
+
+/// For connections: reads the settings whenever it is asked. A stored time-out that is not a number counts as
+/// the default one. The store must outlive the rules.
+[[nodiscard]] SecureRules SecureRulesOf(SettingsStore& store);
 
 /// The text without its control characters (codes 0 to 31 and 127), line ends and tabs among them. In a
 /// request they could begin a line of their own.

@@ -39,8 +39,9 @@ class ConnectionEvents {
   virtual void OnConnect() = 0;
   virtual void OnDataArrival(std::size_t bytesTotal) = 0;
   virtual void OnClose() = 0;
-  /// The host was refused for its certificate; `words` say why, such as "Certificate has expired". May come
-  /// again with each connection to the host. Only when secure connections are on.
+  /// The host is asked over plain HTTP because of its certificate; `words` say why, such as "Certificate has
+  /// expired". Comes with each connection to the host, perhaps while Connect runs. Only when secure
+  /// connections are on. Must not let events run.
   virtual void OnCertificateFault(const std::string& host, std::string_view words) {
     static_cast<void>(host);
     static_cast<void>(words);

@@ -169,7 +169,7 @@ void Fetcher::OnClose() {
 }
 
 void Fetcher::OnCertificateFault(const std::string& host, std::string_view words) {
-  if (!scan_.State.Scanning || !scan_.Settings.IsOn(setting::chkSecure)) return;
+  if (!scan_.State.Scanning || !AsksSecurely(scan_.Settings)) return;
   if (!scan_.State.FaultyHosts.insert(Lower(host)).second) return;
   scan_.Lists.lstErr.Add({std::string(words), host});
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The start of a scan: what it resets, what it checks, and the first site.
 #include "model/file_types.h"
+#include "model/visitor.h"
 #include "platform/failure_box.h"
 #include "platform/text.h"
 #include "scan/controller.h"
@@ -115,7 +116,7 @@ void Controller::SwitchCommandsForStart() {
 }
 
 void Controller::TellIfAuthoritiesAreMissing() {
-  if (!scan_.Settings.IsOn(setting::chkSecure) || scan_.Platform.Connection.HasAuthorities()) return;
+  if (!AsksSecurely(scan_.Settings) || scan_.Platform.Connection.HasAuthorities()) return;
   scan_.State.AuthoritiesMissing = true;
   scan_.Host.TellAuthoritiesMissing();
 }

@@ -46,11 +46,10 @@ PageConnection::~PageConnection() { resolver_.Forget(this); }
 void PageConnection::Connect(const std::string& host, std::uint16_t port) {
   Close();
   host_ = host;
-  if (secure_ != nullptr && port == kPlainPort && secure_->AsksFirst(host)) {
-    BeginSecure();
-  } else {
-    Reach(port);
-  }
+  if (secure_ == nullptr || port != kPlainPort) return Reach(port);
+  if (secure_->AsksFirst(host)) return BeginSecure();
+  TellCertificateFault();
+  Reach(port);
 }
 
 void PageConnection::Reach(std::uint16_t port) {
@@ -217,5 +216,7 @@ void PageConnection::Close() {
   filter_.reset();
   if (patience_) patience_->Close();
 }
+
+bool PageConnection::HasAuthorities() { return secure_ == nullptr || secure_->Context().HasAuthorities(); }
 
 }  // namespace requite

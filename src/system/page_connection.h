@@ -36,6 +36,7 @@ class PageConnection : public Connection {
   void SendData(std::string_view bytes) override;
   [[nodiscard]] std::string GetData() override;
   void Close() override;
+  [[nodiscard]] bool HasAuthorities() override;
 
  private:
   enum class State { Closed, Resolving, Connecting, Handshaking, Established };
@@ -61,6 +62,7 @@ class PageConnection : public Connection {
   void SendEncrypted();
   void DecryptEvents();
   void UsePlain(TlsFailure why);
+  void TellCertificateFault();
 
   SocketPoller& poller_;
   NameResolver& resolver_;

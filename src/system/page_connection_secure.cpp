@@ -76,7 +76,13 @@ void PageConnection::UsePlain(TlsFailure why) {
   socket_.Close();
   state_ = State::Closed;
   DropOutgoing();
+  TellCertificateFault();
   Reach(kPlainPort);
+}
+
+void PageConnection::TellCertificateFault() {
+  const std::string_view words = secure_->CertificateFault(host_);
+  if (!words.empty()) Events->OnCertificateFault(host_, words);
 }
 
 }  // namespace requite

@@ -19,7 +19,7 @@ SecureHosts::SecureHosts(SecureRules rules, TlsStore store)
     : rules_(std::move(rules)), context_(std::move(store)) {}
 
 bool SecureHosts::AsksFirst(const std::string& host, Clock::time_point now) {
-  if (!rules_.IsOn() || !IsTlsHost(host)) return false;
+  if (!rules_.IsOn() || !IsTlsHost(host) || !context_.HasAuthorities()) return false;
   const auto known = known_.find(Lower(host));
   return known == known_.end() || now >= known->second.PlainUntil;
 }
@@ -37,8 +37,15 @@ void SecureHosts::Worked(const std::string& host) {
 void SecureHosts::Failed(const std::string& host, TlsFailure why, Clock::time_point now) {
   Known& known = Remember(host, now);
   ++known.Failures;
+  known.Why = why;
   if (!known.HasWorked || known.Failures > 1) known.PlainUntil = now + kRemembered;
-  if (IsCertificateFault(why) && OnCertificateFault) OnCertificateFault(host, Words(why));
+}
+
+std::string_view SecureHosts::CertificateFault(const std::string& host) const {
+  if (!rules_.IsOn()) return {};
+  const auto known = known_.find(Lower(host));
+  if (known == known_.end() || known->second.Failures == 0) return {};
+  return IsCertificateFault(known->second.Why) ? Words(known->second.Why) : std::string_view();
 }
 
 SecureHosts::Known& SecureHosts::Remember(const std::string& host, Clock::time_point now) {

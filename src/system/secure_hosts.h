@@ -3,7 +3,6 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -26,7 +25,8 @@ class SecureHosts {
   explicit SecureHosts(SecureRules rules, TlsStore store = SystemTlsStore());
 
   /// Whether the next connection to the host's port 80 begins with an attempt at port 443. False while the
-  /// setting is off, for hosts that TLS has no names for, and for those remembered as plain.
+  /// setting is off, while there are no authorities to check with, for hosts that TLS has no names for, and
+  /// for those remembered as plain.
   [[nodiscard]] bool AsksFirst(const std::string& host, Clock::time_point now = Clock::now());
   /// How long an attempt may take, from the first address to the end of the handshake: half of the page's
   /// time-out, and 3 s at most.
@@ -38,15 +38,17 @@ class SecureHosts {
   /// when it has answered over TLS before.
   void Failed(const std::string& host, TlsFailure why, Clock::time_point now = Clock::now());
 
-  [[nodiscard]] TlsContext& Context() { return context_; }
+  /// Why the host's certificate was refused, in words for users, while that makes it a plain one. Empty for
+  /// all other hosts.
+  [[nodiscard]] std::string_view CertificateFault(const std::string& host) const;
 
-  /// Runs for each attempt that failed for the certificate, with the words for users.
-  std::function<void(const std::string& host, std::string_view words)> OnCertificateFault;
+  [[nodiscard]] TlsContext& Context() { return context_; }
 
  private:
   struct Known {
     bool HasWorked = false;
-    int Failures = 0;  ///< in a row
+    int Failures = 0;                   ///< in a row
+    TlsFailure Why = TlsFailure::None;  ///< of the last one
     Clock::time_point PlainUntil{};
   };
 

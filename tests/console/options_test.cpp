@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "console/run_settings.h"
 #include "platform/text.h"
 #include "support/fakes.h"
 
@@ -49,14 +50,27 @@ TEST_F(CommandLine, AScanWithEverythingAskedFor) {
   EXPECT_EQ(options.Common.ConnectTo[1].Host, "");
 }
 
-TEST_F(CommandLine, SecureConnectionsAndTheVisitorsNameAreSettings) {
+TEST_F(CommandLine, SecureConnectionsAndTheVisitorsNameHoldForThisRun) {
   for (const char* command : {"scan", "script"}) {
     const auto read = Read({command, project_, "--secure", "--user-agent", "", "--set", "chkSecure=0"});
     ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
-    EXPECT_EQ(std::get<Options>(read).Common.Settings,
-              (std::vector<std::pair<std::string, std::string>>{
-                  {"chkSecure", "0"}, {"chkSecure", "1"}, {"txtUserAgent", ""}}));
+    const CommonOptions& common = std::get<Options>(read).Common;
+    using Pairs = std::vector<std::pair<std::string, std::string>>;
+    EXPECT_EQ(common.Settings, (Pairs{{"chkSecure", "0"}}));
+    EXPECT_EQ(common.RunSettings, (Pairs{{"chkSecure", "1"}, {"txtUserAgent", ""}}));
   }
+}
+
+TEST(RunSettings, HoldOverTheStoreUntilTheyAreWritten) {
+  test::MemorySettings store;
+  store.Write("chkSecure", "0");
+  RunSettings settings(store);
+  settings.Hold("chkSecure", "1");
+  EXPECT_EQ(settings.Read("chkSecure"), "1");
+  EXPECT_EQ(store.Read("chkSecure"), "0");
+  settings.Write("chkSecure", "2");
+  EXPECT_EQ(settings.Read("chkSecure"), "2");
+  EXPECT_EQ(store.Read("chkSecure"), "2");
 }
 
 TEST_F(CommandLine, PathsAreTakenFromTheRootOn) {

@@ -93,7 +93,8 @@ TEST_F(ScanCommand, SitesThatNeedSecureConnectionsAreCountedUnlessTheScanIsQuiet
                                "HTTPS only; this scan could not read them. With --secure it can.\n"))
       << rig_.Err.str();
   rig_.Err.str("");
-  RunScan(rig_.Program, options_, ScanProgress::Output::None, interrupt_);
+  EXPECT_EQ(RunScan(rig_.Program, options_, ScanProgress::Output::None, interrupt_),
+            ExitStatus::LinksMissing);
   EXPECT_EQ(rig_.Err.str(), "");
 }
 

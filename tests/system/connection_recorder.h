@@ -41,6 +41,9 @@ class Recorder : public ConnectionEvents {
     ++Closes;
     Handle(OnClosed);
   }
+  void OnCertificateFault(const std::string& host, std::string_view words) override {
+    Faults.push_back(host + ": " + std::string(words));
+  }
 
   std::function<void()> BeforeRequest;
   std::function<void()> OnConnected;
@@ -48,6 +51,7 @@ class Recorder : public ConnectionEvents {
   std::function<void()> OnClosed;
   bool TakesData = true;
   std::vector<std::string> Events;
+  std::vector<std::string> Faults;
   std::string Data;
   std::size_t Announced = 0;
   int Closes = 0;

@@ -2,6 +2,8 @@
 // How the main window is built: what lives over what, and which controls each part of it works with.
 #include "shell/main_window/form1.h"
 
+#include "model/visitor.h"
+
 namespace requite {
 
 Form1Controls::Form1Controls()
@@ -86,9 +88,8 @@ void Form1::TellWorkFilesUnwritten() {
 void Form1::TellAuthoritiesMissing() {
   if (OnNotice)
     OnNotice(
-        "This system has no certificate authorities, so secure connections cannot be checked and pages are "
-        "read "
-        "over plain HTTP. The package ca-certificates has them.");
+        "This system has no certificate authorities to check secure connections with, so pages are read over "
+        "plain HTTP. The package ca-certificates has them.");
 }
 
 void Form1::ScanEnds() {
@@ -110,7 +111,7 @@ void Form1::SiteBegins(const ScannedSite& site) {
 }
 
 void Form1::SiteFinished(const SiteVerdict& verdict) {
-  if (verdict.HttpsOnly && !Settings.IsOn(setting::chkSecure)) HttpsOnly.Add(verdict.Url);
+  if (verdict.HttpsOnly && !AsksSecurely(Settings)) HttpsOnly.Add(verdict.Url);
   for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);
 }
 
