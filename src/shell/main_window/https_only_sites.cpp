@@ -19,8 +19,9 @@ std::string Shortened(const std::string& host) {
 
 }  // namespace
 
-void HttpsOnlySites::Add(std::string url) {
-  std::string host = Lower(BareHost(url));
+void HttpsOnlySites::Add(const std::string& url) {
+  std::string host = Lower(url);
+  BareHost(host);
   if (!host.empty()) hosts_.insert(std::move(host));
 }
 

@@ -13,7 +13,7 @@ class HttpsOnlySites {
  public:
   void Clear() { hosts_.clear(); }
   /// Takes the URL of a Linking Site. Sites on one host are one site.
-  void Add(std::string url);
+  void Add(const std::string& url);
   [[nodiscard]] bool Empty() const { return hosts_.empty(); }
 
   /// "7 sites answer over HTTPS only; this scan could not read them."

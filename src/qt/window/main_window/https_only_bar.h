@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The bar above the window's contents that offers secure connections after a scan that needed them.
+// The bar above the results that offers secure connections after a scan that needed them.
 #pragma once
 
 #include <QFrame>

@@ -14,7 +14,6 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include "qt/window/controls/shown_text.h"
 #include "qt/window/look/glyphs.h"
@@ -46,7 +45,17 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   if (desktop != nullptr) desktopNotice_.emplace(*desktop);
   BuildToolBar();
   BuildMenus();
-  setCentralWidget(BuildContents());
+  columns_ = new QSplitter(Qt::Horizontal, this);
+  left_ = new QSplitter(Qt::Vertical, columns_);
+  left_->addWidget(BuildWebsites());
+  left_->addWidget(BuildProgress());
+  columns_->addWidget(left_);
+  columns_->addWidget(BuildResults());
+  columns_->setStretchFactor(1, 1);
+  columns_->setContentsMargins(6, 4, 6, 0);
+  columns_->setChildrenCollapsible(false);
+  left_->setChildrenCollapsible(false);
+  setCentralWidget(columns_);
   bind_.Bind(form_.StatusBar1, *statusBar());
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   refresh_.OnApplied = [this] { ShowScan(); };
@@ -70,28 +79,6 @@ MainWindow::~MainWindow() {
   form_.OnClosed = nullptr;
   form_.OnNotice = nullptr;
   form_.OnHttpsOnly = nullptr;
-}
-
-QWidget* MainWindow::BuildContents() {
-  auto* const contents = new QWidget(this);
-  auto* const layout = new QVBoxLayout(contents);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  httpsOnly_ = new HttpsOnlyBar(form_, user_, contents);
-  layout->addWidget(httpsOnly_);
-  form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
-  columns_ = new QSplitter(Qt::Horizontal, contents);
-  left_ = new QSplitter(Qt::Vertical, columns_);
-  left_->addWidget(BuildWebsites());
-  left_->addWidget(BuildProgress());
-  columns_->addWidget(left_);
-  columns_->addWidget(BuildResults());
-  columns_->setStretchFactor(1, 1);
-  columns_->setContentsMargins(6, 4, 6, 0);
-  columns_->setChildrenCollapsible(false);
-  left_->setChildrenCollapsible(false);
-  layout->addWidget(columns_, 1);
-  return contents;
 }
 
 /// The title and the task bar show the progress of a scan.

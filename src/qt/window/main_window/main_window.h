@@ -46,7 +46,6 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QWidget* BuildPagesPage();
   [[nodiscard]] QWidget* BuildReportsPage();
   [[nodiscard]] QWidget* BuildPostPage();
-  [[nodiscard]] QWidget* BuildContents();
   void AddShortcuts();
   void RestoreLayout();
   void SaveLayout() const;

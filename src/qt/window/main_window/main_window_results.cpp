@@ -23,6 +23,9 @@ namespace requite {
 QWidget* MainWindow::BuildResults() {
   auto* const box = new QGroupBox(ToUnicode(form_.Frame2.Caption), this);
   auto* const layout = new QVBoxLayout(box);
+  httpsOnly_ = new HttpsOnlyBar(form_, user_, box);
+  layout->addWidget(httpsOnly_);
+  form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
   auto* const tabs = new QTabBar(box);
   tabs->setExpanding(false);
   tabs->setUsesScrollButtons(true);
