@@ -6,7 +6,6 @@
 #include <QTimer>
 #include <cstring>
 
-#include "model/settings.h"
 #include "model/visitor.h"
 #include "qt/services/code_page.h"
 #include "qt/window/desktop/opening_failed.h"
