@@ -207,6 +207,30 @@ TEST_F(SecureConnectionTest, AfterTheHandshakeNothingGoesOnInTheOpen) {
   }
 }
 
+/// A second small packet would wait for the server's acknowledgement of the first: 40 ms a page.
+TEST_F(SecureConnectionTest, TheRequestLeavesTogetherWithTheEndOfAResumedHandshake) {
+  for (const int version : {TLS1_2_VERSION, TLS1_3_VERSION}) {
+    const TlsServer tls(version, site_);
+    Names seen;
+    onSecure_ = [&](ServedConnection& client) {
+      ServerEnd server(tls);
+      int reads = 0;
+      for (std::string bytes; server.Request.empty() && !(bytes = client.ReadSome()).empty(); ++reads) {
+        server.Feed(bytes);
+        client.Send(server.TakeOutgoing());
+      }
+      const bool resumed = SSL_session_reused(server.Library()) == 1;
+      seen.push_back((resumed ? "resumed " : "full ") + std::to_string(reads));
+      server.Send("secure");
+      server.SendClosing();
+      client.Send(server.TakeOutgoing());
+    };
+    EXPECT_EQ(Page() + Page(), "securesecure");
+    ASSERT_EQ(seen.size(), 2U);
+    EXPECT_EQ(seen.back(), "resumed 2") << version;  // the first message, then all the rest
+  }
+}
+
 TEST_F(SecureConnectionTest, GetsTrustTheSameAuthorities) {
   onSecure_ = [this](ServedConnection& client) {
     ServeSecurely(client, [](ServerEnd& server) { server.Send("HTTP/1.1 200 OK\r\n\r\nsecure"); });
