@@ -19,9 +19,11 @@ SecureHosts::SecureHosts(SecureRules rules, TlsStore store)
     : rules_(std::move(rules)), context_(std::move(store)) {}
 
 bool SecureHosts::AsksFirst(const std::string& host, Clock::time_point now) {
-  if (!rules_.IsOn() || !IsTlsHost(host) || !context_.HasAuthorities()) return false;
+  if (!rules_.IsOn() || !IsTlsHost(host)) return false;
   const auto known = known_.find(Lower(host));
-  return known == known_.end() || now >= known->second.PlainUntil;
+  const bool isPlain = known != known_.end() && now < known->second.PlainUntil;
+  // Last, because it may read a folder of certificates.
+  return !isPlain && context_.HasAuthorities();
 }
 
 std::chrono::milliseconds SecureHosts::Patience() const {
