@@ -53,16 +53,18 @@ def make_site(folder, count, kilobytes):
         file.write("\n".join(paths) + "\n")
 
 
-def start_nginx(folder, site, port):
+def start_nginx(folder, site, port, listen="", log="access_log off"):
+    """`listen` comes after the port and may go on with further settings of the server, `log` is a setting too."""
     with open(folder + "/nginx.conf", "w") as file:
         file.write(
             "daemon off; worker_processes 1; pid %s/nginx.pid; error_log %s/error.log crit;\n"
             "events { worker_connections 256; }\n"
-            "http { access_log off; sendfile on; types { text/html html; } default_type text/html;\n"
+            "http { %s; sendfile on; types { text/html html; } default_type text/html;\n"
             "  client_body_temp_path %s/t1; proxy_temp_path %s/t2; fastcgi_temp_path %s/t3;\n"
             "  uwsgi_temp_path %s/t4; scgi_temp_path %s/t5;\n"
             "  open_file_cache max=20000 inactive=600s;\n"
-            "  server { listen 127.0.0.1:%d; root %s; } }\n" % ((folder,) * 7 + (port, site)))
+            "  server { listen 127.0.0.1:%d%s; root %s; } }\n"
+            % ((folder,) * 2 + (log,) + (folder,) * 5 + (port, listen, site)))
     os.chmod(folder, 0o755)
     server = subprocess.Popen(["/usr/sbin/nginx", "-p", folder, "-c", folder + "/nginx.conf"])
     for _ in range(100):
@@ -81,6 +83,16 @@ def timed(command, **options):
     return time.perf_counter() - start, os.waitstatus_to_exitcode(status), usage
 
 
+def make_work_folder(folder):
+    """A program folder with a project of one site, from whose first page all others can be reached."""
+    work = folder + "/work"
+    os.makedirs(work + "/Project Files")
+    shutil.copy("installed/filetypes.txt", work)
+    with open(work + "/bench.prj", "w", newline="") as file:
+        file.write("nowhere-linked.example\r\n%s/d0/p00000.html|1|||||\r\nHTML01:a\r\nHTML02:b\r\nHTML03:c\r\n\r\n" % HOST)
+    return work
+
+
 def scan_command(build, work, port):
     return [build + "/src/console/requite-console", "scan", work + "/bench.prj", "--program-folder", work,
             "--settings", work + "/settings", "--set", "chkAuto=0", "--set", "chkAudioNext=0",
@@ -90,12 +102,8 @@ def scan_command(build, work, port):
 def measure(build, count, kilobytes):
     folder = tempfile.mkdtemp(prefix="requite-bench-", dir="/dev/shm" if kilobytes < 50 else None)
     try:
-        site, work = folder + "/site", folder + "/work"
-        os.makedirs(work + "/Project Files")
+        site, work = folder + "/site", make_work_folder(folder)
         make_site(site, count, kilobytes)
-        shutil.copy("installed/filetypes.txt", work)
-        with open(work + "/bench.prj", "w", newline="") as file:
-            file.write("nowhere-linked.example\r\n%s/d0/p00000.html|1|||||\r\nHTML01:a\r\nHTML02:b\r\nHTML03:c\r\n\r\n" % HOST)
         port = free_port()
         server = start_nginx(folder, site, port)
         try:
@@ -108,13 +116,9 @@ def measure(build, count, kilobytes):
             for _ in range(ROUNDS):
                 bare.append(timed(loop)[0])
                 seconds, status, usage = timed(scan_command(build, work, port))
-                if status != 1:  # no page links back, so the scan must return 1
-                    raise SystemExit("the scan ended with %d" % status)
+                check_scan(work, status, count)
                 own.append(seconds)
                 memory = max(memory, usage.ru_maxrss)
-            pages = scanned_pages(work)
-            if pages != count:
-                raise SystemExit("the scan fetched %d of %d pages" % (pages, count))
             wget.append(timed(crawl)[0])
         finally:
             server.terminate()
@@ -127,10 +131,14 @@ def measure(build, count, kilobytes):
         shutil.rmtree(folder)
 
 
-def scanned_pages(work):
-    """The scan's own count, from its report."""
+def check_scan(work, status, count):
+    """Ends the program unless the scan has read all pages: its own count is in its report."""
+    if status != 1:  # no page links back, so the scan must return 1
+        raise SystemExit("the scan ended with %d" % status)
     with open(work + "/tempreport.html", encoding="cp1252") as file:
-        return int(re.search(r"Total Pages Scanned:</td><td> (\d+)<", file.read()).group(1))
+        pages = int(re.search(r"Total Pages Scanned:</td><td> (\d+)<", file.read()).group(1))
+    if pages != count:
+        raise SystemExit("the scan fetched %d of %d pages" % (pages, count))
 
 
 def main():
