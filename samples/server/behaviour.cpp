@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading a site's "responses.txt".
+// Reading the files that say how a site answers.
 #include "behaviour.h"
 
 #include <array>
@@ -11,9 +11,10 @@
 namespace requite::samples {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Behaviour>, 13> kWords{{
+constexpr std::array<std::pair<std::string_view, Behaviour>, 14> kWords{{
     {"plain", Behaviour::Plain},
     {"move", Behaviour::Move},
+    {"redirect", Behaviour::Redirect},
     {"never-closes", Behaviour::NeverCloses},
     {"silence", Behaviour::Silence},
     {"chunked", Behaviour::Chunked},
@@ -50,8 +51,26 @@ std::optional<Instruction> FindInstruction(const std::filesystem::path& site, st
     instruction.Behaviour = BehaviourOf(behaviour);
     words >> instruction.Value;
     if (linePath == path) return instruction;
+    if (linePath == "*") {
+      instruction.Value += path;
+      return instruction;
+    }
   }
   return std::nullopt;
+}
+
+std::optional<CertificateWish> FindCertificate(const std::filesystem::path& site) {
+  std::ifstream file(site / "certificate.txt");
+  if (!file) return std::nullopt;
+  CertificateWish wish;
+  for (std::string word; file >> word;) {
+    if (word == "expired") {
+      wish.Expired = true;
+    } else {
+      wish.Names.push_back(word);
+    }
+  }
+  return wish;
 }
 
 }  // namespace requite::samples

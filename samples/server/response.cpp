@@ -10,8 +10,6 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "behaviour.h"
-
 namespace requite::samples {
 namespace {
 
@@ -117,6 +115,7 @@ Response Carry(const Instruction& instruction, const std::string& page, const fs
     case Behaviour::Echo: break;
     case Behaviour::Move:
       return Whole(status, MovedPage(status, instruction.Value), "\r\nLocation: " + instruction.Value);
+    case Behaviour::Redirect: return Whole(status, {}, "\r\nLocation: " + instruction.Value);
     case Behaviour::NeverCloses: response.Ending = Ending::StayOpen; break;
     case Behaviour::Silence: return {{}, {}, 1, {}, Ending::StayOpen};
     case Behaviour::Chunked:
@@ -153,16 +152,30 @@ Response Carry(const Instruction& instruction, const std::string& page, const fs
 
 }  // namespace
 
-Response Sites::Answer(std::string_view request) const {
+fs::path Sites::FolderOf(std::string_view host) const {
+  if (host.starts_with("www.")) host.remove_prefix(4);
+  if (host.empty() || !IsHarmless(host)) return {};
+  fs::path folder = folder_ / fs::path(host);
+  return IsFolder(folder) ? folder : fs::path();
+}
+
+std::optional<CertificateWish> Sites::CertificateOf(std::string_view host) const {
+  const fs::path site = FolderOf(host);
+  return site.empty() ? std::nullopt : FindCertificate(site);
+}
+
+Response Sites::Answer(std::string_view request, Side side) const {
   const std::size_t start = request.find(' ') + 1;
   const std::string_view target = request.substr(start, request.find_first_of(" \r\n", start) - start);
   const std::string_view path = target.substr(0, target.find('?'));
   std::string_view host = HeaderValue(request, "Host");
   host = host.substr(0, host.find(':'));
-  if (host.starts_with("www.")) host.remove_prefix(4);
 
-  const fs::path site = folder_ / fs::path(host);
-  if (host.empty() || !path.starts_with('/') || !IsHarmless(host) || !IsHarmless(path) || !IsFolder(site)) {
+  // Out in the world a name without a dot leads nowhere, such as the "https" of a mistaken address.
+  if (!host.empty() && host.find('.') == std::string_view::npos) return {};
+  const fs::path site = FolderOf(host);
+  if (site.empty() || !path.starts_with('/') || !IsHarmless(path) ||
+      (side == Side::Secure && !FindCertificate(site))) {
     return Whole(404, SmallPage(404));
   }
   const fs::path file = FileOf(site, path);
@@ -170,7 +183,7 @@ Response Sites::Answer(std::string_view request) const {
   Instruction instruction;
   if (!page) instruction.Status = 404;
   try {
-    if (const auto found = FindInstruction(site, path)) instruction = *found;
+    if (const auto found = FindInstruction(site, path); found && side == Side::Plain) instruction = *found;
   } catch (const std::runtime_error& error) {
     return Whole(500, std::string("<html><body>responses.txt: ") + error.what() + "</body></html>\n");
   }

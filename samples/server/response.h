@@ -4,10 +4,16 @@
 
 #include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "behaviour.h"
+
 namespace requite::samples {
+
+/// How a client is connected.
+enum class Side { Plain, Secure };
 
 /// What the server does when everything is sent.
 enum class Ending { Close, StayOpen, Reset };
@@ -23,15 +29,21 @@ struct Response {
 
 /// Answers for the sites in a folder: "SITES/HOST/PATH" is the page PATH of the site HOST.
 /// The file "responses.txt" of a site's folder lists the paths that do not answer with their file,
-/// one a line: `PATH STATUS BEHAVIOUR [VALUE]`; lines that begin with "#" are skipped.
+/// one a line: `PATH STATUS BEHAVIOUR [VALUE]`; lines that begin with "#" are skipped. It holds for plain
+/// connections. Over secure ones a site with a "certificate.txt" answers with its files.
 class Sites {
  public:
   explicit Sites(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   /// `request` is a whole request up to the empty line.
-  [[nodiscard]] Response Answer(std::string_view request) const;
+  [[nodiscard]] Response Answer(std::string_view request, Side side = Side::Plain) const;
+  /// The certificate of a host. Nothing for a host without secure pages.
+  [[nodiscard]] std::optional<CertificateWish> CertificateOf(std::string_view host) const;
 
  private:
+  /// The folder of a host, with or without "www."; empty when it has none.
+  [[nodiscard]] std::filesystem::path FolderOf(std::string_view host) const;
+
   std::filesystem::path folder_;
 };
 

@@ -2,72 +2,62 @@
 // The poll loop of the sample server.
 #include "server.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <system_error>
 #include <utility>
 
+#include "secure_channel.h"
+
 namespace requite::samples {
 namespace {
 
+// A record of a secure connection must fit: what is left of it in the library wakes nobody.
+constexpr std::size_t kMostAtOnce = 16 * 1024;
 constexpr std::size_t kLongestRequest = 64 * 1024;
-
-void Check(bool good, const char* what) {
-  if (!good) throw std::system_error(errno, std::generic_category(), what);
-}
+constexpr std::size_t kFirstClient = 3;  // of those watched; before them are the end and the two listeners
 
 }  // namespace
 
-Descriptor::~Descriptor() {
-  if (fd_ >= 0) ::close(fd_);
-}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
-  std::swap(fd_, other.fd_);
-  return *this;
-}
-
 Server::Server(Sites sites, std::uint16_t port)
-    : sites_(std::move(sites)),
-      listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)),
-      port_(port) {
-  Check(listener_.Number() >= 0, "socket");
-  const int yes = 1;
-  ::setsockopt(listener_.Number(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(port);
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  Check(::bind(listener_.Number(), reinterpret_cast<const sockaddr*>(&address), size) == 0, "bind");
-  Check(::listen(listener_.Number(), 128) == 0, "listen");
-  Check(::getsockname(listener_.Number(), reinterpret_cast<sockaddr*>(&address), &size) == 0, "getsockname");
-  port_ = ntohs(address.sin_port);
+    : sites_(std::move(sites)), listener_(ListenOn(port)), secureListener_(-1), port_(PortOf(listener_)) {}
+
+std::uint16_t Server::ListenSecurely(SecureSide& secure, std::uint16_t port) {
+  secureListener_ = ListenOn(port);
+  secure_ = &secure;
+  return PortOf(secureListener_);
 }
 
 void Server::Run(int stopFd) {
   std::vector<pollfd> watched;
   for (;;) {
     const Time now = std::chrono::steady_clock::now();
-    watched.assign({{stopFd, POLLIN, 0}, {listener_.Number(), POLLIN, 0}});
+    watched.assign(
+        {{stopFd, POLLIN, 0}, {listener_.Number(), POLLIN, 0}, {secureListener_.Number(), POLLIN, 0}});
     for (const Client& client : clients_) watched.push_back(Watch(client, now));
     const int ready = ::poll(watched.data(), watched.size(), MillisecondsToNextPiece(now));
-    Check(ready >= 0 || errno == EINTR, "poll");
-    if (ready > 0 && watched[0].revents != 0) return;
-    for (std::size_t i = 0; i < clients_.size(); ++i) Serve(clients_[i], watched[i + 2].revents);
+    if (ready < 0 && errno != EINTR) throw std::system_error(errno, std::generic_category(), "poll");
+    if (ready < 0) continue;
+    if (watched[0].revents != 0) return;
+    for (std::size_t i = 0; i < clients_.size(); ++i) Serve(clients_[i], watched[kFirstClient + i].revents);
     std::erase_if(clients_, [](const Client& client) { return client.Gone; });
-    if (ready > 0 && watched[1].revents != 0) Accept();
+    if (watched[1].revents != 0) Accept(Side::Plain);
+    if (watched[2].revents != 0) Accept(Side::Secure);
   }
 }
 
-void Server::Accept() {
-  const int fd = ::accept4(listener_.Number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-  if (fd >= 0) clients_.push_back({Descriptor(fd), {}, {}});
+void Server::Accept(Side side) {
+  const Descriptor& listener = side == Side::Secure ? secureListener_ : listener_;
+  Descriptor socket(::accept4(listener.Number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+  if (socket.Number() < 0) return;
+  Client client;
+  client.Side = side;
+  client.Channel = side == Side::Secure ? secure_->Open(std::move(socket))
+                                        : std::make_unique<samples::Channel>(std::move(socket));
+  clients_.push_back(std::move(client));
 }
 
 void Server::Serve(Client& client, short events) {
@@ -77,16 +67,16 @@ void Server::Serve(Client& client, short events) {
 }
 
 void Server::Read(Client& client) {
-  char bytes[4096];
-  const ssize_t count = ::recv(client.Socket.Number(), bytes, sizeof bytes, 0);
+  std::array<char, kMostAtOnce> bytes;
+  const std::ptrdiff_t count = client.Channel->Receive(bytes);
   if (count <= 0) {
-    client.Gone = count == 0 || errno != EAGAIN;
+    client.Gone = count == Channel::kGone;
     return;
   }
   if (client.Answering) return;
-  client.Request.append(bytes, static_cast<std::size_t>(count));
+  client.Request.append(bytes.data(), static_cast<std::size_t>(count));
   if (client.Request.find("\r\n\r\n") != std::string::npos) {
-    client.Response = sites_.Answer(client.Request);
+    client.Response = sites_.Answer(client.Request, client.Side);
     client.Answering = true;
   } else if (client.Request.size() > kLongestRequest) {
     client.Gone = true;
@@ -102,10 +92,10 @@ void Server::Send(Client& client) {
   }
   if (client.Sent == response.Bytes.size()) return Finish(client);
   const std::size_t left = std::min(response.Piece, response.Bytes.size() - client.Sent);
-  const ssize_t count =
-      ::send(client.Socket.Number(), response.Bytes.data() + client.Sent, left, MSG_NOSIGNAL);
-  if (count < 0) {
-    client.Gone = errno != EAGAIN;
+  const std::ptrdiff_t count =
+      client.Channel->Send(std::string_view(response.Bytes).substr(client.Sent, left));
+  if (count <= 0) {
+    client.Gone = count == Channel::kGone;
     return;
   }
   client.Sent += static_cast<std::size_t>(count);
@@ -116,19 +106,17 @@ void Server::Finish(Client& client) {
   client.Drained = true;
   switch (client.Response.Ending) {
     case Ending::StayOpen: break;
-    case Ending::Close: ::shutdown(client.Socket.Number(), SHUT_WR); break;
-    case Ending::Reset: {
-      const linger hard{1, 0};
-      ::setsockopt(client.Socket.Number(), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+    case Ending::Close: client.Channel->EndSending(); break;
+    case Ending::Reset:
+      client.Channel->ResetAtClose();
       client.Gone = true;
       break;
-    }
   }
 }
 
 pollfd Server::Watch(const Client& client, Time now) const {
   const bool sends = client.Answering && !client.Drained && client.NextPiece <= now;
-  return {client.Socket.Number(), static_cast<short>(sends ? POLLIN | POLLOUT : POLLIN), 0};
+  return {client.Channel->Socket(), static_cast<short>(sends ? POLLIN | POLLOUT : POLLIN), 0};
 }
 
 int Server::MillisecondsToNextPiece(Time now) const {

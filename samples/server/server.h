@@ -6,25 +6,16 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
+#include <string>
 #include <vector>
 
+#include "channel.h"
 #include "response.h"
 
 namespace requite::samples {
 
-/// A file descriptor that is closed with its owner.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor();
-  Descriptor(Descriptor&& other) noexcept : fd_(other.fd_) { other.fd_ = -1; }
-  Descriptor& operator=(Descriptor&& other) noexcept;
-
-  [[nodiscard]] int Number() const { return fd_; }
-
- private:
-  int fd_;
-};
+class SecureSide;
 
 class Server {
  public:
@@ -33,6 +24,9 @@ class Server {
 
   [[nodiscard]] std::uint16_t Port() const { return port_; }
 
+  /// Listens for secure clients too, and returns the port, as above. The secure side must outlive the server.
+  std::uint16_t ListenSecurely(SecureSide& secure, std::uint16_t port);
+
   /// Serves until `stopFd` can be read.
   void Run(int stopFd);
 
@@ -40,7 +34,8 @@ class Server {
   using Time = std::chrono::steady_clock::time_point;
 
   struct Client {
-    Descriptor Socket;
+    std::unique_ptr<requite::samples::Channel> Channel;
+    requite::samples::Side Side = samples::Side::Plain;
     std::string Request;
     requite::samples::Response Response;
     std::size_t Sent = 0;
@@ -50,7 +45,7 @@ class Server {
     bool Gone = false;
   };
 
-  void Accept();
+  void Accept(Side side);
   void Serve(Client& client, short events);
   void Read(Client& client);
   void Send(Client& client);
@@ -60,6 +55,8 @@ class Server {
 
   Sites sites_;
   Descriptor listener_;
+  Descriptor secureListener_;  ///< none, and never ready, without a secure side
+  SecureSide* secure_ = nullptr;
   std::uint16_t port_;
   std::vector<Client> clients_;
 };
