@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Scans the sample project against the sample sites and compares every row with what the samples promise; then
-# builds the link page and posts the results by the window's buttons, and compares what the script got.
+# Scans the sample project against the sample sites, with secure connections off and on, and compares every row
+# with what the samples promise; then builds the link page and posts the results by the window's buttons, and
+# compares what the script got.
 # Usage: scan_samples.sh SERVER CONSOLE SOURCE_FOLDER
 set -euo pipefail
 server="$1" console="$2" source="$3"
@@ -14,36 +15,68 @@ cleanup() {
 }
 trap cleanup EXIT
 
-"$server" --sites "$source/samples/sites" --port 0 > "$work/server.log" &
+"$server" --sites "$source/samples/sites" --port 0 --secure-port 0 --authority "$work/authority.pem" \
+  > "$work/server.log" &
 pids+=($!)
 for _ in $(seq 200); do
-  grep -q '^listening on' "$work/server.log" && break
+  grep -q '^listening securely on' "$work/server.log" && break
   sleep 0.05
 done
 port="$(sed -n 's/^listening on 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$work/server.log")"
+securePort="$(sed -n 's/^listening securely on 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$work/server.log")"
+export SSL_CERT_FILE="$work/authority.pem"
+connect=(--connect-to ":443:127.0.0.1:$securePort" --connect-to "::127.0.0.1:$port")
 
-# scan NAME SETTING: the rows go to NAME.txt, the exit status to NAME.status.
+# Clients that are silent, speak no TLS, or stop in the middle of their first record hold up nobody. They stay
+# connected until the end.
+exec 5<> "/dev/tcp/127.0.0.1/$securePort" 6<> "/dev/tcp/127.0.0.1/$securePort" 7<> "/dev/tcp/127.0.0.1/$securePort"
+printf 'GET / HTTP/1.1\r\n\r\n' >&6
+printf '\x16\x03\x01\x02\x00\x01' >&7
+
+# prepare NAME: a program folder of its own.
+prepare() {
+  mkdir -p "$work/$1"
+  cp -r "$source/installed/." "$work/$1/"
+}
+
+# scan NAME OPTION...: the rows go to NAME.txt, the exit status to NAME.status.
 scan() {
   local folder="$work/$1" status=0
-  mkdir -p "$folder"
-  cp -r "$source/installed/." "$folder/"
+  prepare "$1"
   "$console" scan "$source/samples/sample.prj" --program-folder "$folder" --settings "$folder/settings" \
-    --set txtTimeout=2 --set "$2" --connect-to "::127.0.0.1:$port" \
-    --tab "$folder/rows.tab" --page "$folder/page.html" --save "$folder/scanned.prj" > "$work/$1.txt" 2> "$work/$1.err" || status=$?
+    --set txtTimeout=2 "${@:2}" "${connect[@]}" \
+    --tab "$folder/rows.tab" --page "$folder/page.html" --save "$folder/scanned.prj" \
+    > "$work/$1.txt" 2> "$work/$1.err" || status=$?
   echo "$status" > "$work/$1.status"
 }
 
+# The errors of a scan by the window's buttons, with secure connections.
+errors() {
+  prepare errors
+  "$console" script --program-folder "$work/errors" --settings "$work/errors/settings" --set txtTimeout=2 --secure \
+    "${connect[@]}" > "$work/errors.txt" << END || true
+answer file $source/samples/sample.prj
+click cmdOpen
+click Command1
+wait idle 60
+rows lstErr
+END
+}
+
 # The second scan shows the one verdict that the first cannot: with redirects off, the text seen is only a reason.
-scan plain chkRedirect=1 & first=$!
-scan noredirect chkRedirect=0 & second=$!
-wait "$first" "$second"
+scan plain & scans=($!)
+scan noredirect --set chkRedirect=0 & scans+=($!)
+scan secure --secure & scans+=($!)
+errors & scans+=($!)
+wait "${scans[@]}"
 
 cp "$source/samples/expected.txt" "$work/plain.expected"
+cp "$source/samples/expected-secure.txt" "$work/secure.expected"
 sed $'/old-mill-press/s/Redirect Link\t001\t.*/None Found (Possible Redirected URL)\t000\told-mill-press.example/' \
   "$work/plain.expected" > "$work/noredirect.expected"
 
 failed=0
-for name in plain noredirect; do
+for name in plain noredirect secure; do
   diff "$work/$name.expected" "$work/$name.txt" || failed=1
   # The saved file holds the same rows, after its captions and an empty line.
   diff <(tail -n +2 "$work/$name.expected") <(tr -d '\r' < "$work/$name/rows.tab" | sed '1,2d;$d') || failed=1
@@ -51,8 +84,17 @@ for name in plain noredirect; do
 done
 cmp "$work/plain.expected" "$work/noredirect.expected" > /dev/null && { echo "the two scans cannot differ"; failed=1; }
 
+# What is said of sites that a scan without secure connections could not read.
+[ "$(tail -n 1 "$work/plain.err")" = \
+  "2 sites answer over HTTPS only; this scan could not read them. With --secure it can." ] ||
+  { cat "$work/plain.err"; failed=1; }
+! grep 'HTTPS only' "$work/secure.err" || failed=1
+diff <(printf '%s\n' $'Certificate is for another host\trigging-loft.example' \
+         $'Certificate has expired\tebb-tide.example' $'Certificate is for another host\tshared-mooring.example') \
+     <(grep '^Certificate' "$work/errors.txt") || failed=1
+
 folder="$work/plain"
-"$console" script --program-folder "$folder" --settings "$folder/settings" --connect-to "::127.0.0.1:$port" \
+"$console" script --program-folder "$folder" --settings "$folder/settings" "${connect[@]}" \
   > "$work/script.txt" << END || failed=1
 answer file $folder/scanned.prj
 click cmdOpen

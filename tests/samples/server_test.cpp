@@ -8,9 +8,9 @@
 namespace requite::samples {
 namespace {
 
-std::string Answer(const std::string& host, const std::string& path) {
+std::string Answer(const std::string& host, const std::string& path, Side side = Side::Plain) {
   const Sites sites(REQUITE_SAMPLE_SITES);
-  return sites.Answer("GET " + path + " HTTP/1.1\r\nHost: " + host + "\r\n\r\n").Bytes;
+  return sites.Answer("GET " + path + " HTTP/1.1\r\nHost: " + host + "\r\n\r\n", side).Bytes;
 }
 
 TEST(SampleServer, ServesFilesByHost) {
@@ -28,7 +28,25 @@ TEST(SampleServer, NothingOutsideTheSitesIsServed) {
         {"unknown.example", "/"},
         {"lighthouse-cafe.example", "/" + std::string(5000, 'x')}}) {
     EXPECT_TRUE(Answer(host, path).starts_with("HTTP/1.1 404 ")) << host << path.substr(0, 40);
+    EXPECT_TRUE(Answer(host, path, Side::Secure).starts_with("HTTP/1.1 404 ")) << host << path.substr(0, 40);
   }
+}
+
+TEST(SampleServer, SecurePagesAreOnlyThoseOfSitesWithACertificate) {
+  const std::string plain = Answer("sea-glass.example", "/friends.html");
+  EXPECT_TRUE(plain.starts_with("HTTP/1.1 301 "));
+  EXPECT_NE(plain.find("\r\nLocation: https://sea-glass.example/friends.html\r\n"), std::string::npos);
+  EXPECT_TRUE(plain.ends_with("Content-Length: 0\r\n\r\n"));
+  EXPECT_TRUE(Answer("www.sea-glass.example", "/friends.html", Side::Secure).starts_with("HTTP/1.1 200 "));
+
+  const Sites sites(REQUITE_SAMPLE_SITES);
+  const auto certificate = sites.CertificateOf("www.ebb-tide.example");
+  ASSERT_TRUE(certificate);
+  EXPECT_TRUE(certificate->Expired);
+  EXPECT_EQ(certificate->Names, (std::vector<std::string>{"ebb-tide.example", "www.ebb-tide.example"}));
+  EXPECT_FALSE(sites.CertificateOf("lamp-room.example"));
+  EXPECT_FALSE(sites.CertificateOf("../sites/ebb-tide.example"));
+  EXPECT_TRUE(Answer("lamp-room.example", "/", Side::Secure).starts_with("HTTP/1.1 404 "));
 }
 
 }  // namespace
