@@ -2,8 +2,6 @@
 // The options of a request, and the reading of its response.
 #include "system/curl_transfer.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -140,11 +138,12 @@ void CurlTransfer::SetConnection() {
   curl_easy_setopt(easy_, CURLOPT_QUICK_EXIT, 1L);  // does not wait for a look-up that hangs
 }
 
-/// The library would pass over SSL_CERT_FILE and SSL_CERT_DIR, which hold for pages.
+/// The library would pass over SSL_CERT_FILE and SSL_CERT_DIR, which hold for pages. And it would trust
+/// nobody when the file has no certificate or the folders are empty text, whatever the other one has.
 void CurlTransfer::SetAuthorities() {
-  const bool hasFile = ::access(rules_.Store.File.c_str(), R_OK) == 0;
-  curl_easy_setopt(easy_, CURLOPT_CAINFO, hasFile ? rules_.Store.File.c_str() : nullptr);
-  curl_easy_setopt(easy_, CURLOPT_CAPATH, rules_.Store.Folders.c_str());
+  const auto& [file, folders] = rules_.Store;
+  curl_easy_setopt(easy_, CURLOPT_CAINFO, HasCertificate(file) ? file.c_str() : nullptr);
+  curl_easy_setopt(easy_, CURLOPT_CAPATH, folders.empty() ? nullptr : folders.c_str());
 }
 
 std::size_t CurlTransfer::OnHeadLine(const char* text, std::size_t, std::size_t length, void* self) noexcept {

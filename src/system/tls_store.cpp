@@ -2,11 +2,15 @@
 // The two variables, and the names that the library gives to files in a folder of certificates.
 #include "system/tls_store.h"
 
+#include <openssl/bio.h>
+#include <openssl/err.h>
+#include <openssl/pem.h>
 #include <openssl/x509.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 namespace requite {
@@ -39,6 +43,15 @@ bool FolderHasHash(const std::string& folder) {
 TlsStore SystemTlsStore() {
   return {VariableOr(X509_get_default_cert_file_env(), X509_get_default_cert_file()),
           VariableOr(X509_get_default_cert_dir_env(), X509_get_default_cert_dir())};
+}
+
+bool HasCertificate(const std::string& file) {
+  const std::unique_ptr<BIO, int (*)(BIO*)> input(BIO_new_file(file.c_str(), "r"), BIO_free);
+  X509* found = input ? PEM_read_bio_X509_AUX(input.get(), nullptr, nullptr, nullptr) : nullptr;
+  const bool has = found != nullptr;
+  X509_free(found);
+  ERR_clear_error();
+  return has;
 }
 
 bool HasHashedCertificate(const std::string& folders) {

@@ -15,6 +15,9 @@ struct TlsStore {
 /// certificates, so that all of them trust the same authorities.
 [[nodiscard]] TlsStore SystemTlsStore();
 
+/// True when the file can be read and has a certificate, not necessarily at its start.
+[[nodiscard]] bool HasCertificate(const std::string& file);
+
 /// True when one of the folders has a certificate that can be found by its hash.
 [[nodiscard]] bool HasHashedCertificate(const std::string& folders);
 

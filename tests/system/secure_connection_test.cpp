@@ -235,11 +235,26 @@ TEST_F(SecureConnectionTest, GetsTrustTheSameAuthorities) {
   onSecure_ = [this](ServedConnection& client) {
     ServeSecurely(client, [](ServerEnd& server) { server.Send("HTTP/1.1 200 OK\r\n\r\nsecure"); });
   };
-  const std::string url = "https://" + std::string(kHost) + "/";
-  CurlInternet internet(rig_.Descriptors, map_, AsciiHost, {}, {folder_.File("authorities.pem"), ""});
-  EXPECT_EQ(Gets(internet).OpenUrl(url, "Mozilla"), "secure");
-  CurlInternet without(rig_.Descriptors, map_, AsciiHost, {}, {folder_.File("missing.pem"), ""});
-  EXPECT_EQ(Gets(without).OpenUrl(url, "Mozilla"), std::nullopt);
+  const std::string file = folder_.File("authorities.pem");
+  TemporaryFolder byHash;
+  WriteFile(byHash.File(authority_.HashName()), authority_.Pem());
+  WriteFile(folder_.File("empty.pem"), "");
+  const struct {
+    TlsStore Store;
+    std::optional<std::string> Page;
+  } kRows[] = {
+      {{file, ""}, "secure"},
+      {{file, "/nowhere"}, "secure"},
+      {{folder_.File("missing.pem"), byHash.Folder.Path}, "secure"},
+      {{folder_.File("empty.pem"), "/nowhere:" + byHash.Folder.Path}, "secure"},
+      {{folder_.File("missing.pem"), ""}, std::nullopt},
+      {{"", ""}, std::nullopt},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.Store.File + ", " + row.Store.Folders);
+    CurlInternet internet(rig_.Descriptors, map_, AsciiHost, {}, row.Store);
+    EXPECT_EQ(Gets(internet).OpenUrl("https://site.example/", "Mozilla"), row.Page);
+  }
 }
 
 TEST_F(SecureConnectionTest, AClosedAttemptLeavesNothingBehind) {

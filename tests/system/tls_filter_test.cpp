@@ -4,11 +4,9 @@
 
 #include <gtest/gtest.h>
 #include <openssl/ssl.h>
-#include <openssl/x509.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <ctime>
 #include <random>
 
@@ -356,8 +354,6 @@ TEST_F(TlsFilterTest, SessionsAreKeptForABoundedNumberOfHostsAndForAnHour) {
 }
 
 TEST_F(TlsFilterTest, TheVariablesNameTheStoreAndAnEmptyOneIsKnown) {
-  std::array<char, 16> hash;
-  std::snprintf(hash.data(), hash.size(), "%08lx.0", X509_subject_name_hash(authority_.Itself.get()));
   const TemporaryFolder folders;
   const std::string file = InFolder("other.pem", authority_);
   const struct {
@@ -370,7 +366,7 @@ TEST_F(TlsFilterTest, TheVariablesNameTheStoreAndAnEmptyOneIsKnown) {
       {"missing", "/nowhere.pem", "/nowhere", false},
       {"a folder without names by hash", "/nowhere.pem", folder_.Folder.Path, false},
   };
-  WriteFile(folders.File(hash.data()), authority_.Pem());
+  WriteFile(folders.File(authority_.HashName()), authority_.Pem());
   const TlsServer server(TLS1_3_VERSION, site_);
   for (const auto& row : rows) {
     SCOPED_TRACE(row.Case);

@@ -9,6 +9,7 @@
 #include <openssl/x509v3.h>
 
 #include <array>
+#include <cstdio>
 #include <stdexcept>
 
 namespace requite::test {
@@ -56,6 +57,12 @@ std::string Certificate::Pem() const {
   BIO_read(memory, text.data(), static_cast<int>(text.size()));
   BIO_free(memory);
   return text;
+}
+
+std::string Certificate::HashName() const {
+  std::array<char, 16> name;
+  std::snprintf(name.data(), name.size(), "%08lx.0", X509_subject_name_hash(Itself.get()));
+  return name.data();
 }
 
 Certificate MakeCertificate(const CertificateWish& wish, const Certificate* issuer) {

@@ -25,6 +25,8 @@ struct Certificate {
   Owned<EVP_PKEY> Key;
 
   [[nodiscard]] std::string Pem() const;
+  /// What its file is called in a folder of authorities.
+  [[nodiscard]] std::string HashName() const;
 };
 
 struct CertificateWish {
