@@ -153,6 +153,13 @@ TEST_F(TlsFilterTest, EveryCertificateGetsItsVerdict) {
       {"other address", {.Names = {"192.0.2.1"}}, good, {}, "192.0.2.2", OtherHost},
       {"NUL in a name", {.Names = {"a.example\0.evil"s}}, good, {}, "a.example", OtherHost},
       {"NUL in the host", {.Names = {"192.0.2.1"}}, good, {}, "192.0.2.1\0.example"s, Other},
+      {"name in the subject", {.Subject = "a.example"}, good, {}, "a.example", None},
+      {"NUL in the subject", {.Subject = "a.example\0.evil"s}, good, {}, "a.example", OtherHost},
+      {"subject beside names", {.Names = a.Names, .Subject = "b.example"}, good, {}, "b.example", OtherHost},
+      {"name of all hosts", {.Names = {"*"}}, good, {}, "localhost", OtherHost},
+      {"name of a top domain", {.Names = {"*.example"}}, good, {}, "a.example", OtherHost},
+      {"100 needless ones", a, good, {100, &unknown}, "a.example", None},
+      {"huge chain", a, good, {1000, &unknown}, "a.example", Other},
       {"10,000 names", {.Names = many}, good, {}, "9999.a", None},
       {"10,000 others", {.Names = many}, good, {}, "a.example", OtherHost},
       {"too large", {.Names = huge}, good, {}, "9999.a.site.example", Other},
@@ -161,11 +168,14 @@ TEST_F(TlsFilterTest, EveryCertificateGetsItsVerdict) {
   };
   for (const auto& row : rows) {
     const Certificate certificate = MakeCertificate(row.Wish, row.Issuer);
-    for (const int version : {TLS1_2_VERSION, TLS1_3_VERSION}) {
-      SCOPED_TRACE(testing::Message() << row.Case << ", " << version);
+    for (const auto& [version, cut] :
+         {std::pair{TLS1_2_VERSION, 0}, {TLS1_2_VERSION, -300}, {TLS1_3_VERSION, 0}, {TLS1_3_VERSION, 1}}) {
+      SCOPED_TRACE(testing::Message() << row.Case << ", " << version << " in pieces of " << cut);
       context_.Sessions().Forget(row.Host);
       const TlsServer server(version, certificate, row.Chain);
-      const auto [state, failure] = Talk(context_, server, row.Host).Exchange().Outcome();
+      Talk talk(context_, server, row.Host);
+      talk.Cut = cut;
+      const auto [state, failure] = talk.Exchange().Outcome();
       EXPECT_EQ(failure, row.Expected) << Words(failure);
       EXPECT_EQ(state, row.Expected == None ? TlsState::Open : TlsState::Failed);
       EXPECT_TRUE(row.Expected == None || context_.Sessions().Find(row.Host) == nullptr);

@@ -74,7 +74,8 @@ Certificate MakeCertificate(const CertificateWish& wish, const Certificate* issu
   X509_gmtime_adj(X509_getm_notBefore(certificate), wish.BeginsInDays * 86400L);
   X509_gmtime_adj(X509_getm_notAfter(certificate), wish.EndsInDays * 86400L);
   const auto* subject = reinterpret_cast<const unsigned char*>(wish.Subject.c_str());
-  X509_NAME_add_entry_by_txt(X509_get_subject_name(certificate), "CN", MBSTRING_ASC, subject, -1, -1, 0);
+  X509_NAME_add_entry_by_txt(X509_get_subject_name(certificate), "CN", MBSTRING_ASC, subject,
+                             static_cast<int>(wish.Subject.size()), -1, 0);
   X509_set_pubkey(certificate, made.Key.get());
   if (!wish.Names.empty()) AddNames(certificate, wish.Names);
   if (wish.Authority) MakeAuthority(certificate);
