@@ -141,8 +141,10 @@ void PageConnection::Receive(short readiness) {
       Events->OnDataArrival(received_.size());
     }
     if (serial != serial_ || !HasSocket()) return;
-    // A short piece is the last one for now, unless the server is known to have closed.
-    const bool more = static_cast<std::size_t>(bytes) == atOnce || (readiness & kServerGone) != 0;
+    // A short piece is the last one for now, unless the server is known to have closed. A secure server can
+    // send without end what is no data (tickets, new keys): timers must come between its pieces.
+    const bool isFull = static_cast<std::size_t>(bytes) == atOnce;
+    const bool more = isFull ? filter_ == nullptr : (readiness & kServerGone) != 0;
     if (!more) break;
   }
   WaitForServer();
