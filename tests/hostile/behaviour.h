@@ -3,8 +3,10 @@
 // lead to.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -19,6 +21,18 @@ using test::ServedConnection;
 /// What a server does with one connection, from the moment it is accepted.
 using Act = std::function<void(ServedConnection&)>;
 
+/// What is behind port 443 of a server, and what comes of it.
+struct SecurePort {
+  /// Empty: nobody serves, and connections go to `Closed`.
+  hostile::Act Act;
+  /// How many connections this port and the plain one must see.
+  int Connections = 1;
+  int PlainConnections = 0;
+  /// The row that the site has among the errors, if any.
+  std::string Error = {};
+  std::uint16_t (*Closed)() = test::RefusingPort;
+};
+
 /// One server, which plays the site "NAME.example".
 struct Behaviour {
   const char* Name;
@@ -29,6 +43,8 @@ struct Behaviour {
   int LinksExpected = 1;
   /// The site as the project names it, in the code page; empty: "NAME.example".
   std::string Site = {};
+  /// The scan is one with secure connections when a row has this.
+  std::optional<SecurePort> Secure = {};
 
   [[nodiscard]] std::string SiteName() const { return Site.empty() ? std::string(Name) + ".example" : Site; }
 };
@@ -50,6 +66,10 @@ std::vector<Behaviour> OddBodies();
 std::vector<Behaviour> Floods();
 std::vector<Behaviour> OddLinks();
 std::vector<Behaviour> MovedPages();
+std::vector<Behaviour> SecurePages();
+std::vector<Behaviour> BrokenSecurePages();
+std::vector<Behaviour> FalseSecurePages();
+std::vector<Behaviour> SecurePortsGivenUp();
 
 /// The Main Site that all of them are scanned for, and a link to it.
 inline constexpr std::string_view kMainSite = "main-site.example";

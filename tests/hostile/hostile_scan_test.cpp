@@ -4,23 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <map>
-#include <memory>
+#include <optional>
 
 #include "console/child_process.h"
-#include "hostile/behaviour.h"
+#include "hostile/hostile_web.h"
 #include "platform/text.h"
 #include "qt/services/code_page.h"
-#include "support/fakes.h"
 
 namespace requite::hostile {
 namespace {
 
 using test::ChildProcess;
-using test::LocalServer;
-using test::RefusingPort;
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
@@ -37,29 +33,11 @@ constexpr milliseconds kLongestSilence{250};
 constexpr milliseconds kLongestSilence{5000};
 #endif
 
+constexpr int kTimeoutSeconds = 2;
 constexpr int kBeat = 20;
 constexpr int kBeats = 3000;
 /// Pages, and what the library asks for when it is redirected without end.
 constexpr int kMostRequests = 60;
-
-/// One behaviour on a port of its own.
-class HostileServer {
- public:
-  explicit HostileServer(const Behaviour& row) {
-    if (!row.Act) return;
-    server_ = std::make_unique<LocalServer>([this, act = row.Act](ServedConnection& peer) {
-      ++requests_;
-      act(peer);
-    });
-  }
-
-  [[nodiscard]] std::uint16_t Port() const { return server_ ? server_->Port() : RefusingPort(); }
-  [[nodiscard]] int Requests() const { return requests_; }
-
- private:
-  std::atomic<int> requests_ = 0;
-  std::unique_ptr<LocalServer> server_;
-};
 
 /// The longest time between two pieces of output, while the script prints at each beat of a timer.
 class BeatWatch {
@@ -77,41 +55,26 @@ class BeatWatch {
 
 class HostileScanTest : public testing::TestWithParam<BehaviourGroup> {
  protected:
-  HostileScanTest() {
-    WriteFile(folder_.File("filetypes.txt"), ".htm\r\n.php\r\n");
-    for (const Behaviour& row : rows_) servers_.push_back(std::make_unique<HostileServer>(row));
-    std::string project = Joined({kMainSite, "\r\n"});
-    for (const Behaviour& row : rows_) {
-      project += row.SiteName() + "|" + std::to_string(row.LinksExpected) + "|||\r\n";
-    }
-    WriteFile(folder_.File("a.prj"), project + "HTML01:x\r\n\r\n");
-    std::string script;
-    for (int i = 1; i <= kBeats; ++i) script += "after " + std::to_string(i * kBeat) + " echo .\n";
-    WriteFile(
-        folder_.File("s.txt"),
-        script + "echo start\nclick Command1\nwait idle 60\necho end\nmessages\necho rows\nrows List3\n");
+  static std::string Script() {
+    std::string beats;
+    for (int i = 1; i <= kBeats; ++i) beats += "after " + std::to_string(i * kBeat) + " echo .\n";
+    return beats +
+           "echo start\nclick Command1\nwait idle 60\necho end\nmessages\necho rows\nrows List3\nrows "
+           "lstErr\n";
   }
 
-  [[nodiscard]] std::vector<std::string> Arguments() const {
-    std::vector<std::string> all = {"script",           folder_.File("s.txt"),
-                                    "--settings",       folder_.File("settings"),
-                                    "--program-folder", folder_.Folder.Path};
-    for (const std::string& setting : {std::string("txtTimeout=2"), std::string("cmbAdvance=1"),
-                                       std::string("showHelp=0"), "LastProject=" + folder_.File("a.prj")}) {
-      all.insert(all.end(), {"--set", setting});
-    }
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-      all.insert(all.end(), {"--connect-to", ToUtf8(rows_[i].SiteName()) +
-                                                 ":80:127.0.0.1:" + std::to_string(servers_[i]->Port())});
-    }
-    // Nothing leaves this machine.
-    all.insert(all.end(), {"--connect-to", "::127.0.0.1:" + std::to_string(RefusingPort())});
-    return all;
+  /// The requests of both ports are bounded, and none is in the open that need not be.
+  void CheckConnections(std::size_t row, const std::string& output) const {
+    const HostileServer& server = web_.Server(row);
+    EXPECT_LE(server.Plain.Connections(), kMostRequests);
+    const std::optional<SecurePort>& expected = web_.Rows()[row].Secure;
+    if (!expected) return;
+    EXPECT_EQ(server.Plain.Connections(), expected->PlainConnections);
+    EXPECT_EQ(server.Secure->Connections(), expected->Connections);
+    EXPECT_TRUE(Contains(output, expected->Error + "\n", Compare::Binary));
   }
 
-  test::TemporaryFolder folder_;
-  std::vector<Behaviour> rows_ = GetParam().Rows();
-  std::vector<std::unique_ptr<HostileServer>> servers_;
+  HostileWeb web_{GetParam().Rows()};
 };
 
 /// The statuses of each Linking Site's rows.
@@ -128,7 +91,7 @@ std::map<std::string, std::string> Verdicts(std::string_view output) {
 
 TEST_P(HostileScanTest, EveryServerGetsItsVerdictWithinBounds) {
   BeatWatch beats;
-  ChildProcess scan(REQUITE_CONSOLE, Arguments());
+  ChildProcess scan(REQUITE_CONSOLE, web_.Arguments(Script(), kTimeoutSeconds));
   scan.OnOut = [&] {
     if (Contains(scan.Out, "start\n", Compare::Binary)) beats.Heard();
   };
@@ -138,10 +101,12 @@ TEST_P(HostileScanTest, EveryServerGetsItsVerdictWithinBounds) {
 
   EXPECT_TRUE(Contains(scan.Out, "end\nrows\n", Compare::Binary)) << "a message box was shown: " << scan.Out;
   const std::map<std::string, std::string> verdicts = Verdicts(scan.Out);
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const auto verdict = verdicts.find(ToUtf8(rows_[i].SiteName()));
-    EXPECT_EQ(verdict == verdicts.end() ? "no row" : verdict->second, rows_[i].Verdict) << rows_[i].Name;
-    EXPECT_LE(servers_[i]->Requests(), kMostRequests) << rows_[i].Name;
+  for (std::size_t i = 0; i < web_.Rows().size(); ++i) {
+    const Behaviour& row = web_.Rows()[i];
+    SCOPED_TRACE(row.Name);
+    const auto verdict = verdicts.find(ToUtf8(row.SiteName()));
+    EXPECT_EQ(verdict == verdicts.end() ? "no row" : verdict->second, row.Verdict);
+    CheckConnections(i, scan.Out);
   }
   EXPECT_LE(beats.Longest, kLongestSilence);
   EXPECT_LE(scan.PeakMemory, kMostMemory);
@@ -155,6 +120,10 @@ constexpr BehaviourGroup kGroups[] = {
     {"Floods", Floods},
     {"OddLinks", OddLinks},
     {"MovedPages", MovedPages},
+    {"SecurePages", SecurePages},
+    {"BrokenSecurePages", BrokenSecurePages},
+    {"FalseSecurePages", FalseSecurePages},
+    {"SecurePortsGivenUp", SecurePortsGivenUp},
 };
 
 INSTANTIATE_TEST_SUITE_P(Servers, HostileScanTest, testing::ValuesIn(kGroups),

@@ -114,4 +114,22 @@ std::uint16_t RefusingPort() {
   return kept;
 }
 
+std::uint16_t BlackHolePort() {
+  static const std::uint16_t kept = [] {
+    std::uint16_t port = 0;
+    ::listen(BoundSocket(port), 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    // A queue that is full makes the system drop what comes.
+    for (int i = 0; i < 2; ++i) {
+      const int filler = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+      ::connect(filler, reinterpret_cast<sockaddr*>(&address), sizeof(address));
+    }
+    return port;
+  }();
+  return kept;
+}
+
 }  // namespace requite::test

@@ -59,5 +59,7 @@ class LocalServer {
 
 /// A port on loopback that refuses connections.
 [[nodiscard]] std::uint16_t RefusingPort();
+/// A port on loopback that does not answer.
+[[nodiscard]] std::uint16_t BlackHolePort();
 
 }  // namespace requite::test

@@ -15,6 +15,7 @@
 #include "system/curl_internet.h"
 #include "system/local_server.h"
 #include "system/page_connection.h"
+#include "system/secure_request.h"
 #include "system/tls_peer.h"
 
 namespace requite::test {
@@ -24,17 +25,6 @@ using std::chrono::milliseconds;
 
 constexpr const char* kHost = "site.example";
 constexpr milliseconds kPageTimeout{400};
-
-/// Shakes hands and reads the request. False when the client has gone before that.
-bool ReadSecureRequest(ServedConnection& client, ServerEnd& server) {
-  while (server.Request.find("\r\n\r\n") == std::string::npos) {
-    const std::string bytes = client.ReadSome();
-    if (bytes.empty()) return false;
-    server.Feed(bytes);
-    client.Send(server.TakeOutgoing());
-  }
-  return true;
-}
 
 class SecureConnectionTest : public testing::Test {
  protected:
