@@ -44,6 +44,7 @@ class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
   [[nodiscard]] ScanState& State() { return rig_.State; }
   [[nodiscard]] ScanContext& Context() { return context_; }
 
+  void GetMovedPage(std::string) override {}
   void ScanNextPage() override {}
   void NextSite() override {}
   void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }

@@ -59,6 +59,8 @@ inline constexpr SettingKey chkFileTypes{"chkFileTypes", "1"};
 inline constexpr SettingKey chkAutoSave{"chkAutoSave", "0"};
 inline constexpr SettingKey chkSecure{"chkSecure", "0"};
 inline constexpr SettingKey txtUserAgent{"txtUserAgent", ""};
+inline constexpr SettingKey SitesAtATime{"SitesAtATime", "1"};            // 1 to 256
+inline constexpr SettingKey PauseBetweenPages{"PauseBetweenPages", "0"};  // ms, of one host
 inline constexpr SettingKey getUrlOption{"getUrlOption", "0"};
 inline constexpr SettingKey getURL1{"getURL1", "http://"};
 inline constexpr SettingKey getURL2{"getURL2", "http://"};

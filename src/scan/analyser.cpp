@@ -6,8 +6,6 @@
 #include <optional>
 #include <utility>
 
-#include "model/visitor.h"
-#include "platform/http_get_text.h"
 #include "platform/text.h"
 #include "scan/href_value.h"
 #include "scan/moved_page.h"
@@ -110,7 +108,10 @@ void Analyser::FollowMove(PageLines& lines) {
   std::optional<std::string> address = MovedAddress(lines, scan_.State.PageFull, scan_.PageSlices());
   if (!address) return;
   if (IsHttpsAddress(*address)) scan_.State.Answers.NoteMove(PageAnswer::SentToHttps);
-  std::string text = HttpGetText(*address, VisitorOf(scan_.Settings), scan_.Gets, scan_.Platform.EventLoop);
+  next_.GetMovedPage(*std::move(address));
+}
+
+void Analyser::TakeMovedPage(std::string text) {
   if (!text.empty()) scan_.State.Answers.NoteMove(PageAnswer::Read);
   scan_.State.RedirectFollowed = true;  // only once: a "moved" in the new page is ignored
   next_.ProcessPage(std::move(text));

@@ -23,6 +23,8 @@ class Analyser {
     virtual void ProcessPage(std::string body) = 0;
     virtual void NextSite() = 0;
     virtual void ScanNextPage() = 0;
+    /// Gets the page at an address as HttpGetText does and hands it to TakeMovedPage, at once or later.
+    virtual void GetMovedPage(std::string address) = 0;
   };
 
   Analyser(ScanContext& scan, Next& next);
@@ -30,6 +32,8 @@ class Analyser {
   /// Reads the page that triage has prepared and continues with one of the next steps. A page that says that
   /// it has moved is fetched from its new address, once. A failure ends the step; the caller ignores it.
   void AnalysePage();
+  /// The text of the page that GetMovedPage got, or an empty text.
+  void TakeMovedPage(std::string text);
 
  private:
   enum class PageEnd { Read, Moved };

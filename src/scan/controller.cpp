@@ -6,13 +6,13 @@
 #include <string>
 #include <utility>
 
-#include "model/page_limits.h"
 #include "platform/failure_box.h"
+#include "scan/page_decision.h"
 
 namespace requite {
 
 void Controller::ScanNextPage() {
-  switch (DecidePage()) {
+  switch (DecidePage(scan_)) {
     case PageDecision::Return: return;
     case PageDecision::CloseSite: NextSite(); return;
     case PageDecision::CloseSiteAndGoOn: NextSite(); break;
@@ -42,7 +42,7 @@ void Controller::NextSite() {
     while (AdvanceSite(skip)) {
       BeginSearch();
       TellSiteBegins();
-      const PageDecision decision = DecidePage();
+      const PageDecision decision = DecidePage(scan_);
       if (decision == PageDecision::TakePage) TakePage();
       if (decision == PageDecision::TakePage || decision == PageDecision::Return) return;
       skip = CloseSite();
@@ -70,26 +70,6 @@ void Controller::BeginSearch() {
   scan_.Window.cmdStop.SetEnabled(true);
   scan_.State.LinksOnSite = 0;
   scan_.State.PagesDone = 0;
-}
-
-/// The first half of the page step: counts the page and finds out whether the site is finished. When the site
-/// has no more pages, the second half is left out. When it has all its links, the second half still runs
-/// after the next site has begun: the texts of the panels depend on it.
-Controller::PageDecision Controller::DecidePage() {
-  ScanState& state = scan_.State;
-  if (!state.Scanning) return PageDecision::Return;
-  state.PageLimit = PageLimitAt(scan_.Settings.Number(setting::cmbAdvance), state.PageLimit);
-  ++state.PagesDone;
-  const bool limited = scan_.Settings.IsOne(setting::chkAuto) && state.PagesDone > state.PageLimit;
-  if (limited || scan_.Lists.List2.Empty()) {
-    state.PagesDone = 0;
-    return PageDecision::CloseSite;
-  }
-  if (scan_.Settings.IsOne(setting::chkAuto2) && state.LinksCounted >= state.LinksExpected) {
-    state.PagesDone = 0;
-    return PageDecision::CloseSiteAndGoOn;
-  }
-  return PageDecision::TakePage;
 }
 
 /// The second half of the page step. It tests Scanning only at its start: after a stop during the repaint the

@@ -41,7 +41,6 @@ class Controller {
   void TimeoutTick();
 
  private:
-  enum class PageDecision { Return, CloseSite, CloseSiteAndGoOn, TakePage };
   enum class Advance { Stop, NextMainSite, NextLinkingSite };
 
   // start_scan.cpp
@@ -54,7 +53,6 @@ class Controller {
   void TellIfAuthoritiesAreMissing();
 
   // controller.cpp
-  [[nodiscard]] PageDecision DecidePage();
   void TakePage();
   void BeginSearch();
   template <class Block>

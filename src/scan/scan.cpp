@@ -2,6 +2,11 @@
 // Connects the steps of a scan with each other and with the platform's events.
 #include "scan/scan.h"
 
+#include <utility>
+
+#include "model/visitor.h"
+#include "platform/http_get_text.h"
+
 namespace requite {
 
 Scan::Scan(Project& project, ScanLists& lists, ScanState& state, ScanWindow window, ScanHost& host,
@@ -20,6 +25,11 @@ Scan::~Scan() {
   scan_.Platform.timTimeout.Stop();
   scan_.Platform.Connection.Events = nullptr;
   scan_.Platform.timTimeout.OnTick = nullptr;
+}
+
+void Scan::GetMovedPage(std::string address) {
+  std::string text = HttpGetText(address, VisitorOf(scan_.Settings), scan_.Gets, scan_.Platform.EventLoop);
+  analyser_.TakeMovedPage(std::move(text));
 }
 
 }  // namespace requite

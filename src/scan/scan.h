@@ -44,6 +44,7 @@ class Scan : private Controller::Next, private Fetcher::Next, private Triage::Ne
   void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }
   void AnalysePage() override { analyser_.AnalysePage(); }
   void NextSite() override { controller_.NextSite(); }
+  void GetMovedPage(std::string address) override;
 
   ScanContext scan_;
   Controller controller_;

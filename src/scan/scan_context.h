@@ -28,6 +28,7 @@ struct ScanContext {
   const ProgramFolder& Folder;
   WorkFolder& Work;
   requite::Gets Gets{Platform.Internet};  ///< for moved pages; aborted at the end of a site
+  bool WritesWorkFiles = true;            ///< false for pages that are read ahead of the scan
 
   /// The slices of a step that reads a whole page.
   [[nodiscard]] Slices PageSlices() const { return SlicesOf(State.Scanning, Platform.EventLoop); }

@@ -134,6 +134,7 @@ void Triage::PrepareText(std::string body) {
 }
 
 void Triage::WriteWorkFiles(std::string_view text) {
+  if (!scan_.WritesWorkFiles) return;
   const Slices slices = scan_.PageSlices();
   bool written = WritePageFile(PageFile(scan_.Work, kConnection), text, slices);
   scan_.Platform.EventLoop.LetPendingEventsRun();

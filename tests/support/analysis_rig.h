@@ -22,16 +22,23 @@ class PageSteps : public RecordedSteps {
     Triage->ProcessPage(std::move(body));
   }
   void AnalysePage() override { Analyser->AnalysePage(); }
+  void GetMovedPage(std::string address) override {
+    ScanContext& scan = *Context;
+    Analyser->TakeMovedPage(
+        HttpGetText(address, VisitorOf(scan.Settings), scan.Gets, scan.Platform.EventLoop));
+  }
 
   std::unique_ptr<requite::Triage> Triage;
   std::unique_ptr<requite::Analyser> Analyser;
   std::unique_ptr<PlainPage> Plain;
+  ScanContext* Context = nullptr;
 };
 
 enum class Wording { Program, Plain };
 
 struct AnalysisRig {
   explicit AnalysisRig(Wording wording = Wording::Program) {
+    Steps.Context = &Rig.Context;
     if (wording == Wording::Plain) Steps.Plain = std::make_unique<PlainPage>(Rig.Context, Steps);
     Steps.Triage = std::make_unique<Triage>(Rig.Context, Steps);
     Steps.Analyser = std::make_unique<Analyser>(Rig.Context, Steps);

@@ -68,6 +68,7 @@ class RecordedSteps : public Controller::Next,
   void ScanNextPage() override { Calls.emplace_back("ScanNextPage"); }
   void NextSite() override { Calls.emplace_back("NextSite"); }
   void FetchPage() override { Calls.emplace_back("FetchPage"); }
+  void GetMovedPage(std::string address) override { Calls.push_back("GetMovedPage " + address); }
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     Calls.push_back("CheckHttpStatus " + header + " " + url);
   }
