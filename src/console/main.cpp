@@ -8,6 +8,7 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 #include "console/options.h"
 #include "console/output_buffer.h"
@@ -25,6 +26,7 @@
 #include "qt/services/qt_descriptor_loop.h"
 #include "qt/services/qt_event_loop.h"
 #include "qt/services/qt_timer.h"
+#include "qt/services/run_ahead_services.h"
 #include "qt/services/signal_watch.h"
 #include "qt/services/system_clock.h"
 #include "shell/recovery.h"
@@ -133,7 +135,15 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   SystemClock clock;
   Services services{events,  connection, timTimeout, timer1, internet, settings,
                     dialogs, clipboard,  sounds,     shell,  clock};
-  Form1 form1(services, folder);
+  std::optional<RunAheadServices> ahead;
+  if (SitesAtATime(Settings(settings)) > 1) {
+    ahead.emplace(RunAheadServices::Parts{guard, descriptors, poller, resolver, map, secure}, services);
+  }
+  Form1 form1(ahead ? ahead->Ahead().ServicesOfScan() : services, folder);
+  if (ahead) {
+    ahead->Ahead().Follow(form1.Scan.Context());
+    form1.SiteListeners.push_back(&ahead->Ahead());
+  }
   project = &form1.Sites;
   ConsoleProgram program{form1,
                          loop,
@@ -145,7 +155,8 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
                          out,
                          std::cerr,
                          ::isatty(STDOUT_FILENO) != 0,
-                         [&timTimeout] { return timTimeout.IsRunning(); }};
+                         [&] { return ahead ? ahead->Ahead().PageInProgress() : timTimeout.IsRunning(); }};
+  if (ahead) program.SitesAhead = [&ahead] { return ahead->Ahead().Figures().SitesRead; };
   form1.OnNotice = [&program](std::string_view text) { program.Complain(program.Outside(text)); };
   ExitStatus status = ExitStatus::Done;
   guard.Run([&] { status = RunCommand(options, guard, program); });

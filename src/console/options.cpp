@@ -23,6 +23,7 @@ struct RawCommon {
   std::vector<std::string> ConnectTo;
   bool Secure = false;
   std::optional<std::string> UserAgent;
+  int SitesAtATime = 0;  // 0: as the settings say
   bool Private = false;
   bool Quiet = false;
 };
@@ -53,6 +54,10 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   app.add_option("--user-agent", common.UserAgent,
                  "The name given to sites in this run (txtUserAgent); many refuse a visitor without one")
       ->type_name("TEXT");
+  app.add_option("--sites-at-a-time", common.SitesAtATime,
+                 "Read up to N sites side by side in this run, with the same results (SitesAtATime)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 256).description(""));
   AddRepeatable(app, "--connect-to", common.ConnectTo,
                 "Send connections to HOST:PORT to ADDRESS:PORT2 (an empty HOST or PORT matches any)",
                 "HOST:PORT:ADDRESS:PORT2");
@@ -63,6 +68,9 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
 /// Options that stand for a setting in this run. They win over --set. Returns a problem or an empty text.
 std::string TakeSettingOptions(const RawCommon& raw, CommonOptions& common) {
   if (raw.Secure) common.RunSettings.emplace_back(setting::chkSecure.Name, "1");
+  if (raw.SitesAtATime > 0) {
+    common.RunSettings.emplace_back(setting::SitesAtATime.Name, std::to_string(raw.SitesAtATime));
+  }
   if (!raw.UserAgent) return {};
   if (*raw.UserAgent != WithoutControlCharacters(*raw.UserAgent)) {
     return "--user-agent: the name holds a control character, such as a line end";

@@ -29,6 +29,8 @@ struct ConsoleProgram {
   bool OutIsTerminal = false;
   /// Whether the time-out of a page is running. A scan without one waits for its user.
   std::function<bool()> PageInProgress;
+  /// How many sites are read ahead of the scan; null in a scan of one site at a time.
+  std::function<std::size_t()> SitesAhead{};
 
   /// A text of the program in UTF-8, escaped.
   [[nodiscard]] std::string Outside(std::string_view text) const { return Codec.ToUtf8(Escaped(text)); }

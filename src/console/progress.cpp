@@ -70,6 +70,7 @@ void ScanProgress::Redraw() {
   Draw(Position(std::min(finished_ + 1, AllSites())) + ", page " + std::to_string(state.PagesDone) + " of " +
        std::to_string(state.PagesQueued + 1) + ", " + std::to_string(program_.Form1.Figures.LinksFound) +
        " links found, " + std::to_string(seconds) + " s" +
+       (program_.SitesAhead ? ", " + std::to_string(program_.SitesAhead()) + " ahead" : "") +
        (state.PageFull.empty() ? "" : ", " + state.PageFull));
 }
 

@@ -44,7 +44,7 @@ using LookUp = SocketAddresses (*)(const std::string& host);
 class AddressCache {
  public:
   static constexpr std::chrono::seconds kLifetime{60};
-  static constexpr std::size_t kMostKept = 256;
+  static constexpr std::size_t kMostKept = 4096;
 
   [[nodiscard]] std::optional<SocketAddresses> Find(const std::string& host) const;
   /// Unknown names (no addresses) are not kept: the network may come up later.

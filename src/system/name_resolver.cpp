@@ -5,6 +5,9 @@
 #include <poll.h>
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 
 namespace requite {
 
@@ -33,25 +36,25 @@ void NameResolver::Forget(const void* asker) {
   if (forgotten > 0) StartWorkers();  // one that waited for this question's worker can start now
 }
 
-bool NameResolver::IsAsked(const std::string& host) const {
-  return std::any_of(questions_.begin(), questions_.end(),
-                     [&](const Question& question) { return question.Host == host; });
-}
-
 /// Gives each question a worker, up to the limits.
 void NameResolver::StartWorkers() {
+  std::unordered_map<std::string_view, bool> hosts;  // whether a worker looks each up
+  for (const Question& question : questions_) hosts[question.Host] = false;
+  std::size_t wanted = 0;
+  std::size_t inAll = 0;
+  for (const auto& worker : workers_) {
+    if (worker->Socket.Descriptor() < 0) continue;
+    ++inAll;
+    const auto host = hosts.find(worker->Host);
+    if (host == hosts.end()) continue;
+    ++wanted;
+    host->second = true;
+  }
   for (const Question& question : questions_) {
-    std::size_t wanted = 0;
-    std::size_t inAll = 0;
-    bool asked = false;
-    for (const auto& worker : workers_) {
-      if (worker->Socket.Descriptor() < 0) continue;
-      ++inAll;
-      if (IsAsked(worker->Host)) ++wanted;
-      asked = asked || worker->Host == question.Host;
-    }
-    if (asked) continue;
+    if (std::exchange(hosts[question.Host], true)) continue;
     if (wanted >= kMostWorkers || inAll >= kMostThreads || !StartWorker(question.Host)) return;
+    ++wanted;
+    ++inAll;
   }
 }
 

@@ -51,7 +51,6 @@ class NameResolver {
     PolledSocket Socket;  ///< without a descriptor once the answer has come
   };
 
-  [[nodiscard]] bool IsAsked(const std::string& host) const;
   void StartWorkers();
   bool StartWorker(const std::string& host);
   void OnWorkerReady(const std::string& host);

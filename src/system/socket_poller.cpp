@@ -7,6 +7,7 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -34,20 +35,37 @@ SocketPoller::~SocketPoller() {
   ::close(epoll_);
 }
 
-void SocketPoller::Add(PolledSocket& socket) { sockets_.push_back(&socket); }
+void SocketPoller::Add(PolledSocket& socket) {
+  socket.index_ = sockets_.size();
+  sockets_.push_back(&socket);
+}
 
-void SocketPoller::Remove(PolledSocket& socket) { std::erase(sockets_, &socket); }
+void SocketPoller::Remove(PolledSocket& socket) {
+  if (socket.isChanged_) std::erase(changed_, &socket);
+  sockets_[socket.index_] = sockets_.back();
+  sockets_[socket.index_]->index_ = socket.index_;
+  sockets_.pop_back();
+}
 
 void SocketPoller::Changed(PolledSocket& socket) {
-  // Within a slice the loop looks at every socket itself; most are closed again before it ends.
-  if (!delivering_) Arm(socket);
+  if (!delivering_) return Arm(socket);
+  // Within a slice the loop looks at every socket itself; most are closed again before it ends. Only for many
+  // it does not.
+  if (many_ && !std::exchange(socket.isChanged_, true)) changed_.push_back(&socket);
+}
+
+/// What a wait said of the descriptor is not true of the next one.
+void SocketPoller::Forget(const PolledSocket& socket) {
+  for (std::size_t i = handedOut_; i < readyEnd_; ++i) {
+    if (ready_[i].data.ptr == &socket) ready_[i].data.ptr = nullptr;
+  }
 }
 
 void SocketPoller::Arm(PolledSocket& socket) const {
   if (socket.descriptor_ < 0 || socket.armed_ == socket.wanted_) return;
   epoll_event event{};
   event.events = static_cast<std::uint32_t>(socket.wanted_);
-  event.data.fd = socket.descriptor_;
+  event.data.ptr = &socket;
   // A socket that waits for nothing leaves the set, or epoll would keep reporting its errors.
   const int change = socket.wanted_ == 0 ? EPOLL_CTL_DEL : socket.armed_ == 0 ? EPOLL_CTL_ADD : EPOLL_CTL_MOD;
   ::epoll_ctl(epoll_, change, socket.descriptor_, &event);
@@ -63,14 +81,22 @@ void SocketPoller::OnReadable() {
     return;
   }
   delivering_ = true;
+  if (many_) {
+    DeliverMany();
+  } else {
+    DeliverSlice();
+  }
+  delivering_ = false;
+  if (std::exchange(watchIsOff_, false)) watch_->SetOn(true);
+}
+
+void SocketPoller::DeliverSlice() {
   // One timer for the whole slice: a time-out for each wait would cost more than the rest of the wait.
   const itimerspec slice{{0, 0}, {0, kSlice.count()}};
   ::timerfd_settime(sliceEnd_, 0, &slice, nullptr);
   while (DeliverOne()) {
   }
-  delivering_ = false;
   for (PolledSocket* socket : sockets_) Arm(*socket);
-  if (std::exchange(watchIsOff_, false)) watch_->SetOn(true);
 }
 
 /// Waits for a socket to become ready and runs its handler. False at the end of the slice, and when no
@@ -97,6 +123,30 @@ bool SocketPoller::DeliverOne() {
   return true;
 }
 
+void SocketPoller::DeliverMany() {
+  const auto end = std::chrono::steady_clock::now() + kSlice;
+  while (DeliverReady() && std::chrono::steady_clock::now() < end) {
+  }
+}
+
+/// Hands out all that one wait returns. False when nothing was ready.
+bool SocketPoller::DeliverReady() {
+  const int count = ::epoll_wait(epoll_, ready_.data(), static_cast<int>(ready_.size()), 0);
+  readyEnd_ = static_cast<std::size_t>(std::max(0, count));
+  for (handedOut_ = 0; handedOut_ < readyEnd_;) {
+    const epoll_event event = ready_[handedOut_++];
+    auto* const socket = static_cast<PolledSocket*>(event.data.ptr);
+    if (socket == nullptr) continue;
+    guard_.Run([&] { socket->onReady_(static_cast<short>(event.events)); });
+  }
+  for (PolledSocket* socket : changed_) {
+    socket->isChanged_ = false;
+    Arm(*socket);
+  }
+  changed_.clear();
+  return count > 0;
+}
+
 PolledSocket::PolledSocket(SocketPoller& poller, std::function<void(short)> onReady)
     : poller_(poller), onReady_(std::move(onReady)) {
   poller_.Add(*this);
@@ -121,6 +171,7 @@ void PolledSocket::Want(short wanted) {
 
 void PolledSocket::Close() {
   if (descriptor_ < 0) return;
+  poller_.Forget(*this);
   // Closing also removes the descriptor from the epoll set.
   ::close(descriptor_);
   descriptor_ = -1;

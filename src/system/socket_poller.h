@@ -3,7 +3,9 @@
 #pragma once
 
 #include <poll.h>
+#include <sys/epoll.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -29,14 +31,22 @@ class SocketPoller {
   SocketPoller(const SocketPoller&) = delete;
   SocketPoller& operator=(const SocketPoller&) = delete;
 
+  /// For many sockets at a time: from now on no event costs more the more sockets there are, and everything
+  /// that is ready is handed out before the next wait, which is left to the event loop.
+  void ServeMany() { many_ = true; }
+
  private:
   friend class PolledSocket;
 
   void Add(PolledSocket& socket);
   void Remove(PolledSocket& socket);
   void Changed(PolledSocket& socket);
+  void Forget(const PolledSocket& socket);
   void OnReadable();
+  void DeliverSlice();
   bool DeliverOne();
+  void DeliverMany();
+  bool DeliverReady();
   void Arm(PolledSocket& socket) const;
 
   const EventGuard& guard_;
@@ -48,6 +58,11 @@ class SocketPoller {
   std::vector<pollfd> polled_;  ///< reused, so that a wait allocates nothing
   std::size_t next_ = 0;
   bool delivering_ = false;
+  bool many_ = false;
+  std::vector<PolledSocket*> changed_;   ///< of many: those to be armed before the next wait
+  std::array<epoll_event, 64> ready_{};  ///< of many: what the last wait returned
+  std::size_t handedOut_ = 0;            ///< of these
+  std::size_t readyEnd_ = 0;
 };
 
 /// One descriptor that a poller watches.
@@ -77,6 +92,8 @@ class PolledSocket {
   int descriptor_ = -1;
   short wanted_ = 0;
   short armed_ = 0;
+  bool isChanged_ = false;
+  std::size_t index_ = 0;  ///< among the sockets of the poller
 };
 
 }  // namespace requite

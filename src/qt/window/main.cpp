@@ -74,6 +74,10 @@ int Run(QApplication& application) {
     guard.Run([&] {
       form = std::make_unique<Form1>(services.All, folder);
       project = &form->Sites;
+      if (RunAhead* const ahead = services.Ahead()) {
+        ahead->Follow(form->Scan.Context());
+        form->SiteListeners.push_back(ahead);
+      }
       form->OnEnd = [&] { application.quit(); };
       window = std::make_unique<MainWindow>(*form, guard, &desktop);
       form->Start();

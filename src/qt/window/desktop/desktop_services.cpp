@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <cstring>
+#include <utility>
 
 #include "model/visitor.h"
 #include "qt/services/code_page.h"
@@ -23,7 +24,13 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       connection_(poller_, resolver_, map, &secure_),
       timTimeout_(guard),
       timer1_(guard),
-      internet_(descriptors_, map, AsciiHost) {
+      internet_(descriptors_, map, AsciiHost),
+      ahead_(SitesAtATime(Settings(store_)) == 1
+                 ? std::optional<RunAheadServices>()
+                 : std::optional<RunAheadServices>(
+                       std::in_place,
+                       RunAheadServices::Parts{guard, descriptors_, poller_, resolver_, map, secure_}, one_)),
+      All(ahead_ ? ahead_->Ahead().ServicesOfScan() : one_) {
   shell_.OnFailed = ShowUnopened;
   store_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +

@@ -2,12 +2,14 @@
 // All services of a real desktop in one place, for the programs that open the real window.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "qt/services/desktop_shell.h"
 #include "qt/services/qt_descriptor_loop.h"
 #include "qt/services/qt_event_loop.h"
 #include "qt/services/qt_timer.h"
+#include "qt/services/run_ahead_services.h"
 #include "qt/services/sound_process.h"
 #include "qt/services/system_clock.h"
 #include "qt/window/desktop/qt_dialogs.h"
@@ -51,10 +53,15 @@ class DesktopServices {
   SoundProcess sounds_;
   DesktopShell shell_;
   SystemClock clock_;
+  Services one_{events_,  connection_, timTimeout_, timer1_, internet_, store_,
+                dialogs_, clipboard_,  sounds_,     shell_,  clock_};
+  std::optional<RunAheadServices> ahead_;
 
  public:
-  Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
-               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
+  /// Those of a scan of several sites at a time, if the settings asked for that when this object was made.
+  Services& All;
+  /// Null when sites are scanned one at a time. It must follow the scan that is made with `All`.
+  [[nodiscard]] RunAhead* Ahead() { return ahead_ ? &ahead_->Ahead() : nullptr; }
 };
 
 }  // namespace requite
