@@ -129,7 +129,7 @@ Recording& Lane::Add(std::string key) {
 }
 
 Recording& Lane::NewRecording(const std::string& host) {
-  return Add(Recording::KeyOfPage(host, steps_->State.Page.PagePath));
+  return Add(Recording::KeyOfPage(host, steps_->State.Page.PagePath, AsksSecurely(steps_->Context.Settings)));
 }
 
 /// A silent page ends its whole site.

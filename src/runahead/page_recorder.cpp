@@ -39,6 +39,7 @@ void PageRecorder::Connect(const std::string& host, std::uint16_t port) {
 void PageRecorder::SendData(std::string_view bytes) {
   if (recording_ == nullptr) return;
   recording_->NoteRequest(bytes);
+  if (Events == nullptr) line_.Seconds->Start(kSecond);
   line_.Connection->SendData(bytes);
 }
 
@@ -63,7 +64,8 @@ void PageRecorder::SetRank(std::uint64_t rank) {
 
 void PageRecorder::OnConnect() {
   recording_->Note(Happening::Connect);
-  if (Events != nullptr) Events->OnConnect();
+  if (Events != nullptr) return Events->OnConnect();
+  line_.Seconds->Stop();  // until the scan, which may be busy, has sent its request
 }
 
 void PageRecorder::OnDataArrival(std::size_t) {

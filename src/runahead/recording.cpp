@@ -13,8 +13,8 @@ Recording::Recording(std::string key, RecordedBytes& bytes) : key_(std::move(key
 
 Recording::~Recording() { all_.Held -= counted_; }
 
-std::string Recording::KeyOfPage(std::string_view host, std::string_view path) {
-  return std::string("page\n").append(host).append("\n").append(path);
+std::string Recording::KeyOfPage(std::string_view host, std::string_view path, bool securely) {
+  return std::string(securely ? "secure page\n" : "page\n").append(host).append("\n").append(path);
 }
 
 std::string Recording::KeyOfGet(std::string_view url, std::string_view agent) {

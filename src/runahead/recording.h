@@ -32,7 +32,7 @@ class Recording {
   Recording& operator=(const Recording&) = delete;
 
   /// What was asked for. Two recordings with one key answer the same question.
-  [[nodiscard]] static std::string KeyOfPage(std::string_view host, std::string_view path);
+  [[nodiscard]] static std::string KeyOfPage(std::string_view host, std::string_view path, bool securely);
   [[nodiscard]] static std::string KeyOfGet(std::string_view url, std::string_view agent);
   [[nodiscard]] const std::string& Key() const { return key_; }
 

@@ -55,7 +55,7 @@ void ReplayConnection::Play(Recording& recording) {
 void ReplayConnection::GoLive() { recorder_.Connect(host_, port_); }
 
 Recording& ReplayConnection::NewRecording(const std::string& host) {
-  live_ = std::make_unique<Recording>(Recording::KeyOfPage(host, {}), bytes_);
+  live_ = std::make_unique<Recording>(Recording::KeyOfPage(host, {}, false), bytes_);
   Play(*live_);
   return *live_;
 }

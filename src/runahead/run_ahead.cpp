@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "model/visitor.h"
 #include "platform/runtime_failure.h"
 
 namespace requite {
@@ -36,9 +37,10 @@ std::size_t SitesAtATime(const Settings& settings) {
 RunAhead::RunAhead(Needs needs)
     : needs_(std::move(needs)),
       gate_({needs_.Addresses, needs_.MakeTimer, [this] { return PauseOf(needs_.Platform.Store); }}),
+      loop_(needs_.Platform.EventLoop, [this] { TurnIfMissed(); }),
       connection_({needs_.MakeLine(), gate_, bytes_, *this, needs_.Platform.timTimeout}),
       internet_({needs_.Platform.Internet, gate_, bytes_, *this, needs_.Wait}),
-      services_{needs_.Platform.EventLoop,
+      services_{loop_,
                 connection_,
                 connection_.timTimeout(),
                 needs_.Platform.Timer1,
@@ -68,6 +70,10 @@ void RunAhead::TakeTurn() {
   if (std::exchange(mustTend_, false)) Tend();
   // A handler of the scan may let events run, and one may open a message box. Its next event waits for it.
   if (delivering_) return;
+  if (loop_.IsYielding()) {
+    missedTurn_ = true;
+    return;
+  }
   struct Delivery {
     explicit Delivery(RunAhead& ahead) : Ahead(ahead) { Ahead.delivering_ = true; }
     ~Delivery() {
@@ -84,13 +90,18 @@ void RunAhead::TakeTurn() {
   }
 }
 
+void RunAhead::TurnIfMissed() {
+  if (std::exchange(missedTurn_, false)) AskForTurn();
+}
+
 // --- what the scan asks for
 
 Recording* RunAhead::FindPage(const std::string& host) {
   if (unbound_) BindNewLane();
   if (!bound_) return nullptr;
   const ScanState& state = scan_->State;
-  Recording* const found = bound_->Find(Recording::KeyOfPage(host, state.Page.PagePath));
+  const bool securely = AsksSecurely(scan_->Settings);
+  Recording* const found = bound_->Find(Recording::KeyOfPage(host, state.Page.PagePath, securely));
   if (found == nullptr) return nullptr;
   if (!found->IsWholeFor(state.TimeoutSeconds, PageRecorder::kMostBytes)) return nullptr;
   bound_->SetRank(HostGate::kFirst);

@@ -17,6 +17,7 @@
 #include "runahead/lane.h"
 #include "runahead/replay_connection.h"
 #include "runahead/replay_internet.h"
+#include "runahead/replay_loop.h"
 #include "runahead/site_plan.h"
 #include "scan/scan_context.h"
 
@@ -35,7 +36,7 @@ struct AheadFigures {
 /// The scan stays the only authority: it runs as always, on services that answer from recordings. So whatever
 /// flows from one site to the next, and whatever the user does meanwhile, has the same effects in the same
 /// order as in a scan of one site at a time.
-class RunAhead : public SiteEvents, private Forecast {
+class RunAhead : public SiteEvents, protected Forecast {
  public:
   struct Limits {
     std::size_t RecordedBytes = std::size_t{256} * 1024 * 1024;  ///< above it no page begins
@@ -69,6 +70,7 @@ class RunAhead : public SiteEvents, private Forecast {
   /// Whether the scan's time-out is running.
   [[nodiscard]] bool PageInProgress() { return connection_.timTimeout().IsRunning(); }
   [[nodiscard]] AheadFigures Figures() const;
+  [[nodiscard]] std::size_t BytesHeld() const { return bytes_.Held; }
 
   /// Forgets the site that is furthest ahead; it will be read again. False when no site is ahead.
   bool DropYoungest();
@@ -76,13 +78,18 @@ class RunAhead : public SiteEvents, private Forecast {
   void SiteBegins(const ScannedSite& site) override;
   void SiteFinished(const SiteVerdict&) override { DropBound(); }
 
- private:
+ protected:
+  /// The state of the scan that is followed.
+  [[nodiscard]] ScanState& StateOfScan() { return scan_->State; }
+
   [[nodiscard]] Recording* FindPage(const std::string& host) override;
   [[nodiscard]] Recording* FindGet(const std::string& url, std::string_view agent) override;
   void Done(Recording& recording) override;
   void ConnectionClosed() override;
   void AskForTurn() override;
 
+ private:
+  void TurnIfMissed();
   void Begin(SitePlace place);
   void End();
   void Tend();
@@ -98,6 +105,7 @@ class RunAhead : public SiteEvents, private Forecast {
   Needs needs_;
   RecordedBytes bytes_;
   HostGate gate_;
+  ReplayLoop loop_;
   ReplayConnection connection_;
   ReplayInternet internet_;
   Services services_;
@@ -112,6 +120,7 @@ class RunAhead : public SiteEvents, private Forecast {
   bool turnAsked_ = false;
   bool mustTend_ = false;
   bool delivering_ = false;
+  bool missedTurn_ = false;  ///< because of a yield
 };
 
 }  // namespace requite
