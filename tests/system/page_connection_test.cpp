@@ -5,29 +5,51 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
+#include <optional>
 
 #include "qt/loop_rig.h"
 #include "qt/services/qt_timer.h"
 #include "system/connection_recorder.h"
 #include "system/local_server.h"
+#include "system/replayed_connection.h"
 
 namespace requite::test {
 namespace {
 
-class PageConnectionTest : public testing::Test {
+/// Both forms of a connection, which have one contract.
+enum class Form { OfAPage, Replayed };
+
+class EachConnection : public testing::TestWithParam<Form> {
  protected:
   LoopRig rig_;
   SocketPoller poller_{rig_.Descriptors, rig_.Guard};
   NameResolver resolver_{poller_};
   ConnectMap map_;
-  PageConnection connection_{poller_, resolver_, map_};
+  std::unique_ptr<PageConnection> page_ = std::make_unique<PageConnection>(poller_, resolver_, map_);
+  std::optional<ReplayedConnection> replayed_;
+  Connection& connection_ = Made();
   Recorder recorder_{connection_};
 
   /// Lets events run inside a handler, longer than any slice.
   void YieldLong() { rig_.Loop.RunFor(std::chrono::milliseconds(10)); }
+
+ private:
+  Connection& Made() {
+    if (GetParam() == Form::OfAPage) return *page_;
+    poller_.ServeMany();
+    return replayed_.emplace(std::move(page_), rig_.Descriptors, rig_.Guard).Connection();
+  }
 };
 
-TEST_F(PageConnectionTest, APageComesInOrderAndWhole) {
+INSTANTIATE_TEST_SUITE_P(BothForms, EachConnection, testing::Values(Form::OfAPage, Form::Replayed));
+
+/// What a recording does not do: it is always read.
+class PageConnectionTest : public EachConnection {};
+
+INSTANTIATE_TEST_SUITE_P(One, PageConnectionTest, testing::Values(Form::OfAPage));
+
+TEST_P(EachConnection, APageComesInOrderAndWhole) {
   for (const std::size_t size : {1UL, 2048UL, 65536UL, 131072UL, 3000000UL}) {
     SCOPED_TRACE(size);
     const std::string page(size, 'p');
@@ -47,7 +69,7 @@ TEST_F(PageConnectionTest, APageComesInOrderAndWhole) {
   }
 }
 
-TEST_F(PageConnectionTest, DataThatComesTogetherWithTheEndIsNotLost) {
+TEST_P(EachConnection, DataThatComesTogetherWithTheEndIsNotLost) {
   LocalServer server([](ServedConnection& client) {
     client.ReadRequest();
     client.Send("first ");
@@ -61,7 +83,7 @@ TEST_F(PageConnectionTest, DataThatComesTogetherWithTheEndIsNotLost) {
   EXPECT_EQ(recorder_.Data, "first tail");
 }
 
-TEST_F(PageConnectionTest, HandlersThatYieldAndAskForTheNextPageNeverNest) {
+TEST_P(EachConnection, HandlersThatYieldAndAskForTheNextPageNeverNest) {
   constexpr int kPages = 15;
   LocalServer server([](ServedConnection& client) {
     client.ReadRequest();
@@ -85,7 +107,7 @@ TEST_F(PageConnectionTest, HandlersThatYieldAndAskForTheNextPageNeverNest) {
   EXPECT_GE(ticks, kPages);
 }
 
-TEST_F(PageConnectionTest, WhatCannotBeReachedIsSilent) {
+TEST_P(EachConnection, WhatCannotBeReachedIsSilent) {
   LocalServer resetting([](ServedConnection& client) {
     client.ReadRequest();
     client.Reset();
@@ -105,7 +127,7 @@ TEST_F(PageConnectionTest, WhatCannotBeReachedIsSilent) {
   EXPECT_EQ(recorder_.Events, Names{"connect"});
 }
 
-TEST_F(PageConnectionTest, AResetThatTheRequestFindsIsNoEnd) {
+TEST_P(EachConnection, AResetThatTheRequestFindsIsNoEnd) {
   std::atomic<bool> connected = false;
   std::atomic<bool> reset = false;
   LocalServer server([&](ServedConnection& client) {
@@ -125,7 +147,7 @@ TEST_F(PageConnectionTest, AResetThatTheRequestFindsIsNoEnd) {
   EXPECT_EQ(recorder_.Events, Names{"connect"});
 }
 
-TEST_F(PageConnectionTest, CloseDropsWhatIsOnItsWay) {
+TEST_P(EachConnection, CloseDropsWhatIsOnItsWay) {
   LocalServer server([](ServedConnection& client) {
     client.ReadRequest();
     client.Send("late");
@@ -148,7 +170,7 @@ TEST_F(PageConnectionTest, CloseDropsWhatIsOnItsWay) {
   connection_.SendData("to nobody");
 }
 
-TEST_F(PageConnectionTest, AConnectInTheMiddleOfAPageDropsTheOldOne) {
+TEST_P(EachConnection, AConnectInTheMiddleOfAPageDropsTheOldOne) {
   LocalServer mute([](ServedConnection& client) { client.WaitForPeer(); });
   LocalServer server([](ServedConnection& client) {
     client.ReadRequest();
@@ -164,7 +186,7 @@ TEST_F(PageConnectionTest, AConnectInTheMiddleOfAPageDropsTheOldOne) {
   EXPECT_EQ(recorder_.Data, "second");
 }
 
-TEST_F(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
+TEST_P(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
   constexpr std::size_t kSize = 64 * 1024 * 1024;
   std::atomic<bool> allSent = false;
   LocalServer server([&](ServedConnection& client) {
@@ -185,7 +207,7 @@ TEST_F(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
   EXPECT_EQ(recorder_.Data.size(), kSize);
 }
 
-TEST_F(PageConnectionTest, AFailureInAHandlerEndsAtTheEdgeOfTheLoop) {
+TEST_P(EachConnection, AFailureInAHandlerEndsAtTheEdgeOfTheLoop) {
   LocalServer server([](ServedConnection& client) { client.ReadRequest(); });
   recorder_.OnConnected = [] { throw RuntimeFailure(Failure::TypeMismatch); };
   recorder_.OnClosed = [] { throw std::bad_alloc(); };
