@@ -60,6 +60,8 @@ class ReplayConnection : public Connection, private PageRecorder::Owner {
   /// Delivers one event. False when there is none.
   bool Deliver();
   [[nodiscard]] bool HasEvent() const;
+  /// Whether it is in the middle of a recording that the forecast gave.
+  [[nodiscard]] bool IsReplaying() const { return playing_ != nullptr && playing_ != live_.get(); }
 
  private:
   Recording& NewRecording(const std::string& host) override;

@@ -39,6 +39,9 @@ class ReplayInternet : public Internet {
                                                    std::string_view agent) override;
   void Abort(Owner owner) override;
 
+  /// Whether a GET of the scan is waited for.
+  [[nodiscard]] bool IsWaiting() const { return !calls_.empty(); }
+
  private:
   /// A call that waits, on its stack.
   struct Call {

@@ -52,7 +52,11 @@ RunAhead::RunAhead(Needs needs)
                 needs_.Platform.Shell,
                 needs_.Platform.Clock} {}
 
-RunAhead::~RunAhead() { End(); }
+RunAhead::~RunAhead() {
+  scan_ = nullptr;  // it has ended
+  connection_.Close();
+  End();
+}
 
 void RunAhead::Follow(ScanContext& scan) {
   scan_ = &scan;
@@ -159,6 +163,8 @@ void RunAhead::End() {
   gate_.SetShut(true);  // or each lane that ends would let in another one
   DropBound();
   lanes_.clear();
+  leaving_.clear();
+  bound_.reset();
   active_.clear();
   plan_.reset();
   surroundings_.reset();
@@ -169,9 +175,16 @@ void RunAhead::End() {
 void RunAhead::DropBound() {
   unbound_.reset();
   if (!bound_) return;
+  // A scan that is started twice turns to its first site again in the middle of a page.
+  if (IsReplaying()) {
+    leaving_.push_back(std::move(bound_));
+    return;
+  }
   Forget(bound_.get());
   bound_.reset();
 }
+
+bool RunAhead::IsReplaying() const { return connection_.IsReplaying() || internet_.IsWaiting(); }
 
 void RunAhead::Forget(const Lane* lane) { std::erase(active_, lane); }
 
@@ -239,6 +252,10 @@ void RunAhead::Tend() {
     if (lane->IsFinished()) lane->FreeSteps();
     return lane->IsFinished();
   });
+  if (!leaving_.empty() && !IsReplaying()) {
+    for (const auto& lane : leaving_) Forget(lane.get());
+    leaving_.clear();
+  }
   while (bytes_.Held > 2 * needs_.Limits.RecordedBytes && DropYoungest()) {
   }
   gate_.SetFull(bytes_.Held > needs_.Limits.RecordedBytes);

@@ -101,6 +101,7 @@ class RunAhead : public SiteEvents, protected Forecast {
   void Forget(const Lane* lane);
   void BindNewLane();
   void DropBound();
+  [[nodiscard]] bool IsReplaying() const;
 
   Needs needs_;
   RecordedBytes bytes_;
@@ -113,10 +114,11 @@ class RunAhead : public SiteEvents, protected Forecast {
   std::size_t most_ = 1;  ///< sites at a time; 1 while no scan runs
   std::unique_ptr<LaneSurroundings> surroundings_;
   std::optional<SitePlan> plan_;
-  std::deque<std::unique_ptr<Lane>> lanes_;  ///< in the order of the plan
-  std::unique_ptr<Lane> bound_;              ///< the lane of the site that the scan is at
-  std::optional<PlannedSite> unbound_;       ///< that site, as long as it has no lane and no page
-  std::vector<Lane*> active_;                ///< those that have their steps
+  std::deque<std::unique_ptr<Lane>> lanes_;     ///< in the order of the plan
+  std::unique_ptr<Lane> bound_;                 ///< the lane of the site that the scan is at
+  std::vector<std::unique_ptr<Lane>> leaving_;  ///< bound before; one of their recordings is still replayed
+  std::optional<PlannedSite> unbound_;          ///< that site, as long as it has no lane and no page
+  std::vector<Lane*> active_;                   ///< those that have their steps
   bool turnAsked_ = false;
   bool mustTend_ = false;
   bool delivering_ = false;

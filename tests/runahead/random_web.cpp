@@ -97,7 +97,7 @@ std::pair<std::string, std::string> RandomSetting(Dice& dice) {
 }
 
 Wish RandomWish(Dice& dice) {
-  Wish wish{static_cast<Wish::Kind>(dice.Below(11)), dice.Below(3), dice.Below(6), {}, RandomUrl(dice)};
+  Wish wish{static_cast<Wish::Kind>(dice.Below(12)), dice.Below(3), dice.Below(6), {}, RandomUrl(dice)};
   if (wish.What == Wish::Kind::Stop && !dice.OneIn(4)) wish.What = Wish::Kind::Skip;
   if (wish.What == Wish::Kind::EditMainSite) wish.Value = dice.Of(kMains);
   if (wish.What == Wish::Kind::ChangeSetting) std::tie(wish.Key, wish.Value) = RandomSetting(dice);
@@ -130,7 +130,7 @@ Case RandomCase(std::uint64_t seed, bool withWishes) {
   made.ScanType = dice.OneIn(4) ? 1 + dice.Below(2) : 0;
   if (!withWishes) return made;
   for (int wishes = 1 + dice.Below(4); wishes > 0; --wishes)
-    made.Wishes[1 + dice.Below(60)] = RandomWish(dice);
+    made.Wishes[1 + dice.Below(dice.OneIn(3) ? 4 : 60)] = RandomWish(dice);
   return made;
 }
 

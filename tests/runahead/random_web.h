@@ -60,7 +60,8 @@ struct Wish {
     SortRows,
     EditMainSite,
     AddRule,
-    ChangeSetting
+    ChangeSetting,
+    Restart
   };
   Kind What;
   int MainSite = 0;

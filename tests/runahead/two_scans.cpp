@@ -123,6 +123,10 @@ void ScanOfCase::Grant(const Wish& wish) {
     sites.lstRules.Add({"Global", "Global", "ExcludeString", "p2"});
     return;
   }
+  if (wish.What == Restart) {
+    if (Rig.Controls.Command1.Enabled()) road_->StartScan();
+    return;
+  }
   if (wish.What == Stop && Rig.State.Scanning) return road_->cmdStop();
   if (wish.What == SkipWithoutReason && Rig.State.Scanning) return road_->cmdNextSearch();
   if ((wish.What == Skip || wish.What == SkipMainSite) && Rig.State.Scanning) {
