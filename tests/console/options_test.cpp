@@ -50,14 +50,15 @@ TEST_F(CommandLine, AScanWithEverythingAskedFor) {
   EXPECT_EQ(options.Common.ConnectTo[1].Host, "");
 }
 
-TEST_F(CommandLine, SecureConnectionsAndTheVisitorsNameHoldForThisRun) {
+TEST_F(CommandLine, WhatStandsForASettingHoldsForThisRun) {
   for (const char* command : {"scan", "script"}) {
-    const auto read = Read({command, project_, "--secure", "--user-agent", "", "--set", "chkSecure=0"});
+    const auto read = Read({command, project_, "--secure", "--sites-at-a-time", "16", "--user-agent", "",
+                            "--set", "chkSecure=0"});
     ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
     const CommonOptions& common = std::get<Options>(read).Common;
     using Pairs = std::vector<std::pair<std::string, std::string>>;
     EXPECT_EQ(common.Settings, (Pairs{{"chkSecure", "0"}}));
-    EXPECT_EQ(common.RunSettings, (Pairs{{"chkSecure", "1"}, {"txtUserAgent", ""}}));
+    EXPECT_EQ(common.RunSettings, (Pairs{{"chkSecure", "1"}, {"SitesAtATime", "16"}, {"txtUserAgent", ""}}));
   }
 }
 
@@ -95,6 +96,8 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"scan", project_, "--set", "=1"},
       {"scan", project_, "--user-agent", "two\nlines"},
       {"script", "--user-agent"},
+      {"scan", project_, "--sites-at-a-time", "0"},
+      {"scan", project_, "--sites-at-a-time", "257"},
       {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
       {"scan", dir + "/gone.prj"},
       {"scan", project_, "--save", dir},

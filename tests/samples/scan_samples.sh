@@ -67,6 +67,9 @@ END
 scan plain & scans=($!)
 scan noredirect --set chkRedirect=0 & scans+=($!)
 scan secure --secure & scans+=($!)
+# Several sites at a time leave what one at a time leaves: what is told, and every file but for times of day.
+scan several --sites-at-a-time 16 & scans+=($!)
+scan several-secure --secure --sites-at-a-time 16 & scans+=($!)
 errors & scans+=($!)
 wait "${scans[@]}"
 
@@ -76,11 +79,22 @@ sed $'/old-mill-press/s/Redirect Link\t001\t.*/None Found (Possible Redirected U
   "$work/plain.expected" > "$work/noredirect.expected"
 
 failed=0
-for name in plain noredirect secure; do
+cp "$work/plain.expected" "$work/several.expected"
+cp "$work/secure.expected" "$work/several-secure.expected"
+for name in plain noredirect secure several several-secure; do
   diff "$work/$name.expected" "$work/$name.txt" || failed=1
   # The saved file holds the same rows, after its captions and an empty line.
   diff <(tail -n +2 "$work/$name.expected") <(tr -d '\r' < "$work/$name/rows.tab" | sed '1,2d;$d') || failed=1
   [ "$(cat "$work/$name.status")" = 1 ] || { cat "$work/$name.status" "$work/$name.err"; failed=1; }
+done
+all=("$work"/{plain,several,secure,several-secure})
+for folder in "${all[@]}"; do
+  sed -i -E 's/^(Date|Time): .*<BR>/\1/' "$folder"/{tempreport.html,"Project Files/sample.html"}
+  sed -i '/^LastProject=/d' "$folder/settings"
+done
+for pair in plain:several secure:several-secure; do
+  diff -r "$work/${pair%:*}" "$work/${pair#*:}" || failed=1
+  diff "$work/${pair%:*}.err" "$work/${pair#*:}.err" || failed=1
 done
 cmp "$work/plain.expected" "$work/noredirect.expected" > /dev/null && { echo "the two scans cannot differ"; failed=1; }
 
