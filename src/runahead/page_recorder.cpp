@@ -25,7 +25,7 @@ PageRecorder::PageRecorder(Line line, HostGate& gate, Owner& owner)
   };
 }
 
-PageRecorder::~PageRecorder() { Close(); }
+PageRecorder::~PageRecorder() { GiveUp(); }
 
 void PageRecorder::Connect(const std::string& host, std::uint16_t port) {
   Close();
@@ -50,7 +50,9 @@ void PageRecorder::End() {
   gate_.Leave(place_);
 }
 
-void PageRecorder::Close() {
+void PageRecorder::Close() { GiveUp(); }
+
+void PageRecorder::GiveUp() {
   received_.clear();
   if (recording_ == nullptr) return;
   recording_->NoteOver();

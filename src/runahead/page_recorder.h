@@ -56,6 +56,7 @@ class PageRecorder : public Connection, private ConnectionEvents {
   void OnDataArrival(std::size_t bytesTotal) override;
   void OnClose() override;
   void OnCertificateFault(const std::string& host, std::string_view words) override;
+  void GiveUp();
   void End();
 
   Line line_;

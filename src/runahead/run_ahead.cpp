@@ -146,7 +146,7 @@ void RunAhead::SiteBegins(const ScannedSite& site) {
   } else {
     unbound_ = std::move(current);
   }
-  if (plan_->At() <= place) plan_->GoTo(place.Next());
+  if (!place.IsBefore(plan_->At())) plan_->GoTo(place.Next());
   AskToTend();
 }
 
@@ -193,7 +193,8 @@ std::unique_ptr<Lane> RunAhead::TakeLane(const PlannedSite& site) {
     Forget(lanes_.front().get());
     lanes_.pop_front();
   };
-  while (!lanes_.empty() && lanes_.front()->Site().Place < site.Place) drop();  // sites that were skipped
+  while (!lanes_.empty() && lanes_.front()->Site().Place.IsBefore(site.Place))
+    drop();  // sites that were skipped
   if (lanes_.empty() || lanes_.front()->Site().Place != site.Place) return nullptr;
   // Rows may have moved, or been edited: only the texts tell a site.
   if (!lanes_.front()->Site().HasTexts(site.MainSite, site.LinkingSite)) PlanAgain(site.Place);

@@ -2,7 +2,6 @@
 // Which sites a scan will come to.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,7 +17,10 @@ struct SitePlace {
   int MainSiteNumber = 1;  ///< 1-based
   std::int32_t Row = 1;    ///< 1-based row of List1(MainSiteNumber)
 
-  auto operator<=>(const SitePlace&) const = default;
+  bool operator==(const SitePlace&) const = default;
+  [[nodiscard]] bool IsBefore(const SitePlace& other) const {
+    return MainSiteNumber != other.MainSiteNumber ? MainSiteNumber < other.MainSiteNumber : Row < other.Row;
+  }
   [[nodiscard]] SitePlace Next() const { return {MainSiteNumber, Row + 1}; }
 };
 
