@@ -68,6 +68,8 @@ inline constexpr SettingKey getURL3{"getURL3", "http://"};
 inline constexpr SettingKey getURLCombo{"getURLCombo", "-1"};
 }  // namespace setting
 
+inline constexpr std::int16_t kMostSitesAtATime = 256;
+
 /// Reads and writes settings where they are used; keeps nothing between calls.
 class Settings {
  public:

@@ -12,7 +12,6 @@
 namespace requite {
 namespace {
 
-constexpr std::size_t kMostSitesAtATime = 256;
 constexpr std::uint64_t kBoundRank = HostGate::kFirst + 1;
 
 std::uint64_t RankOf(SitePlace place) {
@@ -26,6 +25,12 @@ std::chrono::milliseconds PauseOf(SettingsStore& store) {
 }
 
 }  // namespace
+
+std::string Words(const AheadFigures& figures) {
+  return "Ahead: " + std::to_string(figures.SitesRead) + (figures.SitesRead == 1 ? " site" : " sites") +
+         " read, " + std::to_string(figures.SitesInProgress) + " in progress, " +
+         std::to_string(figures.SitesWaiting) + " waiting for their host";
+}
 
 std::size_t SitesAtATime(const Settings& settings) {
   std::int16_t number = 1;

@@ -30,6 +30,9 @@ struct AheadFigures {
   std::size_t SitesWaiting = 0;  ///< for a connection to their host
 };
 
+/// "Ahead: 37 sites read, 16 in progress, 4 waiting for their host".
+[[nodiscard]] std::string Words(const AheadFigures& figures);
+
 /// The setting SitesAtATime: 1 to 256; 1 when it is not a number.
 [[nodiscard]] std::size_t SitesAtATime(const Settings& settings);
 

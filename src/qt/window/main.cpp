@@ -77,6 +77,7 @@ int Run(QApplication& application) {
       if (RunAhead* const ahead = services.Ahead()) {
         ahead->Follow(form->Scan.Context());
         form->SiteListeners.push_back(ahead);
+        form->AheadWords = [ahead] { return Words(ahead->Figures()); };
       }
       form->OnEnd = [&] { application.quit(); };
       window = std::make_unique<MainWindow>(*form, guard, &desktop);

@@ -97,6 +97,8 @@ struct Form1 : Form1Controls, ScanHost {
   std::function<void()> OnEnd;
   /// Shows the user a line of text without waiting for an answer.
   std::function<void(std::string_view)> OnNotice;
+  /// How far sites are read ahead of the scan, in words; null while sites are scanned one at a time.
+  std::function<std::string()> AheadWords;
   /// A scan has ended with sites in `HttpsOnly`.
   std::function<void()> OnHttpsOnly;
   /// Receive the events of each scanned site, in this order.

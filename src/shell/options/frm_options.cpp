@@ -2,6 +2,8 @@
 // How the options are loaded, checked and saved.
 #include "shell/options/frm_options.h"
 
+#include <algorithm>
+
 #include "model/visitor.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
@@ -17,6 +19,8 @@ constexpr std::string_view kPagesTip =
 // It is saved as txtAutoSave and read with this spelling. The store ignores letter case in keys.
 constexpr SettingKey kAutoSaveMinutes{"txtAutosave", setting::txtAutoSave.Default};
 
+constexpr std::string_view kSitesTip =
+    "1 scans as always; more asks several sites at once, with the same results";
 constexpr std::string_view kSecureTip =
     "Asks each site over HTTPS first and, if that fails, over plain HTTP as before. Links and moves to "
     "https:// are followed.";
@@ -51,6 +55,8 @@ void frmOptions::BuildControls() {
   txtDomain.ToolTip = "Enter the website you want to find links to from remote sites";
   cmdAdd2.ToolTip = "Add the file type you have entered to the left";
   cmdDelete.ToolTip = "Delete the file type you have selected below";
+  lblSitesAtATime.ToolTip = kSitesTip;
+  SitesAtATime.ToolTip = kSitesTip;
   chkSecure.ToolTip = kSecureTip;
   txtUserAgent.ToolTip = kUserAgentTip;
   cmdAdd2.SetEnabled(false);
@@ -59,13 +65,13 @@ void frmOptions::BuildControls() {
     each->SetVisible(false);
   }
   const std::initializer_list<Control*> inFrame = {
-      &Label6,     &chkAuto2,      &Label9,       &chkAuto,      &Label7,           &cmbAdvance,
-      &Label18,    &chkRedirect,   &Label19,      &Label5_4,     &Label20,          &Label21,
-      &txtTimeout, &chkAudioEmail, &chkAudioNext, &Label5_3,     &chkAudioFinished, &chkLog,
-      &Label5_5,   &chkUpdate,     &Label5_1,     &chkFileTypes, &txtDomain,        &cmdAdd2,
-      &cmdDelete,  &List1,         &Label5_2,     &Label2,       &Command1,         &lblSecure,
-      &chkSecure,  &lblUserAgent,  &txtUserAgent, &Label5_0,     &chkAutoSave,      &Label1,
-      &txtAutoSave};
+      &Label6,       &chkAuto2,      &Label9,       &chkAuto,      &Label7,           &cmbAdvance,
+      &Label18,      &chkRedirect,   &Label19,      &Label5_4,     &Label20,          &Label21,
+      &txtTimeout,   &chkAudioEmail, &chkAudioNext, &Label5_3,     &chkAudioFinished, &chkLog,
+      &Label5_5,     &chkUpdate,     &Label5_1,     &chkFileTypes, &txtDomain,        &cmdAdd2,
+      &cmdDelete,    &List1,         &Label5_2,     &Label2,       &Command1,         &lblSitesAtATime,
+      &SitesAtATime, &lblSecure,     &chkSecure,    &lblUserAgent, &txtUserAgent,     &Label5_0,
+      &chkAutoSave,  &Label1,        &txtAutoSave};
   PutInto(Frame1, inFrame);
   Controls.Add(Frame1);
   for (Control* each : inFrame) Controls.Add(*each);
@@ -80,6 +86,7 @@ void frmOptions::Wire() {
   txtTimeout.OnChange = [this] { txtTimeout_Change(); };
   txtAutoSave.OnChange = [this] { txtAutoSave_Change(); };
   txtUserAgent.OnChange = [this] { txtUserAgent_Change(); };
+  SitesAtATime.OnChange = [this] { SitesAtATime_Change(); };
   txtDomain.OnChange = [this] { cmdAdd2.SetEnabled(!txtDomain.Text().empty()); };
   txtDomain.OnEnter = [this] { AddFileType(); };
   List1.OnItemClick = [this](int) {
@@ -108,6 +115,7 @@ void frmOptions::Load() {
   txtTimeout.SetText(settings_.GetSetting(setting::txtTimeout));
   txtAutoSave.SetText(settings_.GetSetting(kAutoSaveMinutes));
   txtUserAgent.SetText(settings_.GetSetting(setting::txtUserAgent));
+  SitesAtATime.SetText(settings_.GetSetting(setting::SitesAtATime));
   for (const CheckSetting& check : Checks()) check.Box.SetValue(settings_.Number(check.Key));
   const std::int16_t position = settings_.Number(setting::cmbAdvance);
   // SetListIndex would take -1 as no choice.
@@ -144,6 +152,19 @@ void frmOptions::txtUserAgent_Change() {
     settings_.SaveSetting(setting::txtUserAgent, clean);
   } else {
     txtUserAgent.SetText(std::move(clean));  // which saves it
+  }
+}
+
+void frmOptions::SitesAtATime_Change() {
+  const std::string typed = SitesAtATime.Text();
+  // The default is not stored by the opening.
+  if (typed.empty() || typed == settings_.GetSetting(setting::SitesAtATime)) return;
+  const std::string taken = std::to_string(
+      IsInt16(typed) ? std::clamp(ReadInt16(typed), std::int16_t{1}, kMostSitesAtATime) : std::int16_t{1});
+  if (taken == typed) {
+    settings_.SaveSetting(setting::SitesAtATime, taken);
+  } else {
+    SitesAtATime.SetText(taken);  // which saves it
   }
 }
 

@@ -66,6 +66,9 @@ struct frmOptions : ProgramWindow {
   Label Label2;
   Button Command1{"Command1", "Open Global Rules Editor"};
 
+  Label lblSitesAtATime{"lblSitesAtATime", "Sites at a time:"};
+  TextBox SitesAtATime{"SitesAtATime"};
+
   Label lblSecure{"lblSecure", "Secure connections:"};
   CheckBox chkSecure{"chkSecure", "Ask for pages over HTTPS where a site offers it"};
   Label lblUserAgent{"lblUserAgent", "Name given to sites:"};
@@ -93,6 +96,7 @@ struct frmOptions : ProgramWindow {
   void txtTimeout_Change();
   void txtAutoSave_Change();
   void txtUserAgent_Change();
+  void SitesAtATime_Change();
 
   Settings& settings_;
   const ProgramFolder& folder_;

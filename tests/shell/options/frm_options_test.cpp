@@ -88,6 +88,21 @@ TEST_F(Options, TheVisitorsNameIsStoredAtEachChangeWithoutControlCharacters) {
   EXPECT_EQ(rig_.Setting("txtUserAgent"), "");
 }
 
+TEST_F(Options, SitesAtATimeAreANumberFrom1To256) {
+  frmOptions& options = Open();
+  EXPECT_EQ(options.SitesAtATime.Text(), "1");
+  EXPECT_FALSE(rig_.Services.Store.Read("SitesAtATime")) << "opening stores nothing";
+  const std::pair<const char*, const char*> kRows[] = {
+      {"16", "16"}, {"257", "256"}, {"0", "1"}, {"-5", "1"}, {"many", "1"}, {"99999", "1"}, {"256", "256"}};
+  for (const auto& [typed, taken] : kRows) {
+    options.SitesAtATime.UserSets(typed);
+    EXPECT_EQ(options.SitesAtATime.Text(), taken) << typed;
+    EXPECT_EQ(rig_.Setting("SitesAtATime"), taken) << typed;
+  }
+  options.SitesAtATime.UserSets("");
+  EXPECT_EQ(rig_.Setting("SitesAtATime"), "256") << "an empty box is a box that is being edited";
+}
+
 TEST_F(Options, FileTypesGetTheirDotAndAreWrittenAtEachChange) {
   frmOptions& options = Open();
   EXPECT_FALSE(options.cmdAdd2.Enabled());

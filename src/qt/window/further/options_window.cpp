@@ -54,6 +54,7 @@ QWidget* OptionsView::BuildLeft() {
   layout->addWidget(NewCheck(options_.chkLog, 'g'));
   heading(options_.Label5_5);
   layout->addWidget(NewCheck(options_.chkUpdate, 'u'));
+  layout->addLayout(BuildSitesAtATime());
   layout->addStretch();
   return column;
 }
@@ -85,6 +86,17 @@ QLayout* OptionsView::BuildTimeout() {
     each->setToolTip(ToUnicode(options_.Label21.ToolTip));
     row->addWidget(each);
   }
+  row->addStretch();
+  return row;
+}
+
+QLayout* OptionsView::BuildSitesAtATime() {
+  auto* const row = new QHBoxLayout;
+  auto* const box = new QLineEdit(this);
+  bind_.Bind(options_.SitesAtATime, *box);
+  box->setMaximumWidth(80);
+  row->addWidget(NewBoxLabel(options_.lblSitesAtATime, 'S', *box, this));
+  row->addWidget(box);
   row->addStretch();
   return row;
 }

@@ -20,6 +20,7 @@ class OptionsView final : public FurtherWindow {
   QWidget* BuildRight();
   QLayout* BuildPageLimit();
   QLayout* BuildTimeout();
+  QLayout* BuildSitesAtATime();
   QLayout* BuildFileTypes();
   QLayout* BuildVisitorName();
   QCheckBox* NewCheck(CheckBox& control, QChar letter);

@@ -93,6 +93,7 @@ void MainWindow::ShowScan() {
   if (windowTitle() != title) setWindowTitle(title);
   if (!form_.State.WorkFilesUnwritten && !form_.State.AuthoritiesMissing) notice_->hide();
   httpsOnly_->Follow();
+  ahead_->Follow();
   if (!desktopNotice_) return;
   desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr,
                        ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),

@@ -9,6 +9,7 @@
 #include "qt/window/controls/control_views.h"
 #include "qt/window/further/further_windows.h"
 #include "qt/window/lists/list_table.h"
+#include "qt/window/main_window/ahead_line.h"
 #include "qt/window/main_window/https_only_bar.h"
 #include "qt/window/main_window/scan_notice.h"
 #include "shell/main_window/form1.h"
@@ -76,6 +77,7 @@ class MainWindow : public QMainWindow {
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
   HttpsOnlyBar* httpsOnly_ = nullptr;
+  AheadLine* ahead_ = nullptr;
   QLabel* notice_ = nullptr;  ///< a message of the program about the scan, hidden while there is none
   std::unique_ptr<TitleView> title_;
   std::optional<ScanNotice> desktopNotice_;

@@ -151,11 +151,13 @@ QWidget* MainWindow::BuildProgress() {
   progress->setAccessibleName(tr("Progress of the page"));
   bind_.Bind(form_.pb1, *progress);
   layout->addWidget(progress, 6, 0, 1, 4);
+  ahead_ = new AheadLine(form_, box);
+  layout->addWidget(ahead_, 7, 0, 1, 4);
   notice_ = new QLabel(box);
   notice_->setObjectName("scanNotice");
   notice_->setWordWrap(true);
   notice_->hide();
-  layout->addWidget(notice_, 7, 0, 1, 4);
+  layout->addWidget(notice_, 8, 0, 1, 4);
   form_.OnNotice = [this](std::string_view text) {
     // One scan has two things to tell at most; the second must not replace the first.
     const bool second = form_.State.WorkFilesUnwritten && form_.State.AuthoritiesMissing;
