@@ -19,6 +19,7 @@ class QtDescriptorLoop : public DescriptorLoop {
                                                        std::function<void()> onReadable) override;
   [[nodiscard]] bool RunUntil(const bool& over) override;
   void Wake() override;
+  [[nodiscard]] bool IsWaiting() const { return !waiting_.empty(); }
 
  private:
   const EventGuard& guard_;

@@ -28,7 +28,14 @@ std::chrono::nanoseconds YieldClock() {
 
 void QtEventLoop::LetPendingEventsRun() {
   if (YieldClock() - lastDelivery_ < kSlice) return;
-  QCoreApplication::processEvents();
+  Deliver(QEventLoop::AllEvents);
+}
+
+/// No failure of a handler passes through the toolkit.
+void QtEventLoop::Deliver(int flags) {
+  ++depth_;
+  QCoreApplication::processEvents(QEventLoop::ProcessEventsFlags(flags));
+  --depth_;
   lastDelivery_ = YieldClock();
 }
 
@@ -40,8 +47,7 @@ void QtEventLoop::RunFor(std::chrono::milliseconds duration) {
 bool QtEventLoop::RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit) {
   using SteadyClock = std::chrono::steady_clock;
   if (predicate()) return true;
-  QCoreApplication::processEvents();
-  lastDelivery_ = YieldClock();
+  Deliver(QEventLoop::AllEvents);
   const SteadyClock::time_point end =
       SteadyClock::now() + std::clamp(limit, std::chrono::milliseconds(0), kLongest);
   QTimer alarm;
@@ -50,8 +56,7 @@ bool QtEventLoop::RunUntil(const std::function<bool()>& predicate, std::chrono::
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - SteadyClock::now());
     if (left.count() <= 0) return false;
     alarm.start(std::min(left, kLookAgain));
-    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    lastDelivery_ = YieldClock();
+    Deliver(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   }
   return true;
 }

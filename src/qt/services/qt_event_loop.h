@@ -18,6 +18,9 @@ class QtEventLoop : public EventLoop {
 
   void LetPendingEventsRun() override;
 
+  /// Whether this object lets events run now.
+  [[nodiscard]] bool IsRunning() const { return depth_ > 0; }
+
   /// Lets events run for that long; with 0, only those waiting now.
   void RunFor(std::chrono::milliseconds duration);
 
@@ -26,7 +29,10 @@ class QtEventLoop : public EventLoop {
   bool RunUntil(const std::function<bool()>& predicate, std::chrono::milliseconds limit);
 
  private:
+  void Deliver(int flags);
+
   std::chrono::nanoseconds lastDelivery_{};
+  int depth_ = 0;
 };
 
 }  // namespace requite

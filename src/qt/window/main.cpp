@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "platform/process_start.h"
@@ -18,6 +19,7 @@
 #include "qt/window/desktop/splash.h"
 #include "qt/window/look/product_icon.h"
 #include "qt/window/main_window/main_window.h"
+#include "qt/window/scan_services.h"
 #include "shell/product.h"
 #include "shell/recovery.h"
 #include "system/freed_memory.h"
@@ -64,6 +66,7 @@ int Run(QApplication& application) {
 
   splash.show();
 
+  std::optional<ScanServices> scanServices;  // outlives the scan that is made with its services
   std::unique_ptr<Form1> form;
   std::unique_ptr<MainWindow> window;
   QTimer timer2;
@@ -74,11 +77,7 @@ int Run(QApplication& application) {
     guard.Run([&] {
       form = std::make_unique<Form1>(services.All, folder);
       project = &form->Sites;
-      if (RunAhead* const ahead = services.Ahead()) {
-        ahead->Follow(form->Scan.Context());
-        form->SiteListeners.push_back(ahead);
-        form->AheadWords = [ahead] { return Words(ahead->Figures()); };
-      }
+      scanServices.emplace(services, *form);
       form->OnEnd = [&] { application.quit(); };
       window = std::make_unique<MainWindow>(*form, guard, &desktop);
       form->Start();

@@ -40,7 +40,8 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
       Web({TabStrip1, WebBrowser1, Sites.List3, Lists.lstErr, lblErr, txtURL}, services.Shell),
       Popup(Sites.List3, services.Clipboard, [this](const std::string& url) { Web.BrowseInWebTab(url); }),
       Saved(Sites.List3, Work, services.Dialogs),
-      Scan(Sites, Lists, State, WindowOfScan(), *this, services, folder, Work),
+      MadeScan(std::in_place, Sites, Lists, State, WindowOfScan(), *this, services, folder, Work),
+      Scan(*MadeScan),
       Database(folder, services.Clock, Figures, Lists.List2),
       Emails(Scan.Context(), Database, [this] { Scan.ScanNextPage(); }),
       Pages(Sites, {optAll, Combo3, chkNewWin, chkBullet}, folder, services.Dialogs),
@@ -55,6 +56,15 @@ Form1::Form1(Services& services, const ProgramFolder& folder)
 Form1::~Form1() {
   Platform.Timer1.Stop();
   Platform.Timer1.OnTick = nullptr;
+}
+
+void Form1::StartScan() {
+  if (!State.Scanning && BeforeScan) BeforeScan();
+  Scan.StartScan();
+}
+
+void Form1::MakeScanOver(Services& services) {
+  MadeScan.emplace(Sites, Lists, State, WindowOfScan(), *this, services, Folder, Work);
 }
 
 ScanWindow Form1::WindowOfScan() {

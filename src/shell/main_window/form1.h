@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -97,6 +98,8 @@ struct Form1 : Form1Controls, ScanHost {
   std::function<void()> OnEnd;
   /// Shows the user a line of text without waiting for an answer.
   std::function<void(std::string_view)> OnNotice;
+  /// Runs at each start of a scan that Start Scan makes, before anything else. It may call MakeScanOver.
+  std::function<void()> BeforeScan;
   /// How far sites are read ahead of the scan, in words; null while sites are scanned one at a time.
   std::function<std::string()> AheadWords;
   /// A scan has ended with sites in `HttpsOnly`.
@@ -125,6 +128,12 @@ struct Form1 : Form1Controls, ScanHost {
   /// same type as the last one. Does nothing while a scan runs.
   void TurnOnSecureAndScanAgain();
 
+  /// The command of Command1.
+  void StartScan();
+  /// Makes the scan again with other services for its pages, which must outlive it. Only while no step of a
+  /// scan runs, not even one that lets events run.
+  void MakeScanOver(Services& services);
+
   /// What the posting tabs of all windows use: the list and the log of the main window.
   [[nodiscard]] PostingNeeds NeedsOfPosting();
 
@@ -141,7 +150,8 @@ struct Form1 : Form1Controls, ScanHost {
   WebTab Web;
   ResultsPopup Popup;
   SavedFiles Saved;
-  requite::Scan Scan;
+  std::optional<requite::Scan> MadeScan;
+  requite::Scan& Scan;  ///< stays valid when the scan is made again
   modDatabase Database;
   EmailHarvester Emails;
   PageBuilder Pages;

@@ -7,7 +7,7 @@
 namespace requite {
 
 void ToolbarControls::Wire(Form1& form) {
-  Command1.OnClick = [&form] { form.Scan.StartScan(); };
+  Command1.OnClick = [&form] { form.StartScan(); };
   Command10.OnClick = [&form] { form.mnuScan.PopUp(); };
   cmdSkip.OnClick = [&form] { form.Scan.cmdSkip(); };
   cmdStop.OnClick = [&form] { form.Scan.cmdStop(); };

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <cstring>
-#include <utility>
 
 #include "model/visitor.h"
 #include "qt/services/code_page.h"
@@ -16,6 +15,7 @@ namespace requite {
 DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
                                  const std::string& settingsPath)
     : guard_(guard),
+      map_(map),
       store_(settingsPath),
       descriptors_(guard),
       poller_(descriptors_, guard),
@@ -24,13 +24,7 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       connection_(poller_, resolver_, map, &secure_),
       timTimeout_(guard),
       timer1_(guard),
-      internet_(descriptors_, map, AsciiHost),
-      ahead_(SitesAtATime(Settings(store_)) == 1
-                 ? std::optional<RunAheadServices>()
-                 : std::optional<RunAheadServices>(
-                       std::in_place,
-                       RunAheadServices::Parts{guard, descriptors_, poller_, resolver_, map, secure_}, one_)),
-      All(ahead_ ? ahead_->Ahead().ServicesOfScan() : one_) {
+      internet_(descriptors_, map, AsciiHost) {
   shell_.OnFailed = ShowUnopened;
   store_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +

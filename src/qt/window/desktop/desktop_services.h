@@ -2,7 +2,6 @@
 // All services of a real desktop in one place, for the programs that open the real window.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "qt/services/desktop_shell.h"
@@ -32,10 +31,18 @@ class DesktopServices {
   /// saved. A failure before this call is reported by it.
   void TellUnsavedSettings();
 
+  /// What further page connections are made with.
+  [[nodiscard]] RunAheadServices::Parts Parts() {
+    return {guard_, descriptors_, poller_, resolver_, map_, secure_};
+  }
+  /// Whether events run now that something in the program has let run, and waits for.
+  [[nodiscard]] bool EventsAreNested() const { return events_.IsRunning() || descriptors_.IsWaiting(); }
+
  private:
   void SayUnsaved();
 
   const EventGuard& guard_;
+  const ConnectMap& map_;
   std::string unsaved_;  ///< the message about the settings, if any
   bool mayTell_ = false;
   SettingsFile store_;
@@ -53,15 +60,10 @@ class DesktopServices {
   SoundProcess sounds_;
   DesktopShell shell_;
   SystemClock clock_;
-  Services one_{events_,  connection_, timTimeout_, timer1_, internet_, store_,
-                dialogs_, clipboard_,  sounds_,     shell_,  clock_};
-  std::optional<RunAheadServices> ahead_;
 
  public:
-  /// Those of a scan of several sites at a time, if the settings asked for that when this object was made.
-  Services& All;
-  /// Null when sites are scanned one at a time. It must follow the scan that is made with `All`.
-  [[nodiscard]] RunAhead* Ahead() { return ahead_ ? &ahead_->Ahead() : nullptr; }
+  Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
+               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
 };
 
 }  // namespace requite
