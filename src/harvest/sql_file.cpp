@@ -4,7 +4,7 @@
 
 #include <sqlite3.h>
 
-#include "harvest/database_text.h"
+#include "platform/database_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 

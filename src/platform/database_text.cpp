@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Windows-1252 to UTF-8 and back, a character at a time.
-#include "harvest/database_text.h"
+#include "platform/database_text.h"
 
 #include "platform/windows_1252.h"
 
