@@ -30,16 +30,18 @@ void ProjectFiles::SaveProject(const std::string& path) {
   if (FileExists(path)) RequireNoWriteProtection(path);
   ReplaceKeepingBackup(folder_, path, [this] { return ProjectText(project_) + std::string(kLineEnd); });
   project_.ProjectSaved = true;
+  openPath_ = path;
   settings_.SaveSetting(setting::LastProject, path);
 }
 
 void ProjectFiles::LoadProject(const std::string& path, ClearFirst clearFirst) {
-  if (clearFirst == ClearFirst::Yes) sites_.NewProject();
+  if (clearFirst == ClearFirst::Yes) cmdNew();
   EndSilently([&] {
     // Set before the file is opened, so a path that no longer exists stays the last project.
     settings_.SaveSetting(setting::LastProject, path);
     const std::string text = ReadFile(path);
     if (text.empty()) return;
+    openPath_ = path;
     project_.ProjectSaved = clearFirst == ClearFirst::Yes;
     project_.JustLoaded = true;
     if (!ReadProjectText(text, project_)) return;
@@ -54,7 +56,10 @@ void ProjectFiles::ShowProjectReport(const std::string& path) {
   WebBrowser2_.Navigate(FileExists(report) ? report : "about:blank");
 }
 
-void ProjectFiles::cmdNew() { sites_.NewProject(); }
+void ProjectFiles::cmdNew() {
+  sites_.NewProject();
+  openPath_.clear();
+}
 
 void ProjectFiles::cmdOpen() {
   const std::string name = dialogs_.AskOpenName(ProjectDialog({}));

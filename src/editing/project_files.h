@@ -53,6 +53,10 @@ class ProjectFiles {
   /// A second failure to save is thrown.
   void cmdSave();
 
+  /// The file of the project on show; empty for a new project that was never saved, or when the last load
+  /// could not read its file. The setting LastProject also survives these.
+  [[nodiscard]] const std::string& OpenPath() const { return openPath_; }
+
   /// Set by Open Project, cleared by Import Project; otherwise these two commands are the same.
   bool LastOpenWasProject = false;
 
@@ -67,6 +71,7 @@ class ProjectFiles {
   Dialogs& dialogs_;
   const ProgramFolder& folder_;
   BrowserView& WebBrowser2_;
+  std::string openPath_;
 };
 
 }  // namespace requite

@@ -192,6 +192,8 @@ class Clock {
   [[nodiscard]] virtual std::string ShortTime() = 0;
   /// Local date and time in a form that sorts, whatever the locale: "2026-01-02 15:04:05".
   [[nodiscard]] virtual std::string IsoDateTime() = 0;
+  /// Date and time of UTC: "2026-01-02T15:04:05Z".
+  [[nodiscard]] virtual std::string UtcDateTime() = 0;
   /// A number with exactly two digits after the decimal sign, halves rounded away from zero: ASCII digits,
   /// with the locale's decimal and grouping signs, or the nearest ones in the code page.
   [[nodiscard]] virtual std::string TwoDecimals(double value) = 0;

@@ -255,11 +255,14 @@ class ManualClock : public Clock {
   std::string ShortDate() override { return "1/2/2026"; }
   std::string ShortTime() override { return "3:04 PM"; }
   std::string IsoDateTime() override { return "2026-01-02 15:04:05"; }
+  std::string UtcDateTime() override { return Utc; }
   std::string TwoDecimals(double value) override {
     std::string digits = std::to_string(static_cast<long long>(value * 100 + 0.5));
     while (digits.size() < 3) digits.insert(0, 1, '0');
     return digits.insert(digits.size() - 2, ".");
   }
+
+  std::string Utc = "2026-01-02T14:04:05Z";
 };
 
 /// All fakes together, with the Services that hand them down.

@@ -67,6 +67,10 @@ std::string SystemClock::IsoDateTime() {
   return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
 
+std::string SystemClock::UtcDateTime() {
+  return QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-ddTHH:mm:ssZ")).toStdString();
+}
+
 std::string SystemClock::TwoDecimals(double value) {
   // Rounded in decimal: 1.005 ends in a half for the reader, although its binary form is a little less.
   constexpr int kDecimalDigits = 15;

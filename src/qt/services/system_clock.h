@@ -15,6 +15,7 @@ class SystemClock : public Clock {
   [[nodiscard]] std::string ShortDate() override;
   [[nodiscard]] std::string ShortTime() override;
   [[nodiscard]] std::string IsoDateTime() override;
+  [[nodiscard]] std::string UtcDateTime() override;
   [[nodiscard]] std::string TwoDecimals(double value) override;
 
  private:
