@@ -61,6 +61,7 @@ inline constexpr SettingKey chkSecure{"chkSecure", "0"};
 inline constexpr SettingKey txtUserAgent{"txtUserAgent", ""};
 inline constexpr SettingKey SitesAtATime{"SitesAtATime", "1"};            // 1 to 256
 inline constexpr SettingKey PauseBetweenPages{"PauseBetweenPages", "0"};  // ms, of one host
+inline constexpr SettingKey chkHistory{"chkHistory", "0"};
 inline constexpr SettingKey getUrlOption{"getUrlOption", "0"};
 inline constexpr SettingKey getURL1{"getURL1", "http://"};
 inline constexpr SettingKey getURL2{"getURL2", "http://"};

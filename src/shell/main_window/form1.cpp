@@ -3,6 +3,7 @@
 #include "shell/main_window/form1.h"
 
 #include "model/visitor.h"
+#include "platform/runtime_failure.h"
 
 namespace requite {
 
@@ -102,7 +103,45 @@ void Form1::TellAuthoritiesMissing() {
         "plain HTTP. The package ca-certificates has them.");
 }
 
+void Form1::ScanBegins() {
+  HttpsOnly.Clear();
+  Changed.reset();
+  recorder_.reset();
+  if (KeepsHistory(Settings)) recorder_.emplace(Sites, Files.OpenPath(), Platform.Clock.UtcDateTime());
+}
+
+void Form1::StopScan() {
+  if (recorder_) recorder_->ScanIsStopped();
+  Scan.cmdStop();
+}
+
+void Form1::SkipSite() {
+  if (recorder_) recorder_->SiteIsSkipped();
+  Scan.cmdSkip();
+}
+
+void Form1::SkipSiteWithoutReason() {
+  if (recorder_) recorder_->SiteIsSkipped();
+  Scan.cmdNextSearch();
+}
+
+void Form1::RecordScan() {
+  try {
+    ScanRecord figures;
+    figures.Finished = Platform.Clock.UtcDateTime();
+    figures.Type = State.ScanType;
+    figures.Pages = Figures.PagesScanned;
+    figures.Links = Figures.LinksFound;
+    figures.Errors = static_cast<std::int64_t>(Lists.lstErr.RowCount());
+    Changed = recorder_->Store(Folder, std::move(figures));
+  } catch (const RuntimeFailure& failure) {
+    if (OnNotice) OnNotice("This scan is not in the history: " + failure.Description + ".");
+  }
+  recorder_.reset();
+}
+
 void Form1::ScanEnds() {
+  if (recorder_) RecordScan();
   if (!HttpsOnly.Empty() && OnHttpsOnly) OnHttpsOnly();
 }
 
@@ -122,6 +161,7 @@ void Form1::SiteBegins(const ScannedSite& site) {
 
 void Form1::SiteFinished(const SiteVerdict& verdict) {
   if (verdict.HttpsOnly && !AsksSecurely(Settings)) HttpsOnly.Add(verdict.Url);
+  if (recorder_) recorder_->SiteFinished(verdict);
   for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);
 }
 

@@ -15,6 +15,7 @@
 #include "editing/site_editing.h"
 #include "harvest/extract_emails.h"
 #include "harvest/mod_database.h"
+#include "history/scan_recorder.h"
 #include "model/project.h"
 #include "model/settings.h"
 #include "pagebuilder/page_builder.h"
@@ -119,10 +120,15 @@ struct Form1 : Form1Controls, ScanHost {
   void GenerateLinkReport() override { Report.GenerateLinkReport(); }
   void TellWorkFilesUnwritten() override;
   void TellAuthoritiesMissing() override;
-  void ScanBegins() override { HttpsOnly.Clear(); }
+  void ScanBegins() override;
   void ScanEnds() override;
   void SiteBegins(const ScannedSite& site) override;
   void SiteFinished(const SiteVerdict& verdict) override;
+
+  /// The commands of the user, which a recorder of the scan has to know of.
+  void StopScan();
+  void SkipSite();
+  void SkipSiteWithoutReason();
 
   /// Switches secure connections on, also in the options window when it is open, and starts a scan of the
   /// same type as the last one. Does nothing while a scan runs.
@@ -157,9 +163,10 @@ struct Form1 : Form1Controls, ScanHost {
   PageBuilder Pages;
   Form5Log PostedLog;
   MainPosting Post;
-  HttpsOnlySites HttpsOnly;     ///< of the last scan, while secure connections were off
-  bool SimpleViewFlag = false;  ///< scripts print it; nothing acts on it
-  requite::Windows Windows;     ///< the last member, because its windows refer to the others
+  HttpsOnlySites HttpsOnly;             ///< of the last scan, while secure connections were off
+  std::optional<ChangeCounts> Changed;  ///< by the last scan, if it was recorded and is not the first one
+  bool SimpleViewFlag = false;          ///< scripts print it; nothing acts on it
+  requite::Windows Windows;             ///< the last member, because its windows refer to the others
 
  private:
   [[nodiscard]] ScanWindow WindowOfScan();
@@ -167,7 +174,9 @@ struct Form1 : Form1Controls, ScanHost {
   void RegisterWindows();
   void RegisterHarvestWindows();
   void frmWebsite_Unload();
+  void RecordScan();
 
+  std::optional<ScanRecorder> recorder_;  ///< while a scan runs and a history is kept
   bool closed_ = false;
   bool endsWithWebsite_ = false;
 };

@@ -23,7 +23,7 @@ HiddenControls::HiddenControls(ControlIndex& index, Project& project) : Place(in
 
 void HiddenControls::Wire(Form1& form) {
   cmdDoSearch.OnClick = [&form] { form.Scan.cmdDoSearch_Click(); };
-  cmdNextSearch.OnClick = [&form] { form.Scan.cmdNextSearch(); };
+  cmdNextSearch.OnClick = [&form] { form.SkipSiteWithoutReason(); };
   Command11.OnClick = [this] { mnuSkipPopup.PopUp(); };
   mnuSkipPopup.OnClick = [this, &form](int index) {
     mnuSkipPopup.CheckOnly(index);

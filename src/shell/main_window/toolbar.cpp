@@ -9,8 +9,8 @@ namespace requite {
 void ToolbarControls::Wire(Form1& form) {
   Command1.OnClick = [&form] { form.StartScan(); };
   Command10.OnClick = [&form] { form.mnuScan.PopUp(); };
-  cmdSkip.OnClick = [&form] { form.Scan.cmdSkip(); };
-  cmdStop.OnClick = [&form] { form.Scan.cmdStop(); };
+  cmdSkip.OnClick = [&form] { form.SkipSite(); };
+  cmdStop.OnClick = [&form] { form.StopScan(); };
   Command9.OnClick = [&form] { form.Windows.Show("frmOptions"); };
   cmdOpen.OnClick = [&form] { form.Files.cmdOpen(); };
   cmdSave.OnClick = [&form] { form.Files.cmdSave(); };
