@@ -10,6 +10,7 @@
 #include <iostream>
 #include <optional>
 
+#include "console/history_commands.h"
 #include "console/options.h"
 #include "console/output_buffer.h"
 #include "console/path_checks.h"
@@ -177,6 +178,18 @@ std::pair<ExitStatus, std::string> RunOpen(const OpenOptions& options) {
   return {why.empty() ? ExitStatus::Done : ExitStatus::NotStarted, std::move(why)};
 }
 
+/// The commands that need no window. Nothing for the others.
+std::optional<ExitStatus> RunOnHistory(const Options& options, const ProgramFolder& folder,
+                                       std::ostream& out) {
+  const HistoryConsole console{
+      folder, kCodec, out, std::cerr, ::isatty(STDOUT_FILENO) != 0, SystemClock().UtcDateTime()};
+  if (const auto* changes = std::get_if<ChangesOptions>(&options.Command))
+    return RunChanges(*changes, console);
+  if (const auto* history = std::get_if<HistoryOptions>(&options.Command))
+    return RunHistory(*history, console);
+  return std::nullopt;
+}
+
 ExitStatus Main(int argc, char** argv, std::ostream& out) {
   const std::variant<Options, EndAtOnce> read = ReadCommandLine(argc, argv);
   if (const auto* end = std::get_if<EndAtOnce>(&read)) {
@@ -193,6 +206,7 @@ ExitStatus Main(int argc, char** argv, std::ostream& out) {
   const ProgramFolder folder = options.Common.ProgramFolder.empty()
                                    ? ChooseProgramFolder(ProgramPlaces::OfThisProgram())
                                    : ProgramFolder{options.Common.ProgramFolder};
+  if (const auto status = RunOnHistory(options, folder, out)) return *status;
   if (std::holds_alternative<ScanOptions>(options.Command)) {
     if (const std::string why = WhyNoProgramFolder(folder.Path); !why.empty()) {
       std::cerr << "requite-console: " << why << std::endl;

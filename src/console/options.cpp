@@ -22,6 +22,7 @@ struct RawCommon {
   std::vector<std::string> Settings;
   std::vector<std::string> ConnectTo;
   bool Secure = false;
+  bool History = false;
   std::optional<std::string> UserAgent;
   int SitesAtATime = 0;  // 0: as the settings say
   bool Private = false;
@@ -43,10 +44,14 @@ void AddEndFlags(CLI::App& app) {
   app.set_help_flag("-h,--help", "Print this help and exit");
 }
 
-void AddCommonOptions(CLI::App& app, RawCommon& common) {
+void AddProgramFolder(CLI::App& app, RawCommon& common) {
   AddEndFlags(app);
   app.add_option("--program-folder", common.ProgramFolder, "The folder that holds the program's files")
       ->type_name("DIR");
+}
+
+void AddCommonOptions(CLI::App& app, RawCommon& common) {
+  AddProgramFolder(app, common);
   app.add_option("--settings", common.SettingsFile, "The settings store to use")->type_name("FILE");
   AddRepeatable(app, "--set", common.Settings, "Write one setting before anything else runs", "KEY=VALUE");
   app.add_flag("--secure", common.Secure,
@@ -71,6 +76,7 @@ std::string TakeSettingOptions(const RawCommon& raw, CommonOptions& common) {
   if (raw.SitesAtATime > 0) {
     common.RunSettings.emplace_back(setting::SitesAtATime.Name, std::to_string(raw.SitesAtATime));
   }
+  if (raw.History) common.RunSettings.emplace_back(setting::chkHistory.Name, "1");
   if (!raw.UserAgent) return {};
   if (*raw.UserAgent != WithoutControlCharacters(*raw.UserAgent)) {
     return "--user-agent: the name holds a control character, such as a line end";
@@ -148,6 +154,8 @@ void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
   command.add_flag("--post", scan.Post,
                    "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
                    "the URL of each Main Site");
+  command.add_flag("--history", common.History,
+                   "Record this scan, so that the command changes can tell what it changed (chkHistory=1)");
   AddSeconds(command, "--skip-after", scan.SkipAfter, "Press Skip when a site takes longer");
   AddSeconds(command, "--stop-after", scan.StopAfter, "Press Stop when the scan takes longer");
   AddCommonOptions(command, common);
@@ -192,7 +200,7 @@ std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv)
     std::string unknown = UnknownWord(app);
     if (!unknown.empty()) return Refuse(std::move(unknown));
     if (app.get_subcommands().empty())
-      return Refuse("a command is missing: scan, script or open (see --help)");
+      return Refuse("a command is missing: scan, script, open, changes or history (see --help)");
     return Refuse(error.what());
   }
   return std::nullopt;
@@ -213,6 +221,10 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   AddScan(app, scan, common);
   AddScript(app, script, listsCommands, common);
   AddOpen(app, open);
+  ChangesOptions changes;
+  HistoryOptions history;
+  AddProgramFolder(AddChanges(app, changes), common);
+  AddProgramFolder(AddHistory(app, history), common);
   if (std::optional<EndAtOnce> end = Parse(app, argc, argv)) return *std::move(end);
   if (listsCommands) return EndAtOnce{ExitStatus::Done, CommandTable()};
 
@@ -221,6 +233,12 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   if (why.empty() && app.got_subcommand("scan")) {
     why = TakeScan(scan);
     options.Command = scan;
+  } else if (why.empty() && app.got_subcommand("changes")) {
+    why = TakeChanges(changes);
+    options.Command = changes;
+  } else if (why.empty() && app.got_subcommand("history")) {
+    why = TakeHistory(history);
+    options.Command = history;
   } else if (app.got_subcommand("open")) {
     open.Project = AbsolutePath(open.Project);
     if (!open.Project.empty()) why = WhyNotReadable(open.Project);

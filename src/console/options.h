@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "console/exit_status.h"
+#include "console/history_options.h"
 #include "system/connect_map.h"
 
 namespace requite {
@@ -47,7 +48,7 @@ struct OpenOptions {
 
 struct Options {
   CommonOptions Common;
-  std::variant<ScanOptions, ScriptOptions, OpenOptions> Command;
+  std::variant<ScanOptions, ScriptOptions, OpenOptions, ChangesOptions, HistoryOptions> Command;
 };
 
 /// The program has to end at once: with a text for standard output (help, version), or with one line for

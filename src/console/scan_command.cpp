@@ -141,6 +141,7 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   const bool written = files.Write();
   const bool answered = !options.Post || Post(program, output, interrupt);
   progress.Summarise();
+  if (form.Changed && output != ScanProgress::Output::None) program.Err << form.Changed->Words() << std::endl;
   if (interrupt.Seen) return ExitStatus::Interrupted;
   if (!written || halted || boxes.AnyShownAtStop()) return ExitStatus::Refused;
   if (!answered) return ExitStatus::PostFailed;

@@ -2,11 +2,13 @@
 // Escapes of the console's text.
 #include "console/text_codec.h"
 
+#include "console/utf8_characters.h"
+
 namespace requite {
 namespace {
 
 /// C0, DEL, and the five bytes of the code page that map to C1 controls.
-bool IsControl(unsigned char byte) {
+bool IsControlByte(unsigned char byte) {
   switch (byte) {
     case 0x7F:
     case 0x81:
@@ -25,7 +27,7 @@ void AppendHex(std::string& text, unsigned char byte) {
 
 void AppendVisible(std::string& text, char c) {
   const auto byte = static_cast<unsigned char>(c);
-  if (IsControl(byte)) {
+  if (IsControlByte(byte)) {
     AppendHex(text, byte);
   } else {
     text += c;
@@ -48,17 +50,15 @@ std::string Visible(std::string_view text) {
 }
 
 std::string VisibleUtf8(std::string_view utf8) {
-  constexpr char kLeadOfC1 = '\xC2';
   std::string visible;
-  for (std::size_t i = 0; i < utf8.size(); ++i) {
-    const bool c1 =
-        utf8[i] == kLeadOfC1 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0;
-    if (c1) {
-      AppendHex(visible, static_cast<unsigned char>(utf8[++i]));
-    } else if (static_cast<unsigned char>(utf8[i]) < 0x20 || utf8[i] == 0x7F) {
-      AppendHex(visible, static_cast<unsigned char>(utf8[i]));
+  while (!utf8.empty()) {
+    const Utf8Character next = TakeCharacter(utf8);
+    if (next.Valid && IsControl(next.Code)) {
+      AppendHex(visible, static_cast<unsigned char>(next.Code));
+    } else if (next.Valid && ChangesDirection(next.Code)) {
+      for (const char each : next.Bytes) AppendHex(visible, static_cast<unsigned char>(each));
     } else {
-      visible += utf8[i];
+      visible.append(next.Bytes);
     }
   }
   return visible;

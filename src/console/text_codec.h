@@ -22,7 +22,8 @@ struct TextCodec {
 /// A text of several lines for a terminal: control characters as `\xNN`, except tabs and line ends.
 [[nodiscard]] std::string Visible(std::string_view text);
 
-/// One line of UTF-8 for a terminal: control characters as `\xNN`.
+/// One line of UTF-8 for a terminal: control characters, and the bytes of marks that reorder the text around
+/// them, as `\xNN`.
 [[nodiscard]] std::string VisibleUtf8(std::string_view utf8);
 
 /// Reverses the first four of Escaped; `\s` is a blank. Nothing when anything else follows a backslash.

@@ -62,6 +62,19 @@ TEST_F(CommandLine, WhatStandsForASettingHoldsForThisRun) {
   }
 }
 
+TEST_F(CommandLine, TheHistoryIsWrittenByThisScanAndReadSinceADateOrAScan) {
+  const auto scan = Read({"scan", project_, "--history"});
+  ASSERT_TRUE(std::holds_alternative<Options>(scan));
+  EXPECT_EQ(std::get<Options>(scan).Common.RunSettings.at(0).first, "chkHistory");
+  const auto changes = [&](const std::string& since) {
+    const auto read = Read({"changes", project_, "--since", since, "--acknowledge", "a.example", "two words"});
+    return std::get<ChangesOptions>(std::get<Options>(read).Command);
+  };
+  EXPECT_EQ(changes("2026").Wanted.SinceScan, 2026);
+  EXPECT_EQ(changes("2026-01-31T12:00").Wanted.SinceDate, "2026-01-31T12:00");
+  EXPECT_EQ(changes("1").Acknowledge, (std::vector<std::string>{"a.example", "two words"}));
+}
+
 TEST(RunSettings, HoldOverTheStoreUntilTheyAreWritten) {
   test::MemorySettings store;
   store.Write("chkSecure", "0");
@@ -109,6 +122,12 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"script", "--save", "x.prj"},
       {"open", dir + "/gone.prj"},
       {"open", project_, "--settings", dir + "/settings"},
+      {"changes", dir + "/gone.prj"},
+      {"changes", project_, "--since", "yesterday"},
+      {"changes", project_, "--since", "2026-1-1"},
+      {"changes", project_, "--format", "xml"},
+      {"changes", project_, "--acknowledge", "a.example"},
+      {"history"},
   };
   for (const auto& words : mistakes) {
     const auto read = Read(words);
@@ -133,7 +152,7 @@ TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
       {{"--private", "scan", project_}, "option --private belongs after its command, such as scan"},
       {{"scan", project_, "other.prj"}, "unexpected argument other.prj"},
       {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
-      {{}, "a command is missing: scan, script or open (see --help)"},
+      {{}, "a command is missing: scan, script, open, changes or history (see --help)"},
   };
   for (const auto& [words, complaint] : mistakes) {
     const auto read = Read(words);
