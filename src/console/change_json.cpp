@@ -4,7 +4,7 @@
 #include <ostream>
 
 #include "console/change_output.h"
-#include "console/json_text.h"
+#include "platform/quoting.h"
 
 namespace requite {
 namespace {
@@ -23,7 +23,7 @@ class ChangeJson {
   [[nodiscard]] std::string List(const ChangeList& list) const {
     const ScanRecord& scan = *list.Scan;
     std::string json =
-        "{\"format\": 1, \"project\": " + JsonText(scan.Project) +
+        "{\"format\": 1, \"project\": " + JsonString(scan.Project) +
         ", \"scan\": {\"id\": " + std::to_string(scan.Id) + ", \"finished\": " + Text(scan.Finished) +
         ", \"complete\": " + (scan.Complete ? "true" : "false") +
         "}, \"compared_with\": " + (list.ComparedWith ? std::to_string(*list.ComparedWith) : "null") +
@@ -40,7 +40,7 @@ class ChangeJson {
   }
 
  private:
-  [[nodiscard]] std::string Text(std::string_view text) const { return JsonText(codec_.ToUtf8(text)); }
+  [[nodiscard]] std::string Text(std::string_view text) const { return JsonString(codec_.ToUtf8(text)); }
 
   [[nodiscard]] std::string Change(const SiteChange& change) const {
     const SiteRecord& site = change.Site;

@@ -2,7 +2,7 @@
 // Escapes of the console's text.
 #include "console/text_codec.h"
 
-#include "console/utf8_characters.h"
+#include "platform/utf8_characters.h"
 
 namespace requite {
 namespace {

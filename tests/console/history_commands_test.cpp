@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "console/console_rig.h"
-#include "console/json_text.h"
 #include "console/scan_command.h"
 #include "platform/database_text.h"
 
@@ -87,8 +86,8 @@ TEST_F(HistoryCommands, TellWhatTheLastScanChanged) {
           "\"found_again\": 0, "
           "\"new\": 0, \"moved\": 0, \"still_missing\": 0, \"added\": 0, \"removed\": 0},\n \"changes\": [\n"
           "  {\"kind\": \"lost\", \"main\": \"main.example\", \"site\": \"b.example\", "
-          "\"url\": \"b.example/\\\"=\\u001b\\\\\xc3\xa9\", \"before\": {\"found\": 1, \"expected\": 1, "
-          "\"state\": \"ok\", \"pages\": [\"b.example/\\\"=\\u001b\\\\\xc3\xa9\"]}, "
+          "\"url\": \"b.example/\\\"=\\u001B\\\\\xc3\xa9\", \"before\": {\"found\": 1, \"expected\": 1, "
+          "\"state\": \"ok\", \"pages\": [\"b.example/\\\"=\\u001B\\\\\xc3\xa9\"]}, "
           "\"now\": {\"found\": 0, \"expected\": 1, \"state\": \"none\", \"reason\": \"404 Not found\"}, "
           "\"since\": \"2026-01-03T00:00:00Z\"}]}\n");
 
@@ -127,14 +126,7 @@ TEST_F(HistoryCommands, ASiteThatIsMarkedAsKnownIsNotTold) {
             "2\t2026-01-03T00:00:00Z\t2026-01-03T00:00:00Z\tall Main Sites\tyes\t2\t3\t1\t1\n");
 }
 
-TEST(JsonText, IsValidAndSafeOnATerminalWhateverComes) {
-  EXPECT_EQ(JsonText("a\"\\\n\x01\x7f \xc3\xa9 \xf0\x9f\x98\x80"),
-            "\"a\\\"\\\\\\u000a\\u0001\\u007f \xc3\xa9 \xf0\x9f\x98\x80\"");
-  EXPECT_EQ(JsonText("\xe2\x80\xae\xe2\x81\xa6\xd8\x9c\xc2\x9b"), "\"\\u202e\\u2066\\u061c\\u009b\"");
-  // A stray byte, a cut character, an overlong one, a surrogate, one beyond the last.
-  EXPECT_EQ(
-      JsonText("\xff|\xe2\x80|\xc0\xaf|\xed\xa0\x80|\xf4\x90\x80\x80|\xc3"),
-      "\"\\ufffd|\\ufffd\\ufffd|\\ufffd\\ufffd|\\ufffd\\ufffd\\ufffd|\\ufffd\\ufffd\\ufffd\\ufffd|\\ufffd\"");
+TEST(VisibleUtf8, ShowsMarksThatWouldReorderALine) {
   EXPECT_EQ(VisibleUtf8("/x\xe2\x80\xae.prj\xff"), "/x\\xE2\\x80\\xAE.prj\xff");
 }
 

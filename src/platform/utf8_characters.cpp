@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Decodes UTF-8 without trusting it.
-#include "console/utf8_characters.h"
+#include "platform/utf8_characters.h"
 
 #include <cstddef>
 
@@ -36,6 +36,13 @@ Utf8Character TakeCharacter(std::string_view& utf8) {
   const Utf8Character character{code, utf8.substr(0, valid ? lead.Length : 1), valid};
   utf8.remove_prefix(character.Bytes.size());
   return character;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    if (!TakeCharacter(text).Valid) return false;
+  }
+  return true;
 }
 
 }  // namespace requite

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The characters of a text in UTF-8 from outside, and which of them must not reach a terminal as they are.
+// The characters of a text in UTF-8 from outside, and which of them must not be shown as they are.
 #pragma once
 
 #include <string_view>
@@ -15,6 +15,8 @@ struct Utf8Character {
 /// Removes the first character of a text that is not empty. Longer forms than needed, surrogates and numbers
 /// that are no characters are not valid.
 [[nodiscard]] Utf8Character TakeCharacter(std::string_view& utf8);
+
+[[nodiscard]] bool IsUtf8(std::string_view text);
 
 /// C0, DEL and C1.
 [[nodiscard]] constexpr bool IsControl(char32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
