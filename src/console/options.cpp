@@ -114,8 +114,13 @@ std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
 std::string TakeScan(ScanOptions& scan) {
   scan.Project = AbsolutePath(scan.Project);
   if (std::string why = WhyNotReadable(scan.Project); !why.empty()) return why;
-  const std::pair<const char*, std::string*> targets[] = {
-      {"--save", &scan.Save}, {"--report", &scan.Report}, {"--tab", &scan.Tab}, {"--page", &scan.Page}};
+  // Rows that are asked for never give way to another file.
+  if (scan.Format != ResultFormat::Tsv && scan.Output.empty()) scan.Output = kStandardStream;
+  const std::pair<const char*, std::string*> targets[] = {{"--save", &scan.Save},
+                                                          {"--report", &scan.Report},
+                                                          {"--tab", &scan.Tab},
+                                                          {"--page", &scan.Page},
+                                                          {"--output", &scan.Output}};
   const char* onOutput = nullptr;
   for (const auto& [option, path] : targets) {
     if (*path == kStandardStream) {
@@ -141,9 +146,34 @@ void AddSeconds(CLI::App& app, const char* name, int& seconds, const char* words
   app.add_option(name, seconds, words)->type_name("SECONDS")->check(CLI::Range(1, kMost).description(""));
 }
 
+ResultFormat FormatOf(const std::string& word) {
+  static const std::pair<const char*, ResultFormat> kFormats[] = {{"tsv", ResultFormat::Tsv},
+                                                                  {"csv", ResultFormat::Csv},
+                                                                  {"json", ResultFormat::Json},
+                                                                  {"junit", ResultFormat::JUnit}};
+  for (const auto& [name, format] : kFormats) {
+    if (word == name) return format;
+  }
+  const std::string nearest = NearestWord(word, {"tsv", "csv", "json", "junit"});
+  throw CLI::ValidationError("--format", "\"" + word + "\" is none of tsv, csv, json and junit" +
+                                             (nearest.empty() ? "" : ", did you mean " + nearest + "?"));
+}
+
+void AddFormat(CLI::App& command, ScanOptions& scan) {
+  command
+      .add_option_function<std::string>(
+          "--format", [&scan](const std::string& word) { scan.Format = FormatOf(word); },
+          "How the result rows are written: tsv (as when left out), csv for spreadsheets, json, or junit for "
+          "build servers")
+      ->type_name("tsv|csv|json|junit");
+  command.add_option("--output", scan.Output, "Write the result rows there (- is standard output)")
+      ->type_name("FILE");
+}
+
 void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
   CLI::App& command = *app.add_subcommand("scan", "Run one scan of a project, start to end");
   command.add_option("PROJECT", scan.Project, "The project file")->required();
+  AddFormat(command, scan);
   command.add_option("--save", scan.Save, "Save the project there when done (- is standard output)")
       ->type_name("FILE");
   command.add_option("--report", scan.Report, "Write the Reciprocal Link Report there (or -)")
@@ -160,7 +190,7 @@ void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
   AddSeconds(command, "--stop-after", scan.StopAfter, "Press Stop when the scan takes longer");
   AddCommonOptions(command, common);
   command.footer(
-      "The result rows go to standard output, unless one of the files does.\n"
+      "The result rows go to standard output, unless one of the files does or --output names another.\n"
       "Exit status: 0 every site links back as often as expected, 1 at least one does not, 2 the command "
       "line or a file is wrong, 4 a posted row got no answer, 70 a failure ended the program, 130 after "
       "an interrupt.");

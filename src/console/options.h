@@ -27,9 +27,14 @@ struct CommonOptions {
 /// As a file name: standard output, or standard input for `script`.
 inline constexpr const char* kStandardStream = "-";
 
+/// How the rows of a scan are written.
+enum class ResultFormat { Tsv, Csv, Json, JUnit };
+
 struct ScanOptions {
   std::string Project;
-  std::string Save;  ///< empty: none; kStandardStream: standard output. The next three are alike
+  ResultFormat Format = ResultFormat::Tsv;
+  std::string Output;  ///< of the rows; empty: standard output, unless another file is written there
+  std::string Save;    ///< empty: none; kStandardStream: standard output. The next three are alike
   std::string Report;
   std::string Tab;
   std::string Page;

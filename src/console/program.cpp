@@ -9,14 +9,16 @@
 
 namespace requite {
 
-void ConsoleProgram::PrintLine(const std::vector<std::string>& fields) {
+std::string ConsoleProgram::Line(const std::vector<std::string>& fields) const {
   std::string line;
   for (const std::string& field : fields) {
     if (&field != &fields.front()) line += '\t';
     line += Outside(field);
   }
-  Out << line << '\n' << std::flush;
+  return line + '\n';
 }
+
+void ConsoleProgram::PrintLine(const std::vector<std::string>& fields) { Out << Line(fields) << std::flush; }
 
 void ConsoleProgram::PrintLine(std::string_view text) { Out << Outside(text) << '\n' << std::flush; }
 

@@ -34,6 +34,8 @@ struct ConsoleProgram {
 
   /// A text of the program in UTF-8, escaped.
   [[nodiscard]] std::string Outside(std::string_view text) const { return Codec.ToUtf8(Escaped(text)); }
+  /// One line of output and its end, with tabs between the fields, in UTF-8.
+  [[nodiscard]] std::string Line(const std::vector<std::string>& fields) const;
   /// Prints one line, with tabs between the fields. Lines are flushed at once: a reader may wait for
   /// them.
   void PrintLine(const std::vector<std::string>& fields);

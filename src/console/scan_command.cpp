@@ -4,6 +4,7 @@
 
 #include <ostream>
 
+#include "console/outcome_collector.h"
 #include "console/scan_files.h"
 #include "console/scan_limits.h"
 #include "model/project_reader.h"
@@ -71,14 +72,30 @@ void Stop(Form1& form) {
   if (form.State.Scanning) form.cmdStop.Click();
 }
 
-void PrintResults(ConsoleProgram& program) {
+std::string LinesOfRows(ConsoleProgram& program) {
   const RecordList<LinkResult>& results = program.Form1.Sites.List3;
   std::vector<std::string> captions;
   for (std::size_t column = 0; column < results.ColumnCount(); ++column) {
     captions.emplace_back(results.Caption(column));
   }
-  program.PrintLine(captions);
-  for (std::size_t row = 0; row < results.RowCount(); ++row) program.PrintLine(RowFields(results, row));
+  std::string lines = program.Line(captions);
+  for (std::size_t row = 0; row < results.RowCount(); ++row) lines += program.Line(RowFields(results, row));
+  return lines;
+}
+
+/// Writes the result rows in the form and to the place asked for. Returns false when that failed.
+bool WriteRows(ConsoleProgram& program, const ScanOptions& options, ScanFiles& files,
+               OutcomeCollector& collector, bool complete) {
+  if (options.Output.empty()) {
+    if (!files.TakeOutput()) program.Out << LinesOfRows(program) << std::flush;
+    return true;
+  }
+  return files.WriteRows([&] {
+    if (options.Format == ResultFormat::Tsv) return LinesOfRows(program);
+    const ScanOutcome outcome = collector.Take(options.Project, complete);
+    if (options.Format == ResultFormat::Csv) return CsvOfOutcome(outcome);
+    return options.Format == ResultFormat::Json ? JsonOfOutcome(outcome) : JUnitOfOutcome(outcome);
+  });
 }
 
 /// Posts the rows and prints how many got an answer. An interrupt ends it at once. Returns false when a
@@ -113,6 +130,7 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   Load(program, options);
   ScanProgress progress(program, output);
   const BoxPrinter boxes(program, progress);
+  OutcomeCollector collector(program);
   ScanFiles files(program, options);
   const ScanLimits limits(program, options);
   interrupt.OnInterrupt = [&form] { Stop(form); };
@@ -137,16 +155,16 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   if (limits.Stopped()) program.Complain("stopped after " + std::to_string(options.StopAfter) + " seconds");
   if (refused) return ExitStatus::Refused;
 
-  if (!files.TakeOutput()) PrintResults(program);
-  const bool written = files.Write();
+  const bool complete = !stoodStill && !interrupt.Seen && !limits.Stopped();
+  const bool listed = WriteRows(program, options, files, collector, complete);
+  const bool written = files.Write() && listed;
   const bool answered = !options.Post || Post(program, output, interrupt);
   progress.Summarise();
   if (form.Changed && output != ScanProgress::Output::None) program.Err << form.Changed->Words() << std::endl;
   if (interrupt.Seen) return ExitStatus::Interrupted;
   if (!written || halted || boxes.AnyShownAtStop()) return ExitStatus::Refused;
   if (!answered) return ExitStatus::PostFailed;
-  return progress.AllLinkBack() && !stoodStill && !limits.Stopped() ? ExitStatus::Done
-                                                                    : ExitStatus::LinksMissing;
+  return progress.AllLinkBack() && complete ? ExitStatus::Done : ExitStatus::LinksMissing;
 }
 
 }  // namespace requite

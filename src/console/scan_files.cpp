@@ -55,6 +55,16 @@ ScanFiles::ScanFiles(ConsoleProgram& program, const ScanOptions& options)
 
 ScanFiles::~ScanFiles() { program_.Form1.Report.OnGenerated = nullptr; }
 
+bool ScanFiles::WriteRows(const std::function<std::string()>& utf8) {
+  return WriteOne(options_.Output, [&] {
+    const std::string text = utf8();
+    if (options_.Output != kStandardStream) {
+      return PutFile(options_.Output, [&text](const TakePiece& take) { take(text); });
+    }
+    program_.Out << text << std::flush;  // has no control characters, which a terminal might obey
+  });
+}
+
 bool ScanFiles::TakeOutput() const {
   for (const std::string* path : {&options_.Save, &options_.Report, &options_.Tab, &options_.Page}) {
     if (*path == kStandardStream) return true;

@@ -25,6 +25,8 @@ class ScanFiles {
   ScanFiles(const ScanFiles&) = delete;
   ScanFiles& operator=(const ScanFiles&) = delete;
 
+  /// Writes the rows of the scan to --output. `utf8` makes their text.
+  [[nodiscard]] bool WriteRows(const std::function<std::string()>& utf8);
   /// Whether one of the files is standard output, which can then take nothing else.
   [[nodiscard]] bool TakeOutput() const;
   /// Writes all files except the report. Returns whether everything asked for was written, the report

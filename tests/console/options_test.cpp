@@ -111,6 +111,7 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"script", "--user-agent"},
       {"scan", project_, "--sites-at-a-time", "0"},
       {"scan", project_, "--sites-at-a-time", "257"},
+      {"scan", project_, "--output", dir},
       {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
       {"scan", dir + "/gone.prj"},
       {"scan", project_, "--save", dir},
@@ -153,6 +154,10 @@ TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
       {{"scan", project_, "other.prj"}, "unexpected argument other.prj"},
       {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
       {{}, "a command is missing: scan, script, open, changes or history (see --help)"},
+      {{"scan", project_, "--format", "jsno"},
+       "--format: \"jsno\" is none of tsv, csv, json and junit, did you mean json?"},
+      {{"scan", project_, "--tab", "-", "--format", "json"},
+       "--tab and --output cannot both be standard output"},
   };
   for (const auto& [words, complaint] : mistakes) {
     const auto read = Read(words);

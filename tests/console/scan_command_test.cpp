@@ -113,6 +113,41 @@ TEST_F(ScanCommand, SkipAndStopArePressedWhenTheirTimeHasCome) {
       << rig_.Err.str();
 }
 
+TEST_F(ScanCommand, AFormatTellsOfSitesThatWereSkippedAndOfAScanThatEndedEarly) {
+  rig_.Services.Connection.WhenConnecting = nullptr;  // nobody answers
+  options_.SkipAfter = 5;
+  options_.StopAfter = 7;
+  options_.Format = ResultFormat::Json;
+  options_.Output = kStandardStream;
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_EQ(rig_.Out.str(),
+            "{\"format\": 1,\n \"project\": \"" + options_.Project +
+                "\",\n \"finished\": \"2026-01-02T14:04:05Z\",\n \"complete\": false,\n"
+                " \"summary\": {\"sites\": 1, \"link_back\": 0, \"missing\": 0, \"not_reached\": 1},\n"
+                " \"sites\": [\n  {\"main\": \"main.example\", \"site\": \"a.example\", \"expected\": 1, "
+                "\"found\": 0, \"links_back\": false, \"reason\": \"Skipped\", \"links\": []}\n ],\n"
+                " \"errors\": []\n}\n");
+
+  options_.Format = ResultFormat::JUnit;
+  options_.Output = rig_.Folder.File("results.xml");
+  rig_.Out.str("");
+  EXPECT_EQ(Run(), ExitStatus::LinksMissing);
+  EXPECT_EQ(rig_.Out.str(), "");
+  const std::string xml = ReadFile(options_.Output);
+  EXPECT_NE(xml.find("tests=\"2\" failures=\"0\" errors=\"1\" skipped=\"1\""), std::string::npos) << xml;
+  EXPECT_NE(xml.find("<skipped message=\"0 of 1 links: Skipped\"/>"), std::string::npos) << xml;
+  EXPECT_NE(xml.find("<error message=\"the scan ended before its last site\""), std::string::npos) << xml;
+}
+
+TEST_F(ScanCommand, RowsThatCannotBeWrittenAreOneLine) {
+  options_.Output = rig_.Folder.File("no such folder/rows.csv");
+  options_.Format = ResultFormat::Csv;
+  EXPECT_EQ(Run(), ExitStatus::Refused);
+  EXPECT_NE(rig_.Err.str().find("requite-console: \"" + options_.Output + "\": Path not found\n"),
+            std::string::npos)
+      << rig_.Err.str();
+}
+
 TEST_F(ScanCommand, AScanWithNothingInProgressEnds) {
   rig_.Services.Connection.WhenConnecting = [this] {
     rig_.Loop.After(1, [this] { rig_.Services.timTimeout.Stop(); });
