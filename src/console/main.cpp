@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "console/history_commands.h"
+#include "console/import_command.h"
 #include "console/options.h"
 #include "console/output_buffer.h"
 #include "console/path_checks.h"
@@ -86,6 +87,9 @@ ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsolePr
     const auto shown =
         ::isatty(STDERR_FILENO) != 0 ? ScanProgress::Output::Terminal : ScanProgress::Output::Lines;
     return RunScan(program, *scan, options.Common.Quiet ? ScanProgress::Output::None : shown, interrupt);
+  }
+  if (const auto* import = std::get_if<ImportOptions>(&options.Command)) {
+    return RunImport(program, *import, options.Common.Quiet);
   }
   const std::string& file = std::get<ScriptOptions>(options.Command).File;
   if (file.empty()) return RunScript(program, std::cin);

@@ -6,11 +6,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "console/partner_table.h"
 #include "console/path_checks.h"
 #include "console/script/script_commands.h"
 #include "console/text_codec.h"
 #include "console/unknown_word.h"
 #include "model/visitor.h"
+#include "platform/text.h"
 #include "shell/product.h"
 
 namespace requite {
@@ -136,6 +138,19 @@ std::string TakeScan(ScanOptions& scan) {
   return {};
 }
 
+/// The first problem with the table and the project of an import, or an empty text.
+std::string TakeImport(ImportOptions& import) {
+  if (import.Table != kStandardStream) {
+    if (std::string why = WhyNotReadable(import.Table); !why.empty()) return why;
+  }
+  const bool control = std::any_of(import.MainSite.begin(), import.MainSite.end(),
+                                   [](unsigned char c) { return c < ' ' || c == 0x7F; });
+  if (control || Trim(import.MainSite).empty()) return "--main: \"" + import.MainSite + "\" is no host";
+  import.MainSite = Trim(import.MainSite);
+  import.Project = AbsolutePath(import.Project);
+  return WhyNotWritable(import.Project);
+}
+
 EndAtOnce Refuse(std::string why) {
   std::replace(why.begin(), why.end(), '\n', ' ');
   return {ExitStatus::Refused, "requite-console: " + VisibleUtf8(why)};
@@ -206,6 +221,24 @@ void AddScript(CLI::App& app, ScriptOptions& script, bool& listsCommands, RawCom
       "ran out of time, 70 a failure ended the program.");
 }
 
+void AddImport(CLI::App& app, ImportOptions& import, RawCommon& common) {
+  CLI::App& command = *app.add_subcommand("import", "Add the partners of a table to a project file");
+  command.add_option("FILE", import.Table, "A table in CSV (- is standard input)")->required();
+  command.add_option("PROJECT", import.Project, "The project file; it is made when there is none")
+      ->required();
+  command.add_option("--main", import.MainSite, "The Main Site whose Linking Sites the partners become")
+      ->type_name("HOST")
+      ->required();
+  AddCommonOptions(command, common);
+  command.footer(
+      "The first line of the table names its columns, in any letter case; others are passed over:\n" +
+      PartnerColumnsHelp() +
+      "Commas, semicolons or tabs separate the cells. Sites that are in the list already are named and "
+      "passed over.\n"
+      "Exit status: 0 the partners are in the project, 2 the command line, the table or the project is "
+      "wrong, and nothing was added; 70 a failure ended the program.");
+}
+
 void AddOpen(CLI::App& app, OpenOptions& open) {
   CLI::App& command = *app.add_subcommand("open", "Start the window program with a project");
   command.add_option("FILE", open.Project, "The project file; the one of the last time when left out");
@@ -230,7 +263,7 @@ std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv)
     std::string unknown = UnknownWord(app);
     if (!unknown.empty()) return Refuse(std::move(unknown));
     if (app.get_subcommands().empty())
-      return Refuse("a command is missing: scan, script, open, changes or history (see --help)");
+      return Refuse("a command is missing: scan, script, import, open, changes or history (see --help)");
     return Refuse(error.what());
   }
   return std::nullopt;
@@ -243,6 +276,7 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   ScanOptions scan;
   ScriptOptions script;
   OpenOptions open;
+  ImportOptions import;
   bool listsCommands = false;
   CLI::App app("Requite without its windows: scans for links back from a terminal or a nightly job.");
   app.name("requite-console");
@@ -250,6 +284,7 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   AddEndFlags(app);
   AddScan(app, scan, common);
   AddScript(app, script, listsCommands, common);
+  AddImport(app, import, common);
   AddOpen(app, open);
   ChangesOptions changes;
   HistoryOptions history;
@@ -269,6 +304,9 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   } else if (why.empty() && app.got_subcommand("history")) {
     why = TakeHistory(history);
     options.Command = history;
+  } else if (why.empty() && app.got_subcommand("import")) {
+    why = TakeImport(import);
+    options.Command = import;
   } else if (app.got_subcommand("open")) {
     open.Project = AbsolutePath(open.Project);
     if (!open.Project.empty()) why = WhyNotReadable(open.Project);

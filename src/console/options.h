@@ -24,7 +24,7 @@ struct CommonOptions {
   bool Quiet = false;    ///< no progress and no summary on standard error
 };
 
-/// As a file name: standard output, or standard input for `script`.
+/// As a file name: standard output, or standard input where a file is read.
 inline constexpr const char* kStandardStream = "-";
 
 /// How the rows of a scan are written.
@@ -51,9 +51,16 @@ struct OpenOptions {
   std::string Project;  ///< empty: the last project
 };
 
+struct ImportOptions {
+  std::string Table;     ///< a CSV file; kStandardStream: standard input
+  std::string MainSite;  ///< UTF-8
+  std::string Project;   ///< need not exist
+};
+
 struct Options {
   CommonOptions Common;
-  std::variant<ScanOptions, ScriptOptions, OpenOptions, ChangesOptions, HistoryOptions> Command;
+  std::variant<ScanOptions, ScriptOptions, ImportOptions, OpenOptions, ChangesOptions, HistoryOptions>
+      Command;
 };
 
 /// The program has to end at once: with a text for standard output (help, version), or with one line for

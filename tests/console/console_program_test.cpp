@@ -188,6 +188,29 @@ TEST_F(ConsoleProgramTest, ARefusedScanWritesNothingItWasAskedFor) {
   refused({"scan", Project(kFound)}, "Project Files");
 }
 
+TEST_F(ConsoleProgramTest, ATableComesInTheLettersOfItsProgram) {
+  const auto import = [&](const std::string& table) {
+    ChildProcess run(REQUITE_CONSOLE, With({"import", "-", "--main", "main.example", project_}), table);
+    EXPECT_EQ(run.Wait(), table.find('\xD0') == std::string::npos ? 0 : 2) << run.Err;
+    return run.Err;
+  };
+  EXPECT_EQ(import("\xEF\xBB\xBFurl,name\nm\xC3\xBCller.example,Caf\xC3\xA9 \xE2\x80\xAE\n"),
+            "1 site added\n");
+  EXPECT_EQ(import("url,name\nM\xDCLLER.example,\nb.example,Caf\xE9\n"),
+            "requite-console: line 2: M\xC3\x9CLLER.example is in the list already\n"
+            "1 site added, 1 was in the list already\n");
+  EXPECT_NE(import("url\n\xD0\xBF.example\n").find("standard input: line 2: the website has letters"),
+            std::string::npos);
+  EXPECT_EQ(ReadFile(project_).rfind("main.example\r\nm\xFCller.example|1||Caf\xE9 ?|Caf\xE9 ?|Caf\xE9 ?\r\n"
+                                     "b.example|1||Caf\xE9|Caf\xE9|\r\n",
+                                     0),
+            0U)
+      << ReadFile(project_);
+  ChildProcess endless(REQUITE_CONSOLE, With({"import", "/dev/zero", "--main", "main.example", project_}));
+  EXPECT_EQ(endless.Wait(), 2);
+  EXPECT_EQ(endless.Err, "requite-console: \"/dev/zero\": is larger than 64 MiB\n");
+}
+
 TEST_F(ConsoleProgramTest, AScanThatStandsStillIsStopped) {
   // The scan of all Main Sites cannot go on to one that has no Linking Sites.
   WriteFile(project_,

@@ -153,7 +153,7 @@ TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
       {{"--private", "scan", project_}, "option --private belongs after its command, such as scan"},
       {{"scan", project_, "other.prj"}, "unexpected argument other.prj"},
       {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
-      {{}, "a command is missing: scan, script, open, changes or history (see --help)"},
+      {{}, "a command is missing: scan, script, import, open, changes or history (see --help)"},
       {{"scan", project_, "--format", "jsno"},
        "--format: \"jsno\" is none of tsv, csv, json and junit, did you mean json?"},
       {{"scan", project_, "--tab", "-", "--format", "json"},
