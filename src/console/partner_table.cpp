@@ -20,14 +20,14 @@ namespace {
 struct PartnerColumn {
   std::string LinkingSite::*Target;
   const char* Meaning;
-  std::array<std::string_view, 5> Words;  ///< in lower case; unused ones are empty
+  std::array<std::string_view, 6> Words;  ///< in lower case; unused ones are empty
 };
 
 constexpr std::array<PartnerColumn, 5> kColumns = {{
-    {&LinkingSite::WebsiteUrl, "website", {"website", "url", "link", "site", "linking site"}},
+    {&LinkingSite::WebsiteUrl, "website", {"website", "website url", "url", "link", "site", "linking site"}},
     {&LinkingSite::LinksExpected, "number of links", {"#", "expected", "links", "links expected"}},
     {&LinkingSite::LinkPageUrl, "HTML link", {"html link", "link page", "link page url"}},
-    {&LinkingSite::LinkPageText, "HTML name", {"html name", "name", "link text"}},
+    {&LinkingSite::LinkPageText, "HTML name", {"html name", "name", "link text", "link page text"}},
     {&LinkingSite::Description, "description", {"description"}},
 }};
 
