@@ -38,7 +38,9 @@ class ChangeReader {
         marks_(AcknowledgedSites(history, project)),
         wanted_(wanted),
         list_(list),
-        newestScan_(list.Scan->Id) {}
+        newestScan_(list.Scan->Id) {
+    if (HasSince()) reader_.Prepare(*list.ComparedWith);
+  }
 
   void Take(SiteRecord site, bool inProject) {
     if (!inProject) return TakeRemoved(std::move(site));
@@ -63,24 +65,17 @@ class ChangeReader {
  private:
   [[nodiscard]] bool HasSince() const { return wanted_.SinceScan || !wanted_.SinceDate.empty(); }
   [[nodiscard]] bool IsInRange(const SiteRecord& site) const {
-    return HasSince() ? site.Scan > *list_.ComparedWith : site.Scan == newestScan_;
+    return HasSince() ? site.Place.Scan > *list_.ComparedWith : site.Place.Scan == newestScan_;
   }
 
-  /// The record to compare with. Where that is pruned, the oldest one that is kept takes its place.
+  /// The record to compare with.
   std::optional<SiteRecord> Base(const SiteRecord& site) {
-    std::optional<SiteRecord> base;
-    if (HasSince()) {
-      base = reader_.UpTo(site.Row, *list_.ComparedWith);
-    } else if (site.Previous) {
-      base = reader_.UpTo(site.Row, *site.Previous);
-    }
-    if (base) return base;
-    base = reader_.Oldest(site.Row);
-    return base && base->Previous ? base : std::nullopt;
+    if (HasSince()) return reader_.UpTo(site, *list_.ComparedWith);
+    return site.Previous ? reader_.UpTo(site, site.Previous->Scan) : std::nullopt;
   }
 
   void TakeRemoved(SiteRecord site) {
-    if (site.Scan < list_.ComparedWith.value_or(newestScan_)) return;
+    if (site.Place.Scan < list_.ComparedWith.value_or(newestScan_)) return;
     reader_.ReadLinks(site);
     list_.Counts.Count(ChangeKind::Removed);
     SiteChange change{ChangeKind::Removed, site, site, false, {}};
@@ -112,7 +107,8 @@ ChangeList ReadChanges(HistoryFile& history, const std::string& project,
   ChangeReader reader(history, project, wanted, list);
   for (std::size_t i = 0; i < newest.size(); ++i) reader.Take(std::move(newest[i]), inProject[i]);
   std::stable_sort(list.Changes.begin(), list.Changes.end(), [](const SiteChange& a, const SiteChange& b) {
-    return std::tie(a.Kind, a.Site.Main, a.Site.Position) < std::tie(b.Kind, b.Site.Main, b.Site.Position);
+    return std::tie(a.Kind, a.Site.Main, a.Site.Place.Position) <
+           std::tie(b.Kind, b.Site.Main, b.Site.Place.Position);
   });
   return list;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "history/history_file.h"
@@ -15,24 +16,29 @@ namespace requite {
 /// The newest record of each site of a project, without its links, in the order of rows.
 [[nodiscard]] std::vector<SiteRecord> NewestRecords(HistoryFile& history, const std::string& project);
 
-/// Looks up records one at a time. The history must outlive it.
+/// Looks up older records. The history must outlive it.
 class RecordReader {
  public:
   explicit RecordReader(HistoryFile& history);
 
-  /// The newest record of a row from a scan up to this number, with its links.
-  [[nodiscard]] std::optional<SiteRecord> UpTo(std::int64_t row, std::int64_t scan);
-  /// The oldest record of a row that is kept, with its links.
-  [[nodiscard]] std::optional<SiteRecord> Oldest(std::int64_t row);
+  /// Makes `UpTo` of this scan fast, which otherwise follows the records of each site.
+  void Prepare(std::int64_t scan);
+  /// The newest record of the site from a scan up to this number, with its links. Where that is pruned, the
+  /// oldest one that is kept takes its place. Nothing when the site was first recorded later.
+  [[nodiscard]] std::optional<SiteRecord> UpTo(const SiteRecord& newest, std::int64_t scan);
+  /// The record before, without its links; nothing when there is none or it is pruned.
+  [[nodiscard]] std::optional<SiteRecord> Before(const SiteRecord& site);
   /// Fills in the links that were found.
   void ReadLinks(SiteRecord& site);
 
  private:
-  [[nodiscard]] std::optional<SiteRecord> One(SqliteStatement& query);
+  [[nodiscard]] std::optional<SiteRecord> At(const RecordPlace& place);
 
-  SqliteStatement upTo_;
-  SqliteStatement oldest_;
+  HistoryFile& history_;
+  SqliteStatement one_;
   SqliteStatement links_;
+  std::int64_t prepared_ = 0;
+  std::unordered_map<std::int64_t, std::int64_t> positions_;  ///< in the prepared scan, by row
 };
 
 /// What one scan found of a site, for a drawing.
@@ -44,6 +50,7 @@ struct PastResult {
 };
 
 /// The last results of a site, the oldest first; at most `most` of them.
-[[nodiscard]] std::vector<PastResult> LastResults(HistoryFile& history, std::int64_t row, int most = 30);
+[[nodiscard]] std::vector<PastResult> LastResults(HistoryFile& history, const SiteRecord& newest,
+                                                  int most = 30);
 
 }  // namespace requite

@@ -53,7 +53,7 @@ void Succeed(SiteRecord& site, const SiteRecord* before, const std::string& fini
   site.Linked = site.Found > 0 || (before != nullptr && before->Linked);
   if (before == nullptr) return;
   site.Row = before->Row;
-  site.Previous = before->Scan;
+  site.Previous = before->Place;
 }
 
 ProjectSite SiteOf(std::string_view mainSite, std::string_view url) {

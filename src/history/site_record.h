@@ -36,11 +36,16 @@ struct LinkRecord {
   std::string Page;
 };
 
+/// Where a record is: the scan's number and the site's place in the scan, from 1.
+struct RecordPlace {
+  std::int64_t Scan = 0;
+  std::int64_t Position = 0;
+};
+
 /// One site as one scan left it.
 struct SiteRecord {
-  std::int64_t Row = 0;   ///< stays the same over all scans of the site
-  std::int64_t Scan = 0;  ///< the scan's number
-  std::int64_t Position = 0;
+  std::int64_t Row = 0;  ///< stays the same over all scans of the site
+  RecordPlace Place;
   std::string Main;  ///< the Main Site without scheme and "www.", in lower case
   std::string Host;  ///< of UrlAfter, likewise
   std::string UrlBefore;
@@ -50,9 +55,9 @@ struct SiteRecord {
   SiteState State = SiteState::None;
   std::string Reason;
   std::string Since;  ///< since when it links back, links back too little, or does not link back
-  std::optional<std::int64_t> Previous;  ///< the number of the scan before with this site
-  std::int64_t Known = 0;                ///< links found when the site was last reached
-  bool Linked = false;                   ///< links were found in this scan or any before
+  std::optional<RecordPlace> Previous;  ///< the record before, which may be pruned
+  std::int64_t Known = 0;               ///< links found when the site was last reached
+  bool Linked = false;                  ///< links were found in this scan or any before
   std::vector<LinkRecord> Links;
 };
 

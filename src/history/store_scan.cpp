@@ -12,9 +12,12 @@ constexpr const char* kPrune =
     "DELETE FROM scan WHERE project = ?1 AND finished < strftime('%Y-%m-%dT%H:%M:%SZ', ?2, '-400 days') "
     "AND id NOT IN (SELECT id FROM scan WHERE project = ?1 ORDER BY id DESC LIMIT 100)";
 
-/// A row's number is never used again, not even after its records are pruned: marks are kept by row.
-constexpr const char* kLastRow =
-    "SELECT max(coalesce((SELECT max(row) FROM site), 0), coalesce((SELECT max(row) FROM acknowledged), 0))";
+/// The number of a site that is recorded for the first time. It is never used again, not even after its
+/// records are pruned, as the numbers of scans are not: marks of the user are kept by it.
+std::int64_t NewRow(const RecordPlace& place) {
+  constexpr std::int64_t kMostSites = std::int64_t{1} << 24;
+  return place.Scan * kMostSites + place.Position;
+}
 
 std::int64_t InsertScan(SqliteStore& store, const ScanRecord& scan) {
   SqliteStatement insert(store,
@@ -40,14 +43,14 @@ class SiteWriter {
       : site_(store,
               "INSERT INTO site(scan, position, row, main, host, url_before, url_after, expected, found, "
               "state, "
-              "reason, since, previous, known, linked, newest) "
-              "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 1)"),
-        link_(store, "INSERT INTO link(scan, position, no, kind, page) VALUES(?, ?, ?, ?, ?)"),
+              "reason, since, previous, previous_position, known, linked, newest) "
+              "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 1)"),
+        link_(store, "INSERT OR IGNORE INTO link(scan, position, no, kind, page) VALUES(?, ?, ?, ?, ?)"),
         older_(store, "UPDATE site SET newest = 0 WHERE scan = ? AND position = ?") {}
 
   void Write(const SiteRecord& site) {
-    site_.Bind(1, site.Scan);
-    site_.Bind(2, site.Position);
+    site_.Bind(1, site.Place.Scan);
+    site_.Bind(2, site.Place.Position);
     site_.Bind(3, site.Row);
     site_.Bind(4, site.Main);
     site_.Bind(5, site.Host);
@@ -58,26 +61,31 @@ class SiteWriter {
     site_.Bind(10, WordOf(site.State));
     site_.Bind(11, site.Reason);
     site_.Bind(12, site.Since);
-    if (site.Previous) {
-      site_.Bind(13, *site.Previous);
-    } else {
-      site_.BindNull(13);
-    }
-    site_.Bind(14, site.Known);
-    site_.Bind(15, std::int64_t{site.Linked});
+    BindPlace(13, site.Previous);
+    site_.Bind(15, site.Known);
+    site_.Bind(16, std::int64_t{site.Linked});
     site_.Run();
     for (const LinkRecord& link : site.Links) Write(site, link);
   }
   void NoLongerNewest(const SiteRecord& site) {
-    older_.Bind(1, site.Scan);
-    older_.Bind(2, site.Position);
+    older_.Bind(1, site.Place.Scan);
+    older_.Bind(2, site.Place.Position);
     older_.Run();
   }
 
  private:
+  void BindPlace(int first, const std::optional<RecordPlace>& place) {
+    if (place) {
+      site_.Bind(first, place->Scan);
+      site_.Bind(first + 1, place->Position);
+    } else {
+      site_.BindNull(first);
+      site_.BindNull(first + 1);
+    }
+  }
   void Write(const SiteRecord& site, const LinkRecord& link) {
-    link_.Bind(1, site.Scan);
-    link_.Bind(2, site.Position);
+    link_.Bind(1, site.Place.Scan);
+    link_.Bind(2, site.Place.Position);
     link_.Bind(3, link.No);
     link_.Bind(4, link.Kind);
     link_.Bind(5, link.Page);
@@ -98,11 +106,6 @@ std::vector<ProjectSite> SitesNow(const std::vector<SiteRecord>& scanned,
   return sites;
 }
 
-std::int64_t LastRow(SqliteStore& store) {
-  SqliteStatement query(store, kLastRow);
-  return query.Next() ? query.Number(0) : 0;
-}
-
 std::int64_t Prune(SqliteStore& store, const std::string& project, const std::string& today) {
   SqliteStatement prune(store, kPrune);
   prune.BindBytes(1, project);
@@ -121,14 +124,12 @@ void StoreScan(HistoryFile& history, ScanRecord scan, std::vector<SiteRecord> si
   const auto matches = MatchRows(SitesNow(sites, others), newest);
   scan.Sites = static_cast<std::int64_t>(sites.size());
   const std::int64_t id = InsertScan(store, scan);
-  std::int64_t lastRow = LastRow(store);
   SiteWriter writer(store);
   for (std::size_t i = 0; i < sites.size(); ++i) {
     const SiteRecord* const before = matches[i] ? &newest[*matches[i]] : nullptr;
     SiteRecord& site = sites[i];
-    site.Scan = id;
-    site.Position = static_cast<std::int64_t>(i + 1);
-    if (before == nullptr) site.Row = ++lastRow;
+    site.Place = {id, static_cast<std::int64_t>(i + 1)};
+    site.Row = NewRow(site.Place);
     Succeed(site, before, scan.Finished);
     if (before != nullptr) writer.NoLongerNewest(*before);
     writer.Write(site);

@@ -150,7 +150,7 @@ TEST(HistoryScan, LostFoundAndLostAgainWithAWordOfTheUser) {
   EXPECT_EQ(rig.Read().Changes.at(0).Site.Since, "2026-01-02T15:06:00Z");
   std::string drawn;
   HistoryFile history(rig.Folder.Folder, SqliteStore::Open::ToRead);
-  for (const PastResult& each : LastResults(history, rig.Read().Changes.at(0).Site.Row)) {
+  for (const PastResult& each : LastResults(history, rig.Read().Changes.at(0).Site)) {
     drawn += std::to_string(each.Found) + std::string(WordOf(each.State)) + " ";
   }
   EXPECT_EQ(drawn, "1ok 0none 0unreachable 0none 1ok 0none ");

@@ -107,7 +107,7 @@ TEST(HistoryStore, TwoProgramsWaitForEachOther) {
   EXPECT_EQ(history.Scans("/p.prj").size(), 2U * kScans);
   const std::vector<SiteRecord> newest = NewestRecords(history, "/p.prj");
   ASSERT_EQ(newest.size(), 1U) << "one chain of records";
-  EXPECT_EQ(LastResults(history, newest[0].Row, 100).size(), 2U * kScans);
+  EXPECT_EQ(LastResults(history, newest[0], 100).size(), 2U * kScans);
 }
 
 TEST(HistoryStore, AScanIsStoredWholeOrNotAtAllOnADiskThatFails) {
