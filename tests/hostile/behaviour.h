@@ -68,7 +68,6 @@ std::vector<Behaviour> OddLinks();
 std::vector<Behaviour> MovedPages();
 std::vector<Behaviour> SecurePages();
 std::vector<Behaviour> BrokenSecurePages();
-std::vector<Behaviour> FalseSecurePages();
 std::vector<Behaviour> SecurePortsGivenUp();
 
 /// The Main Site that all of them are scanned for, and a link to it.

@@ -122,7 +122,6 @@ constexpr BehaviourGroup kGroups[] = {
     {"MovedPages", MovedPages},
     {"SecurePages", SecurePages},
     {"BrokenSecurePages", BrokenSecurePages},
-    {"FalseSecurePages", FalseSecurePages},
     {"SecurePortsGivenUp", SecurePortsGivenUp},
 };
 

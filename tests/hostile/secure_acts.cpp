@@ -7,14 +7,11 @@
 #include <list>
 #include <utility>
 
-#include "system/secure_request.h"
-
 namespace requite::hostile {
 namespace {
 
 using test::Certificate;
 using test::CertificateWish;
-using test::ClientCertificate;
 
 const Certificate& Authority() {
   static const Certificate authority =
@@ -42,10 +39,6 @@ const TlsServer& GoodServer(int version) {
   static const TlsServer& old = ServerWith(TLS1_2_VERSION, kGood);
   static const TlsServer& current = ServerWith(TLS1_3_VERSION, kGood);
   return version == TLS1_2_VERSION ? old : current;
-}
-
-const TlsServer& AskingServer(int version, ClientCertificate wanted) {
-  return Keep(TlsServer(version, test::MakeCertificate(kGood, &Authority()), {}, wanted));
 }
 
 bool Flush(ServerEnd& server, ServedConnection& client) { return client.Send(server.TakeOutgoing()); }

@@ -22,8 +22,6 @@ using test::TlsServer;
 /// A server whose certificate was wished for otherwise; signed by the trusted authority, or by itself.
 [[nodiscard]] const TlsServer& ServerWith(int version, const test::CertificateWish& wish,
                                           bool selfSigned = false);
-/// One that asks its clients for a certificate.
-[[nodiscard]] const TlsServer& AskingServer(int version, test::ClientCertificate wanted);
 
 /// What a server does after the handshake and the request. What it has written is sent when it is over.
 using SecureAct = std::function<void(ServerEnd&, ServedConnection&)>;

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "qt/loop_rig.h"
+#include "system/connection_recorder.h"
 #include "system/local_server.h"
 #include "system/page_connection.h"
 
@@ -83,17 +84,6 @@ TEST_F(NameResolverTest, AHangingLookUpHoldsUpNeitherOthersNorTheEnd) {
   LetGo();
 }
 
-TEST_F(NameResolverTest, WorkersAreBoundedAndTheLineBehindThemIsServed) {
-  for (std::size_t i = 0; i < NameResolver::kMostWorkers; ++i) Ask("mute" + std::to_string(i));
-  Ask("site.example");
-  EXPECT_TRUE(rig_.Until([] { return lookUps == static_cast<int>(NameResolver::kMostWorkers); }));
-  rig_.Settle();
-  EXPECT_EQ(lookUps, static_cast<int>(NameResolver::kMostWorkers)) << "the others wait for their turn";
-  EXPECT_EQ(answers_["site.example"], 0);
-  LetGo();
-  EXPECT_TRUE(rig_.Until([&] { return answers_["site.example"] == 2; }));
-}
-
 TEST_F(NameResolverTest, HangingLookUpsThatNobodyWaitsForHoldNobodyUpUntilTheThreadsAreTooMany) {
   Ask("mute");
   for (std::size_t i = 1; i < NameResolver::kMostWorkers; ++i) Ask("mute" + std::to_string(i));
@@ -120,30 +110,20 @@ TEST_F(NameResolverTest, HangingLookUpsThatNobodyWaitsForHoldNobodyUpUntilTheThr
   EXPECT_TRUE(rig_.Until([&] { return answers_["late.example"] == 2; }));
 }
 
-/// Counts the ends of pages.
-class Closes : public ConnectionEvents {
- public:
-  void OnConnect() override {}
-  void OnDataArrival(std::size_t) override {}
-  void OnClose() override { ++Count; }
-  int Count = 0;
-};
-
 TEST_F(NameResolverTest, AllAddressesOfAHostAreTriedAndCloseForgetsTheLookUp) {
-  LocalServer server([](ServedConnection& client) { client.End(); });
+  LocalServer server([](ServedConnection& client) { client.ReadRequest(); });
   const ConnectMap map;
   PageConnection connection(poller_, *resolver_, map);
-  Closes events;
-  connection.Events = &events;
+  const Recorder recorder(connection);
   connection.Connect("site.example", server.Port());
-  ASSERT_TRUE(rig_.Until([&] { return events.Count == 1; }));
+  ASSERT_TRUE(rig_.Until([&] { return recorder.Closes == 1; }));
 
   connection.Connect("mute.example", server.Port());
   connection.Close();
   LetGo();
   ASSERT_TRUE(rig_.Until([&] { return resolver_->Known("mute.example").has_value(); }));
   rig_.Settle();
-  EXPECT_EQ(events.Count, 1);
+  EXPECT_EQ(recorder.Closes, 1);
 }
 
 }  // namespace

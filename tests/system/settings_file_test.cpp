@@ -9,9 +9,7 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 
 #include "support/fakes.h"
 
@@ -25,15 +23,10 @@ class SettingsFileTest : public testing::Test {
   TemporaryFolder folder_;
   std::string path_ = folder_.File("config/requite/settings");
 
-  [[nodiscard]] std::string Stored() const {
-    std::ifstream file(path_, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
+  [[nodiscard]] std::string Stored() const { return ReadFile(path_); }
   void Store(std::string_view text) const {
     fs::create_directories(fs::path(path_).parent_path());
-    std::ofstream(path_, std::ios::binary | std::ios::trunc) << text;
+    WriteFile(path_, text);
   }
   [[nodiscard]] std::string Reread(std::string_view key) const {
     return SettingsFile(path_).Read(key).value_or("(none)");

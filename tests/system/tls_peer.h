@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "system/local_server.h"
+
 namespace requite::test {
 
 struct OpenSslFree {
@@ -71,5 +73,16 @@ class ServerEnd {
  private:
   Owned<SSL> connection_;
 };
+
+/// Shakes hands and reads the request. False when the client has gone before that.
+inline bool ReadSecureRequest(ServedConnection& client, ServerEnd& server) {
+  while (server.Request.find("\r\n\r\n") == std::string::npos) {
+    const std::string bytes = client.ReadSome();
+    if (bytes.empty()) return false;
+    server.Feed(bytes);
+    client.Send(server.TakeOutgoing());
+  }
+  return true;
+}
 
 }  // namespace requite::test
