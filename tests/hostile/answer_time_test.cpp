@@ -8,8 +8,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <memory>
-#include <random>
-#include <thread>
 
 #include "console/child_process.h"
 #include "hostile/hostile_web.h"
@@ -28,33 +26,8 @@ constexpr milliseconds kMost{1500};
 /// Attempts then last three seconds, pages this long.
 constexpr int kTimeoutSeconds = 20;
 constexpr int kStalledAfter = 150;  // milliseconds, by when a connection has got to the place where it stalls
-constexpr int kDrips = 10;
-constexpr int kAtOnce = 2;       // of the drips: maybe before the connection is made
-constexpr int kDripTime = 1000;  // milliseconds: the handshake and as much of the page
 
 void Stay(ServedConnection& client) { client.WaitForPeer(); }
-
-/// A handshake of about half a second, then a page without end.
-void Drip(ServedConnection& client) {
-  constexpr std::size_t kDrop = 2;
-  ServerEnd server(GoodServer(TLS1_3_VERSION));
-  const auto drip = [&] {
-    const std::string bytes = server.TakeOutgoing();
-    for (std::size_t sent = 0; sent < bytes.size(); sent += kDrop) {
-      if (!client.Send(bytes.substr(sent, kDrop))) return false;
-      std::this_thread::sleep_for(milliseconds(1));
-    }
-    return true;
-  };
-  while (server.Request.empty()) {
-    const std::string bytes = client.ReadSome();
-    if (bytes.empty()) return;
-    server.Feed(bytes);
-    if (!drip()) return;
-  }
-  do server.Send(kHeader);
-  while (drip());
-}
 
 /// What the first site's connections meet, one after the other.
 std::vector<Act> Stalls() {
@@ -63,7 +36,7 @@ std::vector<Act> Stalls() {
   const std::string page = Joined({kHeader, kLink});
   const std::string moved =
       Joined({kHeader, "302 Found <a href=\"https://stalls.secure.example/new\">here</a></body>"});
-  std::vector<Act> all = {
+  return {
       Stay,
       StallInHandshake(tls13, 3),
       StallInHandshake(tls13, 300),
@@ -80,8 +53,6 @@ std::vector<Act> Stalls() {
       Securely(tls13, SecureAnswer(moved)),
       Stay,
   };
-  all.insert(all.end(), kDrips, Drip);
-  return all;
 }
 
 struct Web {
@@ -105,15 +76,11 @@ std::vector<Behaviour> Rows(const Web& web) {
 
 class AnswerTimeTest : public testing::TestWithParam<Web> {
  protected:
-  /// A scan a round, in which the button is pressed once: after the stalls in a random moment of the drip.
+  /// A scan a round, in which the button is pressed once.
   static std::string Script(const std::string& button) {
-    std::mt19937 random(1);
+    const std::string when = "after " + std::to_string(kStalledAfter);
     std::string script;
     for (int round = 0; round < GetParam().Rounds; ++round) {
-      const int left = GetParam().Rounds - round;
-      const bool stalls = left > kDrips || GetParam().IsBlackHole;
-      const auto drip = left <= kAtOnce ? 0 : static_cast<int>(random() % kDripTime);
-      const std::string when = "after " + std::to_string(stalls ? kStalledAfter : drip);
       script += when + " echo pressed\n" + when + " click " + button +
                 "\nclick Command1\nwait idle 30\necho idle\nrows List3\n";
     }

@@ -29,8 +29,6 @@ std::vector<Behaviour> SilentServers() {
   return {
       {"nobody-listens", kTimeout, {}},
       {"no-answer", kTimeout, AnswerAndStay("")},
-      {"silence-after-one-byte", kTimeout, AnswerAndStay("H")},
-      {"silence-in-header", kTimeout, AnswerAndStay(kHalfAnHeader)},
       {"silence-in-page", kTimeout, AnswerAndStay(kHalfAPage)},
       {"never-closes", kTimeout, AnswerAndStay(Joined({kHeader, kLink}))},
       {"links-to-silence", kTimeout,
@@ -45,8 +43,6 @@ std::vector<Behaviour> SilentServers() {
 std::vector<Behaviour> BrokenConnections() {
   return {
       {"reset-at-once", kTimeout, [](ServedConnection& peer) { peer.Reset(); }},
-      {"reset-after-request", kTimeout, AnswerAndReset("")},
-      {"reset-in-header", kTimeout, AnswerAndReset(kHalfAnHeader)},
       {"reset-in-page", kTimeout, AnswerAndReset(kHalfAPage)},
       {"ends-before-request", kNotFound,
        [](ServedConnection& peer) {
@@ -54,16 +50,7 @@ std::vector<Behaviour> BrokenConnections() {
          peer.WaitForPeer();
        }},
       {"ends-without-answer", kNotFound, Answer("")},
-      {"ends-after-one-byte", kNotFound, Answer("H")},
-      {"ends-in-header", kNotFound, Answer(kHalfAnHeader)},
       {"ends-in-page", kFound, Answer(kHalfAPage)},
-      {"half-close", kFound,
-       [](ServedConnection& peer) {
-         peer.ReadRequest();
-         peer.Send(Joined({kHeader, kLink}));
-         peer.EndSending();
-         peer.WaitForPeer();
-       }},
       {"answers-before-request", kFound,
        [](ServedConnection& peer) {
          peer.Send(Joined({kHeader, kLink}));
@@ -87,12 +74,6 @@ std::vector<Behaviour> BrokenConnections() {
        [](ServedConnection& peer) {
          peer.ReadRequest();
          SendInPieces(peer, Joined({kHeader, kLink}), 20, milliseconds(600));
-       }},
-      {"a-byte-now-and-then", kFound,
-       [](ServedConnection& peer) {
-         peer.ReadRequest();
-         SendInPieces(peer, "HTTP", 1, milliseconds(700));
-         peer.Send(Joined({"/1.1 200 OK\r\n\r\n", kLink}));
        }},
   };
 }

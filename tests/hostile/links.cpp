@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Servers whose links lead in circles, out of the site, or are no links at all.
+// Servers whose links and moved pages lead in circles, out of the web, or nowhere.
+#include <utility>
+
 #include "hostile/behaviour.h"
 
 namespace requite::hostile {
@@ -30,26 +32,31 @@ void EightBitPath(ServedConnection& peer) {
   peer.Send(second ? Joined({kHeader, kLink}) : Joined({kHeader, "<a href=\"/\xE4\xF6\xFC.htm\">x</a>"}));
 }
 
+std::string MovedPage(std::string_view address) {
+  return Joined({kHeader, "302 Found\r\n<a href=\"", address, "\">here</a></body>"});
+}
+
+/// The first page says that it has moved to "/new" of the site; what happens there is the act's.
+Act MovedTo(const char* site, Act there) {
+  return [page = MovedPage(Joined({"http://", site, ".example/new"})),
+          there = std::move(there)](ServedConnection& peer) {
+    // The request is looked at and left for the act to read.
+    if (PathOf(peer.PeekRequest()) == "/new") return there(peer);
+    peer.ReadRequest();
+    peer.Send(page);
+  };
+}
+
+Act Moved(std::string_view address) { return Answer(MovedPage(address)); }
+
 }  // namespace
 
 std::vector<Behaviour> OddLinks() {
   return {
-      {"value-without-end", kFound, Page("<a href=http://main-site.example/ab")},
-      {"value-cut-short", kTextOnly, Page("<a href=http://main-site.example")},
-      {"no-value", kNotFound, Page("<a href=")},
-      {"crossed-quotes", kFound, Page("<a href=\"http://main-site.example/'>")},
-      {"100-blanks-before-value", kFound,
-       Page(Joined({"<a href=", Times(100, " "), "http://main-site.example/>"}))},
-      {"blank-before-equals", kTextOnly, Page("<a href =\"http://main-site.example/\">")},
-      {"capitals", kFound, Page("<A HREF=HTTP://MAIN-SITE.EXAMPLE/>")},
-      {"fragment", kTextOnly, Href("http://main-site.example/x.htm#top")},
-      {"script-address", kTextOnly, Href("javascript:go('main-site.example')")},
       {"backslashes", kFound, Href("\\\\main-site.example\\x")},
-      {"name-before-host", kFound, Href("http://main-site.example@other.example/")},
       {"100000-schemes", kFound, Href(Times(100000, "http://") + "main-site.example/")},
       {"200000-words-in-a-row", kNotFound, Page(Times(200000, "href="))},
       {"10000-pages", kNotFound, Page(NumberedLinks(10000))},
-      {"10000-links", "Direct Link, Direct Link, Direct Link", Page(Times(10000, kLink)), 3},
       {"fewer-links-than-expected", "Direct Link, Missing 006", Page(std::string(kLink)), 7},
       {"endless-calendar", kNotFound, EndlessCalendar},
       {"itself-in-other-words", kNotFound,
@@ -63,6 +70,27 @@ std::vector<Behaviour> OddLinks() {
       {"8-bit-host-in-link", kNotFound, Href("http://m\xFC\xDFig.example/x.htm")},
       {"8-bit-path", kFound, EightBitPath},
       {"8-bit-site", kFound, Page(std::string(kLink)), 1, "m\xFCller.example"},
+  };
+}
+
+std::vector<Behaviour> MovedPages() {
+  const std::string longPath = Times(100000, "a");
+  return {
+      {"moved-with-link", kFound, MovedTo("moved-with-link", Page(std::string(kLink)))},
+      {"moved-to-a-short-text", kNotFound, MovedTo("moved-to-a-short-text", Page("x"))},
+      {"moved-twice", kNotFound, MovedTo("moved-twice", Moved("http://moved-twice.example/newer"))},
+      {"moved-to-itself", kNotFound, Moved("http://moved-to-itself.example/")},
+      {"moved-without-address", kNotFound, Page("<title>Document Moved</title>")},
+      {"moved-in-words-only", kTextOnly, Page(Joined({"301 Moved Permanently<p>", kLink}))},
+      {"moved-to-a-file", kNotFound, Moved("file:///etc/passwd")},
+      {"moved-to-a-long-address", kNotFound, Moved("http://moved-to-a-long-address.example/" + longPath)},
+      {"moved-to-stray-escapes", kNotFound, Moved("http://moved-to-stray-escapes.example/%zz%\x01\xFF%2")},
+      {"moved-and-reset", kNotFound, MovedTo("moved-and-reset", AnswerAndReset(""))},
+      {"moved-to-a-negative-length", kNotFound,
+       MovedTo("moved-to-a-negative-length", WithHeader("HTTP/1.1 200 OK\r\nContent-Length: -1\r\n", "<p>"))},
+      {"moved-to-bad-chunks", kNotFound,
+       MovedTo("moved-to-bad-chunks",
+               WithHeader("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n", "ZZ\r\n<p>"))},
   };
 }
 
