@@ -33,44 +33,6 @@ struct AnalyserTest : testing::Test {
   }
 };
 
-struct DropRow {
-  const char* What;
-  const char* Page;
-  std::vector<std::string> Queue;
-  std::vector<std::string> Results;
-};
-
-TEST(AnalysePage, TakesOrDropsEachKindOfLink) {
-  const DropRow rows[] = {
-      {"a page of the site", "<a href=\"x.htm\">", {"site.example/d/x.htm"}, {}},
-      {"a value ends at its first blank", "<a href=\"/x.htm y\">", {"site.example/x.htm"}, {}},
-      {"no end of the value cuts two characters", "<a href=/x.htmlz", {"site.example/x.htm"}, {}},
-      {"what that leaves must be a listed type before it is mended", "<a href=/x.html", {}, {}},
-      {"a cut type after a listed one is mended", "<a href=/x.php?y.html", {"site.example/x.php?y.htm"}, {}},
-      {"an end as last character counts as none", "<a href=/x.htmlz>", {"site.example/x.html"}, {}},
-      {"one letter is a value", "<a href=\"?\">", {"site.example/d/?"}, {}},
-      {"the start of another Linking Site", "<a href=\"http://partner.example\">", {}, {}},
-      {"a query with a dot needs a listed type", "<a href=\"/x?y.zip\">", {}, {}},
-      {"with a fragment and no listed type", "<a href=\"http://main.example/#x\">", {}, {kDirectRow}},
-      {"to a type of the Main Site that is not listed",
-       "<a href=\"http://main.example/a.zip\">",
-       {},
-       {kDirectRow}},
-      {"on the site, with the Main Site's text",
-       "<a href=\"/go.php?u=main.example\">",
-       {"site.example/go.php?u=main.example"},
-       {kDirectRow}},
-      {"a host that ends the Main Site's domain", "<a href=\"http://shop.ain.example/\">", {}, {}},
-  };
-  for (const DropRow& row : rows) {
-    AnalysisRig rig;
-    rig.Begin("main.example", {"http://www.site.example/start", "partner.example"}, "site.example/d/p.htm");
-    rig.Page(row.Page + std::string("\r\n"));
-    EXPECT_EQ(rig.Queue(), row.Queue) << row.What;
-    EXPECT_EQ(rig.Results(), row.Results) << row.What;
-  }
-}
-
 TEST_F(AnalyserTest, AStopAtAnyYieldQueuesNothingMore) {
   const std::string page = "<a href=/a.htm >\r\n<a href=\"http://main.example/\">\r\n<a href=/b.htm >\r\n";
   rig.Page(page);

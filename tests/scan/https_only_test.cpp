@@ -52,47 +52,31 @@ constexpr const char* kSecureForm =
 
 struct Web {
   const char* What;
-  Pages Served;
-  std::string MovedPage;  ///< what the library finds at "http://a.example"
   bool HttpsOnly;
+  Pages Served;
+  std::string MovedPage = {};  ///< what the library finds at "http://a.example"
 };
 
 TEST(HttpsOnly, IsASiteThatOnlySendsTheVisitorThere) {
+  const std::string a = "a.example/";
+  const std::string next = "a.example/next.htm";
   const std::string secure = Moved("https://a.example/");
   const std::string ok = "HTTP/1.1 200 OK\r\n\r\n";
   for (const Web& row :
-       {Web{"a Location", {{"a.example/", secure}}, "", true},
-        {"in any spelling",
-         {{"a.example/", "HTTP/1.0 308\r\nLOCATION:\t HTTPS://a.example\r\n\r\n"}},
-         "",
-         true},
-        {"a moved page in words", {{"a.example/", ok + kSecureForm}}, "", true},
-        {"after a move to a plain address",
-         {{"a.example/", Moved("http://www.a.example/", kNext)}, {"a.example/next.htm", secure}},
-         "",
-         true},
-        {"then silence", {{"a.example/", Moved("https://a.example/", kNext)}}, "", true},
-        {"a move that the library follows",
-         {{"a.example/", Moved("https://a.example/", "301 Moved Permanently\r\n")}},
-         "read",
-         false},
-        {"one page was read", {{"a.example/", ok + kNext}, {"a.example/next.htm", secure}}, "", false},
-        {"an error page over plain HTTP",
-         {{"a.example/", secure + kNext}, {"a.example/next.htm", "HTTP/1.1 404 No\r\n\r\n"}},
-         "",
-         false},
-        {"a plain move", {{"a.example/", Moved("http://c.example/")}}, "", false},
-        {"a Location without a redirect",
-         {{"a.example/", "HTTP/1.1 200 OK\r\nLocation: https://a/\r\n\r\n"}},
-         "",
-         false},
-        {"another header that ends so",
-         {{"a.example/", "HTTP/1.1 301 M\r\nX-Location: https://a/\r\n\r\n"}},
-         "",
-         false},
-        {"silence", {}, "", false},
-        {"an empty answer", {{"a.example/", ""}}, "", false},
-        {"it links back", {{"a.example/", secure + "<a href=\"http://main.example/\">"}}, "", false}}) {
+       {Web{"a Location", true, {{a, secure}}},
+        {"in any spelling", true, {{a, "HTTP/1.0 308\r\nLOCATION:\t HTTPS://a.example\r\n\r\n"}}},
+        {"a moved page in words", true, {{a, ok + kSecureForm}}},
+        {"after a plain move", true, {{a, Moved("http://www.a.example/", kNext)}, {next, secure}}},
+        {"then silence", true, {{a, Moved("https://a.example/", kNext)}}},
+        {"a followed move", false, {{a, Moved("https://a.example/", "301 Moved Permanently\r\n")}}, "read"},
+        {"one page was read", false, {{a, ok + kNext}, {next, secure}}},
+        {"a plain error page", false, {{a, secure + kNext}, {next, "HTTP/1.1 404 No\r\n\r\n"}}},
+        {"a plain move", false, {{a, Moved("http://c.example/")}}},
+        {"no redirect", false, {{a, "HTTP/1.1 200 OK\r\nLocation: https://a/\r\n\r\n"}}},
+        {"another header", false, {{a, "HTTP/1.1 301 M\r\nX-Location: https://a/\r\n\r\n"}}},
+        {"silence", false, {}},
+        {"an empty answer", false, {{a, ""}}},
+        {"it links back", false, {{a, secure + "<a href=\"http://main.example/\">"}}}}) {
     HttpsScan scan(row.Served);
     if (!row.MovedPage.empty()) scan.Services.Internet.Bodies["http://a.example"] = row.MovedPage;
     scan.Run();

@@ -22,62 +22,6 @@ struct TwoMainSites : ControlRig {
   }
 };
 
-TEST(NextSite, WritesNoneFoundWithItsReasonAndTheBareHostTwice) {
-  TwoMainSites rig;
-  rig.Now().ReasonNote = "404 Not found";
-  rig.Control.NextSite();
-  EXPECT_EQ(rig.Result(0), "main.example|a.example|None Found (404 Not found)|000|a.example");
-  EXPECT_EQ(rig.Sites.List3.Icon(0), kIconBad);
-  EXPECT_EQ(rig.Sites.List3.Colour(0), kRed);
-  EXPECT_EQ(rig.Sites.List1(1).Colour(0), kRed);
-  EXPECT_EQ(rig.Now().ReasonNote, "");
-  rig.Now().ReasonNote = " ";
-  rig.Control.NextSite();
-  EXPECT_EQ(rig.Sites.List3.At(1).Status, "None Found") << "a single blank is no reason";
-}
-
-TEST(NextSite, WritesTheShortfallOnlyWhenLinksAreMissing) {
-  for (const auto& [expected, status] :
-       std::map<std::int16_t, std::string>{{3, "Missing 001"}, {1002, "Missing 1000"}, {2, ""}, {-5, ""}}) {
-    SCOPED_TRACE("expected: " + std::to_string(expected));
-    TwoMainSites rig;
-    rig.Now().LinkFound = true;
-    rig.Now().LinksCounted = 2;
-    rig.Now().LinksExpected = expected;
-    rig.Now().RedirectSuspected = true;
-    rig.Control.NextSite();
-    ASSERT_EQ(rig.Sites.List3.RowCount(), status.empty() ? 0U : 1U);
-    if (status.empty()) continue;
-    EXPECT_EQ(rig.Result(0), "main.example|a.example|" + status + "|000|a.example/page");
-    EXPECT_EQ(rig.Sites.List3.Colour(0), kRed);
-    EXPECT_EQ(rig.Sites.List1(1).Colour(0), kDefaultColour) << "the site was coloured with its links";
-  }
-}
-
-TEST(NextSite, WritesARedirectAndUpdatesTheSiteAsTheOptionsSay) {
-  for (const char* update : {"1", "0"}) {
-    SCOPED_TRACE(std::string("chkUpdate ") + update);
-    TwoMainSites rig;
-    rig.Set(setting::chkUpdate, update);
-    rig.Now().RedirectSuspected = true;
-    rig.Now().RedirectPage = "a.example/out.cgi";
-    rig.Control.NextSite();
-    EXPECT_EQ(rig.Result(0), "main.example|a.example|Redirect Link|001|a.example/out.cgi");
-    EXPECT_EQ(rig.Sites.List3.Icon(0), kIconGood);
-    EXPECT_EQ(rig.Sites.List3.Colour(0), kBlue);
-    EXPECT_EQ(rig.Sites.List1(1).Colour(0), kGreen);
-    EXPECT_EQ(rig.Sites.List1(1).At(0).WebsiteUrl,
-              update[0] == '1' ? "a.example/out.cgi" : "http://www.a.example/links.html");
-    EXPECT_EQ(rig.Host.Raised[2], 1);
-    EXPECT_FALSE(rig.Now().RedirectSuspected);
-  }
-  TwoMainSites off;
-  off.Set(setting::chkRedirect, "0");
-  off.Now().RedirectSuspected = true;
-  off.Control.NextSite();
-  EXPECT_EQ(off.Sites.List3.At(0).Status, "None Found");
-}
-
 TEST(NextSite, BeginsTheNextSiteWithAFreshState) {
   TwoMainSites rig;
   rig.Now().LinkFound = true;

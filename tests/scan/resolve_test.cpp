@@ -29,31 +29,6 @@ TEST(ResolveLink, AgreesWithThePlainWording) {
   }
 }
 
-struct SecureLink {
-  const char *Name, *Link, *Off, *On;
-};
-
-TEST(ResolveLink, TakesAHostFromASecureLinkOnlyWhenSecureConnectionsAreOn) {
-  constexpr SecureLink kRows[] = {
-      {"another site", "https://foo.example/x", "site.example/d/foo.example/x", "foo.example/x"},
-      {"capitals, no path", "HTTPS://foo.example", "site.example/d/foo.example", "foo.example/"},
-      {"a usual domain", "https://foo.com/x", "foo.com/x", "foo.com/x"},
-      {"a plain link", "http://foo.example/x", "foo.example/x", "foo.example/x"},
-      {"a step up", "https://../x", "site.example/x", "site.example/x"},
-  };
-  for (const SecureLink& row : kRows) {
-    SCOPED_TRACE(row.Name);
-    ScanRig rig;
-    rig.State.PageDir = "site.example/d/";
-    rig.State.Page.PageHost = "site.example";
-    for (const auto& [chkSecure, expected] : {std::pair("0", row.Off), {"1", row.On}, {"yes", row.Off}}) {
-      rig.Services.Store.Set("chkSecure", chkSecure);
-      std::string link = row.Link;
-      EXPECT_EQ(ResolveLink(rig.State, rig.Context.Settings, link), expected) << chkSecure;
-    }
-  }
-}
-
 TEST(Climb, AgreesWithThePlainWordingForDotsAndSlashes) {
   std::mt19937 random(2);
   for (int i = 0; i < 20000; ++i) {

@@ -11,25 +11,6 @@
 namespace requite::test {
 namespace {
 
-TEST(SeenPages, AgreeWithAWalkOverTheSlots) {
-  SeenPages pages;
-  std::vector<std::string> slots(30);
-  std::mt19937 random(5);
-  const auto url = [&random] { return std::string(1, "aAbBcC"[random() % 6]); };
-  for (int i = 0; i < 20000; ++i) {
-    const auto slot = static_cast<std::int32_t>(random() % 30);
-    if (random() % 2 == 0) {
-      slots[static_cast<std::size_t>(slot)] = url();
-      pages.Store(slot, slots[static_cast<std::size_t>(slot)]);
-    }
-    const std::string asked = url();
-    const auto end = slots.begin() + slot + 1;
-    ASSERT_EQ(pages.HasUpTo(slot, Lower(asked)),
-              std::any_of(slots.begin(), end,
-                          [&](const std::string& each) { return Equals(each, asked, Compare::Text); }));
-  }
-}
-
 TEST(IsSeenUrl, AgreesWithThePlainWording) {
   ScanRig rig;
   LinkingSiteList& sites = rig.AddMainSite("main.example", {"a", "", "www."});

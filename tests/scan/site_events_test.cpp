@@ -68,23 +68,33 @@ struct Ending {
   int PagesDone;
   SiteEnd End;
   bool LinksBack, Reached;
+  const char* Row;  ///< the site's result from its third field on; empty: no row
 };
 
-TEST(SiteEvents, TheVerdictSaysWhetherTheSiteLinksBackAndWhetherItWasReached) {
+TEST(SiteEvents, TheVerdictAndTheRowSayWhetherTheSiteLinksBackAndWhetherItWasReached) {
   using enum SiteEnd;
+  constexpr const char* kNone = "None Found|000|a.example";
+  constexpr const char* kNone404 = "None Found (404 Not found)|000|a.example";
+  constexpr const char* kSilent = "None Found (Timeout)|000|a.example";
+  constexpr const char* kShort = "Missing 001|000|a.example/page";
+  constexpr const char* kMoved = "Redirect Link|001|a.example/out.cgi";
   for (const Ending& row :
-       {Ending{"all its links", 2, 2, true, "1", "404 Not found", 3, AllLinks, true, true},
-        {"more than expected", 3, 2, false, "1", "", 3, AllLinks, true, true},
-        {"too few", 1, 2, true, "1", "", 3, Missing, false, true},
-        {"too few, and silent from then on", 1, 2, false, "1", "Timeout", 1, Missing, false, true},
-        {"a redirect is one link", 0, 1, true, "1", "Possible Redirected URL", 1, Redirect, true, true},
-        {"a redirect is not two links", 0, 2, true, "1", "", 1, Redirect, false, true},
-        {"redirects are not looked for", 0, 1, true, "0", "", 1, NoneFound, false, true},
-        {"no link", 0, 1, false, "1", "404 Not found", 1, NoneFound, false, true},
-        {"no link expected", 0, 0, false, "1", "", 0, NoneFound, true, true},
-        {"silent from the start", 0, 1, false, "1", "Timeout", 1, NoneFound, false, false},
-        {"skipped at its first page", 0, 1, false, "1", "Skipped", 1, NoneFound, false, false},
-        {"silent at its second page", 0, 1, false, "1", "Timeout", 2, NoneFound, false, true}}) {
+       {Ending{"all its links", 2, 2, true, "1", "404 Not found", 3, AllLinks, true, true, ""},
+        {"more than expected", 3, 2, false, "1", "", 3, AllLinks, true, true, ""},
+        {"too few", 1, 2, true, "1", "", 3, Missing, false, true, kShort},
+        {"far too few", 2, 1002, true, "1", "", 3, Missing, false, true, "Missing 1000|000|a.example/page"},
+        {"too few, then silent", 1, 2, false, "1", "Timeout", 1, Missing, false, true, kShort},
+        {"a redirect is one link", 0, 1, true, "1", "Possible", 1, Redirect, true, true, kMoved},
+        {"a redirect is not two links", 0, 2, true, "1", "", 1, Redirect, false, true, kMoved},
+        {"redirects are not looked for", 0, 1, true, "0", "", 1, NoneFound, false, true, kNone},
+        {"no link", 0, 1, false, "1", "404 Not found", 1, NoneFound, false, true, kNone404},
+        {"a blank is no reason", 0, 1, false, "1", " ", 1, NoneFound, false, true, kNone},
+        {"no link expected", 0, 0, false, "1", "", 0, NoneFound, true, true, kNone},
+        {"silent from the start", 0, 1, false, "1", "Timeout", 1, NoneFound, false, false, kSilent},
+        {"skipped at its first page", 0, 1, false, "1", "Skipped", 1, NoneFound, false, false,
+         "None Found (Skipped)|000|a.example"},
+        {"silent at its second page", 0, 1, false, "1", "Timeout", 2, NoneFound, false, true, kSilent}}) {
+    SCOPED_TRACE(row.What);
     SiteScan rig;
     rig.Control.StartScan();
     ScanState& state = rig.Now();
@@ -95,15 +105,29 @@ TEST(SiteEvents, TheVerdictSaysWhetherTheSiteLinksBackAndWhetherItWasReached) {
     rig.Set(setting::chkRedirect, row.chkRedirect);
     state.ReasonNote = row.ReasonNote;
     state.PagesDone = row.PagesDone;
+    state.PageFull = "a.example/page";
+    state.RedirectPage = "a.example/out.cgi";
+    rig.Set(setting::chkUpdate, row.LinksExpected == 1 ? "1" : "0");
     rig.Control.NextSite();
     const SiteVerdict& verdict = rig.Host.Verdicts.at(0);
-    EXPECT_EQ(verdict.End, row.End) << row.What;
-    EXPECT_EQ(verdict.LinksBack, row.LinksBack) << row.What;
-    EXPECT_EQ(verdict.Reached, row.Reached) << row.What;
-    EXPECT_EQ(verdict.Reason, row.ReasonNote) << row.What;
-    EXPECT_EQ(verdict.LinksCounted, row.LinksCounted) << row.What;
-    EXPECT_EQ(verdict.LinksExpected, row.LinksExpected) << row.What;
-    EXPECT_EQ(verdict.Url, "http://www.a.example/links.html") << row.What;
+    EXPECT_EQ(verdict.End, row.End);
+    EXPECT_EQ(verdict.LinksBack, row.LinksBack);
+    EXPECT_EQ(verdict.Reached, row.Reached);
+    EXPECT_EQ(verdict.Reason, row.ReasonNote);
+    EXPECT_EQ(verdict.LinksCounted, row.LinksCounted);
+    EXPECT_EQ(verdict.LinksExpected, row.LinksExpected);
+    EXPECT_EQ(verdict.Url, "http://www.a.example/links.html");
+    const std::string result = row.Row;
+    ASSERT_EQ(rig.Sites.List3.RowCount(), result.empty() ? 0U : 1U);
+    const LinkingSiteList& sites = rig.Sites.List1(1);
+    const bool isRedirect = row.End == Redirect;
+    EXPECT_EQ(sites.Colour(0), isRedirect ? kGreen : row.End == NoneFound ? kRed : kDefaultColour);
+    const bool updated = isRedirect && row.LinksExpected == 1;
+    EXPECT_EQ(sites.At(0).WebsiteUrl, updated ? "a.example/out.cgi" : "http://www.a.example/links.html");
+    if (result.empty()) continue;
+    EXPECT_EQ(rig.Result(0), "main.example|a.example|" + result);
+    EXPECT_EQ(rig.Sites.List3.Icon(0), isRedirect ? kIconGood : kIconBad);
+    EXPECT_EQ(rig.Sites.List3.Colour(0), isRedirect ? kBlue : kRed);
   }
 }
 

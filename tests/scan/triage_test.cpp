@@ -91,15 +91,6 @@ TEST_F(TriageTest, AFullDiskDoesNotMixTwoPagesInOneFile) {
   EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
 }
 
-TEST_F(TriageTest, AFailureOfTheAnalyserIsPassedOver) {
-  struct : RecordedSteps {
-    void AnalysePage() override { throw RuntimeFailure(Failure::Subscript); }
-  } failing;
-  ScanRig failingRig;
-  failingRig.State.Scanning = true;
-  EXPECT_NO_THROW(Triage(failingRig.Context, failing).ProcessPage("x"));
-}
-
 TEST(PutHrefsOnLines, AgreesWithNineReplacementsInSlicesOfAnySize) {
   const TemporaryFolder folder;
   PageGenerator generate(7);
