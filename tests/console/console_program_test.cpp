@@ -103,14 +103,6 @@ TEST_F(ConsoleProgramTest, ADamagedProjectIsOneLine) {
                           "\" is damaged: line 3 cannot be read, and nothing after it was loaded\n");
 }
 
-TEST_F(ConsoleProgramTest, ALinkBehindARedirectIsOneLink) {
-  ChildProcess one(REQUITE_CONSOLE, With({"scan", Project("old-mill-press.example|1|||\r\n")}));
-  EXPECT_EQ(one.Wait(), 0) << one.Err;
-  EXPECT_NE(one.Out.find("Redirect Link"), std::string::npos) << one.Out;
-  ChildProcess two(REQUITE_CONSOLE, With({"scan", Project("old-mill-press.example|2|||\r\n")}));
-  EXPECT_EQ(two.Wait(), 1) << two.Err;
-}
-
 TEST_F(ConsoleProgramTest, AnInterruptStopsTheScanAndWritesTheFiles) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     ChildProcess scan(REQUITE_CONSOLE, With({"scan", Project(std::string(kFound) + kSilent), "--report",
@@ -150,14 +142,6 @@ TEST_F(ConsoleProgramTest, LostOutputIsTold) {
   EXPECT_EQ(gone.Wait(), 0);
   EXPECT_EQ(gone.Err, "0\n");
   EXPECT_TRUE(Has("r.html"));
-}
-
-TEST_F(ConsoleProgramTest, WhereNoFileCanGrowThisIsSaid) {
-  ChildProcess scan("/bin/sh", InShell("ulimit -f 0; exec \"$0\" \"$@\"", {"scan", Project(kFound), "-q"}));
-  EXPECT_EQ(scan.Wait(), 2) << scan.Err;
-  const std::string told = "settings cannot be saved";
-  EXPECT_NE(scan.Err.find(told), std::string::npos) << scan.Err;
-  EXPECT_EQ(scan.Err.find(told), scan.Err.rfind(told)) << scan.Err;
 }
 
 TEST_F(ConsoleProgramTest, AnEndlessLineIsNoScript) {
@@ -249,16 +233,6 @@ TEST_F(ConsoleProgramTest, AFailureThatNothingHandlesEndsWithSeventyAndSavesTheW
     EXPECT_EQ(ReadFile(recovered).rfind("kept.example\r\n", 0), 0U);
     DeleteFile(recovered);
   }
-}
-
-TEST_F(ConsoleProgramTest, ADamagedSettingsFileIsNoHindrance) {
-  WriteFile(folder_.File("settings"), std::string(300, '\0') + "no settings at all");
-  ChildProcess script(REQUITE_CONSOLE, With({"script"}), "get txtTimeout\nget showHelp\n");
-  EXPECT_EQ(script.Wait(), 0) << script.Err;
-  EXPECT_EQ(script.Out, "30\n0\n");
-  ChildProcess wrong(REQUITE_CONSOLE, With({"script", "--set", "ScanType=all"}), "echo not reached\n");
-  EXPECT_EQ(wrong.Wait(), 70);
-  EXPECT_NE(wrong.Err.find("run-time failure 13"), std::string::npos) << wrong.Err;
 }
 
 /// A copy of the program, with a window program beside it that only tells how it was started.
