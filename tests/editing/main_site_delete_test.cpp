@@ -77,14 +77,6 @@ TEST(DeleteMainSite, AnEmptyPageTextCutsOffWhatFollowsIt) {
   EXPECT_FALSE(rig.HasReport());
 }
 
-TEST(DeleteMainSite, AFileThatCannotBeWrittenIsToldAndTheProjectIsReadFromWhatIsThere) {
-  QuickRig rig;
-  std::filesystem::remove_all(rig.Folder.Folder.Path);
-  rig.Delete(1);
-  EXPECT_EQ(rig.LastMessage(), "76 Path not found");
-  EXPECT_TRUE(rig.Data.List4.Empty());
-}
-
 struct AutoRig : test::SiteRig {
   void Tick(int count) {
     for (int i = 0; i < count; ++i) Controls.Auto.Timer1_Tick(Scanning);

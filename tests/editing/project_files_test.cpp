@@ -30,16 +30,6 @@ class ProjectFilesTest : public testing::Test, protected SiteRig {
   }
 };
 
-TEST_F(ProjectFilesTest, ASaveReplacesTheFileAndMarksTheProjectSaved) {
-  WriteFile(Path("a.prj"), "a longer text that was there before, and more of it and more of it");
-  EnterMainSite("main.example");
-  Data.ProjectSaved = false;
-  Files.SaveProject(Path("a.prj"));
-  EXPECT_EQ(ReadFile(Path("a.prj")), ProjectText(Data) + "\r\n");
-  EXPECT_TRUE(Data.ProjectSaved);
-  EXPECT_EQ(Stored("LastProject"), Path("a.prj"));
-}
-
 TEST_F(ProjectFilesTest, TheOldFileIsGoneBeforeASaveFails) {
   WriteFile(Path("a.prj"), "old");
   Data.List4.Add({"a Main Site without a list"});

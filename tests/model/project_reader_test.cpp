@@ -63,22 +63,6 @@ TEST(ProjectReader, AnOlderFileKeepsItsDescriptionsAndHasNoMainColumn) {
                                                     "|two.example|Missing 002|000|two.example"));
 }
 
-TEST(ProjectReader, AnEmptyPageBuilderTextEndsTheReading) {
-  const Loaded project(DataFile("empty_html.prj"));
-  EXPECT_FALSE(project.ReachedEnd);
-  EXPECT_THAT(Rows(project.Data.List1(1)), ElementsAre("one.example|1|||", "HTML01:||||"));
-  EXPECT_EQ(project.Data.txtHTML2.Text(), "");
-  EXPECT_THAT(Rows(project.Data.lstRules), IsEmpty());
-}
-
-TEST(ProjectReader, AFileWithNoMainSitesGivesItsFirstLineAsOne) {
-  const Loaded project(DataFile("no_sites.prj"));
-  EXPECT_TRUE(project.ReachedEnd);
-  EXPECT_THAT(Rows(project.Data.List4), ElementsAre("HTML01:before"));
-  EXPECT_EQ(project.Data.txtHTML1.Text(), "");
-  EXPECT_EQ(project.Data.txtHTML2.Text(), "links");
-}
-
 TEST(ProjectReader, EmptyLinesAreSkippedAndALoneLineFeedEndsNoLine) {
   const Loaded project(DataFile("hand_edited.prj"));
   EXPECT_TRUE(project.ReachedEnd);

@@ -14,19 +14,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(Control, IsInEffectWhatItsFramesAre) {
-  Frame outer("Frame1");
-  Frame inner("Frame2");
-  Button button("cmdStop", "Stop");
-  inner.SetFrame(&outer);
-  button.SetFrame(&inner);
-  EXPECT_TRUE(button.EnabledInEffect() && button.VisibleInEffect());
-  outer.SetEnabled(false);
-  inner.SetVisible(false);
-  EXPECT_FALSE(button.EnabledInEffect() || button.VisibleInEffect());
-  EXPECT_TRUE(button.Enabled() && button.Visible()) << "its own state is kept";
-}
-
 TEST(TextBox, SilentBoxRunsItForTheUserOnly) {
   TextBox box("txtTimeout", "60", TextBox::ProgramChange::Silent);
   ViewProbe view(box);

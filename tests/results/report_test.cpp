@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <random>
 
 #include "model/url_forms.h"
@@ -220,15 +219,6 @@ TEST(LinkReport, TheFilesAreReplacedAndTheCopyTakesTheProjectsName) {
   const std::string page = rig.Page();
   EXPECT_TRUE(page.starts_with("<html>"));
   EXPECT_EQ(ReadFile(copy), page);
-  EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
-}
-
-TEST(LinkReport, AMissingFolderForTheCopyGoesToTheCallerAfterTheReportIsShown) {
-  ReportRig rig;
-  rig.Services.Store.Set("LastProject", "a.prj");
-  std::filesystem::remove(rig.Folder.File("Project Files"));
-  EXPECT_EQ(NumberOf([&] { rig.Form.Report.GenerateLinkReport(); }), 76);
-  EXPECT_TRUE(FileExists(rig.Folder.File("tempreport.html")));
   EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
 }
 

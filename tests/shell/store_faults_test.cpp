@@ -7,8 +7,6 @@
 #include <filesystem>
 
 #include "harvest/harvest_rig.h"
-#include "model/project_text.h"
-#include "shell/main_window/form1_rig.h"
 #include "support/at_every_call.h"
 #include "system/settings_file.h"
 
@@ -86,29 +84,6 @@ TEST(StoreFaults, APowerCutLeavesTheSettings) {
       });
     }
   }
-}
-
-TEST(StoreFaults, AnAutoSaveLeavesTheProjectInPlaceOrInBackup) {
-  const std::string old = "the old project\r\nHTML01:x\r\n\r\n";
-  const int calls = AtEveryCall([&old](FailingDisk& disk) {
-    Form1Rig rig;
-    const std::string path = rig.Folder.File("a.prj");
-    WriteFile(path, old);
-    rig.Form.StartWithoutProject();
-    rig.AddSites("main.example", {"partner.example"});
-    rig.Services.Store.Set("LastProject", path);
-    rig.Services.Store.Set("chkAutoSave", "1");
-    rig.Form.State.Scanning = true;
-    for (int second = 1; second < kAutoSaveSeconds; ++second) rig.Services.Timer1.Tick();
-    EXPECT_EQ(TextOf(path), old);
-    const bool saved = disk.Lets([&] { rig.Services.Timer1.Tick(); });
-    const std::string fresh = ProjectText(rig.Form.Sites) + "\r\n";
-    EXPECT_THAT(TextOf(path), saved ? AnyOf(fresh, fresh, fresh) : AnyOf(old, fresh, kNone));
-    EXPECT_TRUE(TextOf(path) == old || TextOf(rig.Folder.File("Backup/a.prj")) == old);
-    EXPECT_EQ(rig.Form.Sites.ProjectSaved, saved);
-    EXPECT_EQ(UnfinishedFiles(rig.Folder.Folder.Path), 0);
-  });
-  EXPECT_GT(calls, 10);
 }
 
 TEST(StoreFaults, AnAddressIsStoredOrRefusedAndTheOthersStay) {

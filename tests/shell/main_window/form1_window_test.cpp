@@ -198,21 +198,5 @@ TEST(ControlIndex, EveryControlHasARowInThePageOfNames) {
   }
 }
 
-TEST(ControlIndex, FindsControlsMembersAndListsByTheirNames) {
-  Form1Rig rig;
-  Form1& form = rig.Form;
-  EXPECT_EQ(form.Controls.Find("cmdStop").Which, &form.cmdStop);
-  EXPECT_EQ(form.Controls.Find("lblStats(3)").Which, &form.lblStats[3]);
-  EXPECT_TRUE(form.Controls.Find("lblStats(3)").ReadOnly);
-  for (const char* unknown :
-       {"", "cmdstop", "lblStats(7)", "optAll(2)", "mnuScanItem(3)", "List1(1)", "List1"}) {
-    EXPECT_FALSE(form.Controls.Find(unknown)) << unknown;
-  }
-  rig.AddSites("a.example", {});
-  rig.AddSites("b.example", {});
-  EXPECT_EQ(form.Controls.Find("List1(1)").Which, &form.Sites.List1(1));
-  EXPECT_EQ(form.Controls.Find("List1").Which, &form.Sites.List1(2));
-}
-
 }  // namespace
 }  // namespace requite
