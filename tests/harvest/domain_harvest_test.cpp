@@ -135,13 +135,5 @@ TEST(ResultPage, IsReadAsItsPlainWordingSays) {
   }
 }
 
-TEST(ResultPage, ALinkWithItsSchemeInCapitalsEndsTheLineBeforeItAndIsNotRead) {
-  HarvestRig rig;
-  rig.Services.Internet.Bodies[kFirst + "Google+Search"] =
-      "http://www.one.comHTTP://www.two.com/ http://www.three.com/";
-  rig.Harvest();
-  EXPECT_EQ(rig.Sql("select website from websites"), "one.com;three.com;");
-}
-
 }  // namespace
 }  // namespace requite

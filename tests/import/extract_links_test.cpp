@@ -40,22 +40,6 @@ TEST(ExtractLinks, AgreesWithItsPlainWordingOnRandomPages) {
   }
 }
 
-TEST(ExtractLinks, CountsAndLetsEventsRunAndEndsWithItsWindow) {
-  Extraction run;
-  bool closed = false;
-  run.Ended = [&] { return closed; };
-  std::vector<std::string> shown;
-  run.Events.OnEveryYield = [&] {
-    if (shown.empty() || shown.back() != run.Status.Panel(1)) shown.push_back(run.Status.Panel(1));
-  };
-  const std::string page = "x\r<a href=\"http://a.example\">\r<a href=\"http://b.example\">";
-  EXPECT_EQ(run.Run(page, "home"), "a.example/,b.example/,");
-  EXPECT_EQ(shown.back(), "Extracted 2 link(s)");
-  EXPECT_EQ(*(shown.end() - 2), "Extracted 1 link(s)");
-  run.Events.OnEveryYield = [&] { closed = true; };
-  EXPECT_EQ(run.Run(page, "home"), "");
-}
-
 TEST(StripTags, AgreesWithThePlainLoopOnRandomTexts) {
   std::mt19937 random(4711);
   const std::vector<std::vector<std::string>> alphabets = {

@@ -67,11 +67,11 @@ class PageGenerator {
                                                               "\n",
                                                               "\r",
                                                               "<p>main.example</p>",
-                                                              "<title>object MOVED</title>",
                                                               "<?php",
-                                                              "You are seeing this text because",
+                                                              "<title>object MOVED</title>",
                                                               "<title>",
                                                               "301 Moved Permanently",
+                                                              "You are seeing this text because",
                                                               "\xC0\xE0 \xFF\x9F",
                                                               "hhrefhref=",
                                                               ">"};
