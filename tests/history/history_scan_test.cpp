@@ -43,6 +43,14 @@ TEST(HistoryIdentity, ASiteIsComparedWithItsOwnRecord) {
             {"two.example/1", "two.example/2"},
             [](auto& rig) { rig.Form.Sites.List1(1).Remove(0); },
             "removed two.example/1"},
+           {"the same host twice, renamed and not saved, in another order",
+            {"two.example/x/", "two.example/y/"},
+            [](auto& rig) {
+              rig.Reload();
+              rig.Form.Sites.List1(1).SetSort({true, 0, 1});
+              Lose(rig, "two.example/y/l.html");
+            },
+            "lost two.example/y/"},
            {"edited by the user",
             {"two.example/1"},
             [](auto& rig) {
@@ -57,9 +65,12 @@ TEST(HistoryIdentity, ASiteIsComparedWithItsOwnRecord) {
             },
             "added new.example; removed far.example"}}) {
     RecordedScans rig;
-    rig.Linking = {"far.example/links.html", "two.example/1", "two.example/2", "www.two.example/2",
-                   "new.example/"};
+    rig.Linking = {"far.example/links.html", "two.example/1", "two.example/2",
+                   "www.two.example/2",      "new.example/",  "two.example/x/l.html",
+                   "two.example/y/l.html"};
     rig.Pages["far.example/"] = "<a href=\"links.html\">links</a>";
+    rig.Pages["two.example/x/"] = "<a href=\"l.html\">links</a>";
+    rig.Pages["two.example/y/"] = "<a href=\"l.html\">links</a>";
     rig.AddSites("http://www.Main.example", row.Sites);
     rig.Save();
     rig.Scan();
@@ -96,6 +107,23 @@ TEST(HistoryScan, SitesOutsideOfTheScanTypeAreNotTold) {
   EXPECT_EQ(rig.Told(), "lost a.example");
   rig.Scan();
   EXPECT_EQ(rig.Told(), "lost b.example; still missing a.example; still missing c.example");
+}
+
+TEST(HistoryScan, ASiteThatIsNotScannedKeepsItsRecordFromOthersOfItsHost) {
+  RecordedScans rig;
+  rig.AddSites("main.example", {"two.example/1", "two.example/2"});
+  rig.Save();
+  rig.Scan();
+  LinkingSiteList& list = rig.Form.Sites.List1(1);
+  list.Remove(0);
+  list.Set(0, &LinkingSite::WebsiteUrl, "two.example/9");
+  list.Add({"two.example/1", "1", "", "", ""});
+  list.SelectOnly(0);
+  rig.Scan(ScanType::SelectedLinkingSite);
+  const ChangeList changes = rig.Read();
+  ASSERT_EQ(changes.Changes.size(), 1U);
+  EXPECT_EQ(changes.Changes[0].Site.UrlBefore, "two.example/9");
+  EXPECT_EQ(changes.Changes[0].Before->UrlBefore, "two.example/2");
 }
 
 TEST(HistoryScan, SitesThatAStopOrASkipLeftOutAreToldByTheNextScan) {
