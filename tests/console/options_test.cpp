@@ -67,7 +67,8 @@ TEST_F(CommandLine, TheHistoryIsWrittenByThisScanAndReadSinceADateOrAScan) {
   ASSERT_TRUE(std::holds_alternative<Options>(scan));
   EXPECT_EQ(std::get<Options>(scan).Common.RunSettings.at(0).first, "chkHistory");
   const auto changes = [&](const std::string& since) {
-    const auto read = Read({"changes", project_, "--since", since, "--acknowledge", "a.example", "two words"});
+    const auto read =
+        Read({"changes", project_, "--since", since, "--acknowledge", "a.example", "two words"});
     return std::get<ChangesOptions>(std::get<Options>(read).Command);
   };
   EXPECT_EQ(changes("2026").Wanted.SinceScan, 2026);
