@@ -42,12 +42,15 @@ class EachConnection : public testing::TestWithParam<Form> {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(BothForms, EachConnection, testing::Values(Form::OfAPage, Form::Replayed));
+INSTANTIATE_TEST_SUITE_P(Connection, EachConnection, testing::Values(Form::OfAPage, Form::Replayed),
+                         [](const auto& form) {
+                           return form.param == Form::OfAPage ? "OfAPage" : "Replayed";
+                         });
 
 /// What a recording does not do: it is always read.
 class PageConnectionTest : public EachConnection {};
 
-INSTANTIATE_TEST_SUITE_P(One, PageConnectionTest, testing::Values(Form::OfAPage));
+INSTANTIATE_TEST_SUITE_P(Connection, PageConnectionTest, testing::Values(Form::OfAPage));
 
 TEST_P(EachConnection, APageComesInOrderAndWhole) {
   for (const std::size_t size : {1UL, 2048UL, 65536UL, 131072UL, 3000000UL}) {
