@@ -1,33 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Words for records, and the two forms of a table.
+// The rows of the tables, and their two forms.
 #include "console/change_output.h"
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
+
+#include "history/change_words.h"
 
 namespace requite {
 namespace {
-
-std::string Pages(const SiteRecord& site) {
-  std::string pages;
-  for (const LinkRecord& link : site.Links) pages += (pages.empty() ? " at " : ", ") + link.Page;
-  return pages;
-}
-
-std::string Describe(const SiteRecord& site) {
-  if (site.Found > 0) {
-    const bool shows = site.Found > 1 || site.Expected > 1;
-    const std::string links = std::to_string(site.Found) + (site.Found == 1 ? " link" : " links");
-    return links + (shows ? " of " + std::to_string(site.Expected) : "") + Pages(site);
-  }
-  const std::string words = site.State == SiteState::Unreachable ? "not reached" : "no link";
-  return site.Reason.empty() ? words : words + " (" + site.Reason + ")";
-}
-
-std::string Now(const SiteChange& change) {
-  if (change.Kind == ChangeKind::Removed) return {};
-  return Describe(change.Site) + (change.Acknowledged ? ", known: " + change.Why : "");
-}
 
 std::string_view WordsOf(ScanType type) {
   switch (type) {
@@ -41,12 +23,12 @@ std::string_view WordsOf(ScanType type) {
 }  // namespace
 
 Table ChangeTable(const ChangeList& list) {
-  Table table{{"Change", "Main Site", "Linking Site", "Before", "Now", "Since"}};
+  Table table(1);
+  for (const auto& column : ChangeLine::Columns()) table.front().emplace_back(column.Caption);
   for (const SiteChange& change : list.Changes) {
-    const SiteRecord& site = change.Site;
-    table.push_back({std::string(WordsOf(change.Kind)), site.Main, site.Host,
-                     change.Before ? Describe(*change.Before) : "", Now(change),
-                     change.Kind == ChangeKind::Removed ? "" : site.Since});
+    ChangeLine line = LineOf(change);
+    std::vector<std::string>& row = table.emplace_back();
+    for (const auto& column : ChangeLine::Columns()) row.push_back(std::move(line.*column.Field));
   }
   return table;
 }
