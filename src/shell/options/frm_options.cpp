@@ -28,6 +28,11 @@ constexpr std::string_view kUserAgentTip =
     "Sent with each request as its User-Agent. Many sites refuse a visitor without a name (status 403). "
     "Empty: pages are asked for without one.";
 
+constexpr std::string_view kHistoryTip =
+    "Notes after each scan what every site showed, in history.db of the program's folder. \"Changes Since "
+    "Last "
+    "Scan\" then tells who stopped linking back.";
+
 bool IsInt16(const std::string& text) {
   return PassOver([&] { static_cast<void>(ReadInt16(text)); });
 }
@@ -58,6 +63,7 @@ void frmOptions::BuildControls() {
   lblSitesAtATime.ToolTip = kSitesTip;
   SitesAtATime.ToolTip = kSitesTip;
   chkSecure.ToolTip = kSecureTip;
+  chkHistory.ToolTip = kHistoryTip;
   txtUserAgent.ToolTip = kUserAgentTip;
   cmdAdd2.SetEnabled(false);
   cmdDelete.SetEnabled(false);
@@ -70,8 +76,8 @@ void frmOptions::BuildControls() {
       &txtTimeout,   &chkAudioEmail, &chkAudioNext, &Label5_3,     &chkAudioFinished, &chkLog,
       &Label5_5,     &chkUpdate,     &Label5_1,     &chkFileTypes, &txtDomain,        &cmdAdd2,
       &cmdDelete,    &List1,         &Label5_2,     &Label2,       &Command1,         &lblSitesAtATime,
-      &SitesAtATime, &lblSecure,     &chkSecure,    &lblUserAgent, &txtUserAgent,     &Label5_0,
-      &chkAutoSave,  &Label1,        &txtAutoSave};
+      &SitesAtATime, &lblSecure,     &chkSecure,    &lblUserAgent, &txtUserAgent,     &chkHistory,
+      &Label5_0,     &chkAutoSave,   &Label1,       &txtAutoSave};
   PutInto(Frame1, inFrame);
   Controls.Add(Frame1);
   for (Control* each : inFrame) Controls.Add(*each);
@@ -97,7 +103,7 @@ void frmOptions::Wire() {
   Command1.OnClick = [this] { Others.Show("Form2b"); };
 }
 
-std::array<frmOptions::CheckSetting, 11> frmOptions::Checks() {
+std::array<frmOptions::CheckSetting, 12> frmOptions::Checks() {
   return {{{chkRedirect, setting::chkRedirect},
            {chkLog, setting::chkLog},
            {chkUpdate, setting::chkUpdate},
@@ -108,6 +114,7 @@ std::array<frmOptions::CheckSetting, 11> frmOptions::Checks() {
            {chkAudioFinished, setting::chkAudioFinished},
            {chkFileTypes, setting::chkFileTypes},
            {chkSecure, setting::chkSecure},
+           {chkHistory, setting::chkHistory},
            {chkAutoSave, setting::chkAutoSave}}};
 }
 

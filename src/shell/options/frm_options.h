@@ -52,6 +52,7 @@ struct frmOptions : ProgramWindow {
   TextBox txtTimeout{"txtTimeout"};
   Label Label5_3{"Label5(3)", "Logging:"};
   CheckBox chkLog{"chkLog", "Log rules to rules.log in the program folder"};
+  CheckBox chkHistory{"chkHistory", "Keep a history of scans"};
   Label Label5_5{"Label5(5)", "Efficiency:"};
   CheckBox chkUpdate{"chkUpdate",
                      "When a link is found, automatically update the Linking Site URL in my project."};
@@ -87,7 +88,7 @@ struct frmOptions : ProgramWindow {
   };
 
   /// Every check box with its key, in the order in which they are read.
-  [[nodiscard]] std::array<CheckSetting, 11> Checks();
+  [[nodiscard]] std::array<CheckSetting, 12> Checks();
   void BuildControls();
   void Wire();
   void AddFileType();

@@ -52,6 +52,7 @@ QWidget* OptionsView::BuildLeft() {
   layout->addLayout(BuildTimeout());
   heading(options_.Label5_3);
   layout->addWidget(NewCheck(options_.chkLog, 'g'));
+  layout->addWidget(NewCheck(options_.chkHistory, 'K'));
   heading(options_.Label5_5);
   layout->addWidget(NewCheck(options_.chkUpdate, 'u'));
   layout->addLayout(BuildSitesAtATime());
