@@ -58,6 +58,7 @@ class ChangeReader {
     // The first scan of a project changes nothing: there is nothing to compare it with.
     const bool isNews =
         inRange && list_.ComparedWith && change.Kind != ChangeKind::Same && !change.Acknowledged;
+    change.News = isNews;
     if (isNews) list_.Counts.Count(change.Kind);
     if (isNews || wanted_.All) list_.Changes.push_back(std::move(change));
   }
@@ -78,7 +79,7 @@ class ChangeReader {
     if (site.Place.Scan < list_.ComparedWith.value_or(newestScan_)) return;
     reader_.ReadLinks(site);
     list_.Counts.Count(ChangeKind::Removed);
-    SiteChange change{ChangeKind::Removed, site, site, false, {}};
+    SiteChange change{ChangeKind::Removed, site, site, false, {}, true};
     list_.Changes.push_back(std::move(change));
   }
 

@@ -27,7 +27,8 @@ struct SiteChange {
   SiteRecord Site;                   ///< the newest record
   std::optional<SiteRecord> Before;  ///< what it is compared with; nothing for `Added`
   bool Acknowledged = false;
-  std::string Why;  ///< the user's word on a site marked as known
+  std::string Why;   ///< the user's word on a site marked as known
+  bool News = true;  ///< one of those that are told without ChangesWanted::All
 };
 
 struct ChangeList {

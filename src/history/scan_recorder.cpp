@@ -16,12 +16,6 @@
 namespace requite {
 namespace {
 
-std::string AbsolutePathOf(const std::string& path) {
-  if (path.empty()) return {};
-  std::error_code none;
-  return std::filesystem::absolute(path, none).lexically_normal().string();
-}
-
 constexpr std::string_view kNoLink = "000";  // the number of rows that say that links are missing
 
 /// Texts of the two columns that say which site a result row is about.
@@ -55,8 +49,14 @@ std::vector<ProjectSite> OthersThan(const std::vector<SiteRecord>& recorded, con
 
 bool KeepsHistory(const Settings& settings) { return settings.GetSetting(setting::chkHistory) == "1"; }
 
+std::string NameInHistory(const std::string& path) {
+  if (path.empty()) return {};
+  std::error_code none;
+  return std::filesystem::absolute(path, none).lexically_normal().string();
+}
+
 ScanRecorder::ScanRecorder(const Project& project, const std::string& path, std::string started)
-    : project_(project), path_(AbsolutePathOf(path)), started_(std::move(started)) {}
+    : project_(project), path_(NameInHistory(path)), started_(std::move(started)) {}
 
 void ScanRecorder::SiteFinished(const SiteVerdict& verdict) {
   const bool skipped = std::exchange(skipping_, false) || verdict.Reason == reason_word::kSkipped;

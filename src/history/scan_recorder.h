@@ -20,6 +20,9 @@ namespace requite {
 /// Whether scans are to be recorded. Compared as a text: anything but "1" is off, and nothing fails.
 [[nodiscard]] bool KeepsHistory(const Settings& settings);
 
+/// The name of a project in the history: the absolute path of its file. Empty for a project without a file.
+[[nodiscard]] std::string NameInHistory(const std::string& path);
+
 /// For one scan. While it runs nothing is read from the disk or written. The project must outlive it.
 class ScanRecorder : public SiteEvents {
  public:

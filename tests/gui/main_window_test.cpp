@@ -306,6 +306,20 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(bus.Told, QStringList({"0", "50", "100", "-1", "10", "-1", "3 links found on 4 pages."}));
   }
 
+  void changesAreOpenedFromTheResultsAndTheReports() {
+    auto* const popup = Widget<QMenu>("Popup2");
+    popup->actions().back()->trigger();
+    auto* const changes = Widget<QWidget>("frmChanges");
+    QVERIFY(changes->isVisible());
+    QVERIFY(Part<QLabel>(changes, "lblState")->text().startsWith("Switch on"));
+    changes->close();
+    QVERIFY(!form_->Windows.IsShown("frmChanges"));
+    form_->TabStrip1.Select(4);
+    Click("showChanges");
+    QVERIFY(form_->Windows.IsShown("frmChanges"));
+    form_->Windows.Close("frmChanges");
+  }
+
   void aHundredThousandRowsAreShownAtOnce() {
     for (int i = 0; i < 100000; ++i) {
       form_->Sites.List3.Add({"m", std::to_string(i), "Direct Link", "001", "u"});

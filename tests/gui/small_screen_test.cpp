@@ -30,7 +30,7 @@ class SmallScreenTest : public QObject, private WindowRig {
     form_->cmdEdit.Click();
     form_->cmdEditMain.Click();
     for (const char* name : {"frmAbout", "frmWebsite", "Form5", "Form2", "Form2a", "Form2b", "Form4",
-                             "Form4a", "frmOptions", "Form3", "frmExport"}) {
+                             "Form4a", "frmOptions", "frmChanges", "Form3", "frmExport"}) {
       form_->Windows.Show(name);
       CheckFit(*TopLevel(name));
       form_->Windows.Close(name);

@@ -138,6 +138,7 @@ void Form1::RecordScan() {
     if (OnNotice) OnNotice("This scan is not in the history: " + failure.Description + ".");
   }
   recorder_.reset();
+  ShowChangesOfScan();
 }
 
 void Form1::ScanEnds() {

@@ -130,6 +130,9 @@ struct Form1 : Form1Controls, ScanHost {
   void SkipSite();
   void SkipSiteWithoutReason();
 
+  /// A scan runs, or has ended and is not in the history yet.
+  [[nodiscard]] bool Recording() const { return recorder_.has_value(); }
+
   /// Switches secure connections on, also in the options window when it is open, and starts a scan of the
   /// same type as the last one. Does nothing while a scan runs.
   void TurnOnSecureAndScanAgain();
@@ -175,6 +178,7 @@ struct Form1 : Form1Controls, ScanHost {
   void RegisterHarvestWindows();
   void frmWebsite_Unload();
   void RecordScan();
+  void ShowChangesOfScan();
 
   std::optional<ScanRecorder> recorder_;  ///< while a scan runs and a history is kept
   bool closed_ = false;

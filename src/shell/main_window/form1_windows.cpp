@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How each window that the main window opens is made.
+#include "shell/changes/frm_changes.h"
 #include "shell/editors/form2.h"
 #include "shell/harvest_windows/form3.h"
 #include "shell/harvest_windows/frm_export.h"
@@ -21,6 +22,10 @@ void Form1::RegisterWindows() {
   Windows.Register("frmOptions", [this] {
     return std::make_unique<frmOptions>(Windows, Settings, Folder, Platform.Dialogs);
   });
+  Windows.Register("frmChanges", [this] {
+    return std::make_unique<frmChanges>(
+        Windows, ChangesNeeds{Sites, Settings, Folder, Platform, [this] { return Files.OpenPath(); }});
+  });
   RegisterEditors(Windows, Sites, Platform.Dialogs);
   RegisterImports(
       Windows, {Sites, State, Settings, Platform.Internet, Platform.EventLoop, Platform.Dialogs, Folder, {}},
@@ -37,6 +42,11 @@ void Form1::RegisterHarvestWindows() {
   Windows.Register("frmExport", [this] {
     return std::make_unique<frmExport>(Windows, Sites.List3, Database, Platform.Dialogs, Folder);
   });
+}
+
+void Form1::ShowChangesOfScan() {
+  ProgramWindow* const window = Windows.Find("frmChanges");
+  if (window != nullptr) static_cast<frmChanges&>(*window).Read();
 }
 
 /// The site's browser window may be closed after the main window. Then the program ends.

@@ -192,7 +192,8 @@ TEST(ControlIndex, EveryControlHasARowInThePageOfNames) {
     });
   };
   expectRows(rig.Form.Controls);
-  for (const char* window : {"Form4", "Form4a", "Form5", "frmAbout", "frmOptions", "frmExport"}) {
+  for (const char* window :
+       {"Form4", "Form4a", "Form5", "frmAbout", "frmOptions", "frmExport", "frmChanges"}) {
     rig.Form.Windows.Show(window);
     expectRows(rig.Form.Windows.Find(window)->Controls);
   }

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "qt/window/further/changes_window.h"
 #include "qt/window/further/editor_window.h"
 #include "qt/window/further/harvest_windows.h"
 #include "qt/window/further/import_window.h"
@@ -38,6 +39,7 @@ constexpr Entry kEntries[] = {
     {"Form4", Make<ImportView, Form4>},
     {"Form4a", Make<ImportView, Form4>},
     {"frmOptions", Make<OptionsView, frmOptions>},
+    {"frmChanges", Make<ChangesView, frmChanges>},
     {"Form3", Make<HarvestView, Form3>},
     {"frmExport", Make<ExportView, frmExport>},
 };

@@ -16,6 +16,8 @@ namespace {
 
 constexpr int kIconBad = 1;
 constexpr int kIconGood = 2;
+constexpr int kIconMoved = 3;
+constexpr int kIconAdded = 4;
 
 /// What a row says about its site: by colour, picture and word.
 struct Verdict {
@@ -41,6 +43,8 @@ const Verdict* VerdictOf(std::uint32_t colour) {
 QVariant PictureOf(int icon, const Verdict* verdict) {
   if (icon == kIconBad) return GlyphIcon(Glyph::Missing, Tone::Red);
   if (icon == kIconGood) return GlyphIcon(Glyph::Found, Tone::Blue);
+  if (icon == kIconMoved) return GlyphIcon(Glyph::Redirect);
+  if (icon == kIconAdded) return GlyphIcon(Glyph::New);
   return verdict == nullptr ? QVariant() : GlyphIcon(verdict->Picture, verdict->Shade);
 }
 

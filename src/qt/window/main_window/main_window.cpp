@@ -138,6 +138,14 @@ void MainWindow::BuildMenus() {
   bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("A&bout"), {"&About this software"});
   for (Menu* popup : {&form_.mnuSkipPopup, &form_.Popup1, &form_.Popup2})
     bind_.Bind(*popup, *new QMenu(this));
+  auto* const results = findChild<QMenu*>("Popup2");
+  results->addSeparator();
+  connect(results->addAction(tr("Changes Since Last Scan...")), &QAction::triggered, this,
+          [this] { ShowChanges(); });
+}
+
+void MainWindow::ShowChanges() {
+  user_.Run([this] { form_.Windows.Show("frmChanges"); });
 }
 
 void MainWindow::AddShortcuts() {

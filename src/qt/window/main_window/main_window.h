@@ -47,6 +47,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QWidget* BuildPagesPage();
   [[nodiscard]] QWidget* BuildReportsPage();
   [[nodiscard]] QWidget* BuildPostPage();
+  void ShowChanges();
   void AddShortcuts();
   void RestoreLayout();
   void SaveLayout() const;

@@ -104,6 +104,11 @@ QWidget* MainWindow::BuildReportsPage() {
     bar->addWidget(button);
     bind_.Bind(*control, *button);
   }
+  auto* const changes = new QPushButton(tr("&Changes Since Last Scan..."), page);
+  changes->setObjectName("showChanges");
+  changes->setToolTip(tr("Who stopped linking back, and who links back now"));
+  connect(changes, &QPushButton::clicked, this, [this] { ShowChanges(); });
+  bar->addWidget(changes);
   bar->addStretch();
   layout->addLayout(bar);
   layout->addWidget(new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
