@@ -60,4 +60,12 @@ std::string ChangeCounts::Words() const {
   return words.empty() ? "nothing changed" : words;
 }
 
+std::string ChangeCounts::Headline() const {
+  std::string words = Words();
+  const int lost = Of(ChangeKind::Lost);
+  // What is lost comes first.
+  if (lost > 0) words.insert(words.find(' '), lost == 1 ? " link" : " links");
+  return words;
+}
+
 }  // namespace requite

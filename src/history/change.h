@@ -41,6 +41,8 @@ class ChangeCounts {
   [[nodiscard]] bool AnyLost() const { return Of(ChangeKind::Lost) + Of(ChangeKind::Fewer) > 0; }
   /// Such as "2 lost, 1 found again"; "nothing changed" when there are only sites that are the same.
   [[nodiscard]] std::string Words() const;
+  /// The same for readers who see no table with it: "2 links lost, 1 found again".
+  [[nodiscard]] std::string Headline() const;
 
  private:
   std::array<int, kChangeKinds> counts_{};

@@ -304,6 +304,10 @@ class MainWindowTest : public QObject, private WindowRig {
     notice.See({true, false, 10, 0, 0});
     for (int again = 0; again < 2; ++again) notice.See({false, false, 0, 3, 4});
     QCOMPARE(bus.Told, QStringList({"0", "50", "100", "-1", "10", "-1", "3 links found on 4 pages."}));
+    notice.See({true, false, 10, 0, 0});
+    notice.See({false, false, 0, 3, 4, "2 links lost, 1 new"});
+    QCOMPARE(bus.Told.back(),
+             QString("Since the last scan: 2 links lost, 1 new.\n3 links found on 4 pages."));
   }
 
   void changesAreOpenedFromTheResultsAndTheReports() {

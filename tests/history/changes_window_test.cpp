@@ -66,6 +66,7 @@ TEST(ChangesWindow, SaysWhatIsMissingUntilThereAreTwoScans) {
 TEST(ChangesWindow, ListsFiltersAndSortsTheChanges) {
   ChangesWindow rig;
   rig.ScanTwice();
+  EXPECT_EQ(rig.Form.Changed->Headline(), "1 link lost, 1 new, 1 still missing");
   frmChanges& window = rig.Open();
   EXPECT_EQ(window.picPast.Site(), "goes.example") << "the first row is selected";
   EXPECT_EQ(Rows(window), "lost goes.example; new comes.example; still missing short.example");

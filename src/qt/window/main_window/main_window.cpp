@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "qt/services/code_page.h"
 #include "qt/window/controls/shown_text.h"
 #include "qt/window/look/glyphs.h"
 #include "qt/window/look/product_icon.h"
@@ -95,9 +96,11 @@ void MainWindow::ShowScan() {
   httpsOnly_->Follow();
   ahead_->Follow();
   if (!desktopNotice_) return;
-  desktopNotice_->See({form_.State.Scanning, QApplication::activeWindow() != nullptr,
+  // The end of a scan that is recorded is told with what it changed.
+  desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,
                        ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),
-                       form_.Figures.LinksFound, form_.Figures.PagesScanned});
+                       form_.Figures.LinksFound, form_.Figures.PagesScanned,
+                       form_.Changed ? ToUnicode(form_.Changed->Headline()) : QString()});
 }
 
 void MainWindow::BuildToolBar() {

@@ -13,10 +13,14 @@ void ScanNotice::See(const ScanSight& sight) {
   if (std::exchange(percent_, percent) != percent) bus_.ShowProgress(percent);
   const bool ended = std::exchange(scanning_, sight.Scanning) && !sight.Scanning;
   if (!ended || sight.InFront) return;
-  bus_.Notify(QCoreApplication::translate("ScanNotice", "The scan has ended"),
-              QCoreApplication::translate("ScanNotice", "%1 links found on %2 pages.")
-                  .arg(sight.LinksFound)
-                  .arg(sight.PagesScanned));
+  QString words = QCoreApplication::translate("ScanNotice", "%1 links found on %2 pages.")
+                      .arg(sight.LinksFound)
+                      .arg(sight.PagesScanned);
+  if (!sight.Changes.isEmpty()) {
+    words = QCoreApplication::translate("ScanNotice", "Since the last scan: %1.").arg(sight.Changes) + "\n" +
+            words;
+  }
+  bus_.Notify(QCoreApplication::translate("ScanNotice", "The scan has ended"), words);
 }
 
 }  // namespace requite

@@ -2,6 +2,8 @@
 // Decides when the desktop is told about a scan.
 #pragma once
 
+#include <QString>
+
 #include "qt/window/desktop/desktop_bus.h"
 
 namespace requite {
@@ -13,6 +15,7 @@ struct ScanSight {
   int Percent = 0;
   int LinksFound = 0;
   int PagesScanned = 0;
+  QString Changes{};  ///< what the scan changed, in words; empty without a history
 };
 
 /// May be called with every state; the bus is only told what is new.
