@@ -152,8 +152,13 @@ void frmChanges::Wire() {
 
 void frmChanges::Load() {
   Read();
-  if (lstChanges.Empty()) return;
-  lstChanges.SelectOnly(0);
+  SelectAbout(0);
+}
+
+/// Selects a row where nothing is selected, if there is any.
+void frmChanges::SelectAbout(int row) {
+  if (lstChanges.Empty() || lstChanges.SelectedRow() >= 0) return;
+  lstChanges.SelectOnly(std::min(row, static_cast<int>(lstChanges.RowCount()) - 1));
   ShowSelected();
 }
 
@@ -320,10 +325,13 @@ void frmChanges::Mark(bool known) {
       }
     }
   };
+  const int row = lstChanges.SelectedRow();
   const bool done = EndInBox(needs_.Platform.Dialogs, mark, BoxOf);
   if (Closed()) return;
   if (done && known) txtWhy.SetText({});
   Read();
+  SelectAbout(row);  // the marked rows have gone
+  lstChanges.SetFocus();
 }
 
 }  // namespace requite

@@ -59,6 +59,7 @@ struct frmChanges : ProgramWindow {
   void FillFilter();
   void FillList();
   void ShowSelected();
+  void SelectAbout(int row);
   void SortBy(int column);
   [[nodiscard]] const SiteChange* ChangeAt(int row) const;
   [[nodiscard]] std::vector<const SiteChange*> SelectedChanges() const;

@@ -103,10 +103,12 @@ void PastScansView::paintEvent(QPaintEvent*) {
     return;
   }
   painter.setPen(palette().color(QPalette::Text));
-  const QString words = results.size() == 1
-                            ? tr("%1: links found by the only scan")
-                            : tr("%1: links found by the last %2 scans").arg("%1").arg(results.size());
-  painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, words.arg(OneLine(control_.Site())));
+  const QString site = OneLine(control_.Site());
+  painter.drawText(
+      title, Qt::AlignLeft | Qt::AlignVCenter,
+      results.size() == 1
+          ? tr("%1: links found by the only scan").arg(site)
+          : tr("%1: links found by the last %2 scans").arg(site, QString::number(results.size())));
   const auto highest = static_cast<qreal>(Highest(results));
   for (std::size_t i = 0; i < results.size(); ++i) {
     const PastResult& result = results[i];
