@@ -30,6 +30,13 @@ QString WordsOf(const PastResult& result) {
       .arg(QString::fromUtf8(WordOf(result.State).data(), static_cast<int>(WordOf(result.State).size())));
 }
 
+/// Not the palette's placeholder colour, which some desktops do not fit to a dark background.
+QColor Faint(const QPalette& palette) {
+  QColor colour = palette.color(QPalette::Text);
+  colour.setAlpha(128);
+  return colour;
+}
+
 QColor ColourOf(SiteState state, const QPalette& palette) {
   switch (state) {
     case SiteState::Ok: return ShadeOf(Tone::Blue);
@@ -38,7 +45,7 @@ QColor ColourOf(SiteState state, const QPalette& palette) {
     case SiteState::None: return ShadeOf(Tone::Red);
     case SiteState::Unreachable: break;
   }
-  return palette.color(QPalette::PlaceholderText);
+  return Faint(palette);
 }
 
 std::int64_t Highest(const std::vector<PastResult>& results) {
@@ -98,7 +105,7 @@ void PastScansView::paintEvent(QPaintEvent*) {
   const std::vector<PastResult>& results = control_.Results();
   const QRectF title(kMargin, kMargin, width() - 2 * kMargin, fontMetrics().height());
   if (results.empty()) {
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(Faint(palette()));
     painter.drawText(rect(), Qt::AlignCenter, tr("Select a site to see what its last scans found."));
     return;
   }
