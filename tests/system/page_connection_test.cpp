@@ -17,8 +17,12 @@
 namespace requite::test {
 namespace {
 
-/// Both forms of a connection, which have one contract.
-enum class Form { OfAPage, Replayed };
+/// The forms of a connection, which have one contract. A replayed page is recorded meanwhile or before.
+enum class Form { OfAPage, Replayed, RecordedFirst };
+
+std::string NameOf(Form form) {
+  return form == Form::OfAPage ? "OfAPage" : form == Form::Replayed ? "Replayed" : "RecordedFirst";
+}
 
 class EachConnection : public testing::TestWithParam<Form> {
  protected:
@@ -38,14 +42,18 @@ class EachConnection : public testing::TestWithParam<Form> {
   Connection& Made() {
     if (GetParam() == Form::OfAPage) return *page_;
     poller_.ServeMany();
-    return replayed_.emplace(std::move(page_), rig_.Descriptors, rig_.Guard).Connection();
+    replayed_.emplace(std::move(page_), rig_.Descriptors, rig_.Guard);
+    if (GetParam() == Form::RecordedFirst) {
+      auto ahead = std::make_unique<PageConnection>(poller_, resolver_, map_);
+      replayed_->RecordFirst(std::move(ahead), rig_.Guard, rig_.Loop);
+    }
+    return replayed_->Connection();
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Connection, EachConnection, testing::Values(Form::OfAPage, Form::Replayed),
-                         [](const auto& form) {
-                           return form.param == Form::OfAPage ? "OfAPage" : "Replayed";
-                         });
+INSTANTIATE_TEST_SUITE_P(Connection, EachConnection,
+                         testing::Values(Form::OfAPage, Form::Replayed, Form::RecordedFirst),
+                         [](const auto& form) { return NameOf(form.param); });
 
 /// What a recording does not do: it is always read.
 class PageConnectionTest : public EachConnection {};

@@ -5,13 +5,14 @@
 #include <memory>
 #include <utility>
 
+#include "qt/services/qt_event_loop.h"
 #include "qt/services/qt_timer.h"
 #include "runahead/replay_connection.h"
 #include "system/loop_event.h"
 
 namespace requite::test {
 
-/// Nothing is foreseen, so each page is recorded while it is replayed.
+/// Nothing is foreseen, so each page is recorded while it is replayed, unless it is to be recorded first.
 class ReplayedConnection : private Forecast, private HostAddresses {
  public:
   ReplayedConnection(std::unique_ptr<requite::Connection> real, DescriptorLoop& loop, const EventGuard& guard)
@@ -19,12 +20,58 @@ class ReplayedConnection : private Forecast, private HostAddresses {
         turn_(loop, [this] { Deliver(); }),
         gate_({*this, [&guard] { return std::make_unique<QtTimer>(guard); },
                [] { return std::chrono::milliseconds(0); }}),
-        replay_({{std::move(real), std::make_unique<QtTimer>(guard)}, gate_, bytes_, *this, clock_}) {}
+        replay_(*this, {{std::move(real), std::make_unique<QtTimer>(guard)}, gate_, bytes_, *this, clock_}) {}
+
+  /// Each Connect then waits until its page has been recorded, if that ends soon.
+  void RecordFirst(std::unique_ptr<requite::Connection> ahead, const EventGuard& guard, QtEventLoop& loop) {
+    ahead_ = std::make_unique<Ahead>(Line{std::move(ahead), std::make_unique<QtTimer>(guard)}, *this, loop);
+  }
 
   [[nodiscard]] requite::Connection& Connection() { return replay_; }
 
  private:
-  Recording* FindPage(const std::string&) override { return nullptr; }
+  class Replay : public ReplayConnection {
+   public:
+    Replay(ReplayedConnection& all, Needs needs) : ReplayConnection(std::move(needs)), all_(all) {}
+    void Connect(const std::string& host, std::uint16_t port) override {
+      Close();
+      if (all_.ahead_) all_.ahead_->Record(host, port);
+      ReplayConnection::Connect(host, port);
+    }
+
+   private:
+    ReplayedConnection& all_;
+  };
+
+  /// Asks for pages as the scan will.
+  class Ahead : private PageRecorder::Owner, private ConnectionEvents {
+   public:
+    Ahead(Line line, ReplayedConnection& all, QtEventLoop& loop)
+        : all_(all), loop_(loop), recorder_(std::move(line), all.gate_, *this) {
+      recorder_.Events = this;
+    }
+    void Record(const std::string& host, std::uint16_t port) {
+      recorder_.Connect(host, port);
+      loop_.RunUntil([this] { return Page->Over(); }, std::chrono::milliseconds(50));
+    }
+
+    std::unique_ptr<Recording> Page;
+
+   private:
+    Recording& NewRecording(const std::string& host) override {
+      Page = std::make_unique<Recording>(Recording::KeyOfPage(host, {}, false), all_.bytes_);
+      return *Page;
+    }
+    void OnConnect() override { recorder_.SendData("GET / HTTP/1.1\r\n\r\n"); }
+    void OnDataArrival(std::size_t) override { static_cast<void>(recorder_.GetData()); }
+    void OnClose() override {}
+
+    ReplayedConnection& all_;
+    QtEventLoop& loop_;
+    PageRecorder recorder_;
+  };
+
+  Recording* FindPage(const std::string&) override { return ahead_ ? ahead_->Page.get() : nullptr; }
   Recording* FindGet(const std::string&, std::string_view) override { return nullptr; }
   void Done(Recording&) override {}
   void ConnectionClosed() override {}
@@ -50,7 +97,8 @@ class ReplayedConnection : private Forecast, private HostAddresses {
   QtTimer clock_;
   LoopEvent turn_;
   HostGate gate_;
-  ReplayConnection replay_;
+  std::unique_ptr<Ahead> ahead_;
+  Replay replay_;
   bool delivering_ = false;
 };
 
