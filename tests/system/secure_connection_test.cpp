@@ -3,6 +3,7 @@
 // not.
 #include <gtest/gtest.h>
 #include <openssl/ssl.h>
+#include <sys/eventfd.h>
 
 #include <atomic>
 #include <thread>
@@ -192,6 +193,26 @@ TEST_F(SecureConnectionTest, GetsTrustTheSameAuthorities) {
     CurlInternet internet(rig_.Descriptors, map_, AsciiHost, {}, row.Store);
     EXPECT_EQ(Gets(internet).OpenUrl("https://site.example/", "Mozilla"), row.Page);
   }
+}
+
+/// A server could else send messages without end that are no data, and nothing else would ever happen.
+TEST_F(SecureConnectionTest, OtherEventsComeBetweenTwoPiecesOfOneServer) {
+  constexpr std::size_t kSize = 1024 * 1024;
+  onSecure_ = [this](ServedConnection& client) {
+    ServeSecurely(client, [](ServerEnd& server) {
+      server.Send(std::string(kSize, 'x'));
+      server.SendClosing();
+    });
+  };
+  int turns = 0;
+  PolledSocket other(poller_, [&](short) { ++turns; });
+  other.Open(::eventfd(1, EFD_CLOEXEC), POLLIN);  // always ready
+  int piecesInOneTurn = 0;
+  recorder_.OnData = [&, last = -1]() mutable {
+    if (std::exchange(last, turns) == turns) ++piecesInOneTurn;
+  };
+  EXPECT_EQ(Page().size(), kSize);
+  EXPECT_EQ(piecesInOneTurn, 0);
 }
 
 TEST_F(SecureConnectionTest, AClosedAttemptLeavesNothingBehind) {
