@@ -244,7 +244,7 @@ void frmChanges::ShowSelected() {
   PassOver([&] {
     if (last == nullptr) return;
     HistoryFile history(needs_.Folder, SqliteStore::Open::ToRead);
-    past = LastResults(history, last->Site.Row);
+    past = LastResults(history, last->Site);
   });
   picPast.Set(last == nullptr ? "" : last->Site.Host, std::move(past));
 }
