@@ -170,7 +170,7 @@ ResultFormat FormatOf(const std::string& word) {
     if (word == name) return format;
   }
   const std::string nearest = NearestWord(word, {"tsv", "csv", "json", "junit"});
-  throw CLI::ValidationError("--format", "\"" + word + "\" is none of tsv, csv, json and junit" +
+  throw CLI::ValidationError("--format", "\"" + word + "\" is not one of tsv, csv, json and junit" +
                                              (nearest.empty() ? "" : ", did you mean " + nearest + "?"));
 }
 

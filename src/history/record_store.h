@@ -26,7 +26,7 @@ class RecordReader {
   /// The newest record of the site from a scan up to this number, with its links. Where that is pruned, the
   /// oldest one that is kept takes its place. Nothing when the site was first recorded later.
   [[nodiscard]] std::optional<SiteRecord> UpTo(const SiteRecord& newest, std::int64_t scan);
-  /// The record before, without its links; nothing when there is none or it is pruned.
+  /// The record before, without its links; nothing if it is missing or pruned.
   [[nodiscard]] std::optional<SiteRecord> Before(const SiteRecord& site);
   /// Fills in the links that were found.
   void ReadLinks(SiteRecord& site);

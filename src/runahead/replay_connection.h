@@ -57,7 +57,7 @@ class ReplayConnection : public Connection, private PageRecorder::Owner {
 
   [[nodiscard]] ReplayTimer& timTimeout() { return timer_; }
 
-  /// Delivers one event. False when there is none.
+  /// Delivers one event. False if nothing waits.
   bool Deliver();
   [[nodiscard]] bool HasEvent() const;
   /// Whether it is in the middle of a recording that the forecast gave.

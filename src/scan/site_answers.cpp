@@ -19,7 +19,7 @@ bool IsRedirect(std::string_view header) {
   return blank != std::string_view::npos && header.substr(blank + 1).starts_with('3');
 }
 
-/// The value of the first Location; empty when there is none.
+/// The value of the first Location; empty without one.
 std::string_view LocationOf(std::string_view header) {
   header = header.substr(0, kMostHeader);
   while (!header.empty()) {

@@ -9,7 +9,7 @@ namespace requite {
 
 /// What the answer for one page says about this.
 enum class PageAnswer : std::uint8_t {
-  Awaited,      ///< there is none yet
+  Awaited,      ///< it has not come yet
   SaysNothing,  ///< it is empty, or the page is at another plain address
   SentToHttps,  ///< the page is at an address that begins with "https://"
   Read,         ///< the server answers over plain HTTP; an error page is an answer too

@@ -24,7 +24,7 @@ class TlsSessions {
   /// A resumed connection does not check the certificate again, so after this time a full handshake must.
   static constexpr std::time_t kMostSeconds = 3600;
 
-  /// The host's session, or null when there is none that can be used. It stays kept: servers that give a new
+  /// The host's session, or null without a usable one. It stays kept: servers that give a new
   /// one for each connection replace it, the others accept it again.
   [[nodiscard]] ssl_session_st* Find(std::string_view host);
   /// When the certificate was checked that the host's session rests on; 0 without a session.

@@ -156,7 +156,7 @@ TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
       {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
       {{}, "a command is missing: scan, script, import, open, changes or history (see --help)"},
       {{"scan", project_, "--format", "jsno"},
-       "--format: \"jsno\" is none of tsv, csv, json and junit, did you mean json?"},
+       "--format: \"jsno\" is not one of tsv, csv, json and junit, did you mean json?"},
       {{"scan", project_, "--tab", "-", "--format", "json"},
        "--tab and --output cannot both be standard output"},
   };

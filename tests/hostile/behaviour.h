@@ -21,7 +21,7 @@ using test::ServedConnection;
 /// What a server does with one connection, from the moment it is accepted.
 using Act = std::function<void(ServedConnection&)>;
 
-/// What is behind port 443 of a server, and what comes of it.
+/// How a server answers at port 443, and what comes of it.
 struct SecurePort {
   /// Empty: nobody serves, and connections go to `Closed`.
   hostile::Act Act;

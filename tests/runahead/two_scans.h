@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The same scan one site at a time and several at a time, and all that each leaves behind as one text.
+// The same scan one site at a time and several at a time, and all that each leaves as one text.
 #pragma once
 
 #include <memory>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What can happen next is listed anew each time, and one of it drawn.
+// Lists what can happen next each time, and picks one of it at random.
 #include "runahead/web_world.h"
 
 #include <gtest/gtest.h>
