@@ -132,10 +132,12 @@ Recording& Lane::NewRecording(const std::string& host) {
   return Add(Recording::KeyOfPage(host, steps_->State.Page.PagePath, AsksSecurely(steps_->Context.Settings)));
 }
 
-/// A silent page ends its whole site.
+/// A silent page ends its whole site. How long the scan waits for the page that it is at, only the scan
+/// knows: one that is started in the middle of the stop of another one loses its timer, and waits for good.
 void Lane::OnSecond() {
-  const ScanState& state = steps_->State;
-  if (++steps_->State.Page.TimeoutTicks >= state.TimeoutSeconds) Finish();
+  ScanState& state = steps_->State;
+  if (state.Page.TimeoutTicks < state.TimeoutSeconds) ++state.Page.TimeoutTicks;
+  if (state.Page.TimeoutTicks >= state.TimeoutSeconds && !recordings_.back()->IsPlayed()) Finish();
 }
 
 void Lane::CheckHttpStatus(const std::string& header, const std::string& url) {

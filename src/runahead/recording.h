@@ -59,6 +59,8 @@ class Recording {
   /// The answer of a GET, once there is one: nothing when the URL could not be opened.
   [[nodiscard]] bool IsAnswered() const { return answered_; }
   [[nodiscard]] const std::optional<std::string>& Body() const { return body_; }
+  /// Whether someone waits for its next step.
+  [[nodiscard]] bool IsPlayed() const { return static_cast<bool>(OnMore); }
   /// Whether a scan that waits `seconds` for silent servers would have seen no more than this.
   [[nodiscard]] bool IsWholeFor(int seconds, std::size_t mostBytes) const;
 

@@ -130,6 +130,29 @@ TEST(SeveralSitesAtATime, IsFoundOutWhenItIsWrong) {
   EXPECT_GT(RunWrong(seconds).Different, 0);
 }
 
+void ExpectAnswerAfterSixSeconds(const std::string& timeout, int call, const Wish& wish) {
+  Case given;
+  given.Settings["txtTimeout"] = timeout;
+  given.MainSites.emplace_back("main.example", std::vector<SiteRow>{{"slow.example", "1"}});
+  given.World.Pages["slow.example/"].Pieces = {{6, "HTTP/1.1 200 OK\r\n\r\n<a href='http://main.example/'>"}};
+  given.Wishes[call] = wish;
+  const AheadOptions several;
+  for (const AheadOptions* options : {static_cast<const AheadOptions*>(nullptr), &several}) {
+    ScanOfCase scan(given, 1, options);
+    ASSERT_TRUE(scan.Run());
+    ASSERT_EQ(scan.Rig.Sites.List3.RowCount(), 1U);
+    EXPECT_EQ(scan.Rig.Sites.List3.At(0).Status, "Direct Link");
+  }
+}
+
+TEST(SeveralSitesAtATime, WaitsForAPageAsLongAsTheScanDoes) {
+  constexpr int kBegins = 1;
+  constexpr int kFinished = 4;
+  ExpectAnswerAfterSixSeconds("8", kBegins, {Wish::Kind::ChangeSetting, 0, 0, "txtTimeout", "2"});
+  // Started in the middle of the stop of the first scan, which then stops the timer of the second.
+  ExpectAnswerAfterSixSeconds("4", kFinished, {Wish::Kind::Restart, 0, 0, {}, {}});
+}
+
 TEST(SeveralSitesAtATime, PassesAHundredThousandSitesThatNeedNoPage) {
   Case given;
   given.Settings["chkAudioNext"] = "0";

@@ -10,6 +10,7 @@ namespace requite::test {
 namespace {
 
 constexpr int kMostMoves = 400'000;
+constexpr int kMostMovesOfAPage = 5000;
 
 }  // namespace
 
@@ -149,10 +150,15 @@ void ScanOfCase::Grant(const Wish& wish) {
 bool ScanOfCase::Run() {
   road_->StartScan();
   int movesAfterEnd = 0;
+  int movesWithoutTimer = 0;
   for (int moves = 0; World.Move(); ++moves) {
     if (moves > kMostMoves) return false;
     // A stop while a page is being asked for leaves its timer running, to no effect.
     if (!Rig.State.Scanning && ++movesAfterEnd > 100) break;
+    // A scan that has lost its timer stands still at a page that says no more; the page's lane does not.
+    const bool waitsForGood = ahead_ && Rig.State.Scanning && !ahead_->PageInProgress();
+    movesWithoutTimer = waitsForGood ? movesWithoutTimer + 1 : 0;
+    if (movesWithoutTimer > kMostMovesOfAPage) break;
     if (ahead_ && mostBytes_ > 0) {
       EXPECT_LE(ahead_->BytesHeld(), mostBytes_);
     }
