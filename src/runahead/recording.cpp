@@ -69,10 +69,6 @@ void Recording::NoteOver() {
   if (OnMore) OnMore();
 }
 
-std::optional<Happening> Recording::NextHappening() const {
-  return steps_.empty() ? std::nullopt : std::optional(steps_.front().What);
-}
-
 Recording::Step Recording::TakeStep(std::size_t mostBytes) {
   Kept& next = steps_.front();
   Step step{next.What, {}};

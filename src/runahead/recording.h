@@ -50,7 +50,6 @@ class Recording {
     std::string Bytes;  ///< of data; the words of a fault
   };
   [[nodiscard]] bool HasStep() const { return !steps_.empty(); }
-  [[nodiscard]] std::optional<Happening> NextHappening() const;
   /// Takes the next step, of data at most `mostBytes`. There must be one.
   [[nodiscard]] Step TakeStep(std::size_t mostBytes);
   [[nodiscard]] bool Over() const { return over_; }

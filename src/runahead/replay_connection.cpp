@@ -43,7 +43,6 @@ void ReplayConnection::Connect(const std::string& host, std::uint16_t port) {
   } else {
     GoLive();
   }
-  TellFaults();
   if (HasEvent()) forecast_.AskForTurn();
 }
 
@@ -58,14 +57,6 @@ Recording& ReplayConnection::NewRecording(const std::string& host) {
   live_ = std::make_unique<Recording>(Recording::KeyOfPage(host, {}, false), bytes_);
   Play(*live_);
   return *live_;
-}
-
-/// What is known of the host's certificate is told while Connect runs, as any connection does.
-void ReplayConnection::TellFaults() {
-  while (playing_ != nullptr && playing_->NextHappening() == Happening::CertificateFault) {
-    const Recording::Step step = playing_->TakeStep(0);
-    if (Events != nullptr) Events->OnCertificateFault(host_, step.Bytes);
-  }
 }
 
 void ReplayConnection::Drop() {

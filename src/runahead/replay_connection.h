@@ -68,7 +68,6 @@ class ReplayConnection : public Connection, private PageRecorder::Owner {
   void Play(Recording& recording);
   void GoLive();
   void Drop();
-  void TellFaults();
   void TakeConnect();
 
   Forecast& forecast_;

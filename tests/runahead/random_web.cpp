@@ -100,7 +100,10 @@ Wish RandomWish(Dice& dice) {
   Wish wish{static_cast<Wish::Kind>(dice.Below(12)), dice.Below(3), dice.Below(6), {}, RandomUrl(dice)};
   if (wish.What == Wish::Kind::Stop && !dice.OneIn(4)) wish.What = Wish::Kind::Skip;
   if (wish.What == Wish::Kind::EditMainSite) wish.Value = dice.Of(kMains);
-  if (wish.What == Wish::Kind::ChangeSetting) std::tie(wish.Key, wish.Value) = RandomSetting(dice);
+  // A page that waits for its host is asked as chkSecure says by then.
+  while (wish.What == Wish::Kind::ChangeSetting && (wish.Key.empty() || wish.Key == "chkSecure")) {
+    std::tie(wish.Key, wish.Value) = RandomSetting(dice);
+  }
   return wish;
 }
 

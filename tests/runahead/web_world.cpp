@@ -18,10 +18,16 @@ void Wire::Connect(const std::string& host, std::uint16_t) {
   received_.clear();
   coming_.clear();
   world_.CheckManners(*this);
+  // A fault that is known from before may be told at once; the replay of it is an event in any case.
+  const bool faulty = world_.Faulty(host);
+  const bool told = faulty && world_.Replays() && world_.Lots.OneIn(2);
+  if (faulty && !told) coming_.push_back({Coming::Kind::CertificateFault});
   const auto root = world_.Pages.Pages.find(host + "/");
   if (root != world_.Pages.Pages.end() && root->second.Connects) coming_.push_back({Coming::Kind::Connect});
-  if (world_.Faulty(host)) Events->OnCertificateFault(host, world_.Pages.Faults.at(host));
+  if (told) TellFault();
 }
+
+void Wire::TellFault() { Events->OnCertificateFault(host_, world_.Pages.Faults.at(host_)); }
 
 void Wire::SendData(std::string_view bytes) {
   if (!open_) return;
@@ -50,6 +56,7 @@ void Wire::Move() {
   Coming next = std::move(coming_.front());
   coming_.pop_front();
   switch (next.What) {
+    case Coming::Kind::CertificateFault: return TellFault();
     case Coming::Kind::Connect: return Events->OnConnect();
     case Coming::Kind::Close: open_ = false; return Events->OnClose();
     default: received_ += next.Text; return Events->OnDataArrival(received_.size());

@@ -37,9 +37,11 @@ class Wire : public Connection {
 
  private:
   struct Coming {
-    enum class Kind { Connect, Second, Data, Close } What;
+    enum class Kind { CertificateFault, Connect, Second, Data, Close } What;
     std::string Text{};
   };
+
+  void TellFault();
 
   WebWorld& world_;
   ManualTimer& seconds_;
@@ -89,6 +91,9 @@ class WebWorld {
   /// Something that is free to happen happens. False when nothing is.
   bool Move(bool mayTick = true);
   [[nodiscard]] bool Faulty(const std::string& host) const { return Secure() && Pages.Faults.contains(host); }
+
+  /// Whether several sites are read at a time.
+  [[nodiscard]] bool Replays() const { return Clock != nullptr; }
 
   const Web& Pages;
   Dice Lots;
