@@ -14,20 +14,32 @@ const std::vector<std::string> kPaths = {"/",           "/p1.html", "/p2.html", 
                                          "/dir/p3.php", "/x.zip",   "/p4.asp"};
 const std::vector<std::string> kMains = {"main.example", "http://www.other.com/dir", "third.net"};
 
-std::string RandomLink(Dice& dice, const std::string& host) {
-  switch (dice.Below(9)) {
-    case 0: return "http://" + dice.Of(kHosts) + dice.Of(kPaths);
-    case 1: return "http://" + dice.Of(kMains) + "/";
-    case 2: return "http://shop." + dice.Of(kMains);
-    case 3: return "../p1.html";
-    case 4: return "https://" + host + dice.Of(kPaths);
-    case 5: return "p2.html#part";
-    case 6: return "mailto:x@y.example";
-    default: return dice.Of(kPaths);
+/// Where a page is, and the first of kPaths that it may link to. Pages that link only to later paths make no
+/// circles: some URLs of one page are new each time it is reached, and without a page limit a circle never
+/// ends.
+struct Place {
+  std::string Host;
+  std::size_t LinksFrom;
+};
+
+std::string RandomLink(Dice& dice, const Place& place) {
+  const auto path = [&] {
+    const int further = static_cast<int>(kPaths.size() - place.LinksFrom);
+    return kPaths[place.LinksFrom + static_cast<std::size_t>(dice.Below(further))];
+  };
+  switch (place.LinksFrom == kPaths.size() ? 7 + dice.Below(3) : dice.Below(10)) {
+    case 0: return "http://" + dice.Of(kHosts) + path();
+    case 1: return place.LinksFrom <= 1 ? "../p1.html" : path();
+    case 2: return "https://" + place.Host + path();
+    case 3: return place.LinksFrom <= 2 ? "p2.html#part" : path();
+    case 7: return "mailto:x@y.example";
+    case 8: return "http://" + dice.Of(kMains) + "/";
+    case 9: return "http://shop." + dice.Of(kMains);
+    default: return path();
   }
 }
 
-std::string RandomBody(Dice& dice, const std::string& host) {
+std::string RandomBody(Dice& dice, const Place& place) {
   std::string body;
   if (dice.OneIn(12)) body += "You are seeing this text because\r\n";
   if (dice.OneIn(12)) body += "<?php echo 1;\r\n";
@@ -38,19 +50,19 @@ std::string RandomBody(Dice& dice, const std::string& host) {
       body += "<a href=\"http://moved" + std::to_string(dice.Below(4)) + ".example/\">here</a>";
   }
   for (int links = dice.Below(6); links > 0; --links) {
-    body += "<a href=\"" + RandomLink(dice, host) + "\">x</a>" + (dice.OneIn(2) ? "\r\n" : " ");
+    body += "<a href=\"" + RandomLink(dice, place) + "\">x</a>" + (dice.OneIn(2) ? "\r\n" : " ");
   }
   return body;
 }
 
-ServerAnswer RandomAnswer(Dice& dice, const std::string& host) {
+ServerAnswer RandomAnswer(Dice& dice, const Place& place) {
   ServerAnswer answer;
   answer.Connects = !dice.OneIn(15);
   answer.Closes = !dice.OneIn(12);
   const std::string status = dice.OneIn(8)    ? "404 Not Found"
                              : dice.OneIn(10) ? "301 Moved Permanently"
                                               : "200 OK";
-  const std::string text = "HTTP/1.1 " + status + "\r\nContent-Length: 100\r\n\r\n" + RandomBody(dice, host);
+  const std::string text = "HTTP/1.1 " + status + "\r\nContent-Length: 100\r\n\r\n" + RandomBody(dice, place);
   std::size_t at = dice.OneIn(20) ? text.size() : 0;
   while (at < text.size()) {
     const std::size_t size = dice.OneIn(2) ? text.size() : static_cast<std::size_t>(1 + dice.Below(60));
@@ -60,15 +72,17 @@ ServerAnswer RandomAnswer(Dice& dice, const std::string& host) {
   return answer;
 }
 
-Web RandomWeb(Dice& dice) {
+Web RandomWeb(Dice& dice, bool hasCircles) {
   Web web;
   for (const std::string& host : kHosts) {
-    for (const std::string& path : kPaths) web.Pages[host + path] = RandomAnswer(dice, host);
+    for (std::size_t i = 0; i < kPaths.size(); ++i) {
+      web.Pages[host + kPaths[i]] = RandomAnswer(dice, {host, hasCircles ? 0 : i + 1});
+    }
     if (dice.OneIn(4)) web.Faults[host] = "Certificate has expired";
   }
   for (int i = 0; i < 4; ++i) {
     auto& body = web.Bodies["http://moved" + std::to_string(i) + ".example/"];
-    if (!dice.OneIn(4)) body = RandomBody(dice, "moved.example");
+    if (!dice.OneIn(4)) body = RandomBody(dice, {"moved.example", hasCircles ? 0 : kPaths.size()});
   }
   return web;
 }
@@ -112,7 +126,8 @@ Wish RandomWish(Dice& dice) {
 Case RandomCase(std::uint64_t seed, bool withWishes) {
   Dice dice(seed);
   Case made;
-  made.World = RandomWeb(dice);
+  const bool limited = !dice.OneIn(3);
+  made.World = RandomWeb(dice, limited);
   for (int mainSites = 1 + dice.Below(3); mainSites > 0; --mainSites) {
     std::vector<SiteRow> rows;
     for (int count = dice.OneIn(25) ? 0 : 1 + dice.Below(7); count > 0; --count)
@@ -124,7 +139,8 @@ Case RandomCase(std::uint64_t seed, bool withWishes) {
     made.Rules.push_back({"Global", dice.OneIn(2) ? "Global" : "a.example", dice.Of(kinds),
                           dice.Of(std::vector<std::string>{"p1", "dir", "example"})});
   }
-  made.Settings["cmbAdvance"] = "1";  // ten pages: a link up may lead on for ever
+  made.Settings["chkAuto"] = limited ? "1" : "0";
+  made.Settings["cmbAdvance"] = "1";  // ten pages
   made.Settings["txtTimeout"] = "4";
   for (int settings = dice.Below(8); settings > 0; --settings) {
     const auto [key, value] = RandomSetting(dice);
