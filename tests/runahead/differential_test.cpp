@@ -153,6 +153,45 @@ TEST(SeveralSitesAtATime, WaitsForAPageAsLongAsTheScanDoes) {
   ExpectAnswerAfterSixSeconds("4", kFinished, {Wish::Kind::Restart, 0, 0, {}, {}});
 }
 
+/// Sites of two pages that answer after three seconds; each fifth never ends.
+Case SlowSites(int sites) {
+  Case made;
+  made.Settings["chkAuto2"] = "0";
+  made.MainSites.emplace_back("main.example", std::vector<SiteRow>());
+  for (int i = 0; i < sites; ++i) {
+    const std::string host = "slow" + std::to_string(i) + ".example";
+    made.MainSites[0].second.push_back({host, "1"});
+    for (const char* path : {"/", "/p1.html"}) {
+      ServerAnswer& answer = made.World.Pages[host + path];
+      answer.Closes = i % 5 != 4;
+      answer.Pieces = {{3, "HTTP/1.1 200 OK\r\n\r\n<a href='/p1.html'>x</a>"},
+                       {3, "<a href='http://main.example/'>x</a>"}};
+    }
+  }
+  made.BoxAfter = 2;  // when the first server has answered to the connect
+  return made;
+}
+
+TEST(SeveralSitesAtATime, ReadsOnWhileAMessageBoxIsOpen) {
+  constexpr int kSites = 20;
+  const Case given = SlowSites(kSites);
+  ScanOfCase plain(given, 1, nullptr);
+  ASSERT_TRUE(plain.Run());
+  const AheadOptions options;
+  ScanOfCase ahead(given, 1, &options);
+  ahead.Rig.Services.Dialogs.OnShow = [&] {
+    const std::size_t calls = ahead.CallsOfHost();
+    while (ahead.World.Move(false)) {
+    }
+    EXPECT_EQ(ahead.Requests(), 2 * kSites - kSites / 5) << "everything is read meanwhile";
+    EXPECT_EQ(ahead.CallsOfHost(), calls) << "the scan waits";
+  };
+  ASSERT_TRUE(ahead.Run());
+  EXPECT_EQ(ahead.Remains(), plain.Remains());
+  EXPECT_EQ(ahead.Requests(), plain.Requests());
+  EXPECT_EQ(ahead.Rig.Services.Dialogs.Boxes.size(), 1U);
+}
+
 TEST(SeveralSitesAtATime, PassesAHundredThousandSitesThatNeedNoPage) {
   Case given;
   given.Settings["chkAudioNext"] = "0";

@@ -78,6 +78,7 @@ struct Case {
   std::map<std::string, std::string> Settings;
   int ScanType = 0;
   std::map<int, Wish> Wishes;  ///< by the number of the call of the host after which they come
+  int BoxAfter = 0;            ///< the number of the call that opens a message box
 };
 
 [[nodiscard]] Case RandomCase(std::uint64_t seed, bool withWishes);

@@ -35,7 +35,8 @@ class ScanOfCase::Host : public FakeScanHost {
 
  private:
   void Count() {
-    const auto wish = scan_.given_.Wishes.find(++calls_);
+    if (++calls_ == scan_.given_.BoxAfter) scan_.Rig.Services.Dialogs.Say("A message");
+    const auto wish = scan_.given_.Wishes.find(calls_);
     if (wish != scan_.given_.Wishes.end()) scan_.due_.push_back(wish->second);
   }
   ScanOfCase& scan_;
@@ -168,6 +169,8 @@ bool ScanOfCase::Run() {
   if (Rig.State.Scanning) road_->cmdStop();
   return true;
 }
+
+std::size_t ScanOfCase::CallsOfHost() const { return host_->Calls.size(); }
 
 int ScanOfCase::Requests() const {
   int all = 0;

@@ -36,6 +36,7 @@ class ScanOfCase {
   bool Run();
   [[nodiscard]] std::string Remains() const;
   [[nodiscard]] int Requests() const;
+  [[nodiscard]] std::size_t CallsOfHost() const;
 
   ScanRig Rig;
   WebWorld World;

@@ -47,6 +47,8 @@ void Wire::SendData(std::string_view bytes) {
   if (page->second.Closes) coming_.push_back({Coming::Kind::Close});
 }
 
+bool Wire::CanMove() const { return !world_.handling_ && (seconds_.Running || (open_ && !coming_.empty())); }
+
 void Wire::Move() {
   if (!open_ || coming_.empty() || coming_.front().What == Coming::Kind::Second) {
     if (open_ && !coming_.empty()) coming_.pop_front();
@@ -55,12 +57,21 @@ void Wire::Move() {
   }
   Coming next = std::move(coming_.front());
   coming_.pop_front();
+  WebWorld& world = world_;
+  world.handling_ = true;
   switch (next.What) {
-    case Coming::Kind::CertificateFault: return TellFault();
-    case Coming::Kind::Connect: return Events->OnConnect();
-    case Coming::Kind::Close: open_ = false; return Events->OnClose();
-    default: received_ += next.Text; return Events->OnDataArrival(received_.size());
+    case Coming::Kind::CertificateFault: TellFault(); break;
+    case Coming::Kind::Connect: Events->OnConnect(); break;
+    case Coming::Kind::Close:
+      open_ = false;
+      Events->OnClose();
+      break;
+    default:
+      received_ += next.Text;
+      Events->OnDataArrival(received_.size());
+      break;
   }
+  world.handling_ = false;
 }
 
 WorldTimer::WorldTimer(WebWorld& world) : world_(world) { world_.timers_.push_back(this); }

@@ -28,7 +28,7 @@ class Wire : public Connection {
   std::string GetData() override { return std::exchange(received_, {}); }
   void Close() override { open_ = false; }
 
-  [[nodiscard]] bool CanMove() const { return seconds_.Running || (open_ && !coming_.empty()); }
+  [[nodiscard]] bool CanMove() const;
   /// The next thing happens: an event, or a second passes.
   void Move();
 
@@ -118,6 +118,7 @@ class WebWorld {
   };
   void CheckManners(const Wire& begun) const;
 
+  bool handling_ = false;  ///< a server's event, during which no other one comes
   std::vector<Wire*> wires_;
   std::vector<WorldTimer*> timers_;
   std::deque<Waiting> waiting_;  ///< GETs and look-ups
