@@ -2,10 +2,10 @@
 // Reads the pages of one site before the scan comes to it.
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "runahead/get_recorder.h"
 #include "runahead/lane_surroundings.h"
@@ -80,7 +80,7 @@ class Lane : private ConnectionEvents,
   PlannedSite site_;
   std::uint64_t rank_;
   bool finished_ = false;
-  std::deque<std::unique_ptr<Recording>> recordings_;
+  std::vector<std::unique_ptr<Recording>> recordings_;
   std::unique_ptr<Steps> steps_;
 };
 

@@ -29,7 +29,7 @@ void Recording::Grow(std::size_t bytes) {
 void Recording::Keep(Happening what, std::size_t count) {
   if (over_) return;
   const bool joins = what == Happening::Data || what == Happening::Second;
-  if (joins && !steps_.empty() && steps_.back().What == what) {
+  if (joins && HasStep() && steps_.back().What == what) {
     steps_.back().Count += count;
   } else {
     steps_.push_back({what, count});
@@ -70,7 +70,7 @@ void Recording::NoteOver() {
 }
 
 Recording::Step Recording::TakeStep(std::size_t mostBytes) {
-  Kept& next = steps_.front();
+  Kept& next = steps_[nextStep_];
   Step step{next.What, {}};
   std::size_t taken = 1;
   if (next.What == Happening::CertificateFault) step.Bytes = fault_;
@@ -81,7 +81,11 @@ Recording::Step Recording::TakeStep(std::size_t mostBytes) {
     taken_ = bytes_.empty() ? 0 : taken_ + taken;
   }
   next.Count -= taken;
-  if (next.Count == 0) steps_.pop_front();
+  if (next.Count == 0) ++nextStep_;
+  if (!HasStep()) {
+    steps_.clear();
+    nextStep_ = 0;
+  }
   return step;
 }
 

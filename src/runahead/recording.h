@@ -4,11 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace requite {
 
@@ -49,7 +49,7 @@ class Recording {
     Happening What;
     std::string Bytes;  ///< of data; the words of a fault
   };
-  [[nodiscard]] bool HasStep() const { return !steps_.empty(); }
+  [[nodiscard]] bool HasStep() const { return nextStep_ < steps_.size(); }
   /// Takes the next step, of data at most `mostBytes`. There must be one.
   [[nodiscard]] Step TakeStep(std::size_t mostBytes);
   [[nodiscard]] bool Over() const { return over_; }
@@ -78,7 +78,8 @@ class Recording {
   const std::string key_;
   RecordedBytes& all_;
   std::size_t counted_ = 0;
-  std::deque<Kept> steps_;
+  std::vector<Kept> steps_;  ///< those taken go when none is left
+  std::size_t nextStep_ = 0;
   std::string bytes_;
   std::size_t taken_ = 0;
   std::string fault_;
