@@ -35,9 +35,9 @@ void PostThousandRows(benchmark::State& state) {
   ConnectMap map;
   map.Add(*ReadConnectRule("::127.0.0.1:" + std::to_string(server.Port())));
   const EventGuard guard([](const RuntimeFailure&) {});
-  QtDescriptorLoop getLoop(guard);
-  CurlInternet internet(getLoop, map, AsciiHost);
   QtEventLoop loop;
+  QtDescriptorLoop getLoop(guard, loop.Late());
+  CurlInternet internet(getLoop, map, AsciiHost);
   MemorySettings store;
   ScriptedDialogs dialogs;
   MemoryLog log;

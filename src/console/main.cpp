@@ -22,6 +22,7 @@
 #include "console/window_program.h"
 #include "model/settings.h"
 #include "model/visitor.h"
+#include "platform/dialogs_after_late_work.h"
 #include "platform/process_start.h"
 #include "qt/services/code_page.h"
 #include "qt/services/program_folder.h"
@@ -101,7 +102,9 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   const Project* project = nullptr;
   const std::string settingsFile =
       options.Common.SettingsFile.empty() ? DefaultSettingsPath() : options.Common.SettingsFile;
+  QtEventLoop events;
   const EventGuard guard([&](const RuntimeFailure& failure) {
+    const LateWork::Pause pause(events.Late());
     EndWithReport(failure, project, {folder, HomeFolder(), settingsFile}, PrintReport);
   });
   SettingsFile store(settingsFile,
@@ -123,9 +126,8 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
     map.Add(rule);
   }
 
-  QtEventLoop events;
   QtConsoleLoop loop(events, guard);
-  QtDescriptorLoop descriptors(guard);
+  QtDescriptorLoop descriptors(guard, events.Late());
   SocketPoller poller(descriptors, guard);
   NameResolver resolver(poller);
   SecureHosts secure(SecureRulesOf(settings));
@@ -134,12 +136,13 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   QtTimer timer1(guard);
   CurlInternet internet(descriptors, map, AsciiHost);
   ConsoleDialogs dialogs(kCodec);
+  DialogsAfterLateWork dialogsOfProgram(dialogs, events.Late());
   MemoryClipboard clipboard;
   SoundRecorder sounds;
   QuietShell shell;
   SystemClock clock;
-  Services services{events,  connection, timTimeout, timer1, internet, settings,
-                    dialogs, clipboard,  sounds,     shell,  clock};
+  Services services{events,           connection, timTimeout, timer1, internet, settings,
+                    dialogsOfProgram, clipboard,  sounds,     shell,  clock};
   std::optional<RunAheadServices> ahead;
   if (SitesAtATime(Settings(settings)) > 1) {
     ahead.emplace(RunAheadServices::Parts{guard, descriptors, poller, resolver, map, secure}, services);

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/late_work.h"
+
 namespace requite {
 
 /// The one thread's event loop.
@@ -20,6 +22,12 @@ class EventLoop {
   /// the last one may return at once, so loops call it freely. Trust nothing after it:
   /// lists may have been emptied and the scan may have been stopped.
   virtual void LetPendingEventsRun() = 0;
+
+  /// What is put off until the loop delivers other events.
+  [[nodiscard]] virtual LateWork& Late() { return late_; }
+
+ private:
+  LateWork late_;
 };
 
 /// A repeating timer. Starting it again restarts the interval.

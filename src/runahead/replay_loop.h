@@ -25,6 +25,7 @@ class ReplayLoop : public EventLoop {
     }
     if (yields_ == 0) afterYield_();
   }
+  [[nodiscard]] LateWork& Late() override { return loop_.Late(); }
   [[nodiscard]] bool IsYielding() const { return yields_ > 0; }
 
  private:

@@ -22,7 +22,7 @@ struct LoopRig {
   QtEventLoop Loop;
   std::vector<int> Failures;
   EventGuard Guard{[this](const RuntimeFailure& failure) { Failures.push_back(failure.Number); }};
-  QtDescriptorLoop Descriptors{Guard};
+  QtDescriptorLoop Descriptors{Guard, Loop.Late()};
 
   /// Lets events run until the condition holds; false after a time that only a fault can take.
   bool Until(const std::function<bool()>& condition) {

@@ -9,6 +9,7 @@
 #include "qt/services/code_page.h"
 #include "qt/services/qt_timer.h"
 #include "system/connect_map.h"
+#include "system/loop_event.h"
 
 namespace requite::test {
 namespace {
@@ -20,6 +21,43 @@ TEST(QtEventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
   QTimer::singleShot(0, [&] { ++delivered; });
   for (int yields = 0; delivered == 0 && yields < 100'000'000; ++yields) rig.Loop.LetPendingEventsRun();
   EXPECT_EQ(delivered, 1);
+}
+
+TEST(QtEventLoopTest, WhatASocketsEventPutsOffIsDoneBeforeAnyOtherEvent) {
+  LoopRig rig;
+  LateWork& late = rig.Loop.Late();
+  std::string seen;
+  bool waiting = false;
+  const auto putOff = [&] { waiting = late.MayWait(); };
+  const auto look = [&](const char* who) {
+    seen += std::string(who) + (waiting ? " too early" : "") + (late.MayWait() ? " may wait; " : "; ");
+  };
+  late.Add(&late, [&] { seen += std::exchange(waiting, false) ? "done; " : ""; });
+  bool waited = false;
+  bool over = false;
+  LoopEvent event(rig.Descriptors, [&] {
+    putOff();
+    rig.After(0, [&] { look("a yield's timer"); });
+    rig.Loop.RunFor(std::chrono::milliseconds(0));
+    putOff();
+    rig.After(0, [&] {
+      look("a wait's timer");
+      waited = true;
+      rig.Descriptors.Wake();
+    });
+    static_cast<void>(rig.Descriptors.RunUntil(waited));
+    look("the handler");
+    putOff();
+    rig.After(0, [&] {
+      look("a later timer");
+      over = true;
+      rig.Descriptors.Wake();
+    });
+  });
+  event.Raise();
+  // One run of the toolkit's own loop, as in the window program.
+  ASSERT_TRUE(rig.Descriptors.RunUntil(over));
+  EXPECT_EQ(seen, "done; a yield's timer; done; a wait's timer; the handler may wait; done; a later timer; ");
 }
 
 TEST(QtTimerTest, TicksRepeatUntilStoppedAndFailuresStayInside) {

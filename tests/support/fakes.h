@@ -24,6 +24,8 @@ class FakeEventLoop : public EventLoop {
   void LetPendingEventsRun() override {
     ++Yields;
     const auto due = at_.find(Yields);
+    if (due == at_.end() && !OnEveryYield) return;
+    const LateWork::Pause pause(Late());
     if (due != at_.end()) {
       const auto action = due->second;
       at_.erase(due);

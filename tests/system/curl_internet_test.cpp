@@ -30,7 +30,7 @@ class CurlInternetTest : public testing::Test {
  protected:
   LoopRig rig_;
   EventGuard guard_{[](const RuntimeFailure& failure) { ADD_FAILURE() << failure.Description; }};
-  QtDescriptorLoop loop_{guard_};
+  QtDescriptorLoop loop_{guard_, rig_.Loop.Late()};
   ConnectMap map_;
   std::mutex requestsLock_;
   std::vector<std::string> requests_;

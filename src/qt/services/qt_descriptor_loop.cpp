@@ -12,10 +12,15 @@ constexpr int kLookAgain = 0x4745;
 
 class NotifierWatch : public DescriptorWatch {
  public:
-  NotifierWatch(int descriptor, const EventGuard& guard, std::function<void()> onReadable)
+  NotifierWatch(int descriptor, const EventGuard& guard, LateWork& late, std::function<void()> onReadable)
       : notifier_(descriptor, QSocketNotifier::Read) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated,
-                     [&guard, run = std::move(onReadable)] { guard.Run(run); });
+    QObject::connect(&notifier_, &QSocketNotifier::activated, [&guard, &late, run = std::move(onReadable)] {
+      {
+        const LateWork::Slice slice(late);
+        guard.Run(run);
+      }
+      guard.Run([&late] { late.Finish(); });
+    });
   }
   void SetOn(bool on) override { notifier_.setEnabled(on); }
 
@@ -26,10 +31,11 @@ class NotifierWatch : public DescriptorWatch {
 }  // namespace
 
 std::unique_ptr<DescriptorWatch> QtDescriptorLoop::Watch(int descriptor, std::function<void()> onReadable) {
-  return std::make_unique<NotifierWatch>(descriptor, guard_, std::move(onReadable));
+  return std::make_unique<NotifierWatch>(descriptor, guard_, late_, std::move(onReadable));
 }
 
 bool QtDescriptorLoop::RunUntil(const bool& over) {
+  const LateWork::Pause pause(late_);
   QEventLoop loop;
   waiting_.push_back(&loop);
   while (!over && loop.exec() == kLookAgain) {

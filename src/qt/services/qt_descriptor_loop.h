@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <vector>
 
+#include "platform/late_work.h"
 #include "system/descriptor_loop.h"
 #include "system/event_guard.h"
 
@@ -12,8 +13,8 @@ namespace requite {
 
 class QtDescriptorLoop : public DescriptorLoop {
  public:
-  /// The guard must outlive this object and its watches.
-  explicit QtDescriptorLoop(const EventGuard& guard) : guard_(guard) {}
+  /// Both must outlive this object and its watches. Each event of a descriptor is a slice of its own.
+  QtDescriptorLoop(const EventGuard& guard, LateWork& late) : guard_(guard), late_(late) {}
 
   [[nodiscard]] std::unique_ptr<DescriptorWatch> Watch(int descriptor,
                                                        std::function<void()> onReadable) override;
@@ -23,6 +24,7 @@ class QtDescriptorLoop : public DescriptorLoop {
 
  private:
   const EventGuard& guard_;
+  LateWork& late_;
   std::vector<QEventLoop*> waiting_;
 };
 

@@ -33,6 +33,7 @@ void QtEventLoop::LetPendingEventsRun() {
 
 /// No failure of a handler passes through the toolkit.
 void QtEventLoop::Deliver(int flags) {
+  const LateWork::Pause pause(Late());
   ++depth_;
   QCoreApplication::processEvents(QEventLoop::ProcessEventsFlags(flags));
   --depth_;

@@ -52,16 +52,20 @@ void OneLineWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QStr
 int Run(QApplication& application) {
   const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
   const Project* project = nullptr;
+  LateWork* late = nullptr;
   bool ending = false;
   Splash splash;
   const EventGuard guard([&](const RuntimeFailure& failure) {
     splash.close();  // the report must not be hidden under it
     // Events run while the report's box is open. What fails then fails because of the first failure.
     if (std::exchange(ending, true)) return;
+    const std::optional<LateWork::Pause> pause =
+        late ? std::make_optional<LateWork::Pause>(*late) : std::nullopt;
     EndWithReport(failure, project, {folder, HomeFolder(), DefaultSettingsPath()}, ShowReport);
   });
   const ConnectMap map;
   DesktopServices services(guard, map, DefaultSettingsPath());
+  late = &services.All.EventLoop.Late();
   SessionBus desktop;
 
   splash.show();

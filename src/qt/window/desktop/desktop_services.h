@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/dialogs_after_late_work.h"
 #include "qt/services/desktop_shell.h"
 #include "qt/services/qt_descriptor_loop.h"
 #include "qt/services/qt_event_loop.h"
@@ -56,14 +57,15 @@ class DesktopServices {
   QtTimer timer1_;
   CurlInternet internet_;
   QtDialogs dialogs_;
+  DialogsAfterLateWork dialogsOfProgram_{dialogs_, events_.Late()};
   QtClipboard clipboard_;
   SoundProcess sounds_;
   DesktopShell shell_;
   SystemClock clock_;
 
  public:
-  Services All{events_,  connection_, timTimeout_, timer1_, internet_, store_,
-               dialogs_, clipboard_,  sounds_,     shell_,  clock_};
+  Services All{events_,           connection_, timTimeout_, timer1_, internet_, store_,
+               dialogsOfProgram_, clipboard_,  sounds_,     shell_,  clock_};
 };
 
 }  // namespace requite
