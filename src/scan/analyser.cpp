@@ -3,6 +3,7 @@
 // read from the scan state at the place of its use.
 #include "scan/analyser.h"
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -22,11 +23,11 @@ Analyser::Analyser(ScanContext& scan, Next& next)
       filter_(scan.Settings, scan.State.FileTypes) {}
 
 void Analyser::AnalysePage() {
-  const std::string text = std::exchange(scan_.State.Page.PreparedText, {});
+  const std::shared_ptr<const std::string> prepared = std::exchange(scan_.State.Page.PreparedText, nullptr);
   if (!scan_.State.Scanning) return;
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  PageLines lines(text, scan_.PageSlices());
+  PageLines lines(prepared ? std::string_view(*prepared) : std::string_view(), scan_.PageSlices());
   switch (ReadLines(lines)) {
     case PageEnd::Moved: FollowMove(lines); break;
     case PageEnd::Read: HandBack(); break;

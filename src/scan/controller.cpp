@@ -105,6 +105,7 @@ void Controller::cmdSkip() {
 void Controller::cmdNextSearch() { NextSite(); }
 
 void Controller::cmdStop() {
+  scan_.Platform.EventLoop.Late().Finish();  // before another scan may take the work folder
   ScanWindow& window = scan_.Window;
   scan_.State.Scanning = false;
   for (Button* button : {&window.cmdStop, &window.cmdSkip, &window.cmdNextSearch}) button->SetEnabled(false);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,7 +23,8 @@ struct PageFetch {
   std::int32_t ContentLength = 0;  ///< 0 when the header does not say it
   bool HeaderSeen = false;
   std::int16_t TimeoutTicks = 0;  ///< seconds since the last data
-  std::string PreparedText;  ///< the page with each href on its own line; triage hands it to the analyser
+  /// The page with each href on its own line; triage hands it to the analyser. Null: an empty page.
+  std::shared_ptr<const std::string> PreparedText;
 };
 
 /// One object, owned by the main window.
@@ -53,6 +55,7 @@ struct ScanState {
   std::vector<std::string> FileTypes;
   requite::SeenPages SeenPages;
   std::int32_t AutoSaveTicks = 0;
+  bool WorkFilesBegun = false;      ///< a page of this scan was written
   bool WorkFilesUnwritten = false;  ///< the user has been told in this scan
   bool AuthoritiesMissing = false;  ///< likewise
   SiteAnswers Answers;

@@ -48,6 +48,7 @@ void Controller::ResetForStart() {
   state.LinksExpected = 0;
   state.PageFull.clear();
   state.PageDir.clear();
+  state.WorkFilesBegun = false;
   state.WorkFilesUnwritten = false;
   state.AuthoritiesMissing = false;
   state.Answers = {};

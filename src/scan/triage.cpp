@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 #include <utility>
 
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
-#include "scan/work_files.h"
 
 namespace requite {
 namespace {
@@ -129,19 +129,19 @@ void Triage::PrepareText(std::string body) {
   if (!text) return;
   body = {};
   text->append(kLineEnd);
-  WriteWorkFiles(*text);
-  scan_.State.Page.PreparedText = *std::move(text);
+  const auto prepared = std::make_shared<const std::string>(*std::move(text));
+  WriteWorkFiles(prepared);
+  scan_.State.Page.PreparedText = prepared;
 }
 
-void Triage::WriteWorkFiles(std::string_view text) {
+void Triage::WriteWorkFiles(const WorkFileWriter::Text& text) {
   if (!scan_.WritesWorkFiles) return;
-  const Slices slices = scan_.PageSlices();
-  bool written = WritePageFile(PageFile(scan_.Work, kConnection), text, slices);
+  bool written = workFiles_.Put(WorkFileWriter::File::Page, text);
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  written = WriteFlatPageFile(FlatPageFile(scan_.Work, kConnection), text, slices) && written;
+  written = workFiles_.Put(WorkFileWriter::File::FlatPage, text) && written;
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  if (written || std::exchange(scan_.State.WorkFilesUnwritten, true)) return;
-  scan_.Host.TellWorkFilesUnwritten();
+  scan_.State.WorkFilesBegun = true;
+  if (!written) workFiles_.TellUnwritten();
 }
 
 }  // namespace requite

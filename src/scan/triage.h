@@ -9,6 +9,7 @@
 #include "platform/text_search.h"
 #include "scan/scan_context.h"
 #include "scan/slices.h"
+#include "scan/work_file_writer.h"
 
 namespace requite {
 
@@ -21,7 +22,7 @@ class Triage {
     virtual void AnalysePage() = 0;
   };
 
-  Triage(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
+  Triage(ScanContext& scan, Next& next) : scan_(scan), next_(next), workFiles_(scan) {}
 
   /// Notes an error status of the header block as the site's reason word and as a row of `lstErr`.
   /// `url` is host and path of the page.
@@ -44,10 +45,11 @@ class Triage {
   [[nodiscard]] bool HoldsMainSite(std::string_view body, const Slices& slices);
   void NoteReasons(const Signs& signs);
   void PrepareText(std::string body);
-  void WriteWorkFiles(std::string_view text);
+  void WriteWorkFiles(const WorkFileWriter::Text& text);
 
   ScanContext& scan_;
   Next& next_;
+  WorkFileWriter workFiles_;
   TextFinder mainSite_{""};
   TextFinder protected_{"You are seeing this text because"};
 };

@@ -177,6 +177,19 @@ TEST(ScanNextPage, ASiteThatExpectsNoLinksIsScannedOnlyWhenTheirCountDoesNotEndA
   }
 }
 
+TEST(cmdStop, DoesWhatWasPutOffBeforeItsReport) {
+  ControlRig rig;
+  rig.AddMainSite("m", {"x"});
+  rig.Control.StartScan();
+  LateWork& late = rig.Services.EventLoop.Late();
+  bool done = false;
+  late.Add(&done, [&] { done = true; });
+  rig.Host.OnReport = [&] { EXPECT_TRUE(done); };
+  const LateWork::Slice slice(late);
+  rig.Control.cmdStop();
+  EXPECT_TRUE(done);
+}
+
 TEST(cmdStop, ClosesBeforeItYieldsAndReportsBeforeItPlays) {
   ControlRig rig;
   rig.AddMainSite("m", {"x"});

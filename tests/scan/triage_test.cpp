@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <optional>
 
 #include "scan/work_files.h"
 #include "support/analysis_rig.h"
@@ -69,7 +70,7 @@ TEST_F(TriageTest, WorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
   std::filesystem::create_directory(rig.Folder.File("html0.txt"));
   for (const char* page : {"new", "newer"}) {
     triage.ProcessPage(page);
-    EXPECT_EQ(rig.State.Page.PreparedText, std::string(page) + "\r\n");
+    EXPECT_EQ(*rig.State.Page.PreparedText, std::string(page) + "\r\n");
     EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");
   }
   EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
@@ -87,8 +88,78 @@ TEST_F(TriageTest, AFullDiskDoesNotMixTwoPagesInOneFile) {
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, oldHandler);
   EXPECT_EQ(WorkFile("html0.txt"), "new ");
-  EXPECT_EQ(rig.State.Page.PreparedText, "new text\r\n");
+  EXPECT_EQ(*rig.State.Page.PreparedText, "new text\r\n");
   EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
+}
+
+/// What an event finds in the two files during each yield of some pages.
+std::string FilesAtEachYield(bool inSlice) {
+  RecordedSteps steps;
+  ScanRig rig;
+  rig.State.Scanning = true;
+  rig.State.MainSiteKey = "main.example";
+  Triage triage(rig.Context, steps);
+  std::string seen;
+  rig.Services.EventLoop.OnEveryYield = [&] {
+    for (const char* name : {"html0.txt", "html20.txt"}) {
+      const std::string path = rig.Folder.File(name);
+      const std::string text = FileExists(path) ? ReadFile(path) : "(none)";
+      seen += std::to_string(text.size()) + ": " + text.substr(0, 40) + '\n';
+    }
+  };
+  std::optional<LateWork::Slice> slice;
+  if (inSlice) slice.emplace(rig.Services.EventLoop.Late());
+  const std::string large(std::size_t{3} << 20, 'x');
+  for (const std::string& page : {std::string("first\r\npage"), std::string("a href=\nsecond"), large,
+                                  std::string(), std::string("href=last")}) {
+    triage.ProcessPage(page);
+    seen += "--\n";
+  }
+  slice.reset();
+  rig.Services.EventLoop.LetPendingEventsRun();
+  return seen;
+}
+
+TEST(WorkFiles, EveryEventFindsThemAsIfNoneHadWaited) {
+  EXPECT_EQ(FilesAtEachYield(true), FilesAtEachYield(false));
+}
+
+TEST_F(TriageTest, OfPagesInOneSliceTheFirstAndTheLastAreWritten) {
+  LateWork& late = rig.Services.EventLoop.Late();
+  const LateWork::Slice slice(late);
+  for (const char* page : {"first", "se\ncond", "th\nird"}) {
+    triage.ProcessPage(page);
+    EXPECT_EQ(WorkFile("html0.txt"), "first\r\n") << page;
+    EXPECT_EQ(WorkFile("html20.txt"), "first\r\n") << page;
+  }
+  late.Finish();
+  EXPECT_EQ(WorkFile("html0.txt"), "th\nird\r\n");
+  EXPECT_EQ(WorkFile("html20.txt"), "third\r\n");
+  EXPECT_EQ(*rig.State.Page.PreparedText, "th\nird\r\n");
+
+  triage.ProcessPage("fourth");
+  const std::string large(std::size_t{3} << 20, 'x');  // does not wait, and must not be replaced by what does
+  triage.ProcessPage(large);
+  const int yields = rig.Services.EventLoop.Yields;
+  late.Finish();
+  EXPECT_EQ(rig.Services.EventLoop.Yields, yields);
+  EXPECT_EQ(WorkFile("html0.txt"), large + "\r\n");
+}
+
+TEST_F(TriageTest, LateWorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
+  LateWork& late = rig.Services.EventLoop.Late();
+  const LateWork::Slice slice(late);
+  triage.ProcessPage("first");
+  std::filesystem::remove(rig.Folder.File("html0.txt"));
+  std::filesystem::create_directory(rig.Folder.File("html0.txt"));
+  for (const char* page : {"second", "third"}) {
+    triage.ProcessPage(page);
+    EXPECT_EQ(*rig.State.Page.PreparedText, std::string(page) + "\r\n");
+    late.Finish();
+    EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");
+    EXPECT_EQ(rig.Host.Calls, std::vector<std::string>{"TellWorkFilesUnwritten"});
+  }
+  EXPECT_EQ(steps.Calls, (std::vector<std::string>{"AnalysePage", "AnalysePage", "AnalysePage"}));
 }
 
 TEST(PutHrefsOnLines, AgreesWithNineReplacementsInSlicesOfAnySize) {
