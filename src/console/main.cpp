@@ -113,6 +113,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
     std::cerr << "requite-console: settings cannot be saved in \"" << path
               << "\" and last for this run only: " << std::strerror(error) << std::endl;
   };
+  store.PutOffWith(events.Late());
   for (const auto& [key, value] : options.Common.Settings) {
     store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
   }

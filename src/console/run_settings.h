@@ -25,11 +25,19 @@ class RunSettings : public SettingsStore {
     return held != held_.end() ? held->second : store_.Read(key);
   }
   void Write(std::string_view key, std::string_view value) override {
-    if (const auto held = held_.find(key); held != held_.end()) held_.erase(held);
+    LetGo(key);
     store_.Write(key, value);
+  }
+  void WriteSoon(std::string_view key, std::string_view value) override {
+    LetGo(key);
+    store_.WriteSoon(key, value);
   }
 
  private:
+  void LetGo(std::string_view key) {
+    if (const auto held = held_.find(key); held != held_.end()) held_.erase(held);
+  }
+
   SettingsStore& store_;
   std::map<std::string, std::string, std::less<>> held_;
 };

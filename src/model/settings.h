@@ -89,6 +89,10 @@ class Settings {
   void SaveSetting(const SettingKey& key, std::int64_t value) {
     store_.Write(key.Name, std::to_string(value));
   }
+  /// For a counter that is raised all the time: a kill may lose the last few milliseconds of it.
+  void SaveSettingSoon(const SettingKey& key, std::int64_t value) {
+    store_.WriteSoon(key.Name, std::to_string(value));
+  }
 
  private:
   SettingsStore& store_;

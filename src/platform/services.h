@@ -126,6 +126,9 @@ class SettingsStore {
   [[nodiscard]] virtual std::optional<std::string> Read(std::string_view key) = 0;
   /// The value is on disk when the call returns.
   virtual void Write(std::string_view key, std::string_view value) = 0;
+  /// Write for a value that is soon replaced by the next one, such as a counter: it may be on disk a few
+  /// milliseconds later. It is there before anything that is written after it.
+  virtual void WriteSoon(std::string_view key, std::string_view value) { Write(key, value); }
 };
 
 enum class Answer { Ok, Cancel, Yes, No };

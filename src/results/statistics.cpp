@@ -32,13 +32,13 @@ void Statistics::Raise(Counted kind) {
     case Counted::PageScanned:
       Increment(PagesScanned);
       Increment(HistoryPagesScanned);
-      settings_.SaveSetting(setting::lHistWebScanned, HistoryPagesScanned);
+      settings_.SaveSettingSoon(setting::lHistWebScanned, HistoryPagesScanned);
       break;
     case Counted::PageFound: Increment(PagesFound); break;
     case Counted::LinkFound:
       Increment(LinksFound);
       Increment(HistoryLinksFound);
-      settings_.SaveSetting(setting::lHistEmailFound, HistoryLinksFound);
+      settings_.SaveSettingSoon(setting::lHistEmailFound, HistoryLinksFound);
       break;
     case Counted::MainSite: Increment(MainSitesScanned); break;
     case Counted::LinkingSite: Increment(LinkingSitesScanned); break;

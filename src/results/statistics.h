@@ -11,8 +11,8 @@
 
 namespace requite {
 
-/// Counts what a scan does. The history counters are kept in the settings store, written each time one is
-/// raised.
+/// Counts what a scan does. The history counters are kept in the settings store, each written soon after
+/// it was raised.
 class Statistics {
  public:
   static constexpr std::size_t kLabels = 7;

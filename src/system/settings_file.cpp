@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -77,29 +78,54 @@ std::optional<std::string> SettingsFile::Read(std::string_view key) {
 }
 
 void SettingsFile::Write(std::string_view key, std::string_view value) {
-  Value& latest = Put(key, value);
-  latest.Saved = false;
+  TakeNew(key, value);
+  AppendNew();
+}
+
+void SettingsFile::WriteSoon(std::string_view key, std::string_view value) {
+  TakeNew(key, value);
+  if (late_ == nullptr || !late_->MayWait()) AppendNew();
+}
+
+void SettingsFile::PutOffWith(LateWork& late) {
+  late_ = &late;
+  late.Add(this, [this] { AppendNew(); });
+}
+
+void SettingsFile::TakeNew(std::string_view key, std::string_view value) {
+  Put(key, value).Saved = false;
   if (use_ == Use::Copy) return;
+  const auto isKey = [key](const std::string& name) { return Equals(name, key, Compare::Text); };
+  if (std::none_of(new_.begin(), new_.end(), isKey)) new_.emplace_back(key);
+}
+
+/// Puts the new values into the journal, in one piece.
+void SettingsFile::AppendNew() {
+  if (new_.empty()) return;
   bool appended = false;
   for (int attempt = 0; attempt < 2 && !appended; ++attempt) {
     if (file_ < 0) {
       unsaved_ = true;
       Open();
-      if (file_ < 0) return TellUnsaved(openError_);
+      if (file_ < 0) {
+        TellUnsaved(openError_);
+        break;
+      }
     }
-    ComposePending(key, value);
-    appended = AppendPending(latest);
+    ComposePending();
+    appended = AppendPending();
   }
-  CompactIfWorthIt();
+  new_.clear();  // what could not be written is kept as unsaved
+  if (appended) CompactIfWorthIt();
 }
 
-/// What the next write appends: the new record, or every value that is not in the journal yet.
-void SettingsFile::ComposePending(std::string_view key, std::string_view value) {
+/// What the next write appends: the new records, or every value that is not in the journal yet.
+void SettingsFile::ComposePending() {
   pending_.clear();
   if (tornTail_) pending_ += {kVoidLine, '\n'};
   if (!hasHeader_) pending_.append(kHeader) += '\n';
   if (!unsaved_) {
-    AppendSettingsRecord(pending_, key, value);
+    for (const std::string& key : new_) AppendSettingsRecord(pending_, key, values_.find(key)->second.Text);
     return;
   }
   for (const auto& [name, one] : values_) {
@@ -109,7 +135,7 @@ void SettingsFile::ComposePending(std::string_view key, std::string_view value) 
 
 /// Appends the pending text to the journal in one piece, and reads what others have appended.
 /// False when the file turns out to be deleted: a new one then needs every known value.
-bool SettingsFile::AppendPending(Value& latest) {
+bool SettingsFile::AppendPending() {
   const ssize_t written = ::write(file_, pending_.data(), pending_.size());
   if (written != static_cast<ssize_t>(pending_.size())) {
     // A short write gives no error number; the reason is a full disk.
@@ -126,10 +152,11 @@ bool SettingsFile::AppendPending(Value& latest) {
     Release();
     return false;
   }
-  latest.Saved = true;
   if (unsaved_) {
     for (auto& [name, one] : values_) one.Saved = true;
     unsaved_ = false;
+  } else {
+    for (const std::string& key : new_) values_.find(key)->second.Saved = true;
   }
   if (status.st_size == applied_ + written) {
     applied_ = status.st_size;

@@ -9,13 +9,16 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
+#include "platform/late_work.h"
 #include "platform/services.h"
 
 namespace requite {
 
-/// A value is safe when Write returns: it survives the end of the process by any signal. The file
-/// and its folder are made when missing, readable by the user alone.
+/// A value is safe when Write returns: it survives the end of the process by any signal. The values of
+/// WriteSoon may wait while work may be put off; they come into the file before any value that is written
+/// after them. The file and its folder are made when missing, readable by the user alone.
 ///
 /// Several processes may use one file at once: each record is appended in one piece and none is
 /// lost. A process sees the others' values at its start and after each of its own writes.
@@ -40,9 +43,14 @@ class SettingsFile : public SettingsStore {
 
   [[nodiscard]] std::optional<std::string> Read(std::string_view key) override;
   void Write(std::string_view key, std::string_view value) override;
+  void WriteSoon(std::string_view key, std::string_view value) override;
 
-  /// Runs once, within the first Write whose value could not be put into the file, with the number of
-  /// the system's error.
+  /// From now on the values of WriteSoon are written when `late` finishes. Without it they are written at
+  /// once. Must outlive the last WriteSoon.
+  void PutOffWith(LateWork& late);
+
+  /// Runs once, when a value could not be put into the file for the first time, with the number of the
+  /// system's error.
   std::function<void(const std::string& path, int error)> OnUnsaved;
 
  private:
@@ -74,8 +82,10 @@ class SettingsFile : public SettingsStore {
   bool ApplyLine(std::string_view line);
   Value& Put(std::string_view key, std::string_view text);
   void SetAside() const;
-  void ComposePending(std::string_view key, std::string_view value);
-  bool AppendPending(Value& latest);
+  void TakeNew(std::string_view key, std::string_view value);
+  void AppendNew();
+  void ComposePending();
+  bool AppendPending();
   void TellUnsaved(int error);
 
   void CompactIfWorthIt();
@@ -88,9 +98,11 @@ class SettingsFile : public SettingsStore {
   bool hasHeader_ = false;  ///< the journal has its first line
   bool tornTail_ = false;   ///< the journal ends in a piece of a record
   bool toldUnsaved_ = false;
-  int openError_ = 0;     ///< of the last attempt to open the journal
-  bool unsaved_ = false;  ///< some older values are not in the journal
-  off_t liveSize_ = 0;    ///< about what the journal would take with each value once
+  LateWork* late_ = nullptr;
+  std::vector<std::string> new_;  ///< the keys of values that the journal must get, in its order
+  int openError_ = 0;             ///< of the last attempt to open the journal
+  bool unsaved_ = false;          ///< some older values are not in the journal
+  off_t liveSize_ = 0;            ///< about what the journal would take with each value once
   off_t compactAt_ = kCompactionSize;
   std::string pending_;  ///< what a write appends; reused, so that a write allocates nothing
   std::unordered_map<std::string, Value, FoldedHash, FoldedEqual> values_;

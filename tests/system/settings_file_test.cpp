@@ -202,6 +202,67 @@ TEST_F(SettingsFileTest, AFileThatCannotBeWrittenLeavesTheValuesForTheRunAndForL
   EXPECT_EQ(Reread("other"), "later");
 }
 
+TEST_F(SettingsFileTest, WhatMayWaitIsInTheFileAtTheEndOfTheSliceAndBeforeWhatIsWrittenAfterIt) {
+  SettingsFile(path_).Write("key", "value");
+  const std::string before = Stored();
+  LateWork late;
+  SettingsFile store(path_);
+  store.PutOffWith(late);
+  store.WriteSoon("count", "1");
+  EXPECT_EQ(Stored(), before + "count=1\n") << "outside a slice nothing waits";
+  const LateWork::Slice slice(late);
+  for (const char* number : {"2", "3"}) {
+    store.WriteSoon("count", number);
+    store.WriteSoon("links", number);
+    EXPECT_EQ(store.Read("COUNT"), number);
+  }
+  EXPECT_EQ(Stored(), before + "count=1\n");
+  store.Write("key", "newer");
+  EXPECT_EQ(Stored(), before + "count=1\ncount=3\nlinks=3\nkey=newer\n");
+  late.Finish();
+  store.WriteSoon("count", "4");
+  late.Finish();
+  late.Finish();
+  EXPECT_EQ(Stored(), before + "count=1\ncount=3\nlinks=3\nkey=newer\ncount=4\n");
+}
+
+TEST_F(SettingsFileTest, AKillLosesOnlyWhatItsSliceHasPutOff) {
+  WaitFor(Start([&] {
+    LateWork late;
+    SettingsFile store(path_);
+    store.PutOffWith(late);
+    const LateWork::Slice slice(late);
+    store.WriteSoon("count", "1");
+    store.Write("key", "value");
+    store.WriteSoon("count", "2");
+    late.Finish();
+    store.WriteSoon("count", "3");
+  }));
+  EXPECT_EQ(Reread("count"), "2");
+  EXPECT_EQ(Reread("key"), "value");
+}
+
+TEST_F(SettingsFileTest, WhatWaitedAndCannotBeWrittenIsToldAndKeptForLater) {
+  LateWork late;
+  SettingsFile store(path_);
+  store.PutOffWith(late);
+  int told = 0;
+  store.OnUnsaved = [&](const std::string&, int) { ++told; };
+  fs::remove_all(path_);
+  fs::create_directory(path_);
+  const LateWork::Slice slice(late);
+  for (const char* number : {"1", "2"}) {
+    store.WriteSoon("count", number);
+    store.WriteSoon("links", number);
+    late.Finish();
+  }
+  EXPECT_EQ(told, 1);
+  fs::remove(path_);
+  store.Write("key", "value");
+  for (const char* key : {"count", "links"}) EXPECT_EQ(Reread(key), "2") << key;
+  EXPECT_EQ(Reread("key"), "value");
+}
+
 TEST_F(SettingsFileTest, ADeletedFileComesBackWithTheNextWrite) {
   SettingsFile store(path_);
   store.Write("key", "value");

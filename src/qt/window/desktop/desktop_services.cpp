@@ -25,6 +25,7 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       timTimeout_(guard),
       timer1_(guard),
       internet_(descriptors_, map, AsciiHost) {
+  store_.PutOffWith(events_.Late());
   shell_.OnFailed = ShowUnopened;
   store_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +
