@@ -86,13 +86,19 @@ void PageConnection::TryNextAddress() {
       ::setsockopt(descriptor, IPPROTO_TCP, TCP_SYNCNT, &kSynRetries, sizeof(kSynRetries));
     }
     const auto* target = reinterpret_cast<const sockaddr*>(&address.Storage);
-    if (::connect(descriptor, target, address.Length) != 0 && errno != EINPROGRESS) {
+    const auto connect = [&] { return ::connect(descriptor, target, address.Length) == 0; };
+    bool established = connect();
+    if (!established && errno != EINPROGRESS) {
       ::close(descriptor);
       continue;
     }
+    // A host on the same machine has accepted by now, which costs less to ask here than in a wait. Of a
+    // failure the wait tells as before.
+    established = established || connect();
     state_ = State::Connecting;
     reset_ = false;
     socket_.Open(descriptor, POLLOUT);
+    if (established) socket_.MarkWritable();
     return;
   }
   if (filter_) UsePlain(TlsFailure::Other);

@@ -56,9 +56,16 @@ void SocketPoller::Changed(PolledSocket& socket) {
 
 /// What a wait said of the descriptor is not true of the next one.
 void SocketPoller::Forget(const PolledSocket& socket) {
+  if (writable_ == &socket) writable_ = nullptr;
   for (std::size_t i = handedOut_; i < readyEnd_; ++i) {
     if (ready_[i].data.ptr == &socket) ready_[i].data.ptr = nullptr;
   }
+}
+
+/// The end of the slice is noticed at the next wait, and each event after a new connection waits for its
+/// server.
+void SocketPoller::MarkWritable(PolledSocket& socket) {
+  if (delivering_ && !many_) writable_ = &socket;
 }
 
 void SocketPoller::Arm(PolledSocket& socket) const {
@@ -103,6 +110,10 @@ void SocketPoller::DeliverSlice() {
 /// socket waits for anything. A handler may open and close any socket, so readiness is asked for again
 /// after each.
 bool SocketPoller::DeliverOne() {
+  if (PolledSocket* const socket = std::exchange(writable_, nullptr)) {
+    guard_.Run([socket] { socket->onReady_(POLLOUT); });
+    return true;
+  }
   polled_.clear();
   bool waiting = false;
   for (const PolledSocket* socket : sockets_) {

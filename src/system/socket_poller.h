@@ -45,6 +45,7 @@ class SocketPoller {
   void OnReadable();
   void DeliverSlice();
   bool DeliverOne();
+  void MarkWritable(PolledSocket& socket);
   void DeliverMany();
   bool DeliverReady();
   void Arm(PolledSocket& socket) const;
@@ -57,6 +58,7 @@ class SocketPoller {
   std::vector<PolledSocket*> sockets_;
   std::vector<pollfd> polled_;  ///< reused, so that a wait allocates nothing
   std::size_t next_ = 0;
+  PolledSocket* writable_ = nullptr;  ///< found so by its owner; it gets the next event of the slice
   bool delivering_ = false;
   bool many_ = false;
   std::vector<PolledSocket*> changed_;   ///< of many: those to be armed before the next wait
@@ -78,6 +80,8 @@ class PolledSocket {
   void Open(int descriptor, short wanted);
   /// Changes what is waited for; 0 waits for nothing.
   void Want(short wanted);
+  /// The owner knows that bytes can be sent. Within a slice this event then comes without asking the system.
+  void MarkWritable() { poller_.MarkWritable(*this); }
   /// Closes the descriptor, if there is one.
   void Close();
 

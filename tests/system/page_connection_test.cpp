@@ -197,6 +197,18 @@ TEST_P(EachConnection, AConnectInTheMiddleOfAPageDropsTheOldOne) {
   EXPECT_EQ(recorder_.Data, "second");
 }
 
+TEST_P(EachConnection, AConnectThatIsDroppedInItsHandlerRaisesNoEventOfTheNextOne) {
+  LocalServer server([](ServedConnection& client) { client.ReadRequest(); });
+  recorder_.OnClosed = [&] {
+    connection_.Connect("127.0.0.1", server.Port());  // established at once
+    connection_.Connect("127.0.0.1", RefusingPort());
+  };
+  connection_.Connect("127.0.0.1", server.Port());
+  ASSERT_TRUE(rig_.Until([&] { return recorder_.Closes == 1; }));
+  rig_.Settle();
+  EXPECT_EQ(recorder_.Events, (Names{"connect", "close"}));
+}
+
 TEST_P(PageConnectionTest, DataThatNobodyTakesMakesTheServerWait) {
   constexpr std::size_t kSize = 64 * 1024 * 1024;
   std::atomic<bool> allSent = false;
