@@ -45,11 +45,13 @@ void ScanProgress::SiteFinished(const SiteVerdict& verdict) {
   if (output_ == Output::None) return;
   if (output_ == Output::Terminal) return Redraw();
   const bool tellsReason = !verdict.LinksBack && !verdict.Reason.empty();
+  // In one piece, because standard error writes each piece at once: whoever watches sees it now, and whole.
   program_.Err << program_.Outside(Position(finished_) + ": " + verdict.Url + ": " +
                                    std::to_string(verdict.LinksCounted) + " of " +
                                    std::to_string(verdict.LinksExpected) + " links" +
-                                   (tellsReason ? " (" + verdict.Reason + ")" : ""))
-               << std::endl;
+                                   (tellsReason ? " (" + verdict.Reason + ")" : "")) +
+                      '\n'
+               << std::flush;
 }
 
 std::int32_t ScanProgress::AllSites() const {
@@ -76,7 +78,7 @@ void ScanProgress::Redraw() {
 
 void ScanProgress::Draw(const std::string& text) {
   // A line that reaches the last column would wrap, and the next one could not be drawn over it.
-  program_.Err << '\r' << program_.Codec.ToUtf8(Escaped(text).substr(0, TerminalColumns() - 1)) << "\x1b[K"
+  program_.Err << '\r' + program_.Codec.ToUtf8(Escaped(text).substr(0, TerminalColumns() - 1)) + "\x1b[K"
                << std::flush;
   lineOnShow_ = true;
 }
