@@ -207,7 +207,7 @@ class MainWindowTest : public QObject, private WindowRig {
   void secureConnectionsAreOfferedAfterAScanThatNeededThem() {
     AddSites();
     const QSize before = window_->minimumSizeHint();
-    auto* const bar = Widget<QWidget>("httpsOnlyBar");
+    auto* const bar = Widget<QWidget>("httpsOnly");
     const auto scan = [&] {
       form_->Sites.List1(1).SetFieldAt(0, 0, "<img src=x>");
       form_->Command1.Click();

@@ -2,17 +2,13 @@
 // The bar above the results that offers secure connections after a scan that needed them.
 #pragma once
 
-#include <QFrame>
-
+#include "qt/window/controls/notice_bar.h"
 #include "qt/window/controls/user_events.h"
 #include "shell/main_window/form1.h"
 
-class QLabel;
-
 namespace requite {
 
-/// Takes no room while it is hidden, as it is at first.
-class HttpsOnlyBar : public QFrame {
+class HttpsOnlyBar : public NoticeBar {
   Q_OBJECT
 
  public:
@@ -26,7 +22,6 @@ class HttpsOnlyBar : public QFrame {
 
  private:
   Form1& form_;
-  QLabel* words_;
 };
 
 }  // namespace requite

@@ -58,6 +58,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   left_->setChildrenCollapsible(false);
   setCentralWidget(columns_);
   bind_.Bind(form_.StatusBar1, *statusBar());
+  answers_ = new AnswerLine(*statusBar());
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   refresh_.OnApplied = [this] { ShowScan(); };
   ShowScan();

@@ -10,6 +10,7 @@
 #include "qt/window/further/further_windows.h"
 #include "qt/window/lists/list_table.h"
 #include "qt/window/main_window/ahead_line.h"
+#include "qt/window/main_window/answer_line.h"
 #include "qt/window/main_window/https_only_bar.h"
 #include "qt/window/main_window/scan_notice.h"
 #include "shell/main_window/form1.h"
@@ -17,6 +18,7 @@
 class QLabel;
 class QSplitter;
 class QTableView;
+class QVBoxLayout;
 
 namespace requite {
 
@@ -79,7 +81,9 @@ class MainWindow : public QMainWindow {
   QSplitter* links_ = nullptr;
   HttpsOnlyBar* httpsOnly_ = nullptr;
   AheadLine* ahead_ = nullptr;
-  QLabel* notice_ = nullptr;  ///< a message of the program about the scan, hidden while there is none
+  AnswerLine* answers_ = nullptr;  ///< what each action says that it did
+  QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
+  QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none
   std::unique_ptr<TitleView> title_;
   std::optional<ScanNotice> desktopNotice_;
   Binder bind_{refresh_, user_};

@@ -23,8 +23,10 @@ namespace requite {
 QWidget* MainWindow::BuildResults() {
   auto* const box = new QGroupBox(ToUnicode(form_.Frame2.Caption), this);
   auto* const layout = new QVBoxLayout(box);
+  bars_ = new QVBoxLayout;
+  layout->addLayout(bars_);
   httpsOnly_ = new HttpsOnlyBar(form_, user_, box);
-  layout->addWidget(httpsOnly_);
+  bars_->addWidget(httpsOnly_);
   form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
   auto* const tabs = new QTabBar(box);
   tabs->setExpanding(false);

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Lays out the bar: the words, the offers, and a way to dismiss it.
+#include "qt/window/controls/notice_bar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace requite {
+namespace {
+
+/// Names come from projects of any origin: the tool tip must not take them for markup.
+QString AsToolTip(const QString& names) {
+  if (names.isEmpty()) return {};
+  QStringList lines;
+  for (const QString& each : names.split('\n')) lines += each.toHtmlEscaped();
+  return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
+}
+
+}  // namespace
+
+NoticeBar::NoticeBar(const QString& name, const QString& dismissText, const QString& dismissToolTip,
+                     QWidget* parent)
+    : QFrame(parent),
+      layout_(new QHBoxLayout(this)),
+      words_(new QLabel(this)),
+      dismiss_(new QPushButton(dismissText, this)) {
+  setObjectName(name);
+  setFrameShape(QFrame::StyledPanel);
+  setBackgroundRole(QPalette::ToolTipBase);
+  setForegroundRole(QPalette::ToolTipText);
+  setAutoFillBackground(true);
+  layout_->setContentsMargins(9, 3, 6, 3);
+  words_->setObjectName(name + "Words");
+  words_->setTextFormat(Qt::PlainText);
+  words_->setWordWrap(true);
+  words_->setForegroundRole(QPalette::ToolTipText);
+  layout_->addWidget(words_, 1);
+  dismiss_->setObjectName(name + "Dismiss");
+  dismiss_->setToolTip(dismissToolTip);
+  layout_->addWidget(dismiss_);
+  connect(dismiss_, &QPushButton::clicked, this, &QWidget::hide);
+  hide();
+}
+
+QPushButton& NoticeBar::Offer(const QString& name, const QString& text, std::function<void()> then) {
+  auto* const button = new QPushButton(text, this);
+  button->setObjectName(name);
+  layout_->insertWidget(layout_->count() - 1, button);
+  connect(button, &QPushButton::clicked, this, std::move(then));
+  setTabOrder(button, dismiss_);
+  return *button;
+}
+
+void NoticeBar::Say(const QString& words, const QString& toolTipLines) {
+  words_->setText(words);
+  setToolTip(AsToolTip(toolTipLines));
+  show();
+}
+
+}  // namespace requite
