@@ -36,17 +36,11 @@ ScanProgress::~ScanProgress() {
 }
 
 void ScanProgress::SiteFinished(const SiteVerdict& verdict) {
-  ++finished_;
-  if (verdict.LinksBack) {
-    ++linkBack_;
-  } else if (!verdict.Reached) {
-    ++notReached_;
-  }
   if (output_ == Output::None) return;
   if (output_ == Output::Terminal) return Redraw();
   const bool tellsReason = !verdict.LinksBack && !verdict.Reason.empty();
   // In one piece, because standard error writes each piece at once: whoever watches sees it now, and whole.
-  program_.Err << program_.Outside(Position(finished_) + ": " + verdict.Url + ": " +
+  program_.Err << program_.Outside(Position(Counts().Sites) + ": " + verdict.Url + ": " +
                                    std::to_string(verdict.LinksCounted) + " of " +
                                    std::to_string(verdict.LinksExpected) + " links" +
                                    (tellsReason ? " (" + verdict.Reason + ")" : "")) +
@@ -69,9 +63,9 @@ void ScanProgress::Redraw() {
   const ScanState& state = program_.Form1.State;
   if (!state.Scanning) return;
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
-  Draw(Position(std::min(finished_ + 1, AllSites())) + ", page " + std::to_string(state.PagesDone) + " of " +
-       std::to_string(state.PagesQueued + 1) + ", " + std::to_string(program_.Form1.Figures.LinksFound) +
-       " links found, " + std::to_string(seconds) + " s" +
+  Draw(Position(std::min(Counts().Sites + 1, AllSites())) + ", page " + std::to_string(state.PagesDone) +
+       " of " + std::to_string(state.PagesQueued + 1) + ", " +
+       std::to_string(program_.Form1.Figures.LinksFound) + " links found, " + std::to_string(seconds) + " s" +
        (program_.SitesAhead ? ", " + std::to_string(program_.SitesAhead()) + " ahead" : "") +
        (state.PageFull.empty() ? "" : ", " + state.PageFull));
 }
@@ -86,11 +80,7 @@ void ScanProgress::Draw(const std::string& text) {
 void ScanProgress::Summarise() {
   Clear();
   if (output_ == Output::None) return;
-  const std::int32_t all = AllSites();
-  program_.Err << finished_ << (finished_ < all ? " of " + std::to_string(all) : "")
-               << (std::max(finished_, all) == 1 ? " site: " : " sites: ") << linkBack_ << " link back, "
-               << finished_ - linkBack_ - notReached_ << " do not, " << notReached_ << " not reached"
-               << std::endl;
+  program_.Err << SummaryOf(Counts(), AllSites()) << std::endl;
   const HttpsOnlySites& httpsOnly = program_.Form1.HttpsOnly;
   if (!httpsOnly.Empty()) program_.Err << httpsOnly.Words() << " With --secure it can." << std::endl;
 }

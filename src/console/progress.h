@@ -27,8 +27,8 @@ class ScanProgress : private SiteEvents, private ControlView {
   /// The scan has come to its end: tells how the sites did.
   void Summarise();
   /// Whether every site finished so far links back as often as expected.
-  [[nodiscard]] bool AllLinkBack() const { return linkBack_ == finished_; }
-  [[nodiscard]] std::int32_t SitesFinished() const { return finished_; }
+  [[nodiscard]] bool AllLinkBack() const { return Counts().LinkBack == Counts().Sites; }
+  [[nodiscard]] std::int32_t SitesFinished() const { return Counts().Sites; }
 
  private:
   void SiteBegins(const ScannedSite&) override {}
@@ -37,6 +37,7 @@ class ScanProgress : private SiteEvents, private ControlView {
   void Refresh(const Control&) override { Redraw(); }
   void Redraw();
   void Draw(const std::string& text);
+  [[nodiscard]] const SiteCounts& Counts() const { return program_.Form1.Tally.Counts(); }
   [[nodiscard]] std::int32_t AllSites() const;
   [[nodiscard]] std::string Position(std::int32_t number) const;
 
@@ -44,9 +45,6 @@ class ScanProgress : private SiteEvents, private ControlView {
   Output output_;
   std::chrono::steady_clock::time_point start_;
   std::chrono::steady_clock::time_point drawn_;
-  std::int32_t finished_ = 0;
-  std::int32_t linkBack_ = 0;
-  std::int32_t notReached_ = 0;
   bool lineOnShow_ = false;
 };
 

@@ -4,12 +4,9 @@
 
 namespace requite {
 
-OutcomeCounts CountsOf(const ScanOutcome& outcome) {
-  OutcomeCounts counts;
-  for (const ScanOutcome::Site& site : outcome.Sites) {
-    ++counts.Sites;
-    ++(site.LinksBack ? counts.LinkBack : site.Reached ? counts.Missing : counts.NotReached);
-  }
+SiteCounts CountsOf(const ScanOutcome& outcome) {
+  SiteCounts counts;
+  for (const ScanOutcome::Site& site : outcome.Sites) counts.Add(site.LinksBack, site.Reached);
   return counts;
 }
 

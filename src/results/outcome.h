@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "results/site_counts.h"
+
 namespace requite {
 
 /// All texts are UTF-8; `Project` may hold any bytes.
@@ -43,15 +45,7 @@ struct ScanOutcome {
   std::vector<Row> Rows;
 };
 
-/// Each site is in one of the other three.
-struct OutcomeCounts {
-  int Sites = 0;
-  int LinkBack = 0;
-  int Missing = 0;
-  int NotReached = 0;
-};
-
-[[nodiscard]] OutcomeCounts CountsOf(const ScanOutcome& outcome);
+[[nodiscard]] SiteCounts CountsOf(const ScanOutcome& outcome);
 
 /// One object, described by docs/scan-results.schema.json.
 [[nodiscard]] std::string JsonOfOutcome(const ScanOutcome& outcome);

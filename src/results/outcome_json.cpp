@@ -51,7 +51,7 @@ std::string Lines(const std::vector<Item>& items) {
 }  // namespace
 
 std::string JsonOfOutcome(const ScanOutcome& outcome) {
-  const OutcomeCounts counts = CountsOf(outcome);
+  const SiteCounts counts = CountsOf(outcome);
   const std::string summary =
       "{" + Number("sites", counts.Sites) + ", " + Number("link_back", counts.LinkBack) + ", " +
       Number("missing", counts.Missing) + ", " + Number("not_reached", counts.NotReached) + "}";

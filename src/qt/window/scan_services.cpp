@@ -24,10 +24,12 @@ void ScanServices::ReadAhead() {
   ahead.Follow(form_.Scan.Context());
   form_.SiteListeners.push_back(&ahead);
   form_.AheadWords = [&ahead] { return Words(ahead.Figures()); };
+  form_.SitesAhead = [&ahead] { return ahead.Figures().SitesRead; };
 }
 
 void ScanServices::ReadOneAtATime() {
   form_.AheadWords = nullptr;
+  form_.SitesAhead = nullptr;
   std::erase(form_.SiteListeners, &ahead_->Ahead());
   form_.MakeScanOver(services_.All);
   ahead_.reset();

@@ -2,6 +2,8 @@
 // How the main window is built: what lives over what, and which controls each part of it works with.
 #include "shell/main_window/form1.h"
 
+#include <chrono>
+
 #include "model/visitor.h"
 #include "platform/runtime_failure.h"
 
@@ -104,13 +106,16 @@ void Form1::TellAuthoritiesMissing() {
 }
 
 void Form1::ScanBegins() {
+  Tally.Begin(std::chrono::steady_clock::now());
   HttpsOnly.Clear();
   Changed.reset();
   recorder_.reset();
   if (KeepsHistory(Settings)) recorder_.emplace(Sites, Files.OpenPath(), Platform.Clock.UtcDateTime());
+  if (OnScanBegins) OnScanBegins();
 }
 
 void Form1::StopScan() {
+  Tally.Stop();
   if (recorder_) recorder_->ScanIsStopped();
   Scan.cmdStop();
 }
@@ -143,6 +148,7 @@ void Form1::RecordScan() {
 
 void Form1::ScanEnds() {
   if (recorder_) RecordScan();
+  if (OnScanEnds) OnScanEnds();
   if (!HttpsOnly.Empty() && OnHttpsOnly) OnHttpsOnly();
 }
 
@@ -161,6 +167,7 @@ void Form1::SiteBegins(const ScannedSite& site) {
 }
 
 void Form1::SiteFinished(const SiteVerdict& verdict) {
+  Tally.SiteFinished(verdict);
   if (verdict.HttpsOnly && !AsksSecurely(Settings)) HttpsOnly.Add(verdict.Url);
   if (recorder_) recorder_->SiteFinished(verdict);
   for (SiteEvents* listener : SiteListeners) listener->SiteFinished(verdict);

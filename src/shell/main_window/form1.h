@@ -40,6 +40,7 @@
 #include "shell/main_window/reports.h"
 #include "shell/main_window/result_tabs.h"
 #include "shell/main_window/results_popup.h"
+#include "shell/main_window/scan_tally.h"
 #include "shell/main_window/sites.h"
 #include "shell/main_window/toolbar.h"
 #include "shell/main_window/web.h"
@@ -103,6 +104,12 @@ struct Form1 : Form1Controls, ScanHost {
   std::function<void()> BeforeScan;
   /// How far sites are read ahead of the scan, in words; null while sites are scanned one at a time.
   std::function<std::string()> AheadWords;
+  /// How many sites are read ahead of the scan; null likewise.
+  std::function<std::size_t()> SitesAhead;
+  /// A scan is started: the results of the last one are gone, even if the start is refused.
+  std::function<void()> OnScanBegins;
+  /// A scan has ended, and `Tally` has its counts.
+  std::function<void()> OnScanEnds;
   /// A scan has ended with sites in `HttpsOnly`.
   std::function<void()> OnHttpsOnly;
   /// Receive the events of each scanned site, in this order.
@@ -166,6 +173,7 @@ struct Form1 : Form1Controls, ScanHost {
   PageBuilder Pages;
   Form5Log PostedLog;
   MainPosting Post;
+  ScanTally Tally;                      ///< of the scan that runs or ran last
   HttpsOnlySites HttpsOnly;             ///< of the last scan, while secure connections were off
   std::optional<ChangeCounts> Changed;  ///< by the last scan, if it was recorded and is not the first one
   bool SimpleViewFlag = false;          ///< scripts print it; nothing acts on it
