@@ -29,13 +29,20 @@ class RecordList : public ListView {
   /// Adds a record at the end or, in a sorted list, after the records equal to it. Returns its row.
   std::size_t Add(Record record, int icon = 0, std::uint32_t colour = kDefaultColour) {
     const std::size_t row = PlaceFor(record);
+    Insert(row, std::move(record), icon, colour);
+    return row;
+  }
+
+  /// Puts a record before the row of that number, or at the end, also where a sorted list would not have it.
+  /// Throws Subscript for a row beyond the end.
+  void Insert(std::size_t row, Record record, int icon = 0, std::uint32_t colour = kDefaultColour) {
+    if (row > rows_.size()) throw RuntimeFailure(Failure::Subscript);
     RowEnters(record);
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row),
                  Row{std::move(record), colour, icon, Mark::None});
     if (selected_ >= static_cast<int>(row)) ++selected_;
     ++version_;
     Tell([&](ListObserver& o) { o.RowAdded(row); });
-    return row;
   }
 
   void Set(std::size_t row, std::string Record::*field, std::string_view value) {
