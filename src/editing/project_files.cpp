@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "model/project_reader.h"
+#include "model/project_restore.h"
 #include "model/project_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/schemes.h"
@@ -32,10 +33,12 @@ void ProjectFiles::SaveProject(const std::string& path) {
   project_.ProjectSaved = true;
   openPath_ = path;
   settings_.SaveSetting(setting::LastProject, path);
+  if (Watcher != nullptr) Watcher->ProjectIsSaved(path);
 }
 
 void ProjectFiles::LoadProject(const std::string& path, ClearFirst clearFirst) {
-  if (clearFirst == ClearFirst::Yes) cmdNew();
+  if (clearFirst == ClearFirst::Yes) Empty();
+  bool whole = false;
   EndSilently([&] {
     // Set before the file is opened, so a path that no longer exists stays the last project.
     settings_.SaveSetting(setting::LastProject, path);
@@ -44,10 +47,22 @@ void ProjectFiles::LoadProject(const std::string& path, ClearFirst clearFirst) {
     openPath_ = path;
     project_.ProjectSaved = clearFirst == ClearFirst::Yes;
     project_.JustLoaded = true;
-    if (!ReadProjectText(text, project_)) return;
+    whole = ReadProjectText(text, project_);
+    if (!whole) return;
     if (!project_.List4.Empty()) sites_.SelectMainSite(0);
     ShowProjectReport(path);
   });
+  if (Watcher != nullptr) Watcher->ProjectIsOpened(path, whole);
+}
+
+void ProjectFiles::BringBack(const std::string& text, const std::string& path) {
+  Empty();
+  if (!RestoreProjectText(text, project_)) ReadProjectText(text, project_);
+  project_.ProjectSaved = false;
+  project_.JustLoaded = false;
+  openPath_ = path;
+  if (!project_.List4.Empty()) sites_.SelectMainSite(0);
+  ShowProjectReport(path);
 }
 
 void ProjectFiles::ShowProjectReport(const std::string& path) {
@@ -56,9 +71,15 @@ void ProjectFiles::ShowProjectReport(const std::string& path) {
   WebBrowser2_.Navigate(FileExists(report) ? report : "about:blank");
 }
 
-void ProjectFiles::cmdNew() {
+void ProjectFiles::Empty() {
+  if (Watcher != nullptr) Watcher->ProjectLeaves();
   sites_.NewProject();
   openPath_.clear();
+}
+
+void ProjectFiles::cmdNew() {
+  Empty();
+  if (Watcher != nullptr) Watcher->ProjectIsNew();
 }
 
 void ProjectFiles::cmdOpen() {

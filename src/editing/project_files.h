@@ -17,6 +17,18 @@ namespace requite {
 /// The folder for project files, under the program's folder.
 inline constexpr std::string_view kProjectFilesFolder = "Project Files";
 
+/// Is told what happens to the project on show. Must not throw, and lets no events run.
+class ProjectWatcher {
+ public:
+  virtual ~ProjectWatcher() = default;
+  /// The project is about to be replaced, by New or by a load.
+  virtual void ProjectLeaves() = 0;
+  virtual void ProjectIsNew() = 0;
+  /// `whole` is false when only a part of the file could be read, or nothing of it.
+  virtual void ProjectIsOpened(const std::string& path, bool whole) = 0;
+  virtual void ProjectIsSaved(const std::string& path) = 0;
+};
+
 class ProjectFiles {
  public:
   ProjectFiles(Project& project, SiteEditing& sites, const Settings& settings, Dialogs& dialogs,
@@ -43,6 +55,11 @@ class ProjectFiles {
   /// skips the last two steps.
   void LoadProject(const std::string& path, ClearFirst clearFirst = ClearFirst::Yes);
 
+  /// Replaces the project with one that was kept unsaved, whose text this is. It counts as edited, and as the
+  /// project of the file at `path`, which may be empty. A text that the writer of project files did not write
+  /// is read as far as LoadProject would.
+  void BringBack(const std::string& text, const std::string& path);
+
   /// Shows the report found by appending all of `path` to the folder for project files, else
   /// "about:blank". A full path is never found that way: the report view must stay empty for it.
   void ShowProjectReport(const std::string& path);
@@ -57,10 +74,14 @@ class ProjectFiles {
   /// could not read its file. The setting LastProject also survives these.
   [[nodiscard]] const std::string& OpenPath() const { return openPath_; }
 
+  /// Not owned; may be null, as it is in a scan from a command line.
+  ProjectWatcher* Watcher = nullptr;
+
   /// Set by Open Project, cleared by Import Project; otherwise these two commands are the same.
   bool LastOpenWasProject = false;
 
  private:
+  void Empty();
   [[nodiscard]] std::string DefaultSaveName() const;
   void AskAndSave(const std::string& defaultName);
   [[nodiscard]] FileDialog ProjectDialog(std::string defaultName) const;

@@ -22,6 +22,11 @@ class KeyedList : public RecordList<Record> {
     MakeIndex();
     return counts_.contains(key);
   }
+  /// The number of different keys.
+  [[nodiscard]] std::size_t KeyCount() {
+    MakeIndex();
+    return counts_.size();
+  }
   /// No row has a longer key, in bytes. Removed rows may still count.
   [[nodiscard]] std::size_t LongestKey() {
     MakeIndex();

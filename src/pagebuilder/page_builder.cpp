@@ -89,6 +89,7 @@ void PageBuilder::SaveWebpage() {
   } else {
     AppendToFile(name, page);
   }
+  if (OnSaved) OnSaved(name);
 }
 
 }  // namespace requite

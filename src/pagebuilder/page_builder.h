@@ -2,6 +2,7 @@
 // The Page Builder turns the results into the HTML of a link page and saves it.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "model/project.h"
@@ -31,6 +32,8 @@ class PageBuilder {
   /// Asks for a name and writes WebPage there, replacing a file of that name without a question. Throws
   /// RuntimeFailure for what the file system refuses.
   void SaveWebpage();
+  /// Receives the path of a page that was saved. May be null.
+  std::function<void(const std::string& path)> OnSaved;
 
   /// The three texts with an empty line between them, and a line end after the last.
   [[nodiscard]] std::string WebPage() const;

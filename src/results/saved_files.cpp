@@ -63,7 +63,9 @@ void SavedFiles::SaveReportAs() {
   std::string name = dialogs_.AskSaveName({"", "HTML Files (*.htm, *.html)|*.htm,*.html", ""});
   if (IsEmptyOrBlank(name) || !MayReplace(name)) return;
   AddExtension(name, ".htm");
+  const bool hasReport = FileExists(work_.File(kReportFile));
   xcopyFile(work_.File(kReportFile), name);
+  if (OnSaved) OnSaved(name, hasReport && FileExists(name));
 }
 
 void SavedFiles::SaveTabDelimited() {
@@ -71,6 +73,7 @@ void SavedFiles::SaveTabDelimited() {
   if (IsEmptyOrBlank(name) || !MayReplace(name)) return;
   AddExtension(name, ".tab");
   AppendToFile(name, TabDelimitedText(list3_));
+  if (OnSaved) OnSaved(name, true);
 }
 
 /// Deletes an existing file when the user agrees. Returns false when the caller has to stop.

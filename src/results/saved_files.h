@@ -2,6 +2,7 @@
 // The two buttons of the Reports tab that save the results as files.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "model/record_list.h"
@@ -25,6 +26,8 @@ class SavedFiles {
   void Command8();
   /// "Save Tab Delimited": writes TabDelimitedText. A failure is shown in a message box.
   void Command8a();
+  /// Receives the path of a file that was to be saved, and whether it is there. May be null.
+  std::function<void(const std::string& path, bool written)> OnSaved;
 
  private:
   void SaveReportAs();

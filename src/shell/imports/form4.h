@@ -59,6 +59,7 @@ struct Form4 : ProgramWindow, Form4Controls {
   void Unload() override;
   /// The click of the tab strip. Does nothing for a number other than 1 and 2.
   void ShowTab(int number);
+  [[nodiscard]] Posting& Post() { return post_; }
 
  private:
   void BuildIndex();
