@@ -272,6 +272,7 @@ class MainWindowTest : public QObject, private WindowRig {
 
   void brokenTextsStayInTheirLine() {
     AddSites();
+    QTest::qWait(60);  // until the list of Linking Sites has its room
     const QSize before = window_->minimumSizeHint();
     QVERIFY2(before.width() <= 1024 && before.height() <= 570,
              qPrintable(QString("%1x%2 is too large").arg(before.width()).arg(before.height())));

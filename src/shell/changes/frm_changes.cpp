@@ -309,8 +309,9 @@ void frmChanges::SaveCsv() {
   AppendRow(csv, Captions(), ',', cell);
   for (std::size_t row = 0; row < lstChanges.RowCount(); ++row)
     AppendRow(csv, FieldsOf(lstChanges.At(row)), ',', cell);
-  EndInBox(
+  const bool saved = EndInBox(
       needs_.Platform.Dialogs, [&] { WriteWhole(name, csv, Flush::Yes); }, BoxOf);
+  if (saved && OnSaved) OnSaved(name);
 }
 
 void frmChanges::Mark(bool known) {

@@ -35,6 +35,8 @@ struct frmChanges : ProgramWindow {
   /// Reads the history again, and keeps filter, sort and selection. A history that cannot be read is said in
   /// `lblState`.
   void Read();
+  /// Receives the path of the table that was saved. May be null.
+  std::function<void(const std::string& path)> OnSaved;
 
   Label lblState{"lblState"};
   Button cmdOptions{"cmdOptions", "Options"};  ///< visible while the history is switched off

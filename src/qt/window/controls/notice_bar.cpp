@@ -2,12 +2,16 @@
 // Lays out the bar: the words, the offers, and a way to dismiss it.
 #include "qt/window/controls/notice_bar.h"
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 namespace requite {
 namespace {
+
+constexpr qsizetype kMostBars = 2;
 
 /// Names come from projects of any origin: the tool tip must not take them for markup.
 QString AsToolTip(const QString& names) {
@@ -55,7 +59,20 @@ QPushButton& NoticeBar::Offer(const QString& name, const QString& text, std::fun
 void NoticeBar::Say(const QString& words, const QString& toolTipLines) {
   words_->setText(words);
   setToolTip(AsToolTip(toolTipLines));
+  setAccessibleName(words);
+  MakeRoom();
   show();
+  QAccessibleEvent told(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&told);
+}
+
+void NoticeBar::MakeRoom() {
+  static unsigned count = 0;
+  said_ = ++count;
+  QList<NoticeBar*> others = parentWidget()->findChildren<NoticeBar*>(Qt::FindDirectChildrenOnly);
+  others.removeIf([this](const NoticeBar* each) { return each == this || each->isHidden(); });
+  std::sort(others.begin(), others.end(), [](const auto* a, const auto* b) { return a->said_ > b->said_; });
+  for (qsizetype i = kMostBars - 1; i < others.size(); ++i) others[i]->hide();
 }
 
 }  // namespace requite

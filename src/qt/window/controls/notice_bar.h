@@ -11,7 +11,9 @@ class QPushButton;
 
 namespace requite {
 
-/// Takes no room while it is hidden, as it is at first. It never takes the keyboard focus when it appears.
+/// Takes no room while it is hidden, as it is at first. It never takes the keyboard focus when it appears. Of
+/// the bars of one widget two at most are on show: a third takes the place of the one that has been there
+/// longest.
 class NoticeBar : public QFrame {
   Q_OBJECT
 
@@ -26,9 +28,12 @@ class NoticeBar : public QFrame {
   void Say(const QString& words, const QString& toolTipLines = {});
 
  private:
+  void MakeRoom();
+
   QHBoxLayout* layout_;
   QLabel* words_;
   QPushButton* dismiss_;
+  unsigned said_ = 0;  ///< rises with each bar that appears
 };
 
 }  // namespace requite

@@ -7,9 +7,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "qt/window/controls/answer_line.h"
 #include "qt/window/further/past_scans_view.h"
 #include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
@@ -30,6 +32,10 @@ ChangesView::ChangesView(frmChanges& changes, const WindowSurroundings& surround
   layout->addWidget(list, 1);
   layout->addWidget(new PastScansView(changes_.picPast, surroundings.Refresh, this));
   layout->addLayout(BuildCommands());
+  auto* const status = new QStatusBar(this);
+  status->setSizeGripEnabled(false);
+  new AnswerLine(*status);  // owned by the bar
+  layout->addWidget(status);
   connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this,
           [this] { Around().User.Run([this] { changes_.cmdRefresh.Click(); }); });
   RestoreSize({980, 540});

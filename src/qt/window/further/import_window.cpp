@@ -16,6 +16,7 @@
 #include <algorithm>
 
 #include "qt/services/code_page.h"
+#include "qt/window/controls/answer_line.h"
 #include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
@@ -56,6 +57,7 @@ ImportView::ImportView(Form4& form, const WindowSurroundings& surroundings)
   for (int panel = 2; panel <= StatusBar::kPanels; ++panel) {
     if (auto* const unused = status->findChild<QLabel*>(QString("StatusBar1(%1)").arg(panel))) unused->hide();
   }
+  new AnswerLine(*status);  // owned by the bar
   layout->addWidget(status);
   bind_.Bind(form_.TabStrip1, *tabs, {tr("Get Lin&ks"), tr("P&ost Links")}, [](int) {});
   RestoreSize({680, 640});

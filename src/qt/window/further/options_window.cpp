@@ -8,10 +8,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include "qt/services/code_page.h"
+#include "qt/window/controls/answer_line.h"
 #include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
@@ -24,10 +26,16 @@ constexpr int kGroupGap = 10;
 
 OptionsView::OptionsView(frmOptions& options, const WindowSurroundings& surroundings)
     : FurtherWindow(options, surroundings), options_(options) {
-  auto* const columns = new QHBoxLayout(this);
+  auto* const layout = new QVBoxLayout(this);
+  auto* const columns = new QHBoxLayout;
   columns->setSpacing(24);
+  layout->addLayout(columns, 1);
   columns->addWidget(BuildLeft());
   columns->addWidget(BuildRight(), 1);
+  auto* const status = new QStatusBar(this);
+  status->setSizeGripEnabled(false);
+  new AnswerLine(*status);  // owned by the bar
+  layout->addWidget(status);
   RestoreSize({900, 500});
 }
 

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -14,6 +16,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/shown_text.h"
@@ -60,6 +63,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   bind_.Bind(form_.StatusBar1, *statusBar());
   answers_ = new AnswerLine(*statusBar());
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
+  FollowProject();
   refresh_.OnApplied = [this] { ShowScan(); };
   ShowScan();
   form_.Sites.OnListDropped = [this](LinkingSiteList& list, int) {
@@ -68,6 +72,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   form_.OnClosed = [this] {
     hide();
     further_.HideOwned();
+    project_->End();
   };
   AddShortcuts();
   RestoreLayout();
@@ -81,21 +86,59 @@ MainWindow::~MainWindow() {
   form_.OnClosed = nullptr;
   form_.OnNotice = nullptr;
   form_.OnHttpsOnly = nullptr;
+  form_.OnScanBegins = nullptr;
+  form_.OnScanEnds = nullptr;
+}
+
+void MainWindow::FollowProject() {
+  ProjectNotices::Place place{form_,
+                              user_,
+                              *bars_,
+                              *bars_->parentWidget(),
+                              *findChild<QToolButton*>("cmdOpen"),
+                              [this](const QString& answer) { Answer(answer); },
+                              [this] { result_->hide(); },
+                              [this] { title_->Mark(); }};
+  project_ = std::make_unique<ProjectNotices>(std::move(place));
+}
+
+void MainWindow::Answer(const QString& answer) {
+  answers_->Say(answer);
+  QWidget* const front = QApplication::activeWindow();
+  auto* const line = front == nullptr || front == this ? nullptr : front->findChild<AnswerLine*>();
+  if (line != nullptr) line->Say(answer);
+}
+
+/// "Site 5 of 12, page 1 of 1, 1 link"
+QString MainWindow::ScanTitle() const {
+  const auto all = static_cast<std::int32_t>(SitesToScan(form_.Sites, form_.State));
+  const int links = form_.Figures.LinksFound;
+  return tr("%1, page %2 of %3, %4")
+      .arg(ToUnicode(form_.Tally.Position(all)))
+      .arg(form_.State.PagesDone)
+      .arg(std::int64_t{form_.State.PagesQueued} + 1)
+      .arg(links == 1 ? tr("1 link") : tr("%1 links").arg(links));
+}
+
+/// The name of the project's file, with the place of the mark for unsaved edits.
+QString MainWindow::ProjectTitle() const {
+  const QString path = QFile::decodeName(form_.Files.OpenPath().c_str());
+  QString name = QFileInfo(path).fileName().simplified();
+  if (name.isEmpty()) name = tr("New project");
+  return name.replace("[*]", "[*][*]") + "[*]";
 }
 
 /// The title and the task bar show the progress of a scan.
 void MainWindow::ShowScan() {
-  QString title = OneLine(form_.Main.Title());
-  if (form_.State.Scanning) {
-    title = QString("%1, %2 links - %3")
-                .arg(OneLine(form_.StatusBar1.Panel(2)))
-                .arg(form_.Figures.LinksFound)
-                .arg(title);
-  }
+  QString title = ProjectTitle() + " - " + OneLine(form_.Main.Title()).replace("[*]", "[*][*]");
+  if (form_.State.Scanning) title = ScanTitle() + " - " + title;
   if (windowTitle() != title) setWindowTitle(title);
+  setWindowModified(!form_.Sites.ProjectSaved);
   if (!form_.State.WorkFilesUnwritten && !form_.State.AuthoritiesMissing) notice_->hide();
   httpsOnly_->Follow();
   ahead_->Follow();
+  scanLine_->Follow();
+  project_->Follow();
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,
@@ -161,6 +204,8 @@ void MainWindow::AddShortcuts() {
   };
   press(Qt::Key_F5, form_.Command1);
   press(Qt::Key_Escape, form_.cmdStop);
+  // A text box with the focus undoes its own typing instead.
+  connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { project_->Undo(); });
 }
 
 void MainWindow::PressOnDelete(QTableView& list, Button& control) {
@@ -197,6 +242,7 @@ void MainWindow::SaveLayout() const {
 void MainWindow::showEvent(QShowEvent* event) {
   refresh_.ApplyMarked();  // the first frame shows everything that was loaded
   QMainWindow::showEvent(event);
+  project_->Begin();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -6,12 +6,15 @@
 #include <memory>
 #include <optional>
 
+#include "qt/window/controls/answer_line.h"
 #include "qt/window/controls/control_views.h"
 #include "qt/window/further/further_windows.h"
 #include "qt/window/lists/list_table.h"
 #include "qt/window/main_window/ahead_line.h"
-#include "qt/window/main_window/answer_line.h"
 #include "qt/window/main_window/https_only_bar.h"
+#include "qt/window/main_window/project_notices.h"
+#include "qt/window/main_window/result_bar.h"
+#include "qt/window/main_window/scan_line.h"
 #include "qt/window/main_window/scan_notice.h"
 #include "shell/main_window/form1.h"
 
@@ -55,6 +58,13 @@ class MainWindow : public QMainWindow {
   void SaveLayout() const;
   void ShowCurrentLinkingSites();
   void ShowScan();
+  [[nodiscard]] QString ScanTitle() const;
+  [[nodiscard]] QString ProjectTitle() const;
+  /// Selects the first result of a site that does not link back.
+  void ShowMissing();
+  void FollowProject();
+  /// Shows an answer in this window and in the one in front, if that one has a line for it.
+  void Answer(const QString& answer);
 
   /// The name of a list, its text while it is empty, and how its columns share its width.
   struct ListLook {
@@ -81,10 +91,13 @@ class MainWindow : public QMainWindow {
   QSplitter* links_ = nullptr;
   HttpsOnlyBar* httpsOnly_ = nullptr;
   AheadLine* ahead_ = nullptr;
+  ScanLine* scanLine_ = nullptr;
+  ResultBar* result_ = nullptr;
   AnswerLine* answers_ = nullptr;  ///< what each action says that it did
   QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
   QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none
   std::unique_ptr<TitleView> title_;
+  std::unique_ptr<ProjectNotices> project_;
   std::optional<ScanNotice> desktopNotice_;
   Binder bind_{refresh_, user_};
   FurtherWindows further_{form_.Windows, {guard_, user_, refresh_, form_.Platform, *this, this}};

@@ -25,6 +25,11 @@ QWidget* MainWindow::BuildResults() {
   auto* const layout = new QVBoxLayout(box);
   bars_ = new QVBoxLayout;
   layout->addLayout(bars_);
+  result_ = new ResultBar(form_, user_, box);
+  result_->OnShowMissing = [this] { ShowMissing(); };
+  bars_->addWidget(result_);
+  form_.OnScanBegins = [this] { result_->hide(); };
+  form_.OnScanEnds = [this] { result_->Tell(); };
   httpsOnly_ = new HttpsOnlyBar(form_, user_, box);
   bars_->addWidget(httpsOnly_);
   form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
@@ -43,6 +48,17 @@ QWidget* MainWindow::BuildResults() {
              [pages](int number) { pages->setCurrentIndex(number - 1); });
   bind_.BindState(form_.Frame2, *box);
   return box;
+}
+
+void MainWindow::ShowMissing() {
+  user_.Run([this] {
+    form_.TabStrip1.Select(static_cast<int>(ResultTab::Links));
+    RecordList<LinkResult>& results = form_.Sites.List3;
+    for (std::size_t row = 0; row < results.RowCount(); ++row) {
+      if (results.Icon(row) == kIconBad) return results.SelectOnly(static_cast<int>(row));
+    }
+  });
+  findChild<QTableView*>("List3")->setFocus();
 }
 
 QWidget* MainWindow::BuildLinksPage() {

@@ -150,7 +150,11 @@ QWidget* MainWindow::BuildProgress() {
   auto* const progress = new QProgressBar(box);
   progress->setAccessibleName(tr("Progress of the page"));
   bind_.Bind(form_.pb1, *progress);
-  layout->addWidget(progress, 6, 0, 1, 4);
+  scanLine_ = new ScanLine(form_, box);
+  auto* const far = new QHBoxLayout;
+  far->addWidget(progress, 1);
+  far->addWidget(scanLine_);
+  layout->addLayout(far, 6, 0, 1, 4);
   ahead_ = new AheadLine(form_, box);
   layout->addWidget(ahead_, 7, 0, 1, 4);
   notice_ = new QLabel(box);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Shows an answer, shortened in its middle where the bar is too narrow for it, and takes it away in time.
-#include "qt/window/main_window/answer_line.h"
+#include "qt/window/controls/answer_line.h"
 
 #include <QAccessible>
 #include <QStatusBar>
@@ -27,6 +27,8 @@ AnswerLine::AnswerLine(QStatusBar& bar) : QLabel(&bar) {
 }
 
 void AnswerLine::Say(const QString& answer) {
+  // Each typed letter of an option may have the same answer, which nobody wants to hear again.
+  if (end_.isActive() && answer == answer_) return end_.start();
   answer_ = answer;
   setToolTip(answer.toHtmlEscaped());
   setAccessibleName(answer);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The answers of the window to what the user did, at the right of the status bar.
+// The answers of a window to what the user did, at the right of its status bar.
 #pragma once
 
 #include <QLabel>
