@@ -14,6 +14,7 @@
 namespace requite {
 namespace {
 
+constexpr std::chrono::milliseconds kFilterStep{8};
 constexpr int kIconBad = 1;
 constexpr int kIconGood = 2;
 constexpr int kIconMoved = 3;
@@ -50,6 +51,11 @@ QVariant PictureOf(int icon, const Verdict* verdict) {
 
 }  // namespace
 
+ListTable::ListTable(ViewRefresh& refresh) : RefreshedView(refresh) {
+  filterRest_.setSingleShot(true);
+  connect(&filterRest_, &QTimer::timeout, this, [this] { Apply(); });
+}
+
 ListTable::~ListTable() {
   // The views may be half destroyed, so nobody is told.
   if (list_ != nullptr) list_->SetObserver(nullptr);
@@ -66,11 +72,49 @@ void ListTable::Show(ListView* list) {
     captions_.clear();
     for (std::size_t i = 0; i < list_->ColumnCount(); ++i) captions_ << ToUnicode(list_->Caption(i));
   }
-  shown_ = list_ == nullptr ? 0 : list_->RowCount();
+  filter_.ListReset();
+  WorkOnFilter();
+  shown_ = RowsPassed();
   changed_ = false;
   endResetModel();
   applying_ = false;
   if (OnRefreshed) OnRefreshed();
+}
+
+void ListTable::SetFilter(RowFilter::Test test, const QString& noMatch) {
+  filter_.Set(std::move(test));
+  noMatch_ = noMatch;
+  changed_ = true;
+  Apply();
+}
+
+void ListTable::FilterAgain() {
+  filter_.Again();
+  Mark();
+}
+
+int ListTable::ListRow(int shown) const {
+  if (list_ == nullptr || shown < 0) return -1;
+  const std::size_t rows = list_->RowCount();
+  const auto place = static_cast<std::size_t>(shown);
+  if (place >= filter_.Count(rows)) return -1;
+  const std::size_t row = filter_.RowAt(place);
+  return row < rows ? static_cast<int>(row) : -1;
+}
+
+int ListTable::ShownRow(int row) const {
+  return row < 0 ? -1 : filter_.PlaceOf(static_cast<std::size_t>(row));
+}
+
+std::size_t ListTable::RowsPassed() const { return list_ == nullptr ? 0 : filter_.Count(list_->RowCount()); }
+
+void ListTable::WorkOnFilter() {
+  if (list_ == nullptr || !filter_.Active()) return;
+  const bool wasSearching = filter_.Searching();
+  if (!filter_.Work(list_->RowCount(), kFilterStep)) return filterRest_.start(0);
+  if (wasSearching) changed_ = true;
+  const int selected = list_->SelectedRow();
+  if (selected >= 0 && ShownRow(selected) < 0) list_->SelectOnly(-1);
 }
 
 int ListTable::rowCount(const QModelIndex& parent) const {
@@ -82,9 +126,9 @@ int ListTable::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ListTable::data(const QModelIndex& index, int role) const {
-  const auto row = static_cast<std::size_t>(index.row());
-  // The row may have been removed before the view is told.
-  if (list_ == nullptr || !index.isValid() || row >= list_->RowCount()) return {};
+  const int at = index.isValid() ? ListRow(index.row()) : -1;
+  if (at < 0) return {};  // the row may have been removed before the view is told
+  const auto row = static_cast<std::size_t>(at);
   const auto text = [&]() -> const std::string& {
     return list_->FieldAt(row, static_cast<std::size_t>(index.column()));
   };
@@ -112,15 +156,29 @@ QVariant ListTable::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 void ListTable::RowAdded(std::size_t row) {
+  if (other_ != nullptr) other_->RowAdded(row);
+  filter_.RowAdded(row);
   if (row + 1 != list_->RowCount()) changed_ = true;
   Mark();
 }
 
-void ListTable::RowRemoved(std::size_t) { ListReset(); }
+void ListTable::RowRemoved(std::size_t row) {
+  if (other_ != nullptr) other_->RowRemoved(row);
+  filter_.RowRemoved(row);
+  changed_ = true;
+  Mark();
+}
 
-void ListTable::RowChanged(std::size_t) { ListReset(); }
+void ListTable::RowChanged(std::size_t row) {
+  if (other_ != nullptr) other_->RowChanged(row);
+  filter_.RowChanged(row);
+  changed_ = true;
+  Mark();
+}
 
 void ListTable::ListReset() {
+  if (other_ != nullptr) other_->ListReset();
+  filter_.ListReset();
   changed_ = true;
   Mark();
 }
@@ -143,7 +201,8 @@ void ListTable::FollowRowCount(std::size_t rows) {
 void ListTable::Apply() {
   if (list_ != nullptr && !list_->Redraw()) return;
   applying_ = true;
-  FollowRowCount(list_ == nullptr ? 0 : list_->RowCount());
+  WorkOnFilter();
+  FollowRowCount(RowsPassed());
   if (std::exchange(changed_, false) && shown_ > 0) {
     emit dataChanged(index(0, 0), index(static_cast<int>(shown_) - 1, columnCount() - 1));
   }

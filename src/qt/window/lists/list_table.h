@@ -4,10 +4,12 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
 
 #include "platform/list_view.h"
 #include "qt/window/controls/control_views.h"
+#include "qt/window/lists/row_filter.h"
 
 class QTableView;
 
@@ -19,13 +21,29 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   Q_OBJECT
 
  public:
-  explicit ListTable(ViewRefresh& refresh) : RefreshedView(refresh) {}
+  explicit ListTable(ViewRefresh& refresh);
   ~ListTable() override;
 
   /// Shows another list, or none. Show another one before a list is destroyed. Without a list the columns of
   /// the last one stay, with their widths.
   void Show(ListView* list);
   [[nodiscard]] ListView* List() const { return list_; }
+
+  /// Shows only the rows that pass, in a moment where the list is long; a null test shows all. The list
+  /// itself does not notice, but a selected row that is not shown any more is selected no more, so that no
+  /// command acts on a row that nobody sees. `noMatch` is shown while no row passes. For lists where at most
+  /// one row can be selected.
+  void SetFilter(RowFilter::Test test, const QString& noMatch = {});
+  /// The test of the filter may have changed its mind about any row.
+  void FilterAgain();
+  [[nodiscard]] const QString& NoMatch() const { return noMatch_; }
+  /// The list's row that is shown in a row of the view, and the other way round. -1 for one that is not
+  /// there.
+  [[nodiscard]] int ListRow(int shown) const;
+  [[nodiscard]] int ShownRow(int row) const;
+
+  /// Is told of the list's changes too, before this table's filter looks at the rows. Not owned.
+  void AlsoTell(ListObserver* other) { other_ = other; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -48,9 +66,15 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
 
  private:
   void FollowRowCount(std::size_t rows);
+  [[nodiscard]] std::size_t RowsPassed() const;
+  void WorkOnFilter();
 
   ListView* list_ = nullptr;
+  ListObserver* other_ = nullptr;
   QStringList captions_;
+  RowFilter filter_;
+  QString noMatch_;
+  QTimer filterRest_;      ///< continues a long search once other events have run
   std::size_t shown_ = 0;  ///< rows that the view knows about
   bool changed_ = false;   ///< rows have moved or changed since the last refresh
   bool applying_ = false;

@@ -66,7 +66,7 @@ class TableHand : public QObject {
   }
 
   [[nodiscard]] int RowUnder(const QMouseEvent& mouse) const {
-    return view_.rowAt(mouse.position().toPoint().y());
+    return table_.ListRow(view_.rowAt(mouse.position().toPoint().y()));
   }
 
   bool OnPress(const QMouseEvent& press) {
@@ -125,7 +125,7 @@ class TableHand : public QObject {
     Tell(&ListView::OnRightButtonDown, SelectedRow());
     QWidget* const popup = QApplication::activePopupWidget();
     if (popup == nullptr) return;
-    const QRect row = view_.visualRect(table_.index(std::max(0, SelectedRow()), 0));
+    const QRect row = view_.visualRect(table_.index(std::max(0, table_.ShownRow(SelectedRow())), 0));
     const QRect seen = view_.viewport()->rect();
     const QPoint at(seen.left(), std::clamp(row.bottom(), seen.top(), seen.bottom()));
     popup->move(view_.viewport()->mapToGlobal(at));
@@ -141,7 +141,9 @@ class TableHand : public QObject {
     }
     const QModelIndexList rows = view_.selectionModel()->selectedRows();
     if (rows.isEmpty()) return ShowSelection();  // a row is only deselected by choosing another
-    if (rows.front().row() != SelectedRow()) Select(rows.front().row());
+    const int row = table_.ListRow(rows.front().row());
+    if (row < 0) return ShowSelection();
+    if (row != SelectedRow()) Select(row);
   }
 
   void Select(int row) {
@@ -164,7 +166,7 @@ class TableHand : public QObject {
       showing_ = false;
       return;
     }
-    const int row = SelectedRow();
+    const int row = table_.ShownRow(SelectedRow());
     const QModelIndexList shown = view_.selectionModel()->selectedRows();
     if (row < 0 ? shown.isEmpty() : shown.size() == 1 && shown.front().row() == row) return;
     showing_ = true;
@@ -189,10 +191,11 @@ class TableHand : public QObject {
   }
 
   void PaintEmptyText() {
+    const bool isFiltered = table_.List() != nullptr && table_.List()->RowCount() > 0;
     QPainter painter(view_.viewport());
     painter.setPen(view_.palette().color(QPalette::PlaceholderText));
     painter.drawText(view_.viewport()->rect().adjusted(12, 8, -12, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     emptyText_);
+                     isFiltered ? table_.NoMatch() : emptyText_);
   }
 
   QTableView& view_;

@@ -139,6 +139,7 @@ void MainWindow::ShowScan() {
   ahead_->Follow();
   scanLine_->Follow();
   project_->Follow();
+  resultFilter_->Follow();
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,
@@ -206,6 +207,16 @@ void MainWindow::AddShortcuts() {
   press(Qt::Key_Escape, form_.cmdStop);
   // A text box with the focus undoes its own typing instead.
   connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { project_->Undo(); });
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, &MainWindow::FindRows);
+}
+
+/// The site lists are on the left, the results are on the right.
+void MainWindow::FindRows() {
+  const QWidget* const now = QApplication::focusWidget();
+  if (now != nullptr && left_->isAncestorOf(now) && siteFilter_->isVisible()) return siteFilter_->Take();
+  user_.Run([this] { form_.TabStrip1.Select(static_cast<int>(ResultTab::Links)); });
+  if (resultFilter_->isVisible()) return resultFilter_->Box().Take();
+  answers_->Say(tr("There are no results to look through yet."));
 }
 
 void MainWindow::PressOnDelete(QTableView& list, Button& control) {

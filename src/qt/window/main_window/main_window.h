@@ -15,6 +15,7 @@
 #include "qt/window/main_window/project_notices.h"
 #include "qt/window/main_window/result_bar.h"
 #include "qt/window/main_window/scan_line.h"
+#include "qt/window/main_window/result_filter.h"
 #include "qt/window/main_window/scan_notice.h"
 #include "shell/main_window/form1.h"
 
@@ -32,6 +33,9 @@ class MainWindow : public QMainWindow {
   /// All must outlive the window; without a desktop, nobody is told of a scan's progress and end.
   MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop = nullptr);
   ~MainWindow() override;
+
+  /// Shows the results of the sites that were reached and do not link back.
+  void ShowMissing();
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -54,14 +58,13 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QWidget* BuildPostPage();
   void ShowChanges();
   void AddShortcuts();
+  void FindRows();
   void RestoreLayout();
   void SaveLayout() const;
   void ShowCurrentLinkingSites();
   void ShowScan();
   [[nodiscard]] QString ScanTitle() const;
   [[nodiscard]] QString ProjectTitle() const;
-  /// Selects the first result of a site that does not link back.
-  void ShowMissing();
   void FollowProject();
   /// Shows an answer in this window and in the one in front, if that one has a line for it.
   void Answer(const QString& answer);
@@ -90,6 +93,8 @@ class MainWindow : public QMainWindow {
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
   HttpsOnlyBar* httpsOnly_ = nullptr;
+  ResultFilter* resultFilter_ = nullptr;
+  FilterBox* siteFilter_ = nullptr;
   AheadLine* ahead_ = nullptr;
   ScanLine* scanLine_ = nullptr;
   ResultBar* result_ = nullptr;

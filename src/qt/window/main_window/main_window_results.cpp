@@ -50,25 +50,20 @@ QWidget* MainWindow::BuildResults() {
   return box;
 }
 
-void MainWindow::ShowMissing() {
-  user_.Run([this] {
-    form_.TabStrip1.Select(static_cast<int>(ResultTab::Links));
-    RecordList<LinkResult>& results = form_.Sites.List3;
-    for (std::size_t row = 0; row < results.RowCount(); ++row) {
-      if (results.Icon(row) == kIconBad) return results.SelectOnly(static_cast<int>(row));
-    }
-  });
-  findChild<QTableView*>("List3")->setFocus();
-}
-
 QWidget* MainWindow::BuildLinksPage() {
   links_ = new QSplitter(Qt::Vertical, this);
+  auto* const above = new QWidget(links_);
+  auto* const aboveLayout = new QVBoxLayout(above);
+  aboveLayout->setContentsMargins(0, 0, 0, 0);
   QTableView* const results =
       NewTable(form_.Sites.List3, results_,
                {tr("Link results"),
                 tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
                 {16, 24, 34, 0, 26}});
-  links_->addWidget(results);
+  resultFilter_ = new ResultFilter(form_, results_, *results, above);
+  aboveLayout->addWidget(resultFilter_);
+  aboveLayout->addWidget(results, 1);
+  links_->addWidget(above);
   auto* const below = new QWidget(links_);
   auto* const layout = new QVBoxLayout(below);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -82,6 +77,11 @@ QWidget* MainWindow::BuildLinksPage() {
   links_->setSizes({420, 140});
   links_->setChildrenCollapsible(false);
   return links_;
+}
+
+void MainWindow::ShowMissing() {
+  user_.Run([this] { form_.TabStrip1.Select(static_cast<int>(ResultTab::Links)); });
+  resultFilter_->ShowOnly(SiteOutcome::Missing);
 }
 
 QWidget* MainWindow::BuildWebPage() {

@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kLowestList = 44;  // keeps the window within a screen of 600 lines, frame and all
 
+constexpr std::size_t kFewSites = 20;  // are found at a glance
+
 struct Command {
   Button* Control;
   const char* Text;
@@ -106,6 +108,8 @@ QWidget* MainWindow::BuildLinkingSites() {
   WireTable(*view, linkingSites_, user_, tr("No Linking Sites yet. Type a site above and press Add."));
   FitColumns(*view, {33, 0, 21, 23, 23});
   PressOnDelete(*view, form_.cmbDel);
+  siteFilter_ = new FilterBox("siteFilter", tr("Filter the Linking Sites"), linkingSites_, *view, block);
+  layout->addWidget(siteFilter_);
   layout->addWidget(view, 1);
   bind_.BindState(form_.innerFrame2, *block);
   // The selected Main Site decides which list is on show.
@@ -114,6 +118,14 @@ QWidget* MainWindow::BuildLinkingSites() {
     shown();
     ShowCurrentLinkingSites();
   };
+  const auto refreshed = linkingSites_.OnRefreshed;
+  linkingSites_.OnRefreshed = [this, refreshed] {
+    refreshed();
+    const ListView* const list = linkingSites_.List();
+    const bool isLong = list != nullptr && list->RowCount() > kFewSites;
+    siteFilter_->setVisible(isLong || !siteFilter_->text().isEmpty());
+  };
+  linkingSites_.OnRefreshed();
   return block;
 }
 
