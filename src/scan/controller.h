@@ -23,8 +23,9 @@ class Controller {
   Controller(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}
 
   /// The action of Command1. A message box says why a scan cannot start; the results of the last scan are
-  /// cleared even then.
-  void StartScan();
+  /// cleared even then. With `onlyRow`, 1-based, the scan is that of this row of the selected Main Site's
+  /// list alone, whatever the scan type and the skip menu say; the row must be selected.
+  void StartScan(std::int32_t onlyRow = 0);
   /// Takes the next page from the queue, or closes the site.
   void ScanNextPage();
   /// Writes the result of the current site and begins the next one, or ends the scan after the last.

@@ -144,6 +144,10 @@ Controller::Advance Controller::DecideAdvance(SkipType skip) {
     if (!listDone) return Advance::NextLinkingSite;
     return lastMainSite ? Advance::Stop : Advance::NextMainSite;
   };
+  if (state.OnlyRow > 0) {
+    state.SkipRequested = false;
+    return Advance::Stop;
+  }
   if (skip == SkipType::MainSite) return Advance::NextMainSite;
   if (std::exchange(state.SkipRequested, false)) return amongAll();
   switch (state.ScanType) {

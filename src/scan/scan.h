@@ -2,6 +2,7 @@
 // The whole scan: makes the steps and connects each one to the next.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -24,7 +25,7 @@ class Scan : private Controller::Next, private Fetcher::Next, private Triage::Ne
   Scan& operator=(const Scan&) = delete;
 
   /// The user's commands, named like their buttons.
-  void StartScan() { controller_.StartScan(); }  ///< Command1
+  void StartScan(std::int32_t onlyRow = 0) { controller_.StartScan(onlyRow); }  ///< Command1
   void cmdDoSearch_Click() { controller_.cmdDoSearch_Click(); }
   void cmdSkip() { controller_.cmdSkip(); }
   void cmdNextSearch() { controller_.cmdNextSearch(); }

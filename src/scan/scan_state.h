@@ -31,6 +31,7 @@ struct PageFetch {
 struct ScanState {
   bool Scanning = false;  ///< every step tests it first, and does nothing when it is false
   requite::ScanType ScanType = requite::ScanType::AllMainSites;
+  std::int32_t OnlyRow = 0;       ///< the 1-based row of a scan of one site that the user chose; else 0
   std::int32_t SiteRow = 0;       ///< 1-based row of the current Linking Site; 0 when no scan runs
   std::string CurrentLinkingUrl;  ///< as typed; its bare host from the first result row on
   std::string MainSiteKey;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The start of a scan: what it resets, what it checks, and the first site.
+#include <algorithm>
+
 #include "model/file_types.h"
 #include "model/visitor.h"
 #include "platform/failure_box.h"
@@ -8,18 +10,21 @@
 
 namespace requite {
 
-void Controller::StartScan() {
+void Controller::StartScan(std::int32_t onlyRow) {
   scan_.State.AutoSaveTicks = 0;
   if (!TakeFileTypes()) return;
-  scan_.State.ScanType = static_cast<ScanType>(scan_.Window.mnuScan.FirstChecked());
+  scan_.State.OnlyRow = onlyRow;
+  scan_.State.ScanType = onlyRow > 0 ? ScanType::SelectedLinkingSite
+                                     : static_cast<ScanType>(scan_.Window.mnuScan.FirstChecked());
   ResetForStart();
   if (!ChooseMainSite()) return;
   if (!HasSomethingToScan()) return;
   PlayNextSiteSound();
   SwitchCommandsForStart();
   scan_.Host.SelectMainSite(scan_.Project.CurrentMainSite - 1);
-  // Always the first row. A scan of the selected Linking Site only checks that some row is selected.
-  scan_.State.SiteRow = 1;
+  // A scan of the scan type "selected Linking Site" takes the first row; it only checks that some row is
+  // selected.
+  scan_.State.SiteRow = std::max(1, onlyRow);
   if (!TakeFirstSite()) return;
   scan_.Work.Claim();
   scan_.State.Scanning = true;

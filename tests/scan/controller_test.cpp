@@ -121,6 +121,23 @@ TEST(StartScan, OfTheSelectedLinkingSiteScansTheFirstRow) {
   EXPECT_EQ(rig.Controls.StatusBar1.Panel(3), "Searching one.example");
 }
 
+TEST(StartScan, OfARowThatTheUserChoseScansThatAloneEvenWhenItIsSkipped) {
+  ControlRig rig;
+  rig.AddMainSite("m.example", {"one.example", "two.example", "three.example"});
+  rig.Sites.List4.SelectOnly(0);
+  rig.Sites.List1(1).SelectOnly(1);
+  rig.Controls.mnuSkip.CheckOnly(1);
+  rig.Control.StartScan(2);
+  EXPECT_EQ(rig.Now().SiteRow, 2);
+  rig.Control.cmdSkip();
+  EXPECT_EQ(rig.Fetched, std::vector<std::string>{"two.example"});
+  EXPECT_FALSE(rig.Now().Scanning);
+  EXPECT_FALSE(rig.Now().SkipRequested);
+  rig.Controls.mnuScan.CheckOnly(0);
+  rig.Control.StartScan();
+  EXPECT_EQ(rig.Fetched.back(), "one.example");
+}
+
 TEST(ScanNextPage, TakesPagesInOrderUpToTheLimitOfTheSettingAtThatMoment) {
   ControlRig rig;
   rig.Set(setting::cmbAdvance, "1");

@@ -61,9 +61,17 @@ Form1::~Form1() {
   Platform.Timer1.OnTick = nullptr;
 }
 
-void Form1::StartScan() {
+void Form1::StartScanOf(std::int32_t onlyRow) {
   if (!State.Scanning && BeforeScan) BeforeScan();
-  Scan.StartScan();
+  Scan.StartScan(onlyRow);
+}
+
+void Form1::ScanOnly(std::int32_t row) {
+  if (State.Scanning || !Command1.EnabledInEffect() || row < 1) return;
+  const int k = Sites.List4.SelectedRow() + 1;
+  if (k < 1 || k > Sites.ListCount() || row > static_cast<std::int64_t>(Sites.List1(k).RowCount())) return;
+  Sites.List1(k).SelectOnly(row - 1);
+  StartScanOf(row);
 }
 
 void Form1::MakeScanOver(Services& services) {
@@ -158,6 +166,7 @@ void Form1::TurnOnSecureAndScanAgain() {
     if (auto* const box = options->Controls.Find(setting::chkSecure.Name).As<CheckBox>()) box->SetValue(1);
   }
   Settings.SaveSetting(setting::chkSecure, 1);
+  if (State.OnlyRow > 0) return ScanOnly(State.OnlyRow);
   mnuScan.Click(static_cast<int>(State.ScanType));
   Command1.Click();
 }

@@ -145,7 +145,10 @@ struct Form1 : Form1Controls, ScanHost {
   void TurnOnSecureAndScanAgain();
 
   /// The command of Command1.
-  void StartScan();
+  void StartScan() { StartScanOf(0); }
+  /// Scans one row of the selected Main Site's list, 1-based, and selects it. Does nothing while a scan runs,
+  /// and for a row that does not exist.
+  void ScanOnly(std::int32_t row);
   /// Makes the scan again with other services for its pages, which must outlive it. Only while no step of a
   /// scan runs, not even one that lets events run.
   void MakeScanOver(Services& services);
@@ -180,6 +183,7 @@ struct Form1 : Form1Controls, ScanHost {
   requite::Windows Windows;             ///< the last member, because its windows refer to the others
 
  private:
+  void StartScanOf(std::int32_t onlyRow);
   [[nodiscard]] ScanWindow WindowOfScan();
   void WireControls();
   void RegisterWindows();
