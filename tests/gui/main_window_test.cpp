@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -99,6 +100,66 @@ class MainWindowTest : public QObject, private WindowRig {
     }
     QCOMPARE(form_->Sites.List3.SelectedRow(), -1);
     QCOMPARE(form_->Sites.List1(1).SelectedRow(), 0);
+  }
+
+  void popupsNameTheirRowAndAreGreyWithoutOne() {
+    AddSites();
+    form_->Sites.List3.Add({"a", "l & m", "Direct Link", "001", "u"});
+    QTRY_COMPARE(Widget<QTableView>("List3")->model()->rowCount(), 1);
+    const auto seen = [this](const char* name) {
+      auto* const popup = Widget<QMenu>(name);
+      emit popup->aboutToShow();
+      QString entries =
+          popup->actions().front()->text() + (popup->actions().front()->isEnabled() ? "!" : ":");
+      for (const QAction* each : popup->actions().mid(1))
+        entries += each->isSeparator() ? " -"
+                   : each->isEnabled() ? " " + each->text().section(' ', 0, 0)
+                                       : " .";
+      return entries.remove('&');
+    };
+    QCOMPARE(seen("Popup2"), QString("No row is selected: - . . . . . . - . . - . - Changes"));
+    form_->Sites.List3.SelectOnly(0);
+    QCOMPARE(
+        seen("Popup2"),
+        QString("l  m: Direct Link: - Browse Browse Browse Copy Copy Copy - Mark Mark - Copy - Changes"));
+    QCOMPARE(seen("Popup1"), QString("No site is selected: - . - . . . ."));
+    form_->Sites.List1(1).SelectOnly(0);
+    QCOMPARE(seen("Popup1"), QString("partner.example: - Delete - Edit... Copy Open Scan"));
+
+    form_->Lists.lstErr.Add({"404", "broken.example/page"});
+    auto* const errors = Widget<QTableView>("lstErr");
+    QTRY_COMPARE(errors->model()->rowCount(), 1);
+    QTest::mouseClick(errors->viewport(), Qt::RightButton, {},
+                      errors->visualRect(errors->model()->index(0, 0)).center());
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu != nullptr);
+    QCOMPARE(menu->actions()[0]->text(), QString("broken.example/page"));
+    menu->actions()[3]->trigger();
+    menu->close();
+    QCOMPARE(services_->Shell.Opened, std::vector<std::string>{"broken.example/page"});
+    QCOMPARE(form_->Lists.lstErr.SelectedRow(), -1);
+  }
+
+  void aRowIsCopiedWholeAndASiteIsEditedByEnter() {
+    AddSites();
+    const std::string longUrl = "p.example/" + std::string(2000, 'x');
+    form_->Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, longUrl);
+    form_->Sites.List1(1).Set(0, &LinkingSite::Description, "two\r\nlines\tand a tab \xA9");
+    auto* const list = Widget<QTableView>("List1");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Space);
+    QTRY_COMPARE(form_->Sites.List1(1).SelectedRow(), 0);
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(),
+             QString::fromStdString(longUrl) + "\t1\t\t\ttwo  lines and a tab " + QChar(0xA9));
+    QTest::keyClick(list, Qt::Key_Return);
+    QVERIFY(form_->Windows.IsShown("Form2"));
+    form_->Windows.Close("Form2");
+    auto* const main = Widget<QTableView>("List4");
+    QTest::mouseDClick(main->viewport(), Qt::LeftButton, {},
+                       main->visualRect(main->model()->index(0, 0)).center());
+    QVERIFY(form_->Windows.IsShown("Form2a"));
   }
 
   void aTypedKeyChangesNoOtherByteAndARefreshMovesNoCursor() {

@@ -27,6 +27,7 @@ void SitesControls::Wire(Form1& form) {
   cmdImport2.OnClick = [&form] { form.Windows.Show("Form4a"); };
   cmdEdit.OnClick = [&form] { requite::cmdEdit(form.Sites, form.Windows); };
   cmdImport.OnClick = [&form] { form.Windows.Show("Form4"); };
+  form.Sites.List4.OnDoubleClick = [&form](int) { requite::cmdEditMain(form.Sites, form.Windows); };
   Popup1.OnClick = [&form](int) { form.Editing.cmbDel(); };
 }
 
@@ -34,6 +35,7 @@ void SitesControls::WireLinkingSites(Form1& form, LinkingSiteList& list, int k) 
   list.SetFrame(&innerFrame2);
   form.Editing.WireList(list, k);
   list.OnRightButtonDown = [this](int) { Popup1.PopUp(); };
+  list.OnDoubleClick = [&form](int) { requite::cmdEdit(form.Sites, form.Windows); };
   list.OnColumnClick = [&form, k](int column) {
     SortLinkingSites(form.Sites.List1(k), column + 1, form.State.Scanning, form.Platform.Dialogs);
   };

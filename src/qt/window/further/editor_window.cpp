@@ -36,6 +36,7 @@ EditorView::EditorView(Form2& editor, const WindowSurroundings& surroundings)
   auto* const rules =
       NewTable(editor.ListView1, tr("No rules yet. Choose a type, enter a value, and press Add Rule."),
                ToUnicode(editor.lblHeading.Text()).remove(':'));
+  AddMenu(*rules, -1);
   rules->setMinimumHeight(120);
   FitColumns(*rules, {25, 25, 20, 30});
   layout->addWidget(rules, 1);

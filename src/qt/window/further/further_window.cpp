@@ -10,6 +10,7 @@
 #include <QTableView>
 
 #include "qt/services/code_page.h"
+#include "qt/window/lists/row_menu.h"
 #include "qt/window/look/screen_fit.h"
 
 namespace requite {
@@ -71,6 +72,14 @@ QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, co
   bind_.BindState(list, *view);
   view->setAccessibleName(accessibleName);
   return view;
+}
+
+void FurtherWindow::AddMenu(QTableView& view, int address) {
+  RowOffers offers;
+  offers.Address = address;
+  Shell& shell = surroundings_.Platform.Shell;
+  if (address >= 0) offers.OpenAddress = [&shell](const std::string& url) { shell.OpenUrlOutside(url); };
+  AddRowMenu(view, static_cast<ListTable&>(*view.model()), surroundings_.User, offers);
 }
 
 }  // namespace requite

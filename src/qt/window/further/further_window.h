@@ -47,6 +47,8 @@ class FurtherWindow : public QWidget {
   QLabel* NewLabel(TextBox& control, QWidget* buddy = nullptr);
   QPushButton* NewButton(Button& control, const QString& mnemonic = {});
   QTableView* NewTable(ListView& list, const QString& emptyText, const QString& accessibleName);
+  /// The menu of a list's rows; `address` is the column that holds one, or -1. For a view of NewTable.
+  void AddMenu(QTableView& view, int address);
 
   const WindowSurroundings& Around() const { return surroundings_; }
 

@@ -86,6 +86,7 @@ QWidget* ImportView::BuildGetLinks() {
   QTableView* const links =
       NewTable(form_.ListView1, tr("The links that are found appear here."), tr("Results"));
   links->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  AddMenu(*links, 0);
   FitColumns(*links, {100});
   auto* const caption = new QLabel(
       tr("&Results (Control + Click or Shift + Click to Select Multiple, Right Click to Select All):"), box);
@@ -150,6 +151,7 @@ QWidget* ImportView::BuildPostLinks() {
   layout->addWidget(NewButton(form_.cmdScriptAdd, tr("&Add")), 3, 2);
   layout->addWidget(NewButton(form_.cmdScriptDel, tr("D&el")), 3, 3);
   QTableView* const urls = NewTable(form_.lstMulti, tr("No script URLs yet."), tr("Script URLs"));
+  AddMenu(*urls, 1);
   FitColumns(*urls, {40, 60});
   layout->addWidget(urls, 4, 0, 1, 4);
   auto* const commands = new QHBoxLayout;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Passes the user's actions in a table to its list, and shows the list's selection and sort in the table.
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
@@ -13,6 +14,7 @@
 #include "qt/window/lists/list_table.h"
 #include "qt/window/lists/row_look.h"
 #include "qt/window/lists/row_selection.h"
+#include "qt/window/lists/row_text.h"
 
 namespace requite {
 namespace {
@@ -93,6 +95,7 @@ class TableHand : public QObject {
   bool OnRelease(const QMouseEvent& release) {
     if (release.button() != Qt::RightButton) return false;
     Tell(&ListView::OnRightButtonUp, RowUnder(release));
+    emit view_.customContextMenuRequested(release.position().toPoint());
     return true;
   }
 
@@ -112,6 +115,10 @@ class TableHand : public QObject {
     }
     if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) view_.viewport()->update();
     if (event.type() != QEvent::KeyPress || SelectedRow() < 0) return false;
+    if (static_cast<const QKeyEvent&>(event).matches(QKeySequence::Copy)) {
+      QGuiApplication::clipboard()->setText(RowsAsText(*table_.List(), SelectedRows(*table_.List())));
+      return true;
+    }
     switch (static_cast<const QKeyEvent&>(event).key()) {
       case Qt::Key_Return:
       case Qt::Key_Enter: Tell(&ListView::OnDoubleClick, SelectedRow()); return true;
@@ -122,11 +129,17 @@ class TableHand : public QObject {
 
   /// The popup opens under the mouse, which may be elsewhere when a key asks for it.
   void PopUpAtRow() {
-    Tell(&ListView::OnRightButtonDown, SelectedRow());
-    QWidget* const popup = QApplication::activePopupWidget();
-    if (popup == nullptr) return;
     const QRect row = view_.visualRect(table_.index(std::max(0, table_.ShownRow(SelectedRow())), 0));
     const QRect seen = view_.viewport()->rect();
+    Tell(&ListView::OnRightButtonDown, SelectedRow());
+    QWidget* const popup = QApplication::activePopupWidget();
+    if (popup == nullptr) {
+      // Beside the rows when no row is selected.
+      const int y =
+          SelectedRow() < 0 ? seen.bottom() : std::clamp(row.center().y(), seen.top(), seen.bottom());
+      emit view_.customContextMenuRequested({seen.left(), y});
+      return;
+    }
     const QPoint at(seen.left(), std::clamp(row.bottom(), seen.top(), seen.bottom()));
     popup->move(view_.viewport()->mapToGlobal(at));
   }

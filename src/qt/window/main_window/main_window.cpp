@@ -176,20 +176,15 @@ void MainWindow::BuildToolBar() {
 }
 
 void MainWindow::BuildMenus() {
-  bind_.Bind(
-      form_.mnuFile, *menuBar()->addMenu("&File"),
-      {"&New Project\tCtrl+N", "&Open Project\tCtrl+O", "&Import Project", "&Save Project\tCtrl+S", "E&xit"});
+  bind_.Bind(form_.mnuFile, *menuBar()->addMenu("&File"),
+             {"&New Project\tCtrl+N", "&Open Project\tCtrl+O", "&Import Project", "&Save Project\tCtrl+S",
+              "E&xit\tCtrl+Q"});
   bind_.Bind(
       form_.mnuScan, *menuBar()->addMenu("Scan T&ype"),
       {"Scan &all main sites", "Just scan the selected &main site", "Just scan the selected &linking site"});
   bind_.Bind(form_.mnuHelp, *menuBar()->addMenu("&Help"), {"View &Help File\tF1"});
   bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("A&bout"), {"&About this software"});
-  for (Menu* popup : {&form_.mnuSkipPopup, &form_.Popup1, &form_.Popup2})
-    bind_.Bind(*popup, *new QMenu(this));
-  auto* const results = findChild<QMenu*>("Popup2");
-  results->addSeparator();
-  connect(results->addAction(tr("Changes Since Last Scan...")), &QAction::triggered, this,
-          [this] { ShowChanges(); });
+  BuildPopups();
 }
 
 void MainWindow::ShowChanges() {

@@ -10,6 +10,7 @@
 #include "qt/window/controls/control_views.h"
 #include "qt/window/further/further_windows.h"
 #include "qt/window/lists/list_table.h"
+#include "qt/window/lists/row_menu.h"
 #include "qt/window/main_window/ahead_line.h"
 #include "qt/window/main_window/https_only_bar.h"
 #include "qt/window/main_window/project_notices.h"
@@ -46,6 +47,9 @@ class MainWindow : public QMainWindow {
 
   void BuildToolBar();
   void BuildMenus();
+  void BuildPopups();
+  void BuildSitePopup();
+  void BuildResultPopup();
   [[nodiscard]] QWidget* BuildWebsites();
   [[nodiscard]] QWidget* BuildMainSites();
   [[nodiscard]] QWidget* BuildLinkingSites();
@@ -76,6 +80,9 @@ class MainWindow : public QMainWindow {
     std::vector<int> ColumnShares;
   };
   QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
+  /// What the menu of a list offers for a row; `address` is the column that holds one.
+  [[nodiscard]] RowOffers OffersFor(int address);
+  void OpenOutside(const std::string& url);
   /// The Delete key in the list presses the button while it is enabled.
   void PressOnDelete(QTableView& list, Button& control);
 

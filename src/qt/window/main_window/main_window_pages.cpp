@@ -94,6 +94,7 @@ QWidget* MainWindow::BuildPostPage() {
   layout->addWidget(NewButton(bind_, form_.cmdScriptDel, page), 3, 3);
   QTableView* const list =
       NewTable(form_.Sites.lstMulti, scriptUrls_, {tr("Script URLs"), tr("No script URLs yet."), {40, 60}});
+  AddRowMenu(*list, scriptUrls_, user_, OffersFor(1));
   layout->addWidget(list, 4, 0, 1, 4);
   auto* const commands = new QHBoxLayout;
   for (Button* control : {&form_.cmdPost, &form_.cmdVariables, &form_.cmdExample}) {

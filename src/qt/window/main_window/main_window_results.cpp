@@ -72,6 +72,7 @@ QWidget* MainWindow::BuildLinksPage() {
   layout->addWidget(caption);
   QTableView* const errors =
       NewTable(form_.Lists.lstErr, errors_, {tr("Errors and warnings"), tr("No errors."), {40, 60}});
+  AddRowMenu(*errors, errors_, user_, OffersFor(1));
   layout->addWidget(errors, 1);
   links_->addWidget(below);
   links_->setSizes({420, 140});

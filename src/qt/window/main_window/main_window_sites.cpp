@@ -77,6 +77,7 @@ QWidget* MainWindow::BuildMainSites() {
       NewTable(form_.Sites.List4, mainSites_,
                {tr("Main Sites"), tr("No Main Sites yet. Type your own site above and press Add."), {100}});
   list->horizontalHeader()->hide();
+  AddRowMenu(*list, mainSites_, user_, OffersFor(0));
   PressOnDelete(*list, form_.cmdDelete);
   layout->addWidget(list, 1);
   bind_.BindState(form_.innerFrame1, *block);
@@ -141,6 +142,7 @@ QWidget* MainWindow::BuildProgress() {
   QTableView* const queue =
       NewTable(form_.Lists.List2, queue_, {tr("Queued pages"), tr("No pages are queued."), {100}});
   queue->horizontalHeader()->hide();
+  AddRowMenu(*queue, queue_, user_, OffersFor(0));
   layout->addWidget(queue, 0, 0, 1, 4);
   layout->setRowStretch(0, 1);
   const auto figure = [&](int row, int column, const QString& caption, std::size_t index) {
