@@ -62,6 +62,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   setCentralWidget(columns_);
   bind_.Bind(form_.StatusBar1, *statusBar());
   answers_ = new AnswerLine(*statusBar());
+  TakeManySites();
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   FollowProject();
   refresh_.OnApplied = [this] { ShowScan(); };
@@ -140,6 +141,7 @@ void MainWindow::ShowScan() {
   scanLine_->Follow();
   project_->Follow();
   resultFilter_->Follow();
+  addSites_->Follow();
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,

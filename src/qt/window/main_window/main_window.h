@@ -11,6 +11,7 @@
 #include "qt/window/further/further_windows.h"
 #include "qt/window/lists/list_table.h"
 #include "qt/window/lists/row_menu.h"
+#include "qt/window/main_window/add_sites_bar.h"
 #include "qt/window/main_window/ahead_line.h"
 #include "qt/window/main_window/https_only_bar.h"
 #include "qt/window/main_window/project_notices.h"
@@ -62,6 +63,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QWidget* BuildPostPage();
   void ShowChanges();
   void AddShortcuts();
+  void TakeManySites();
   void FindRows();
   void RestoreLayout();
   void SaveLayout() const;
@@ -100,6 +102,7 @@ class MainWindow : public QMainWindow {
   QSplitter* left_ = nullptr;
   QSplitter* links_ = nullptr;
   HttpsOnlyBar* httpsOnly_ = nullptr;
+  AddSitesBar* addSites_ = nullptr;
   ResultFilter* resultFilter_ = nullptr;
   FilterBox* siteFilter_ = nullptr;
   AheadLine* ahead_ = nullptr;

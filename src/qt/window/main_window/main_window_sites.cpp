@@ -4,13 +4,13 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
 #include <initializer_list>
 
 #include "qt/services/code_page.h"
+#include "qt/window/controls/entry_line.h"
 #include "qt/window/lists/column_fit.h"
 #include "qt/window/main_window/main_window.h"
 
@@ -63,7 +63,7 @@ QWidget* MainWindow::BuildMainSites() {
   auto* const block = new QWidget(this);
   auto* const layout = new QVBoxLayout(block);
   layout->setContentsMargins(0, 0, 0, 0);
-  auto* const entry = new QLineEdit(block);
+  auto* const entry = new EntryLine(block);
   entry->setPlaceholderText(tr("Your own site, such as www.mysite.example"));
   entry->setAccessibleName(tr("New Main Site"));
   bind_.Bind(form_.txtDomain, *entry);
@@ -91,7 +91,7 @@ QWidget* MainWindow::BuildLinkingSites() {
   auto* const caption = new QLabel(block);
   bind_.BindLine(form_.lblblah, *caption);
   layout->addWidget(caption);
-  auto* const entry = new QLineEdit(block);
+  auto* const entry = new EntryLine(block);
   entry->setPlaceholderText(tr("A site that ought to link back"));
   entry->setAccessibleName(tr("New Linking Site"));
   bind_.Bind(form_.Text1, *entry);
