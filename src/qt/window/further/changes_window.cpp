@@ -13,11 +13,9 @@
 
 #include "qt/window/controls/answer_line.h"
 #include "qt/window/further/past_scans_view.h"
-#include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
 namespace requite {
-
 ChangesView::ChangesView(frmChanges& changes, const WindowSurroundings& surroundings)
     : FurtherWindow(changes, surroundings), changes_(changes) {
   auto* const layout = new QVBoxLayout(this);
@@ -55,10 +53,10 @@ QLayout* ChangesView::BuildFilter() {
 }
 
 QTableView* ChangesView::BuildList() {
-  QTableView* const list = NewTable(changes_.lstChanges, tr("No changes to show."), tr("Changes"));
+  QTableView* const list =
+      NewTable(changes_.lstChanges, tr("No changes to show."), tr("Changes"), {2, 2, 4, 3, 3, 3});
   list->setSelectionMode(QAbstractItemView::ExtendedSelection);
   list->setMinimumHeight(120);
-  FitColumns(*list, {12, 14, 16, 18, 18, 22});
   auto* const copy = new QShortcut(QKeySequence::Copy, list);
   copy->setContext(Qt::WidgetShortcut);
   connect(copy, &QShortcut::activated, this,

@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 
 #include "qt/services/code_page.h"
-#include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
 namespace requite {
@@ -35,10 +34,9 @@ EditorView::EditorView(Form2& editor, const WindowSurroundings& surroundings)
   }
   auto* const rules =
       NewTable(editor.ListView1, tr("No rules yet. Choose a type, enter a value, and press Add Rule."),
-               ToUnicode(editor.lblHeading.Text()).remove(':'));
+               ToUnicode(editor.lblHeading.Text()).remove(':'), {1, 1, 1, 2});
   AddMenu(*rules, -1);
   rules->setMinimumHeight(120);
-  FitColumns(*rules, {25, 25, 20, 30});
   layout->addWidget(rules, 1);
   layout->addLayout(BuildRuleTypes());
   layout->addLayout(BuildValue());

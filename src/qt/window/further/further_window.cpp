@@ -10,6 +10,8 @@
 #include <QTableView>
 
 #include "qt/services/code_page.h"
+#include "qt/window/lists/column_fit.h"
+#include "qt/window/lists/new_rows.h"
 #include "qt/window/lists/row_menu.h"
 #include "qt/window/look/screen_fit.h"
 
@@ -34,7 +36,9 @@ FurtherWindow::FurtherWindow(ProgramWindow& window, const WindowSurroundings& su
 }
 
 FurtherWindow::~FurtherWindow() {
-  QSettings("requite", "window").setValue(GeometryKey(window_), saveGeometry());
+  QSettings layout("requite", "window");
+  layout.setValue(GeometryKey(window_), saveGeometry());
+  SaveColumns(*this, layout);
 }
 
 void FurtherWindow::RestoreSize(QSize first) {
@@ -44,6 +48,7 @@ void FurtherWindow::RestoreSize(QSize first) {
     move(surroundings_.MainWindow.frameGeometry().center() - rect().center());
   }
   FitToScreen(*this, *surroundings_.MainWindow.screen());
+  RestoreColumns(*this, layout);
 }
 
 void FurtherWindow::closeEvent(QCloseEvent* event) {
@@ -64,11 +69,14 @@ QPushButton* FurtherWindow::NewButton(Button& control, const QString& mnemonic) 
   return button;
 }
 
-QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, const QString& accessibleName) {
+QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, const QString& accessibleName,
+                                    std::vector<int> shares) {
   auto* const view = new QTableView(this);
   ListTable& table = *tables_.emplace_back(std::make_unique<ListTable>(surroundings_.Refresh));
   table.Show(&list);
   WireTable(*view, table, surroundings_.User, emptyText);
+  FitColumns(*view, std::move(shares));
+  ShowNewRows(*view, table);
   bind_.BindState(list, *view);
   view->setAccessibleName(accessibleName);
   return view;

@@ -46,7 +46,9 @@ class FurtherWindow : public QWidget {
   /// Widgets bound to their controls; the caller lays them out. `mnemonic` is the caption with its "&".
   QLabel* NewLabel(TextBox& control, QWidget* buddy = nullptr);
   QPushButton* NewButton(Button& control, const QString& mnemonic = {});
-  QTableView* NewTable(ListView& list, const QString& emptyText, const QString& accessibleName);
+  /// `shares`: see ColumnFit.
+  QTableView* NewTable(ListView& list, const QString& emptyText, const QString& accessibleName,
+                       std::vector<int> shares = {});
   /// The menu of a list's rows; `address` is the column that holds one, or -1. For a view of NewTable.
   void AddMenu(QTableView& view, int address);
 

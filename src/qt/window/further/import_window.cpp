@@ -17,7 +17,6 @@
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/answer_line.h"
-#include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
 namespace requite {
@@ -87,7 +86,6 @@ QWidget* ImportView::BuildGetLinks() {
       NewTable(form_.ListView1, tr("The links that are found appear here."), tr("Results"));
   links->setSelectionMode(QAbstractItemView::ExtendedSelection);
   AddMenu(*links, 0);
-  FitColumns(*links, {100});
   auto* const caption = new QLabel(
       tr("&Results (Control + Click or Shift + Click to Select Multiple, Right Click to Select All):"), box);
   caption->setWordWrap(true);
@@ -150,9 +148,8 @@ QWidget* ImportView::BuildPostLinks() {
   layout->addWidget(NewLine(form_.txtPost2, tr("Script URL of the Main Site")), 3, 1);
   layout->addWidget(NewButton(form_.cmdScriptAdd, tr("&Add")), 3, 2);
   layout->addWidget(NewButton(form_.cmdScriptDel, tr("D&el")), 3, 3);
-  QTableView* const urls = NewTable(form_.lstMulti, tr("No script URLs yet."), tr("Script URLs"));
+  QTableView* const urls = NewTable(form_.lstMulti, tr("No script URLs yet."), tr("Script URLs"), {1, 2});
   AddMenu(*urls, 1);
-  FitColumns(*urls, {40, 60});
   layout->addWidget(urls, 4, 0, 1, 4);
   auto* const commands = new QHBoxLayout;
   commands->addWidget(NewButton(form_.cmdPost, tr("&Post Links Now")));

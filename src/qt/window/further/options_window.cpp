@@ -14,7 +14,6 @@
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/answer_line.h"
-#include "qt/window/lists/column_fit.h"
 #include "qt/window/look/form_parts.h"
 
 namespace requite {
@@ -118,7 +117,6 @@ QWidget* OptionsView::BuildRight() {
   auto* const list = NewTable(options_.List1, tr("No file types."), tr("File types"));
   list->setMinimumHeight(140);
   list->horizontalHeader()->hide();
-  FitColumns(*list, {100});
   layout->addWidget(list, 1);
   layout->addSpacing(kGroupGap);
   layout->addWidget(NewHeading(options_.Label5_2, column));

@@ -1,15 +1,65 @@
 // SPDX-License-Identifier: MIT
-// Columns that fill their list's width.
+// Columns as wide as their content, until the user gives them other widths.
 #pragma once
 
+#include <QObject>
+#include <QTimer>
 #include <vector>
 
+class QSettings;
 class QTableView;
 
 namespace requite {
 
-/// Divides the view's width by these shares whenever it changes, until the user drags a column; then the
-/// user's widths stay. A share of 0 is a column of numbers, as wide as its caption needs.
+/// Fits the columns of one list and lets the user change them: drag an edge or a caption, double click an
+/// edge, choose columns in the menu of the header. It measures the rows in sight and a few others, so that
+/// it costs the same for any number of rows. While rows are added, columns only grow, and rarely.
+class ColumnFit : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Belongs to the view, which needs its model first. `shares` has a positive number for each column: how
+  /// much it gets where they do not all fit; 1 where it is missing. The column with the largest share gets
+  /// the width that is spare.
+  ColumnFit(QTableView& view, std::vector<int> shares);
+
+  /// Drops the widths that the user gave.
+  void FitAll();
+
+  /// The order of the columns, the hidden ones, and the widths if they are the user's. What was stored of a
+  /// list with other columns is passed over.
+  void Save(QSettings& store) const;
+  void Restore(const QSettings& store);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] QString Key(const char* what) const;
+  [[nodiscard]] int CaptionWidth(int column) const;
+  [[nodiscard]] int ContentWidth(int row, int column) const;
+  [[nodiscard]] std::vector<int> SampleRows() const;
+  void Grow();
+  void MeasureAgain();
+  void Follow();
+  void Fit();
+  void FitOne(int column);
+  void ShowMenu(const QPoint& at);
+
+  QTableView& view_;
+  std::vector<int> shares_;
+  std::vector<int> content_;  ///< the widest content seen in each column, in pixels
+  QTimer rest_;               ///< between two measurements while rows are added
+  bool due_ = false;          ///< rows have changed since the last measurement
+  bool fitting_ = false;
+  bool pressed_ = false;  ///< the left button is down in the header
+  bool own_ = false;      ///< the user gave the widths
+};
+
+/// Fits the columns of a view; see ColumnFit.
 void FitColumns(QTableView& view, std::vector<int> shares);
+
+/// For all lists of a window, under the names of the window and its lists.
+void SaveColumns(const QWidget& window, QSettings& store);
+void RestoreColumns(const QWidget& window, const QSettings& store);
 
 }  // namespace requite

@@ -76,6 +76,8 @@ void ListTable::Show(ListView* list) {
   WorkOnFilter();
   shown_ = RowsPassed();
   changed_ = false;
+  refilled_ = false;
+  added_ = -1;
   endResetModel();
   applying_ = false;
   if (OnRefreshed) OnRefreshed();
@@ -158,6 +160,7 @@ QVariant ListTable::headerData(int section, Qt::Orientation orientation, int rol
 void ListTable::RowAdded(std::size_t row) {
   if (other_ != nullptr) other_->RowAdded(row);
   filter_.RowAdded(row);
+  added_ = static_cast<int>(row);
   if (row + 1 != list_->RowCount()) changed_ = true;
   Mark();
 }
@@ -165,6 +168,7 @@ void ListTable::RowAdded(std::size_t row) {
 void ListTable::RowRemoved(std::size_t row) {
   if (other_ != nullptr) other_->RowRemoved(row);
   filter_.RowRemoved(row);
+  added_ = -1;
   changed_ = true;
   Mark();
 }
@@ -179,6 +183,8 @@ void ListTable::RowChanged(std::size_t row) {
 void ListTable::ListReset() {
   if (other_ != nullptr) other_->ListReset();
   filter_.ListReset();
+  added_ = -1;
+  refilled_ = true;
   changed_ = true;
   Mark();
 }
@@ -201,6 +207,7 @@ void ListTable::FollowRowCount(std::size_t rows) {
 void ListTable::Apply() {
   if (list_ != nullptr && !list_->Redraw()) return;
   applying_ = true;
+  const std::size_t before = std::exchange(refilled_, false) ? 0 : shown_;
   WorkOnFilter();
   FollowRowCount(RowsPassed());
   if (std::exchange(changed_, false) && shown_ > 0) {
@@ -208,6 +215,8 @@ void ListTable::Apply() {
   }
   applying_ = false;
   if (OnRefreshed) OnRefreshed();
+  const int added = ShownRow(std::exchange(added_, -1));
+  if (before > 0 && added >= 0 && added < rowCount()) emit Added(added);
 }
 
 }  // namespace requite

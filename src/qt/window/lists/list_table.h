@@ -64,6 +64,11 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   /// Runs after each refresh: the selection or the sort of the list may have changed.
   std::function<void()> OnRefreshed;
 
+ signals:
+  /// A refresh has shown rows that were added to others; `row` is the one added last, as the view counts.
+  /// Not for rows of a list that was empty or was filled again.
+  void Added(int row);
+
  private:
   void FollowRowCount(std::size_t rows);
   [[nodiscard]] std::size_t RowsPassed() const;
@@ -76,7 +81,9 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   QString noMatch_;
   QTimer filterRest_;      ///< continues a long search once other events have run
   std::size_t shown_ = 0;  ///< rows that the view knows about
+  int added_ = -1;         ///< the row added last since the last refresh
   bool changed_ = false;   ///< rows have moved or changed since the last refresh
+  bool refilled_ = false;  ///< all rows were replaced since the last refresh
   bool applying_ = false;
 };
 

@@ -129,7 +129,8 @@ class TableHand : public QObject {
 
   /// The popup opens under the mouse, which may be elsewhere when a key asks for it.
   void PopUpAtRow() {
-    const QRect row = view_.visualRect(table_.index(std::max(0, table_.ShownRow(SelectedRow())), 0));
+    const QRect row =
+        view_.visualRect(table_.index(std::max(0, table_.ShownRow(SelectedRow())), LeftmostColumn(view_)));
     const QRect seen = view_.viewport()->rect();
     Tell(&ListView::OnRightButtonDown, SelectedRow());
     QWidget* const popup = QApplication::activePopupWidget();
@@ -186,7 +187,7 @@ class TableHand : public QObject {
     if (row < 0) {
       view_.clearSelection();
     } else {
-      view_.setCurrentIndex(table_.index(row, 0));
+      view_.setCurrentIndex(table_.index(row, LeftmostColumn(view_)));
     }
     showing_ = false;
   }

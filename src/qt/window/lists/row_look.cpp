@@ -23,6 +23,7 @@ class RowPainter : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    ShowVerdict(*option, index);
     if (!option->state.testFlag(QStyle::State_Selected)) return;
     // The whole row is selected, so a frame around one cell would be wrong.
     option->state.setFlag(QStyle::State_HasFocus, false);
@@ -36,6 +37,13 @@ class RowPainter : public QStyledItemDelegate {
   }
 
  private:
+  /// The picture is that of the row, so it does not vanish with the first column.
+  void ShowVerdict(QStyleOptionViewItem& option, const QModelIndex& index) const {
+    if (!view_.isColumnHidden(0) || index.column() != LeftmostColumn(view_)) return;
+    option.icon = index.siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
+    if (!option.icon.isNull()) option.features |= QStyleOptionViewItem::HasDecoration;
+  }
+
   const QTableView& view_;
 };
 
@@ -64,6 +72,15 @@ void LookLikeAList(QTableView& view) {
   columns.setHighlightSections(false);
   columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   columns.setStretchLastSection(true);
+}
+
+int LeftmostColumn(const QTableView& view) {
+  const QHeaderView& header = *view.horizontalHeader();
+  for (int visual = 0; visual < header.count(); ++visual) {
+    const int column = header.logicalIndex(visual);
+    if (!header.isSectionHidden(column)) return column;
+  }
+  return 0;
 }
 
 }  // namespace requite

@@ -10,4 +10,7 @@ namespace requite {
 /// Tab leaves it. The selection is pale while the keyboard is elsewhere.
 void LookLikeAList(QTableView& view);
 
+/// The leftmost column that is not hidden; 0 for a view without columns.
+[[nodiscard]] int LeftmostColumn(const QTableView& view);
+
 }  // namespace requite

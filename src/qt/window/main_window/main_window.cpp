@@ -20,12 +20,18 @@
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/shown_text.h"
+#include "qt/window/lists/column_fit.h"
 #include "qt/window/look/glyphs.h"
 #include "qt/window/look/product_icon.h"
 #include "qt/window/look/screen_fit.h"
 #include "scan/scan_share.h"
 
 namespace requite {
+namespace {
+
+constexpr int kLeftPercent = 46;  // of the width, for the site lists the first time
+
+}  // namespace
 
 /// Is told that the title has changed; the next refresh writes it.
 class MainWindow::TitleView final : public ControlView, public RefreshedView {
@@ -142,6 +148,7 @@ void MainWindow::ShowScan() {
   project_->Follow();
   resultFilter_->Follow();
   addSites_->Follow();
+  queueFold_->Follow(form_.State.Scanning);
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,
@@ -224,18 +231,19 @@ void MainWindow::PressOnDelete(QTableView& list, Button& control) {
   });
 }
 
-/// The positions of the splitters belong to the window alone, so they are in a file beside the settings.
+/// The positions of the splitters and the columns belong to the window alone, so they are in a file beside
+/// the settings.
 void MainWindow::RestoreLayout() {
   const QSettings layout("requite", "window");
   const QSize room = screen()->availableSize();
   resize(QSize(1180, 760).boundedTo(room * 0.95));
-  columns_->setSizes({width() * 36 / 100, width() * 64 / 100});
-  left_->setSizes({height() * 3 / 5, height() * 2 / 5});
+  columns_->setSizes({width() * kLeftPercent / 100, width() * (100 - kLeftPercent) / 100});
+  RestoreColumns(*this, layout);
   const bool known = restoreGeometry(layout.value("geometry").toByteArray());
   FitToScreen(*this, *screen());
+  queueFold_->SetHeight(layout.value("progress").toInt());
   if (!known) return;
   columns_->restoreState(layout.value("columns").toByteArray());
-  left_->restoreState(layout.value("left").toByteArray());
   links_->restoreState(layout.value("links").toByteArray());
 }
 
@@ -243,7 +251,8 @@ void MainWindow::SaveLayout() const {
   QSettings layout("requite", "window");
   layout.setValue("geometry", saveGeometry());
   layout.setValue("columns", columns_->saveState());
-  layout.setValue("left", left_->saveState());
+  layout.setValue("progress", queueFold_->Height());
+  SaveColumns(*this, layout);
   layout.setValue("links", links_->saveState());
 }
 

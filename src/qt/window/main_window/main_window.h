@@ -15,13 +15,15 @@
 #include "qt/window/main_window/ahead_line.h"
 #include "qt/window/main_window/https_only_bar.h"
 #include "qt/window/main_window/project_notices.h"
+#include "qt/window/main_window/queue_fold.h"
 #include "qt/window/main_window/result_bar.h"
-#include "qt/window/main_window/scan_line.h"
 #include "qt/window/main_window/result_filter.h"
+#include "qt/window/main_window/scan_line.h"
 #include "qt/window/main_window/scan_notice.h"
 #include "shell/main_window/form1.h"
 
 class QLabel;
+class QLayout;
 class QSplitter;
 class QTableView;
 class QVBoxLayout;
@@ -55,6 +57,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QWidget* BuildMainSites();
   [[nodiscard]] QWidget* BuildLinkingSites();
   [[nodiscard]] QWidget* BuildProgress();
+  [[nodiscard]] QLayout* BuildFigures(QWidget* box);
   [[nodiscard]] QWidget* BuildResults();
   [[nodiscard]] QWidget* BuildLinksPage();
   [[nodiscard]] QWidget* BuildWebPage();
@@ -79,7 +82,7 @@ class MainWindow : public QMainWindow {
   struct ListLook {
     QString Name;
     QString EmptyText;
-    std::vector<int> ColumnShares;
+    std::vector<int> Shares;
   };
   QTableView* NewTable(ListView& list, ListTable& table, const ListLook& look);
   /// What the menu of a list offers for a row; `address` is the column that holds one.
@@ -108,6 +111,7 @@ class MainWindow : public QMainWindow {
   AheadLine* ahead_ = nullptr;
   ScanLine* scanLine_ = nullptr;
   ResultBar* result_ = nullptr;
+  QueueFold* queueFold_ = nullptr;
   AnswerLine* answers_ = nullptr;  ///< what each action says that it did
   QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
   QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none

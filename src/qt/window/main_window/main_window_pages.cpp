@@ -12,6 +12,7 @@
 #include <QTableView>
 
 #include "qt/services/code_page.h"
+#include "qt/window/lists/new_rows.h"
 #include "qt/window/main_window/main_window.h"
 
 namespace requite {
@@ -93,8 +94,9 @@ QWidget* MainWindow::BuildPostPage() {
   layout->addWidget(NewButton(bind_, form_.cmdScriptAdd, page), 3, 2);
   layout->addWidget(NewButton(bind_, form_.cmdScriptDel, page), 3, 3);
   QTableView* const list =
-      NewTable(form_.Sites.lstMulti, scriptUrls_, {tr("Script URLs"), tr("No script URLs yet."), {40, 60}});
+      NewTable(form_.Sites.lstMulti, scriptUrls_, {tr("Script URLs"), tr("No script URLs yet."), {1, 2}});
   AddRowMenu(*list, scriptUrls_, user_, OffersFor(1));
+  ShowNewRows(*list, scriptUrls_);
   layout->addWidget(list, 4, 0, 1, 4);
   auto* const commands = new QHBoxLayout;
   for (Button* control : {&form_.cmdPost, &form_.cmdVariables, &form_.cmdExample}) {

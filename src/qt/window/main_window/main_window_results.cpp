@@ -15,11 +15,11 @@
 #include "qt/services/code_page.h"
 #include "qt/web/open_outside_button.h"
 #include "qt/web/web_view_holder.h"
+#include "qt/window/lists/new_rows.h"
 #include "qt/window/look/glyphs.h"
 #include "qt/window/main_window/main_window.h"
 
 namespace requite {
-
 QWidget* MainWindow::BuildResults() {
   auto* const box = new QGroupBox(ToUnicode(form_.Frame2.Caption), this);
   auto* const layout = new QVBoxLayout(box);
@@ -59,7 +59,8 @@ QWidget* MainWindow::BuildLinksPage() {
       NewTable(form_.Sites.List3, results_,
                {tr("Link results"),
                 tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
-                {16, 24, 34, 0, 26}});
+                {4, 7, 6, 1, 8}});
+  FollowNewRows(*results, results_, [this] { return form_.State.Scanning; });
   resultFilter_ = new ResultFilter(form_, results_, *results, above);
   aboveLayout->addWidget(resultFilter_);
   aboveLayout->addWidget(results, 1);
@@ -71,8 +72,9 @@ QWidget* MainWindow::BuildLinksPage() {
   bind_.BindLabel(form_.lblErr, *caption);
   layout->addWidget(caption);
   QTableView* const errors =
-      NewTable(form_.Lists.lstErr, errors_, {tr("Errors and warnings"), tr("No errors."), {40, 60}});
+      NewTable(form_.Lists.lstErr, errors_, {tr("Errors and warnings"), tr("No errors."), {1, 2}});
   AddRowMenu(*errors, errors_, user_, OffersFor(1));
+  FollowNewRows(*errors, errors_, [this] { return form_.State.Scanning; });
   layout->addWidget(errors, 1);
   links_->addWidget(below);
   links_->setSizes({420, 140});
