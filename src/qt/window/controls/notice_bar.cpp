@@ -3,6 +3,8 @@
 #include "qt/window/controls/notice_bar.h"
 
 #include <QAccessible>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -21,6 +23,13 @@ QString AsToolTip(const QString& names) {
   return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }
 
+constexpr qreal kTint = 0.18;
+
+QColor Mixed(const QColor& one, const QColor& other, qreal share) {
+  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
+}
+
 }  // namespace
 
 NoticeBar::NoticeBar(const QString& name, const QString& dismissText, const QString& dismissToolTip,
@@ -31,14 +40,12 @@ NoticeBar::NoticeBar(const QString& name, const QString& dismissText, const QStr
       dismiss_(new QPushButton(dismissText, this)) {
   setObjectName(name);
   setFrameShape(QFrame::StyledPanel);
-  setBackgroundRole(QPalette::ToolTipBase);
-  setForegroundRole(QPalette::ToolTipText);
   setAutoFillBackground(true);
+  Tint();
   layout_->setContentsMargins(9, 3, 6, 3);
   words_->setObjectName(name + "Words");
   words_->setTextFormat(Qt::PlainText);
   words_->setWordWrap(true);
-  words_->setForegroundRole(QPalette::ToolTipText);
   layout_->addWidget(words_, 1);
   dismiss_->setObjectName(name + "Dismiss");
   dismiss_->setToolTip(dismissToolTip);
@@ -54,6 +61,19 @@ QPushButton& NoticeBar::Offer(const QString& name, const QString& text, std::fun
   connect(button, &QPushButton::clicked, this, std::move(then));
   setTabOrder(button, dismiss_);
   return *button;
+}
+
+void NoticeBar::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) Tint();
+}
+
+/// Tool tip colours would glare on many dark desktops.
+void NoticeBar::Tint() {
+  QPalette tinted = QGuiApplication::palette();
+  tinted.setColor(QPalette::Window,
+                  Mixed(tinted.color(QPalette::Window), tinted.color(QPalette::Highlight), kTint));
+  setPalette(tinted);
 }
 
 void NoticeBar::Say(const QString& words, const QString& toolTipLines) {

@@ -27,8 +27,12 @@ class NoticeBar : public QFrame {
   /// Shows the bar. The words are plain text; the tool tip may be of any origin too, a name in each line.
   void Say(const QString& words, const QString& toolTipLines = {});
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void MakeRoom();
+  void Tint();
 
   QHBoxLayout* layout_;
   QLabel* words_;
