@@ -81,7 +81,7 @@ class QuietShell : public Shell {
  public:
   void OpenDocument(const std::string&) override {}
   void OpenUrlOutside(const std::string&) override {}
-  void OpenFolder(const std::string&) override {}
+  void OpenFile(const std::string&) override {}
 };
 
 /// A browser without a page engine: each navigation is complete at the next event, at the URL itself. It

@@ -156,6 +156,9 @@ struct FileDialog {
   std::string Filter;
   std::string DefaultName;  ///< in the code page, because it is made from a site's text
   SaveHabits Habits{};
+  /// A dialog that opens a file may begin in the folder that the user chose last instead; the folders are
+  /// remembered by this name. Empty: it always begins in `Folder`.
+  std::string RememberedAs{};
 };
 
 /// Message boxes and file dialogs.
@@ -191,7 +194,8 @@ class Shell {
   virtual ~Shell() = default;
   virtual void OpenDocument(const std::string& path) = 0;
   virtual void OpenUrlOutside(const std::string& url) = 0;
-  virtual void OpenFolder(const std::string& path) = 0;
+  /// A file or a folder, with the desktop's program for it.
+  virtual void OpenFile(const std::string& path) = 0;
 };
 
 /// The wall clock, as the user's locale writes it. A date or a time that does not fit the code page comes in

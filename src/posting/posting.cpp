@@ -53,6 +53,7 @@ void Posting::PostLinks() {
     Log("\r\nURL: " + *url + "\r\n");
     if (!reply.empty()) Log("\r\nReturned: " + reply + "\r\n");
     needs_.Log.Text4().MoveCursorToEnd();
+    needs_.Log.Posted(!reply.empty());
   }
 }
 

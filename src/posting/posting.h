@@ -24,6 +24,8 @@ class PostLog {
   /// Its text box. Loads the window without showing it if it is not loaded. The reference is valid while
   /// the window lives, so call this again at each use.
   [[nodiscard]] virtual TextBox& Text4() = 0;
+  /// A request was sent, and its row is in the log.
+  virtual void Posted(bool answered) { static_cast<void>(answered); }
 };
 
 /// What posting needs besides the controls of its tab.

@@ -13,7 +13,9 @@ namespace {
 constexpr std::string_view kHead = "<html>\r\n<head>\r\n";
 constexpr std::string_view kPolicy =
     "<meta http-equiv=Content-Security-Policy content=\"default-src 'none'; base-uri 'none'; "
-    "form-action 'none'\">\r\n";
+    "form-action 'none'";
+constexpr std::string_view kOwnStyle = "; style-src 'unsafe-inline'";
+constexpr std::string_view kPolicyEnd = "\">\r\n";
 constexpr std::string_view kSections = "<h1>Main Site Specific Overviews</h1>";
 /// The tags before the sections; there is no remote text there.
 constexpr std::array<std::string_view, 16> kOverviewTags{
@@ -23,12 +25,12 @@ constexpr std::array<std::string_view, 16> kOverviewTags{
 
 class ReportCopy {
  public:
-  explicit ReportCopy(std::string_view page) : rest_(page) {}
+  ReportCopy(std::string_view page, std::string_view styleSheet) : rest_(page), styleSheet_(styleSheet) {}
 
   std::string Make() {
     copy_.reserve(rest_.size() + rest_.size() / 8 + kPolicy.size());
     CopyMarkup(kHead.size());
-    copy_ += kPolicy;
+    AppendPolicy();
     CopyMarkup(kReportBegin.size() - kHead.size());
     while (!rest_.empty()) {
       if (inSections_ ? CopySectionTag() : CopyOverviewTag()) continue;
@@ -40,6 +42,15 @@ class ReportCopy {
   }
 
  private:
+  void AppendPolicy() {
+    copy_ += kPolicy;
+    // Harmless where all of the report's text is escaped: no other style can get in.
+    if (!styleSheet_.empty()) copy_ += kOwnStyle;
+    copy_ += kPolicyEnd;
+    if (styleSheet_.empty()) return;
+    copy_.append("<style>").append(styleSheet_).append("</style>\r\n");
+  }
+
   void CopyMarkup(std::size_t length) {
     copy_ += rest_.substr(0, length);
     rest_.remove_prefix(length);
@@ -119,12 +130,15 @@ class ReportCopy {
   }
 
   std::string_view rest_;
+  std::string_view styleSheet_;
   bool inSections_ = false;
   std::string copy_;
 };
 
 }  // namespace
 
-std::string ReportForView(std::string_view page) { return ReportCopy(page).Make(); }
+std::string ReportForView(std::string_view page, std::string_view styleSheet) {
+  return ReportCopy(page, styleSheet).Make();
+}
 
 }  // namespace requite

@@ -20,6 +20,7 @@ inline constexpr std::size_t kLongestLinkShown = 8192;
 /// markup, in a place where the report writes it; any other is escaped. So no address can hide what
 /// follows it, lead elsewhere, or load anything. The text of a link is always its target. The page must
 /// be a report; the time is linear in its length. Entities stay as they are, since they make no markup.
-[[nodiscard]] std::string ReportForView(std::string_view page);
+/// A style sheet is the program's own; it is put in unchanged.
+[[nodiscard]] std::string ReportForView(std::string_view page, std::string_view styleSheet = {});
 
 }  // namespace requite

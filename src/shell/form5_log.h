@@ -14,9 +14,12 @@ class Form5Log : public PostLog {
   explicit Form5Log(Windows& windows) : windows_(windows) {}
 
   void ShowForm5() override { windows_.Show("Form5"); }
-  TextBox& Text4() override { return static_cast<Form5&>(windows_.Load("Form5")).Text4; }
+  TextBox& Text4() override { return Log().Text4; }
+  void Posted(bool answered) override { Log().Count(answered); }
 
  private:
+  Form5& Log() { return static_cast<Form5&>(windows_.Load("Form5")); }
+
   Windows& windows_;
 };
 

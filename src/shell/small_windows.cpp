@@ -36,4 +36,11 @@ void frmWebsite::Unload() { onUnload_(); }
 
 Form5::Form5(Windows& windows) : ProgramWindow(windows, "Form5", "Posting Log") { Controls.Add(Text4); }
 
+void Form5::Count(bool answered) {
+  ++sent_;
+  if (answered) ++answered_;
+  lblAnswers.SetText(std::to_string(answered_) + " of " + std::to_string(sent_) +
+                     (sent_ == 1 ? " request" : " requests") + " answered");
+}
+
 }  // namespace requite

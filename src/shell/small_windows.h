@@ -36,11 +36,19 @@ struct frmWebsite : ProgramWindow {
   std::function<void()> onUnload_;
 };
 
-/// The posting log: one text box that fills the window.
+/// The posting log: one text box that fills the window, and above it how many requests were answered since
+/// the window was opened.
 struct Form5 : ProgramWindow {
   explicit Form5(Windows& windows);
+  /// One more request was sent.
+  void Count(bool answered);
 
   TextBox Text4{"Text4"};
+  Label lblAnswers{"lblAnswers", "No requests yet"};
+
+ private:
+  int sent_ = 0;
+  int answered_ = 0;
 };
 
 }  // namespace requite

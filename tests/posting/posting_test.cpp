@@ -91,6 +91,7 @@ TEST_F(PostingTest, TheLogEndsAtTheFirstByteOfZeroAndGoesOnFromThere) {
   txtPost_.SetText("$Status");
   Services.Internet.Bodies = {{"http://True", "short"}, {"http://False", std::string(300, 'x')}};
   Form.cmdPost.Click();
+  EXPECT_EQ(static_cast<Form5&>(Form.Windows.Load("Form5")).lblAnswers.Text(), "3 of 3 requests answered");
   EXPECT_EQ(Log(),
             "\r\nURL: http://True\r\n\r\nReturned: short"  // its line end is lost
             "\r\nURL: http://False\r\n\r\nReturned: " +

@@ -205,10 +205,10 @@ TEST_F(DesktopShellTest, AnAddressWithoutASchemeIsOneOfTheWebAndOtherSchemesAreR
 }
 
 TEST_F(DesktopShellTest, WhatNothingOpensIsTold) {
-  shell_.OpenFolder("/without/opener");
+  shell_.OpenFile("/without/opener");
   EXPECT_TRUE(Fails("/without/opener"));
   InstallOpener(4);
-  shell_.OpenFolder("/opener/fails");
+  shell_.OpenFile("/opener/fails");
   EXPECT_TRUE(Fails("/opener/fails"));
   shell_.OpenDocument("/no/program/for/Help.chm");
   EXPECT_TRUE(Fails("/no/program/for/Help.chm"));

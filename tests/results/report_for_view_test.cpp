@@ -52,6 +52,14 @@ TEST(ReportForView, OnlyTheReportsOwnTagsAreTags) {
   EXPECT_TRUE(Shown(Link(longest + "x")).starts_with("&lt;a"));
 }
 
+TEST(ReportForView, OnlyAReportWithTheProgramsOwnStyleMayHaveOne) {
+  EXPECT_EQ(ReportForView(kBefore).find("style"), std::string::npos);
+  const std::string shown = ReportForView(kBefore + "<h3></style></h3>\r\n", "a{color:red}");
+  EXPECT_NE(shown.find("style-src 'unsafe-inline'"), std::string::npos);
+  EXPECT_NE(shown.find("<style>a{color:red}</style>"), std::string::npos);
+  EXPECT_NE(shown.find("<h3>&lt;/style&gt;</h3>"), std::string::npos);
+}
+
 TEST(ReportForView, NothingIsLostAndNothingElseIsMarkup) {
   const std::array<std::string, 14> pieces{"<h3>",   "</h3>", "\r\n", "<BR>", "<a href='", "'>",   "</a>",
                                            "Site: ", "x",     "<",    "'",    ">",         "<!--", "<title>"};

@@ -247,7 +247,7 @@ class FakeShell : public Shell {
  public:
   void OpenDocument(const std::string& path) override { Opened.push_back(path); }
   void OpenUrlOutside(const std::string& url) override { Opened.push_back(url); }
-  void OpenFolder(const std::string& path) override { Opened.push_back(path); }
+  void OpenFile(const std::string& path) override { Opened.push_back(path); }
 
   std::vector<std::string> Opened;
 };

@@ -62,7 +62,7 @@ void DesktopShell::OpenDocument(const std::string& path) {
   });
 }
 
-void DesktopShell::OpenFolder(const std::string& path) { Open(AbsolutePath(path)); }
+void DesktopShell::OpenFile(const std::string& path) { Open(AbsolutePath(path)); }
 
 void DesktopShell::OpenUrlOutside(const std::string& url) {
   static const QRegularExpression anyScheme("^[a-z][a-z0-9+.-]*://",

@@ -19,7 +19,7 @@ class DesktopShell : public Shell {
   /// An address without a scheme is taken as a web address. Only http and https are opened: the address may
   /// come from a remote page.
   void OpenUrlOutside(const std::string& url) override;
-  void OpenFolder(const std::string& path) override;
+  void OpenFile(const std::string& path) override;
 
   /// Runs with a path or an address that could not be opened: at once, or a moment after the call.
   std::function<void(const QString& what)> OnFailed;

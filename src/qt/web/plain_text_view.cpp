@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QPointer>
+#include <QPrinter>
 
 #include "qt/services/code_page.h"
 #include "qt/web/html_text.h"
@@ -48,6 +49,11 @@ bool PlainTextView::Forward() {
   ++at_;
   ShowSoon();
   return true;
+}
+
+void PlainTextView::Print(QPrinter& printer, std::function<void()> printed) {
+  print(&printer);
+  printed();
 }
 
 /// Not at once: a GET lets events run, and the caller may be in the middle of a handler.

@@ -14,7 +14,7 @@
 namespace requite {
 
 /// Shows the text of local HTML files, and of remote pages with one GET each, where the browser's library
-/// /// is not installed. At most kMostText characters of a page are shown; a last line says when it was cut.
+/// is not installed. At most kMostText characters of a page are shown; a last line says when it was cut.
 class PlainTextView final : public QPlainTextEdit, public WebView {
   Q_OBJECT
 
@@ -30,6 +30,7 @@ class PlainTextView final : public QPlainTextEdit, public WebView {
   void Reload() override { ShowSoon(); }
   bool Back() override;
   bool Forward() override;
+  void Print(QPrinter& printer, std::function<void()> printed) override;
 
  private:
   void ShowSoon();

@@ -4,7 +4,9 @@
 
 #include <QString>
 #include <QUrl>
+#include <functional>
 
+class QPrinter;
 class QWidget;
 
 namespace requite {
@@ -41,6 +43,9 @@ class WebView {
   /// False at the end of the history.
   [[nodiscard]] virtual bool Back() = 0;
   [[nodiscard]] virtual bool Forward() = 0;
+  /// Prints the page on show, and calls `printed` when the printer is no longer in use. May be called again
+  /// only after that.
+  virtual void Print(QPrinter& printer, std::function<void()> printed) = 0;
 };
 
 /// The one function of the library, found under `kMakeWebView`. The events must outlive the view.

@@ -4,10 +4,13 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "qt/services/code_page.h"
 #include "qt/web/page_address.h"
@@ -122,7 +125,7 @@ void WebViewHolder::MakeView() {
   view_->Widget()->setAccessibleName(tr("Web page"));
   pages_->addWidget(view_->Widget());
   setFocusProxy(view_->Widget());
-  ShowPage();
+  control_.AskedFor().empty() && !emptyTitle_.isEmpty() ? ShowEmpty() : ShowPage();
   if (!control_.AskedFor().empty()) Navigate(control_.AskedFor());
 }
 
@@ -172,7 +175,8 @@ void WebViewHolder::LoadStopped() { progress_->hide(); }
 
 void WebViewHolder::PageComplete(const QUrl& location) {
   progress_->hide();
-  ShowPage();
+  const bool blank = location.scheme() == "about";
+  blank && !emptyTitle_.isEmpty() ? ShowEmpty() : ShowPage();
   TellComplete(location);
 }
 
@@ -213,6 +217,28 @@ void WebViewHolder::ShowNotice(const QString& title, const QString& text) {
   noticeText_->show();
   again_->show();
   pages_->setCurrentIndex(0);
+}
+
+void WebViewHolder::SetEmptyNotice(const QString& title, const QString& text) {
+  emptyTitle_ = title;
+  emptyText_ = text;
+}
+
+void WebViewHolder::ShowEmpty() {
+  failed_.clear();
+  ShowNotice(emptyTitle_, emptyText_);
+  again_->hide();
+}
+
+bool WebViewHolder::ShowsPage() const { return view_ != nullptr && pages_->currentIndex() != 0; }
+
+void WebViewHolder::Print() {
+  if (!ShowsPage() || printing_) return;
+  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  QPrintDialog dialog(printer.get(), this);
+  if (dialog.exec() != QDialog::Accepted || !ShowsPage()) return;
+  printing_ = true;
+  view_->Print(*printer, [this, printer] { printing_ = false; });
 }
 
 void WebViewHolder::ShowPage() {

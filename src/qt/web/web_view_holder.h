@@ -34,6 +34,13 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   void GoBack() override;
   void GoForward() override;
 
+  /// What is shown, in place of a blank page, while there is nothing to show.
+  void SetEmptyNotice(const QString& title, const QString& text);
+  /// A page is on show, which can be printed.
+  [[nodiscard]] bool ShowsPage() const;
+  /// Asks for a printer or a PDF file, and prints the page on show.
+  void Print();
+
  protected:
   void showEvent(QShowEvent* event) override;
 
@@ -53,6 +60,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   void TellComplete(const QUrl& location);
   void ShowNotice(const QString& title, const QString& text);
   void ShowPage();
+  void ShowEmpty();
 
   BrowserView& control_;
   Internet& internet_;
@@ -60,6 +68,8 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   const QString modulePath_;
   WebView* view_ = nullptr;
   QUrl failed_;
+  QString emptyTitle_;
+  QString emptyText_;
   QString standing_;  ///< the line that stays for all loads
   QProgressBar* progress_ = nullptr;
   QLabel* line_ = nullptr;
@@ -67,6 +77,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   QLabel* noticeText_ = nullptr;
   QPushButton* again_ = nullptr;
   QStackedLayout* pages_ = nullptr;
+  bool printing_ = false;
 };
 
 }  // namespace requite

@@ -35,7 +35,7 @@ void HiddenControls::Wire(Form1& form) {
     cmdResume.SetEnabled(false);
     form.Scan.cmdDoSearch_Click();
   };
-  cmdViewDatabase.OnClick = [&form] { form.Platform.Shell.OpenFolder(form.Folder.Path); };
+  cmdViewDatabase.OnClick = [&form] { form.Platform.Shell.OpenFile(form.Folder.Path); };
   Command2.OnClick = [&form] { form.Windows.Show("frmExport"); };
   Command3.OnClick = [&form] { DeleteAllEmails(form); };
 

@@ -3,6 +3,7 @@
 #include "engine_view.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 
@@ -99,6 +100,19 @@ bool EngineView::Forward() {
   if (!page_->history()->canGoForward()) return false;
   page_->triggerAction(QWebEnginePage::Forward);
   return true;
+}
+
+void EngineView::Print(QPrinter& printer, std::function<void()> printed) {
+  connect(
+      this, &QWebEngineView::printFinished, this, [printed = std::move(printed)](bool) { printed(); },
+      Qt::SingleShotConnection);
+  print(&printer);
+}
+
+/// A report is drawn in the colours of the desktop.
+void EngineView::changeEvent(QEvent* event) {
+  QWebEngineView::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && page_ && page_->Shown().isLocalFile()) Reload();
 }
 
 }  // namespace requite

@@ -24,6 +24,10 @@ class EngineView final : public QWebEngineView, public WebView {
   void Reload() override;
   bool Back() override;
   bool Forward() override;
+  void Print(QPrinter& printer, std::function<void()> printed) override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
 
  private:
   void AddMenu();

@@ -4,6 +4,8 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
@@ -18,6 +20,18 @@ constexpr qint64 kMostShown = 64 << 20;
 
 std::string_view ViewOf(const QByteArray& bytes) {
   return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// On a dark desktop the report is light on dark, on screen alone: paper stays white. On a light one it has
+/// the browser's own look, as in its file.
+std::string StyleOfPalette() {
+  const QPalette palette = QGuiApplication::palette();
+  const auto nameOf = [&palette](QPalette::ColorRole role) {
+    return palette.color(role).name().toStdString();
+  };
+  if (palette.color(QPalette::Base).lightness() > palette.color(QPalette::Text).lightness()) return {};
+  return "@media screen{html{color-scheme:dark;background:" + nameOf(QPalette::Base) +
+         ";color:" + nameOf(QPalette::Text) + "}a{color:" + nameOf(QPalette::Link) + "}}";
 }
 
 }  // namespace
@@ -55,7 +69,7 @@ void ReportScheme::requestStarted(QWebEngineUrlRequestJob* job) {
   const QByteArray bytes = file.read(qMin(file.size(), kMostShown));
   // By now the path may be another page, which must not be shown under this scheme.
   if (!IsReport(ViewOf(bytes))) return job->fail(QWebEngineUrlRequestJob::UrlInvalid);
-  std::string page = ReportForView(ViewOf(bytes));
+  std::string page = ReportForView(ViewOf(bytes), StyleOfPalette());
   if (file.size() > kMostShown)
     page += "<hr>" +
             tr("[The rest of this report is not shown here: it is too long.]").toHtmlEscaped().toStdString();

@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSettings>
 
 #include "qt/services/code_page.h"
 #include "shell/product.h"
@@ -46,6 +47,19 @@ QString FilterOf(const std::string& filter) {
 /// File names are the file system's bytes everywhere in the program.
 std::string NameOf(const QString& chosen) { return QFile::encodeName(chosen).toStdString(); }
 
+QString FolderKey(const FileDialog& dialog) {
+  return "folder/" + QString::fromStdString(dialog.RememberedAs);
+}
+
+/// Where the dialog begins: the folder chosen last, while it exists.
+QString FirstFolder(const FileDialog& dialog) {
+  if (!dialog.RememberedAs.empty()) {
+    const QString last = QSettings("requite", "window").value(FolderKey(dialog)).toString();
+    if (QFileInfo(last).isDir()) return last;
+  }
+  return QFile::decodeName(dialog.Folder.c_str());
+}
+
 /// Asks in the toolkit's words, which exist in the user's language.
 bool MayReplace(QFileDialog& dialog, const QString& path, const SaveHabits& habits) {
   const QFileInfo chosen(path);
@@ -74,8 +88,12 @@ Answer QtDialogs::Show(const MessageBox& box) {
 }
 
 std::string QtDialogs::AskOpenName(const FileDialog& dialog) {
-  return NameOf(QFileDialog::getOpenFileName(
-      QApplication::activeWindow(), {}, QFile::decodeName(dialog.Folder.c_str()), FilterOf(dialog.Filter)));
+  const QString chosen = QFileDialog::getOpenFileName(QApplication::activeWindow(), {}, FirstFolder(dialog),
+                                                      FilterOf(dialog.Filter));
+  if (!chosen.isEmpty() && !dialog.RememberedAs.empty()) {
+    QSettings("requite", "window").setValue(FolderKey(dialog), QFileInfo(chosen).absolutePath());
+  }
+  return NameOf(chosen);
 }
 
 std::string QtDialogs::AskSaveName(const FileDialog& dialog) {

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "platform/failure_box.h"
+#include "platform/whole_file.h"
 #include "qt/web/web_view_holder.h"
 #include "qt/window/look/product_icon.h"
 
@@ -58,15 +60,47 @@ WebsiteView::WebsiteView(frmWebsite& window, const WindowSurroundings& surroundi
 }
 
 LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
-    : FurtherWindow(window, surroundings) {
+    : FurtherWindow(window, surroundings), window_(window) {
   auto* const text = new QPlainTextEdit(this);
   text->setAccessibleName(tr("Log of the posting"));
   text->setPlaceholderText(tr("The requests and what they returned appear here."));
   bind_.Bind(window.Text4, *text, kLongestLog);
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
+  auto* const head = new QHBoxLayout;
+  head->addWidget(NewLabel(window.lblAnswers), 1);
+  head->addWidget(NewCommand(tr("&Copy"), "copyLog", tr("Copy the whole log as text"), &LogView::Copy));
+  head->addWidget(
+      NewCommand(tr("&Save..."), "saveLog", tr("Save the whole log as a text file"), &LogView::Save));
+  layout->addLayout(head);
   layout->addWidget(text);
   RestoreSize({640, 420});
+}
+
+QPushButton* LogView::NewCommand(const QString& caption, const QString& name, const QString& toolTip,
+                                 void (LogView::*command)()) {
+  auto* const button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  connect(button, &QPushButton::clicked, this,
+          [this, command] { Around().User.Run([this, command] { (this->*command)(); }); });
+  return button;
+}
+
+void LogView::Copy() { Around().Platform.Clipboard.SetText(window_.Text4.Text()); }
+
+void LogView::Save() {
+  Dialogs& dialogs = Around().Platform.Dialogs;
+  FileDialog ask{"", "Text Files (*.txt)|*.txt", "posting.txt"};
+  ask.Habits = {"txt", true};
+  // The window may be closed while the dialog is open.
+  const std::string log = window_.Text4.Text();
+  const std::string name = dialogs.AskSaveName(ask);
+  if (name.empty()) return;
+  EndInBox(
+      dialogs, [&] { WriteWhole(name, log, Flush::Yes); },
+      [](const RuntimeFailure& failure) -> MessageBox {
+        return {"The log was not saved: " + failure.Description};
+      });
 }
 
 }  // namespace requite

@@ -20,6 +20,14 @@ class WebsiteView final : public FurtherWindow {
 class LogView final : public FurtherWindow {
  public:
   LogView(Form5& window, const WindowSurroundings& surroundings);
+
+ private:
+  QPushButton* NewCommand(const QString& caption, const QString& name, const QString& toolTip,
+                          void (LogView::*command)());
+  void Copy();
+  void Save();
+
+  Form5& window_;
 };
 
 }  // namespace requite

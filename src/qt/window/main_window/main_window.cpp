@@ -53,6 +53,8 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   setObjectName("Form1");
   setWindowIcon(ProductIcon());
   if (desktop != nullptr) desktopNotice_.emplace(*desktop);
+  bind_.Bind(form_.StatusBar1, *statusBar());
+  answers_ = new AnswerLine(*statusBar());
   BuildToolBar();
   BuildMenus();
   columns_ = new QSplitter(Qt::Horizontal, this);
@@ -66,8 +68,6 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   columns_->setChildrenCollapsible(false);
   left_->setChildrenCollapsible(false);
   setCentralWidget(columns_);
-  bind_.Bind(form_.StatusBar1, *statusBar());
-  answers_ = new AnswerLine(*statusBar());
   TakeManySites();
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   FollowProject();
@@ -149,6 +149,9 @@ void MainWindow::ShowScan() {
   resultFilter_->Follow();
   addSites_->Follow();
   queueFold_->Follow(form_.State.Scanning);
+  firstSteps_->Follow();
+  pageTools_->Follow();
+  reportTools_->Follow();
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,

@@ -13,9 +13,12 @@
 #include "qt/window/lists/row_menu.h"
 #include "qt/window/main_window/add_sites_bar.h"
 #include "qt/window/main_window/ahead_line.h"
+#include "qt/window/main_window/first_steps.h"
 #include "qt/window/main_window/https_only_bar.h"
+#include "qt/window/main_window/page_tools.h"
 #include "qt/window/main_window/project_notices.h"
 #include "qt/window/main_window/queue_fold.h"
+#include "qt/window/main_window/report_tools.h"
 #include "qt/window/main_window/result_bar.h"
 #include "qt/window/main_window/result_filter.h"
 #include "qt/window/main_window/scan_line.h"
@@ -112,6 +115,9 @@ class MainWindow : public QMainWindow {
   ScanLine* scanLine_ = nullptr;
   ResultBar* result_ = nullptr;
   QueueFold* queueFold_ = nullptr;
+  FirstSteps* firstSteps_ = nullptr;
+  PageTools* pageTools_ = nullptr;
+  ReportTools* reportTools_ = nullptr;
   AnswerLine* answers_ = nullptr;  ///< what each action says that it did
   QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
   QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none

@@ -2,6 +2,7 @@
 // The tabs of the Page Builder and of posting.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -42,6 +43,7 @@ QWidget* MainWindow::BuildPagesPage() {
   for (const auto& [caption, text] : texts) {
     auto* const edit = new QPlainTextEdit(box);
     edit->setTabChangesFocus(true);
+    edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     bind_.Bind(*text, *edit);
     QLabel* const label = NewLabel(bind_, *caption, box);
     label->setBuddy(edit);
@@ -65,6 +67,8 @@ QWidget* MainWindow::BuildPagesPage() {
   options->addStretch();
   options->addWidget(NewButton(bind_, form_.Command5, box));
   options->addWidget(NewButton(bind_, form_.Command6, box));
+  pageTools_ = new PageTools(form_, user_, *answers_, box);
+  options->addWidget(pageTools_);
   layout->addLayout(options, 0, 1, row, 1);
   layout->setColumnStretch(0, 1);
   bind_.BindState(form_.Frame5, *box);

@@ -60,6 +60,7 @@ QWidget* MainWindow::BuildLinksPage() {
                {tr("Link results"),
                 tr("No results yet. Press Start Scan (F5) to look for links back; Esc stops."),
                 {4, 7, 6, 1, 8}});
+  firstSteps_ = new FirstSteps(form_, user_, *results);
   FollowNewRows(*results, results_, [this] { return form_.State.Scanning; });
   resultFilter_ = new ResultFilter(form_, results_, *results, above);
   aboveLayout->addWidget(resultFilter_);
@@ -125,14 +126,20 @@ QWidget* MainWindow::BuildReportsPage() {
     bar->addWidget(button);
     bind_.Bind(*control, *button);
   }
-  auto* const changes = new QPushButton(tr("&Changes Since Last Scan..."), page);
+  auto* const changes = new QPushButton(tr("&Changes..."), page);
   changes->setObjectName("showChanges");
-  changes->setToolTip(tr("Who stopped linking back, and who links back now"));
+  changes->setToolTip(tr("Changes since the last scan: who stopped linking back, and who links back now"));
   connect(changes, &QPushButton::clicked, this, [this] { ShowChanges(); });
   bar->addWidget(changes);
-  bar->addStretch();
   layout->addLayout(bar);
-  layout->addWidget(new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page), 1);
+  auto* const view = new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page);
+  view->SetEmptyNotice(tr("There is no report yet."),
+                       tr("A report is written here when a scan ends: how many sites link back, and from "
+                          "which pages."));
+  layout->addWidget(view, 1);
+  reportTools_ = new ReportTools(form_, *view, user_, *answers_, page);
+  bar->addWidget(reportTools_);
+  bar->addStretch();
   return page;
 }
 
