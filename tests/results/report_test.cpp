@@ -12,6 +12,7 @@
 #include "model/url_forms.h"
 #include "platform/spooled_text.h"
 #include "platform/text.h"
+#include "results/links_by_site.h"
 #include "shell/main_window/form1_rig.h"
 #include "support/failure_number.h"
 
@@ -220,6 +221,18 @@ TEST(LinkReport, TheFilesAreReplacedAndTheCopyTakesTheProjectsName) {
   EXPECT_TRUE(page.starts_with("<html>"));
   EXPECT_EQ(ReadFile(copy), page);
   EXPECT_EQ(rig.Form.WebBrowser2.AskedFor(), rig.Folder.File("tempreport.html"));
+}
+
+TEST(LinksBySite, CountsEachSiteOnceWhateverItsRowsSay) {
+  RecordList<LinkResult> rows("List3");
+  rows.Add({"m", "none", "None Found (Timeout)", "000", "u"});
+  rows.Add({"m", "one", "Domain Link", "001", "u"});
+  for (const char* status : {"Direct Link", "Missing 001", "Redirect Link"})
+    rows.Add({"m", "two", status, "", "u"});
+  rows.Add({"n", "one too", "Indirect Link", "001", "u"});
+  std::string told;
+  for (const SiteLinks& each : LinksBySite(rows)) told += each.Site + " " + std::to_string(each.Links) + ", ";
+  EXPECT_EQ(told, "two 2, one 1, one too 1, none 0, ");
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kProgressHeight = 3;
 constexpr int kNoticeWidth = 420;
+constexpr int kPrintResolution = 300;  // dots an inch; pages are drawn as pictures, which takes a while
 
 QLabel* NewText(const char* name, QWidget* parent) {
   auto* const label = new QLabel(parent);
@@ -216,7 +217,7 @@ void WebViewHolder::ShowNotice(const QString& title, const QString& text) {
   noticeText_->setText(text);
   noticeText_->show();
   again_->show();
-  pages_->setCurrentIndex(0);
+  Show(*pages_->widget(0));
 }
 
 void WebViewHolder::SetEmptyNotice(const QString& title, const QString& text) {
@@ -235,6 +236,7 @@ bool WebViewHolder::ShowsPage() const { return view_ != nullptr && pages_->curre
 void WebViewHolder::Print() {
   if (!ShowsPage() || printing_) return;
   const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  printer->setResolution(kPrintResolution);
   QPrintDialog dialog(printer.get(), this);
   if (dialog.exec() != QDialog::Accepted || !ShowsPage()) return;
   printing_ = true;
@@ -243,7 +245,13 @@ void WebViewHolder::Print() {
 
 void WebViewHolder::ShowPage() {
   failed_.clear();
-  pages_->setCurrentWidget(view_->Widget());
+  Show(*view_->Widget());
+}
+
+void WebViewHolder::Show(QWidget& page) {
+  if (pages_->currentWidget() == &page) return;
+  pages_->setCurrentWidget(&page);
+  if (OnShowsPage) OnShowsPage();
 }
 
 }  // namespace requite

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "platform/controls.h"
 #include "platform/services.h"
@@ -38,6 +39,8 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   void SetEmptyNotice(const QString& title, const QString& text);
   /// A page is on show, which can be printed.
   [[nodiscard]] bool ShowsPage() const;
+  /// Runs after a page has taken the place of a notice, or the other way round.
+  std::function<void()> OnShowsPage;
   /// Asks for a printer or a PDF file, and prints the page on show.
   void Print();
 
@@ -61,6 +64,7 @@ class WebViewHolder final : public QWidget, public BrowserEngine, private WebVie
   void ShowNotice(const QString& title, const QString& text);
   void ShowPage();
   void ShowEmpty();
+  void Show(QWidget& page);
 
   BrowserView& control_;
   Internet& internet_;

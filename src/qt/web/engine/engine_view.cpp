@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QPrinter>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 
@@ -103,6 +104,13 @@ bool EngineView::Forward() {
 }
 
 void EngineView::Print(QPrinter& printer, std::function<void()> printed) {
+  if (!printer.outputFileName().isEmpty()) {
+    // The page itself writes text; a printer would get a picture of it, a hundred times as large.
+    connect(
+        page_.get(), &QWebEnginePage::pdfPrintingFinished, this,
+        [printed = std::move(printed)](const QString&, bool) { printed(); }, Qt::SingleShotConnection);
+    return page_->printToPdf(printer.outputFileName(), printer.pageLayout());
+  }
   connect(
       this, &QWebEngineView::printFinished, this, [printed = std::move(printed)](bool) { printed(); },
       Qt::SingleShotConnection);

@@ -65,7 +65,7 @@ QPushButton& NoticeBar::Offer(const QString& name, const QString& text, std::fun
 
 void NoticeBar::changeEvent(QEvent* event) {
   QFrame::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange) Tint();
+  if (event->type() == QEvent::PaletteChange) Tint();
 }
 
 /// Tool tip colours would glare on many dark desktops.
@@ -73,7 +73,7 @@ void NoticeBar::Tint() {
   QPalette tinted = QGuiApplication::palette();
   tinted.setColor(QPalette::Window,
                   Mixed(tinted.color(QPalette::Window), tinted.color(QPalette::Highlight), kTint));
-  setPalette(tinted);
+  if (tinted != palette()) setPalette(tinted);  // this is a change of the palette too
 }
 
 void NoticeBar::Say(const QString& words, const QString& toolTipLines) {

@@ -152,6 +152,7 @@ void MainWindow::ShowScan() {
   firstSteps_->Follow();
   pageTools_->Follow();
   reportTools_->Follow();
+  reportChart_->Follow();
   if (!desktopNotice_) return;
   // The end of a scan that is recorded is told with what it changed.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,

@@ -18,6 +18,7 @@
 #include "qt/window/main_window/page_tools.h"
 #include "qt/window/main_window/project_notices.h"
 #include "qt/window/main_window/queue_fold.h"
+#include "qt/window/main_window/report_chart.h"
 #include "qt/window/main_window/report_tools.h"
 #include "qt/window/main_window/result_bar.h"
 #include "qt/window/main_window/result_filter.h"
@@ -118,6 +119,7 @@ class MainWindow : public QMainWindow {
   FirstSteps* firstSteps_ = nullptr;
   PageTools* pageTools_ = nullptr;
   ReportTools* reportTools_ = nullptr;
+  ReportChart* reportChart_ = nullptr;
   AnswerLine* answers_ = nullptr;  ///< what each action says that it did
   QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
   QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none

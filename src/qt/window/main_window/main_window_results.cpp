@@ -136,7 +136,13 @@ QWidget* MainWindow::BuildReportsPage() {
   view->SetEmptyNotice(tr("There is no report yet."),
                        tr("A report is written here when a scan ends: how many sites link back, and from "
                           "which pages."));
-  layout->addWidget(view, 1);
+  auto* const beside = new QSplitter(Qt::Horizontal, page);
+  reportChart_ = new ReportChart(form_, beside);
+  beside->addWidget(view);
+  beside->addWidget(reportChart_);
+  beside->setStretchFactor(0, 1);
+  beside->setChildrenCollapsible(false);
+  layout->addWidget(beside, 1);
   reportTools_ = new ReportTools(form_, *view, user_, *answers_, page);
   bar->addWidget(reportTools_);
   bar->addStretch();

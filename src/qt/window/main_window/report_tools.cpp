@@ -42,6 +42,7 @@ ReportTools::ReportTools(Form1& form, WebViewHolder& view, const UserEvents& use
   for (QPushButton* each : {open_, print_}) layout->addWidget(each);
   connect(open_, &QPushButton::clicked, this, [this, &user] { user.Run([this] { OpenInBrowser(); }); });
   connect(print_, &QPushButton::clicked, this, [this, &user] { user.Run([this] { view_.Print(); }); });
+  view_.OnShowsPage = [this] { Follow(); };
   Follow();
 }
 
