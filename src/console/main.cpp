@@ -19,6 +19,7 @@
 #include "console/run_settings.h"
 #include "console/scan_command.h"
 #include "console/script/script_runner.h"
+#include "console/settings_command.h"
 #include "console/window_program.h"
 #include "model/settings.h"
 #include "model/visitor.h"
@@ -98,6 +99,32 @@ ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsolePr
   return RunScript(program, script);
 }
 
+SettingsFile::Use UseOfSettings(const CommonOptions& common) {
+  return common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared;
+}
+
+/// Stores what the command line asks for. `unsaved` becomes true, now or later, when the file cannot be
+/// written; it must outlive the store.
+void StoreSettings(const CommonOptions& common, SettingsFile& store, bool& unsaved) {
+  store.OnUnsaved = [&unsaved](const std::string& path, int error) {
+    unsaved = true;
+    std::cerr << "requite-console: settings cannot be saved in \"" << path
+              << "\" and last for this run only: " << std::strerror(error) << std::endl;
+  };
+  for (const auto& [key, value] : common.Settings) {
+    store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
+  }
+}
+
+ExitStatus RunList(const SettingsOptions& list, const CommonOptions& common, std::ostream& out) {
+  const std::string& file = common.SettingsFile;
+  bool unsaved = false;
+  SettingsFile store(file.empty() ? DefaultSettingsPath() : file, UseOfSettings(common));
+  StoreSettings(common, store, unsaved);
+  ListSettings(store, list, ::isatty(STDOUT_FILENO) != 0, kCodec, out);
+  return unsaved ? ExitStatus::Refused : ExitStatus::Done;
+}
+
 ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::ostream& out) {
   const Project* project = nullptr;
   const std::string settingsFile =
@@ -107,16 +134,10 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
     const LateWork::Pause pause(events.Late());
     EndWithReport(failure, project, {folder, HomeFolder(), settingsFile}, PrintReport);
   });
-  SettingsFile store(settingsFile,
-                     options.Common.Private ? SettingsFile::Use::Copy : SettingsFile::Use::Shared);
-  store.OnUnsaved = [](const std::string& path, int error) {
-    std::cerr << "requite-console: settings cannot be saved in \"" << path
-              << "\" and last for this run only: " << std::strerror(error) << std::endl;
-  };
+  bool unsaved = false;  // a run goes on without what could not be stored
+  SettingsFile store(settingsFile, UseOfSettings(options.Common));
   store.PutOffWith(events.Late());
-  for (const auto& [key, value] : options.Common.Settings) {
-    store.Write(FromUtf8(key), SettingValue(kCodec, key, value));
-  }
+  StoreSettings(options.Common, store, unsaved);
   RunSettings settings(store);
   for (const auto& [key, value] : options.Common.RunSettings) {
     settings.Hold(FromUtf8(key), SettingValue(kCodec, key, value));
@@ -210,6 +231,8 @@ ExitStatus Main(int argc, char** argv, std::ostream& out) {
     if (!why.empty()) std::cerr << "requite-console: " << why << std::endl;
     return status;
   }
+  if (const auto* settings = std::get_if<SettingsOptions>(&options.Command))
+    return RunList(*settings, options.Common, out);
   const QCoreApplication application(argc, argv);
   const ProgramFolder folder = options.Common.ProgramFolder.empty()
                                    ? ChooseProgramFolder(ProgramPlaces::OfThisProgram())

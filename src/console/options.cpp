@@ -9,24 +9,23 @@
 #include "console/partner_table.h"
 #include "console/path_checks.h"
 #include "console/script/script_commands.h"
+#include "console/setting_words.h"
 #include "console/text_codec.h"
 #include "console/unknown_word.h"
-#include "model/visitor.h"
 #include "platform/text.h"
 #include "shell/product.h"
 
 namespace requite {
 namespace {
 
+constexpr const char* kStoredWords = "Words for settings, stored in the same way as by --set";
+
 struct RawCommon {
   std::string ProgramFolder;
   std::string SettingsFile;
-  std::vector<std::string> Settings;
+  SettingPairs Settings;     // in the order in which they were written
+  SettingPairs RunSettings;  // likewise
   std::vector<std::string> ConnectTo;
-  bool Secure = false;
-  bool History = false;
-  std::optional<std::string> UserAgent;
-  int SitesAtATime = 0;  // 0: as the settings say
   bool Private = false;
   bool Quiet = false;
 };
@@ -52,19 +51,51 @@ void AddProgramFolder(CLI::App& app, RawCommon& common) {
       ->type_name("DIR");
 }
 
-void AddCommonOptions(CLI::App& app, RawCommon& common) {
-  AddProgramFolder(app, common);
+/// Words are taken when they are read, so that the last of several for one setting wins, --set or not.
+void AddSettingWord(CLI::App& app, const SettingWord& word, SettingPairs& pairs) {
+  const std::string option(word.Option);
+  const auto take = [&word, &pairs](const std::string& value) {
+    const std::string why = TakeSettingWord(word, value, pairs);
+    if (!why.empty()) throw CLI::ValidationError(std::string(word.Option), why);
+  };
+  CLI::Option* const added = word.Form.empty()
+                                 ? app.add_flag_callback(
+                                       option, [take] { take({}); }, std::string(word.Words))
+                                 : app.add_option_function<std::string>(option, take, std::string(word.Words))
+                                       ->type_name(std::string(word.Form));
+  added->trigger_on_parse();
+  if (word.How == SettingWord::Lasts::Stored) added->group(kStoredWords);
+}
+
+/// --settings, --set and the words that are the same as --set.
+void AddStoredSettings(CLI::App& app, RawCommon& common) {
   app.add_option("--settings", common.SettingsFile, "The settings store to use")->type_name("FILE");
-  AddRepeatable(app, "--set", common.Settings, "Write one setting before anything else runs", "KEY=VALUE");
-  app.add_flag("--secure", common.Secure,
-               "Ask for pages over HTTPS where a site offers it, in this run (chkSecure=1)");
-  app.add_option("--user-agent", common.UserAgent,
-                 "The name given to sites in this run (txtUserAgent); many refuse a visitor without one")
-      ->type_name("TEXT");
-  app.add_option("--sites-at-a-time", common.SitesAtATime,
-                 "Read up to N sites side by side in this run, with the same results (SitesAtATime)")
-      ->type_name("N")
-      ->check(CLI::Range(1, 256).description(""));
+  const auto set = [&common](const std::string& pair) {
+    const std::size_t sign = pair.find('=');
+    if (sign == std::string::npos || sign == 0)
+      throw CLI::ValidationError("--set", "\"" + pair + "\" is not KEY=VALUE");
+    common.Settings.emplace_back(pair.substr(0, sign), pair.substr(sign + 1));
+  };
+  app.add_option_function<std::string>(
+         "--set", set,
+         "Store one setting before anything else runs; the command settings lists the keys. Repeatable")
+      ->type_name("KEY=VALUE")
+      ->trigger_on_parse();
+  for (const SettingWord& word : SettingWords()) {
+    if (word.How == SettingWord::Lasts::Stored) AddSettingWord(app, word, common.Settings);
+  }
+}
+
+enum class OfCommand { Scan, Other };
+
+void AddCommonOptions(CLI::App& app, RawCommon& common, OfCommand command = OfCommand::Other) {
+  AddProgramFolder(app, common);
+  AddStoredSettings(app, common);
+  for (const SettingWord& word : SettingWords()) {
+    if (word.How == SettingWord::Lasts::Stored) continue;
+    if (word.OfScanOnly && command != OfCommand::Scan) continue;
+    AddSettingWord(app, word, common.RunSettings);
+  }
   AddRepeatable(app, "--connect-to", common.ConnectTo,
                 "Send connections to HOST:PORT to ADDRESS:PORT2 (an empty HOST or PORT matches any)",
                 "HOST:PORT:ADDRESS:PORT2");
@@ -72,29 +103,10 @@ void AddCommonOptions(CLI::App& app, RawCommon& common) {
   app.add_flag("-q,--quiet", common.Quiet, "No progress and no summary on standard error");
 }
 
-/// Options that stand for a setting in this run. They win over --set. Returns a problem or an empty text.
-std::string TakeSettingOptions(const RawCommon& raw, CommonOptions& common) {
-  if (raw.Secure) common.RunSettings.emplace_back(setting::chkSecure.Name, "1");
-  if (raw.SitesAtATime > 0) {
-    common.RunSettings.emplace_back(setting::SitesAtATime.Name, std::to_string(raw.SitesAtATime));
-  }
-  if (raw.History) common.RunSettings.emplace_back(setting::chkHistory.Name, "1");
-  if (!raw.UserAgent) return {};
-  if (*raw.UserAgent != WithoutControlCharacters(*raw.UserAgent)) {
-    return "--user-agent: the name holds a control character, such as a line end";
-  }
-  common.RunSettings.emplace_back(setting::txtUserAgent.Name, *raw.UserAgent);
-  return {};
-}
-
 /// The first problem with the common options, or an empty text.
 std::string TakeCommon(const RawCommon& raw, CommonOptions& common) {
-  for (const std::string& each : raw.Settings) {
-    const std::size_t sign = each.find('=');
-    if (sign == std::string::npos || sign == 0) return "--set: \"" + each + "\" is not KEY=VALUE";
-    common.Settings.emplace_back(each.substr(0, sign), each.substr(sign + 1));
-  }
-  if (std::string why = TakeSettingOptions(raw, common); !why.empty()) return why;
+  common.Settings = raw.Settings;
+  common.RunSettings = raw.RunSettings;
   for (const std::string& each : raw.ConnectTo) {
     std::optional<ConnectRule> rule = ReadConnectRule(each);
     if (!rule) return "--connect-to: \"" + each + "\" is not HOST:PORT:ADDRESS:PORT2";
@@ -199,11 +211,9 @@ void AddScan(CLI::App& app, ScanOptions& scan, RawCommon& common) {
   command.add_flag("--post", scan.Post,
                    "Post the results to the project's script URLs: its one URL, or with --set optAll=1 "
                    "the URL of each Main Site");
-  command.add_flag("--history", common.History,
-                   "Record this scan, so that the command changes can tell what it changed (chkHistory=1)");
   AddSeconds(command, "--skip-after", scan.SkipAfter, "Press Skip when a site takes longer");
   AddSeconds(command, "--stop-after", scan.StopAfter, "Press Stop when the scan takes longer");
-  AddCommonOptions(command, common);
+  AddCommonOptions(command, common, OfCommand::Scan);
   command.footer(
       "The result rows go to standard output, unless one of the files does or --output names another.\n"
       "Exit status: 0 every site links back as often as expected, 1 at least one does not, 2 the command "
@@ -239,6 +249,18 @@ void AddImport(CLI::App& app, ImportOptions& import, RawCommon& common) {
       "wrong, and nothing was added; 70 a failure ended the program.");
 }
 
+void AddSettings(CLI::App& app, SettingsOptions& settings, RawCommon& common) {
+  CLI::App& command =
+      *app.add_subcommand("settings", "List all settings with their values and what they mean");
+  command.add_option("--format", settings.FormatName, "Text on a terminal and tsv elsewhere when left out")
+      ->type_name("text|tsv|json");
+  AddStoredSettings(command, common);
+  command.footer(
+      "What --set and the words store is in the list already. Without them nothing is written.\n"
+      "Exit status: 0 the settings are listed, 2 the command line or the settings file is wrong.");
+  AddEndFlags(command);
+}
+
 void AddOpen(CLI::App& app, OpenOptions& open) {
   CLI::App& command = *app.add_subcommand("open", "Start the window program with a project");
   command.add_option("FILE", open.Project, "The project file; the one of the last time when left out");
@@ -263,7 +285,8 @@ std::optional<EndAtOnce> Parse(CLI::App& app, int argc, const char* const* argv)
     std::string unknown = UnknownWord(app);
     if (!unknown.empty()) return Refuse(std::move(unknown));
     if (app.get_subcommands().empty())
-      return Refuse("a command is missing: scan, script, import, open, changes or history (see --help)");
+      return Refuse(
+          "a command is missing: scan, script, import, open, settings, changes or history (see --help)");
     return Refuse(error.what());
   }
   return std::nullopt;
@@ -286,6 +309,8 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   AddScript(app, script, listsCommands, common);
   AddImport(app, import, common);
   AddOpen(app, open);
+  SettingsOptions settings;
+  AddSettings(app, settings, common);
   ChangesOptions changes;
   HistoryOptions history;
   AddProgramFolder(AddChanges(app, changes), common);
@@ -293,6 +318,8 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   if (std::optional<EndAtOnce> end = Parse(app, argc, argv)) return *std::move(end);
   if (listsCommands) return EndAtOnce{ExitStatus::Done, CommandTable()};
 
+  // A list needs no settings file that can be written, nor one at all.
+  if (app.got_subcommand("settings") && common.Settings.empty()) common.Private = true;
   Options options;
   std::string why = TakeCommon(common, options.Common);
   if (why.empty() && app.got_subcommand("scan")) {
@@ -307,6 +334,9 @@ std::variant<Options, EndAtOnce> ReadCommandLine(int argc, const char* const* ar
   } else if (why.empty() && app.got_subcommand("import")) {
     why = TakeImport(import);
     options.Command = import;
+  } else if (why.empty() && app.got_subcommand("settings")) {
+    why = TakeSettings(settings);
+    options.Command = settings;
   } else if (app.got_subcommand("open")) {
     open.Project = AbsolutePath(open.Project);
     if (!open.Project.empty()) why = WhyNotReadable(open.Project);

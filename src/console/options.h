@@ -9,6 +9,7 @@
 
 #include "console/exit_status.h"
 #include "console/history_options.h"
+#include "console/settings_command.h"
 #include "system/connect_map.h"
 
 namespace requite {
@@ -59,7 +60,8 @@ struct ImportOptions {
 
 struct Options {
   CommonOptions Common;
-  std::variant<ScanOptions, ScriptOptions, ImportOptions, OpenOptions, ChangesOptions, HistoryOptions>
+  std::variant<ScanOptions, ScriptOptions, ImportOptions, OpenOptions, SettingsOptions, ChangesOptions,
+               HistoryOptions>
       Command;
 };
 

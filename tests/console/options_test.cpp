@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "console/run_settings.h"
+#include "console/setting_words.h"
 #include "platform/text.h"
 #include "support/fakes.h"
 
@@ -62,6 +63,26 @@ TEST_F(CommandLine, WhatStandsForASettingHoldsForThisRun) {
   }
 }
 
+TEST_F(CommandLine, PlainWordsAreTheSameAsSetAndTheLastOneWins) {
+  for (const std::string command : {"scan", "settings"}) {
+    const std::string project = command == "scan" ? project_ + " " : "";
+    const auto read = Read(Split(command + " " + project +
+                                     "--set txtTimeout=9 --timeout 5 --set txtTimeout=7 --max-pages 100 "
+                                     "--no-redirects --pause 250 --redirects",
+                                 " "));
+    ASSERT_TRUE(std::holds_alternative<Options>(read)) << std::get<EndAtOnce>(read).Text;
+    EXPECT_EQ(std::get<Options>(read).Common.Settings, (SettingPairs{{"txtTimeout", "9"},
+                                                                     {"txtTimeout", "5"},
+                                                                     {"txtTimeout", "7"},
+                                                                     {"chkAuto", "1"},
+                                                                     {"cmbAdvance", "3"},
+                                                                     {"chkRedirect", "0"},
+                                                                     {"PauseBetweenPages", "250"},
+                                                                     {"chkRedirect", "1"}}));
+    EXPECT_TRUE(std::get<Options>(read).Common.RunSettings.empty());
+  }
+}
+
 TEST_F(CommandLine, TheHistoryIsWrittenByThisScanAndReadSinceADateOrAScan) {
   const auto scan = Read({"scan", project_, "--history"});
   ASSERT_TRUE(std::holds_alternative<Options>(scan));
@@ -112,6 +133,12 @@ TEST_F(CommandLine, MistakesAreOneLineAndRefused) {
       {"script", "--user-agent"},
       {"scan", project_, "--sites-at-a-time", "0"},
       {"scan", project_, "--sites-at-a-time", "257"},
+      {"scan", project_, "--timeout", "0"},
+      {"scan", project_, "--timeout", "32768"},
+      {"scan", project_, "--timeout", "5s"},
+      {"scan", project_, "--max-pages", "99"},
+      {"settings", "--format", "csv"},
+      {"settings", "--secure"},
       {"scan", project_, "--output", dir},
       {"scan", project_, "--connect-to", "a:80:127.0.0.1:99999"},
       {"scan", dir + "/gone.prj"},
@@ -154,7 +181,7 @@ TEST_F(CommandLine, AWordThatMeansNothingIsNamedWithTheNearestRightOne) {
       {{"--private", "scan", project_}, "option --private belongs after its command, such as scan"},
       {{"scan", project_, "other.prj"}, "unexpected argument other.prj"},
       {{"scan", project_, "--tab", "-", "--page", "-"}, "--tab and --page cannot both be standard output"},
-      {{}, "a command is missing: scan, script, import, open, changes or history (see --help)"},
+      {{}, "a command is missing: scan, script, import, open, settings, changes or history (see --help)"},
       {{"scan", project_, "--format", "jsno"},
        "--format: \"jsno\" is not one of tsv, csv, json and junit, did you mean json?"},
       {{"scan", project_, "--tab", "-", "--format", "json"},
