@@ -16,7 +16,7 @@
 #include "console/output_buffer.h"
 #include "console/path_checks.h"
 #include "console/program.h"
-#include "console/run_settings.h"
+#include "platform/run_settings.h"
 #include "console/scan_command.h"
 #include "console/script/script_runner.h"
 #include "console/settings_command.h"

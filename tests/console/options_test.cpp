@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-#include "console/run_settings.h"
+#include "platform/run_settings.h"
 #include "console/setting_words.h"
 #include "platform/text.h"
 #include "support/fakes.h"

@@ -36,7 +36,7 @@ scene() {
 }
 set_to() { printf 'put %s %s\n' "$@" | "$work/bin/requite-console" script || fail "settings cannot be written"; }
 setting() { printf 'get %s\n' "$1" | "$work/bin/requite-console" script; }
-start() { "$work/bin/requite" 2> "$work/err" & pids+=($!); pid=$!; }
+start() { "$work/bin/requite" "$@" 2> "$work/err" & pids+=($!); pid=$!; }
 # window_of PID TITLE: waits for a window of that process with that title and gives it the keyboard.
 window_of() {
   for _ in 1 2 3; do   # a window that closes while xdotool looks at it ends xdotool
@@ -85,6 +85,18 @@ close_main "$second"; ended "$second" 0
 [ "$(setting LastProject)" = "$work/both.prj" ] || fail "the second copy's setting is lost"
 grep -q '^two-copies.example' "$work/both.prj" || fail "the project was not saved"
 [ -z "$(find "$XDG_CONFIG_HOME" -name '*damaged*')" ] || fail "the settings file was damaged"
+
+scene new-project   # as the desktop's action starts it: the last project is neither shown nor forgotten
+set_to LastProject "$sample"
+start --new
+window_of "$pid" "$mainTitle"
+[ "$(setting LastProject)" = "$sample" ] || fail "the last project is forgotten"
+xdotool type --delay 20 new.example
+keys Return ctrl+s
+save_to "$work/new.prj"
+close_main "$pid"; ended "$pid" 0
+[ "$(grep -c '\.example' "$work/new.prj")" -eq 1 ] || fail "the last project was loaded"
+[ "$(setting LastProject)" = "$work/new.prj" ] || fail "the new project is not the last one"
 
 scene help   # no program shows help files: the pages come up in a window of the program
 set_to showHelp 1

@@ -5,9 +5,11 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <cstdlib>
+#include <iomanip>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "platform/process_start.h"
@@ -22,6 +24,7 @@
 #include "qt/window/scan_services.h"
 #include "shell/product.h"
 #include "shell/recovery.h"
+#include "shell/window_words.h"
 #include "system/freed_memory.h"
 
 namespace requite {
@@ -49,7 +52,37 @@ void OneLineWithoutDisplay(QtMsgType kind, const QMessageLogContext&, const QStr
   std::_Exit(1);
 }
 
-int Run(QApplication& application) {
+void PrintHelp() {
+  std::cout << "The window of Requite. Its projects and settings are chosen in the window itself.\n"
+               "Usage: requite [OPTION]\n\n";
+  for (const WindowWord& word : kWindowWords) {
+    const std::string names =
+        std::string(word.Short) + (word.Short.empty() ? "" : ",") + std::string(word.Long);
+    std::cout << "  " << std::left << std::setw(16) << names << word.Words << '\n';
+  }
+  std::cout << std::endl << "requite-console open FILE opens a project." << std::endl;
+}
+
+enum class FirstProject { Last, New };
+
+/// What the command line asks for; nothing when it only asked for a text, which was printed.
+std::optional<FirstProject> ReadWords(int argc, char** argv) {
+  FirstProject first = FirstProject::Last;
+  for (const char* const each : std::span(argv, static_cast<std::size_t>(argc)).subspan(1)) {
+    if (IsWord(each, window_word::kHelp)) {
+      PrintHelp();
+      return std::nullopt;
+    }
+    if (IsWord(each, window_word::kVersion)) {
+      std::cout << "requite " << product::kVersion << std::endl;
+      return std::nullopt;
+    }
+    if (IsWord(each, window_word::kNew)) first = FirstProject::New;
+  }
+  return first;
+}
+
+int Run(QApplication& application, FirstProject first) {
   const ProgramFolder folder = ChooseProgramFolder(ProgramPlaces::OfThisProgram());
   const Project* project = nullptr;
   LateWork* late = nullptr;
@@ -66,6 +99,7 @@ int Run(QApplication& application) {
   const ConnectMap map;
   DesktopServices services(guard, map, DefaultSettingsPath());
   late = &services.All.EventLoop.Late();
+  if (first == FirstProject::New) services.ForgetLastProject();
   SessionBus desktop;
 
   splash.show();
@@ -103,6 +137,8 @@ int main(int argc, char** argv) {
   requite::OpenStandardStreams();
   requite::LetWritesFail();
   requite::KeepFreedMemory();
+  const auto first = requite::ReadWords(argc, argv);
+  if (!first) return 0;
   requite::PrepareWebEngine();
   requite::StayOffMissingBus();
   qInstallMessageHandler(requite::OneLineWithoutDisplay);
@@ -113,5 +149,5 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("requite");
   QApplication::setDesktopFileName("requite");
   QApplication::setWindowIcon(requite::ProductIcon());
-  return requite::Run(application);
+  return requite::Run(application, *first);
 }

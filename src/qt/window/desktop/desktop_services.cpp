@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cstring>
 
+#include "model/settings.h"
 #include "model/visitor.h"
 #include "qt/services/code_page.h"
 #include "qt/window/desktop/opening_failed.h"
@@ -16,7 +17,8 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
                                  const std::string& settingsPath)
     : guard_(guard),
       map_(map),
-      store_(settingsPath),
+      file_(settingsPath),
+      store_(file_),
       descriptors_(guard, events_.Late()),
       poller_(descriptors_, guard),
       resolver_(poller_),
@@ -25,14 +27,16 @@ DesktopServices::DesktopServices(const EventGuard& guard, const ConnectMap& map,
       timTimeout_(guard),
       timer1_(guard),
       internet_(descriptors_, map, AsciiHost) {
-  store_.PutOffWith(events_.Late());
+  file_.PutOffWith(events_.Late());
   shell_.OnFailed = ShowUnopened;
-  store_.OnUnsaved = [this](const std::string& path, int error) {
+  file_.OnUnsaved = [this](const std::string& path, int error) {
     unsaved_ = "Your settings cannot be saved in " + FromUtf8(path) + ": " + std::strerror(error) +
                ".\r\nThey last until the program ends.";
     if (mayTell_) SayUnsaved();
   };
 }
+
+void DesktopServices::ForgetLastProject() { store_.Hold(std::string(setting::LastProject.Name), ""); }
 
 void DesktopServices::TellUnsavedSettings() {
   mayTell_ = true;

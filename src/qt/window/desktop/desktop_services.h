@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/dialogs_after_late_work.h"
+#include "platform/run_settings.h"
 #include "qt/services/desktop_shell.h"
 #include "qt/services/qt_descriptor_loop.h"
 #include "qt/services/qt_event_loop.h"
@@ -32,6 +33,10 @@ class DesktopServices {
   /// saved. A failure before this call is reported by it.
   void TellUnsavedSettings();
 
+  /// Call it before the main window is made: in this run there is no last project, for the start as well as for
+  /// auto-save, until one is saved or opened. The stored setting stays.
+  void ForgetLastProject();
+
   /// What further page connections are made with.
   [[nodiscard]] RunAheadServices::Parts Parts() {
     return {guard_, descriptors_, poller_, resolver_, map_, secure_};
@@ -46,7 +51,8 @@ class DesktopServices {
   const ConnectMap& map_;
   std::string unsaved_;  ///< the message about the settings, if any
   bool mayTell_ = false;
-  SettingsFile store_;
+  SettingsFile file_;
+  RunSettings store_;
   QtEventLoop events_;
   QtDescriptorLoop descriptors_;
   SocketPoller poller_;

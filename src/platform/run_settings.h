@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Settings that the command line gives for one run, over the stored ones.
+// Settings that hold for one run, over the stored ones.
 #pragma once
 
 #include <functional>
