@@ -69,7 +69,8 @@ class FileHandle {
 void TakeBack(const std::string& path, off_t size) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
-  static_cast<void>(size == 0 ? ::unlink(path.c_str()) : ::truncate(path.c_str(), size));
+  const int result = size == 0 ? ::unlink(path.c_str()) : ::truncate(path.c_str(), size);
+  static_cast<void>(result);  // the failure before this one is told
 }
 
 }  // namespace

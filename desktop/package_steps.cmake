@@ -1,3 +1,9 @@
+# The last steps before the package is packed: sections that nothing reads are removed, and the packages that ours
+# depends on are found.
+file(GLOB binaries ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/* ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/lib/requite/*)
+execute_process(COMMAND strip --strip-unneeded --remove-section=.comment --remove-section=.note ${binaries}
+                COMMAND_ERROR_IS_FATAL ANY)
+
 # The packages that ours depends on: those of the libraries that the executables are linked to. The web views'
 # library does not count: the program runs without a browser, which is therefore only recommended.
 file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*)
