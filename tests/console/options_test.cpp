@@ -6,8 +6,8 @@
 
 #include <filesystem>
 
-#include "platform/run_settings.h"
 #include "console/setting_words.h"
+#include "platform/run_settings.h"
 #include "platform/text.h"
 #include "support/fakes.h"
 

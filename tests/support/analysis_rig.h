@@ -123,8 +123,8 @@ struct AnalysisRig {
     return text;
   }
 
-  PageSteps Steps;
   ScanRig Rig;
+  PageSteps Steps;
 };
 
 }  // namespace requite::test

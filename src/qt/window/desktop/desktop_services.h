@@ -33,8 +33,8 @@ class DesktopServices {
   /// saved. A failure before this call is reported by it.
   void TellUnsavedSettings();
 
-  /// Call it before the main window is made: in this run there is no last project, for the start as well as for
-  /// auto-save, until one is saved or opened. The stored setting stays.
+  /// Call it before the main window is made: in this run there is no last project, for the start as well as
+  /// for auto-save, until one is saved or opened. The stored setting stays.
   void ForgetLastProject();
 
   /// What further page connections are made with.

@@ -4,7 +4,9 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QTableView>
+#include <QWidgetAction>
 
 #include "qt/window/controls/shown_text.h"
 #include "qt/window/controls/user_events.h"
@@ -65,18 +67,29 @@ void PopUp(QTableView& view, ListTable& table, const UserEvents& user, const Row
 
 }  // namespace
 
-MenuHead::MenuHead(QMenu& menu) : head_(new QAction(&menu)) {
+MenuHead::MenuHead(QMenu& menu) : menu_(menu), head_(new QWidgetAction(&menu)), words_(new QLabel(&menu)) {
   head_->setObjectName("menuHead");
   head_->setEnabled(false);
-  QFont bold = menu.font();
-  bold.setBold(true);
-  head_->setFont(bold);
+  words_->setTextFormat(Qt::PlainText);
+  words_->setContentsMargins(9, 4, 9, 4);
+  head_->setDefaultWidget(words_);
   QAction* const first = menu.actions().value(0);
   menu.insertAction(first, head_);
   menu.insertSeparator(first);
 }
 
-void MenuHead::Show(const QString& name) { head_->setText(AsMenuEntry(name)); }
+/// Unlike an entry that is grey, a heading must be easy to read.
+void MenuHead::Show(const QString& name) {
+  QFont bold = menu_.font();
+  bold.setBold(true);
+  words_->setFont(bold);
+  QPalette colours = menu_.palette();
+  colours.setColor(QPalette::Disabled, QPalette::WindowText,
+                   colours.color(QPalette::Active, QPalette::WindowText));
+  words_->setPalette(colours);
+  words_->setText(ShortName(name));
+  head_->setText(ShortName(name).replace('&', "&&"));
+}
 
 void AddRowMenu(QTableView& view, ListTable& table, const UserEvents& user, const RowOffers& offers) {
   view.setContextMenuPolicy(Qt::CustomContextMenu);

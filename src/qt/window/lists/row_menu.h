@@ -8,23 +8,27 @@
 
 #include "platform/list_view.h"
 
+class QLabel;
 class QTableView;
+class QWidgetAction;
 
 namespace requite {
 
 class ListTable;
 class UserEvents;
 
-/// Names the row that a menu acts on in front of its entries: an entry that cannot be chosen.
+/// Names the row that a menu acts on, in a heading above its entries.
 class MenuHead {
  public:
-  /// Goes before the entries that the menu has now. The menu owns what is added.
+  /// Goes before the entries that the menu has now. The menu owns the heading.
   explicit MenuHead(QMenu& menu);
   /// `name` is plain text of any origin.
   void Show(const QString& name);
 
  private:
-  QAction* head_;
+  QMenu& menu_;
+  QWidgetAction* head_;
+  QLabel* words_;
 };
 
 /// What a list offers for its rows beside Copy.

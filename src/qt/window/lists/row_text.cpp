@@ -7,7 +7,7 @@
 namespace requite {
 namespace {
 
-constexpr qsizetype kLongestEntry = 60;  // characters
+constexpr qsizetype kLongestName = 60;  // characters
 
 QString FieldText(const std::string& bytes) {
   QString text = ToUnicode(bytes);
@@ -44,9 +44,9 @@ std::vector<int> SelectedRows(const ListView& list) {
   return rows;
 }
 
-QString AsMenuEntry(const QString& text) {
-  QString entry = text.size() > kLongestEntry ? text.left(kLongestEntry - 1) + QChar(0x2026) : text;
-  return entry.replace('&', "&&");
+QString ShortName(const QString& text) {
+  if (text.size() <= kLongestName) return text;
+  return text.left(kLongestName / 2) + QChar(0x2026) + text.right(kLongestName / 2 - 1);
 }
 
 }  // namespace requite

@@ -17,7 +17,7 @@ namespace requite {
 /// The rows that are selected, in their order.
 [[nodiscard]] std::vector<int> SelectedRows(const ListView& list);
 
-/// A text of any origin as the entry of a menu, shortened to a width that a menu can have.
-[[nodiscard]] QString AsMenuEntry(const QString& text);
+/// The text, shortened in its middle to a width that a menu can have.
+[[nodiscard]] QString ShortName(const QString& text);
 
 }  // namespace requite

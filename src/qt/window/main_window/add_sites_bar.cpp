@@ -35,7 +35,7 @@ AddSitesBar::AddSitesBar(Form1& form, const UserEvents& user, Say say, QWidget* 
       say_(std::move(say)),
       add_(&NoticeBar::Offer("addSitesAll", {}, [this] { Add(true); })),
       addNew_(&NoticeBar::Offer("addSitesNew", {}, [this] { Add(false); })) {
-  NoticeBar::Offer("addSitesShow", tr("S&how..."), [this] { ShowDetails(); });
+  NoticeBar::Offer("addSitesShow", tr("Show..."), [this] { ShowDetails(); });
 }
 
 AddSitesBar::Target AddSitesBar::TargetOf(Kind kind) const {
@@ -72,8 +72,8 @@ void AddSitesBar::Offer(Kind kind, const QString& text) {
     return say_(lines_.LeftOut.isEmpty() ? tr("There is no site in this text.")
                                          : tr("There is no site in this text: %1").arg(lines_.LeftOut[0]));
   const std::size_t known = lines_.Known();
-  add_->setText(known == 0 ? tr("A&dd") : tr("A&dd all %L1").arg(lines_.Sites.size()));
-  addNew_->setText(tr("Add the %L1 &new").arg(lines_.Sites.size() - known));
+  add_->setText(known == 0 ? tr("Add") : tr("Add all %L1").arg(lines_.Sites.size()));
+  addNew_->setText(tr("Add the %L1 new").arg(lines_.Sites.size() - known));
   addNew_->setVisible(known > 0 && known < lines_.Sites.size());
   NoticeBar::Say(Question(), Details());
 }

@@ -218,10 +218,11 @@ void MainWindow::AddShortcuts() {
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, &MainWindow::FindRows);
 }
 
-/// The site lists are on the left, the results are on the right.
+/// The box of the results, or that of the list that has the keyboard; from there on to the other one.
 void MainWindow::FindRows() {
   const QWidget* const now = QApplication::focusWidget();
-  if (now != nullptr && left_->isAncestorOf(now) && siteFilter_->isVisible()) return siteFilter_->Take();
+  const bool amongSites = now != nullptr && siteFilter_->parentWidget()->isAncestorOf(now);
+  if (amongSites && now != siteFilter_ && siteFilter_->isVisible()) return siteFilter_->Take();
   user_.Run([this] { form_.TabStrip1.Select(static_cast<int>(ResultTab::Links)); });
   if (resultFilter_->isVisible()) return resultFilter_->Box().Take();
   answers_->Say(tr("There are no results to look through yet."));

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QToolButton>
 #include <array>
@@ -41,6 +42,8 @@ constexpr std::array kKinds{
          QT_TRANSLATE_NOOP("ResultFilter", "sites that were not reached"), SiteOutcome::NotReached,
          &SiteCounts::NotReached}};
 
+constexpr int kDarker = 150;  // percent
+
 }  // namespace
 
 ResultFilter::ResultFilter(Form1& form, ListTable& table, QWidget& view, QWidget* parent)
@@ -71,6 +74,7 @@ ResultFilter::ResultFilter(Form1& form, ListTable& table, QWidget& view, QWidget
   connect(kinds_, &QButtonGroup::idToggled, this, [this](int, bool on) {
     if (on) Choose();
   });
+  MarkChosen();
   Follow();
 }
 
@@ -80,7 +84,27 @@ void ResultFilter::ShowOnly(std::optional<SiteOutcome> outcome) {
   }
 }
 
+/// On dark windows a pressed button alone looks like the others.
+void ResultFilter::MarkChosen() {
+  for (QAbstractButton* each : kinds_->buttons()) {
+    QPalette colours;
+    if (each->isChecked()) {
+      // Styles draw a button lighter than its colour, and white letters must stay readable on it.
+      const QColor highlight = palette().color(QPalette::Active, QPalette::Highlight);
+      colours.setColor(QPalette::Button, highlight.darker(kDarker));
+      colours.setColor(QPalette::ButtonText, palette().color(QPalette::Active, QPalette::HighlightedText));
+    }
+    each->setPalette(colours);
+  }
+}
+
+void ResultFilter::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) MarkChosen();
+  QWidget::changeEvent(event);
+}
+
 void ResultFilter::Choose() {
+  MarkChosen();
   const Kind& kind = kKinds[static_cast<std::size_t>(kinds_->checkedId())];
   if (!kind.Outcome) return box_->SetCondition(nullptr, {});
   seen_ = outcomes_.Version();

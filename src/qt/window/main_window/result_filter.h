@@ -26,7 +26,11 @@ class ResultFilter : public QWidget {
   /// Shows the counts of the sites as they are now.
   void Follow();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void MarkChosen();
   void Choose();
 
   Form1& form_;
