@@ -17,7 +17,7 @@ void SeenPage(benchmark::State& state) {
   rig.NewSite();
   const auto pages = static_cast<std::int32_t>(state.range(0));
   for (std::int32_t i = 1; i <= pages; ++i) {
-    rig.State().SeenPages.Store(i, PageUrl(i));
+    rig.State().SeenPages.Store(i, HashedText(PageUrl(i)));
     rig.Context().Lists.List2.Add({PageUrl(i)});
     rig.Context().Project.List1(1).Add({"site" + std::to_string(i) + ".example", "1", "", "", ""});
   }

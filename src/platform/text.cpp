@@ -41,7 +41,13 @@ void FoldByTable(char* begin, const char* end) {
 unsigned char FoldByte(unsigned char byte) { return kFoldTable[byte]; }
 
 std::string Lower(std::string_view text) {
-  std::string lower(text);
+  std::string lower;
+  SetLower(lower, text);
+  return lower;
+}
+
+void SetLower(std::string& lower, std::string_view text) {
+  lower.assign(text);
   char* at = lower.data();
   char* const end = at + lower.size();
   // Letters beyond ASCII are rare, and without them the compiler can fold a block at a time.
@@ -53,7 +59,6 @@ std::string Lower(std::string_view text) {
     }
   }
   FoldByTable(at, end);
-  return lower;
 }
 
 bool Equals(std::string_view a, std::string_view b, Compare compare) {

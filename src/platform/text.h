@@ -19,6 +19,8 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 
 /// The whole text in lower case.
 [[nodiscard]] std::string Lower(std::string_view text);
+/// The same in a text that exists already and keeps its memory. `text` must not be part of it.
+void SetLower(std::string& lower, std::string_view text);
 
 /// Offset of the first occurrence of `what` at or after `from`, or npos.
 /// An empty `what` is found at `from`, except that nothing is ever found in an empty `text`.

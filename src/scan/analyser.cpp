@@ -69,9 +69,10 @@ Analyser::LinkUse Analyser::TakeLink(std::string& link) {
     return UseOfRefused(link);
   }
   if (!GoesOn(link)) return LinkUse::None;
-  const bool isNew = !IsSeenUrl(scan_.Project, scan_.Lists.List2, scan_.State, link);
+  std::string lower;
+  const bool isNew = WhereSeen(scan_.Project, scan_.Lists.List2, scan_.State, link, lower) == Seen::Nowhere;
   if (!GoesOn(link)) return LinkUse::None;
-  if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link);
+  if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link, lower);
   return GoesOn(link) ? LinkUse::Record : LinkUse::None;
 }
 
@@ -87,13 +88,13 @@ Analyser::LinkUse Analyser::UseOfRefused(std::string_view link) {
   return sites_.IsLinkToMainSite(link) ? LinkUse::Record : LinkUse::None;
 }
 
-void Analyser::QueuePage(const std::string& url) {
+void Analyser::QueuePage(const std::string& url, std::string_view lowerUrl) {
   ScanState& state = scan_.State;
   ++state.PagesQueued;
   scan_.Host.UpdateStats(Counted::PageFound);
   scan_.Lists.List2.Add({url});
   // When the table is full, this throws with the page already queued, and the site ends here.
-  state.SeenPages.Store(state.PagesQueued, url);
+  state.SeenPages.Store(state.PagesQueued, HashedText(lowerUrl));
 }
 
 void Analyser::RecordIfOurs(std::string& link) {

@@ -45,7 +45,7 @@ class Analyser {
   [[nodiscard]] LinkUse TakeLink(std::string& link);
   [[nodiscard]] bool GoesOn(std::string_view link) const;
   [[nodiscard]] LinkUse UseOfRefused(std::string_view link);
-  void QueuePage(const std::string& url);
+  void QueuePage(const std::string& url, std::string_view lowerUrl);
   void RecordIfOurs(std::string& link);
   void FollowMove(PageLines& lines);
   void HandBack();

@@ -1,33 +1,53 @@
 // SPDX-License-Identifier: MIT
-// A table of urls with a hashed index.
+// Each url is held once, however many slots have it.
 #include "scan/seen_pages.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "platform/runtime_failure.h"
-#include "platform/text.h"
 
 namespace requite {
 
-void SeenPages::Store(std::int32_t index, const std::string& url) {
+void SeenPages::Store(std::int32_t index, HashedText lowerUrl) {
   if (index < 0 || index >= kSlots) throw RuntimeFailure(Failure::Subscript);
   const auto slot = static_cast<std::size_t>(index);
   if (slot >= slots_.size()) slots_.resize(slot + 1);
-  if (!slots_[slot].empty()) {
-    const auto old = slotsOf_.find(Lower(slots_[slot]));
-    std::erase(old->second, index);
-    if (old->second.empty()) slotsOf_.erase(old);
+  const std::uint32_t known = urls_.Find(lowerUrl);
+  if (known != TextIndex::kNone && slots_[slot].Url == known) return;
+  Empty(index);
+  if (lowerUrl.Text.empty()) return;
+  const std::uint32_t url = urls_.Add(lowerUrl);
+  std::int32_t before = kEnd;
+  std::int32_t after = urls_.Value(url) - 1;
+  while (after != kEnd && after < index) {
+    before = after;
+    after = slots_[static_cast<std::size_t>(after)].Next;
   }
-  slots_[slot] = url;
-  longest_ = std::max(longest_, url.size());
-  if (url.empty()) return;
-  std::vector<std::int32_t>& held = slotsOf_[Lower(url)];
-  held.insert(std::upper_bound(held.begin(), held.end(), index), index);
+  slots_[slot] = {url, after};
+  if (before == kEnd) {
+    urls_.Value(url) = index + 1;
+  } else {
+    slots_[static_cast<std::size_t>(before)].Next = index;
+  }
 }
 
-bool SeenPages::HasUpTo(std::int32_t last, const std::string& lowerUrl) const {
-  const auto found = slotsOf_.find(lowerUrl);
-  return found != slotsOf_.end() && found->second.front() <= last;
+void SeenPages::Empty(std::int32_t index) {
+  const Slot old = std::exchange(slots_[static_cast<std::size_t>(index)], {});
+  if (old.Url == TextIndex::kNone) return;
+  const std::int32_t first = urls_.Value(old.Url) - 1;
+  if (first == index) {
+    urls_.Value(old.Url) = old.Next + 1;
+    if (old.Next == kEnd) urls_.Remove(old.Url);
+    return;
+  }
+  auto before = static_cast<std::size_t>(first);
+  while (slots_[before].Next != index) before = static_cast<std::size_t>(slots_[before].Next);
+  slots_[before].Next = old.Next;
+}
+
+bool SeenPages::HasUpTo(std::int32_t last, HashedText lowerUrl) const {
+  const std::uint32_t url = urls_.Find(lowerUrl);
+  return url != TextIndex::kNone && urls_.Value(url) - 1 <= last;
 }
 
 }  // namespace requite

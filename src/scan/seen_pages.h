@@ -5,28 +5,38 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
-#include <unordered_map>
+#include <string_view>
 #include <vector>
+
+#include "platform/text_index.h"
 
 namespace requite {
 
+/// Urls are in lower case here: letter case does not count.
 class SeenPages {
  public:
   static constexpr std::int32_t kSlots = 100000;  ///< indices 0 to 99999
 
   /// Stores a url in a slot and replaces what was there. Throws Subscript outside the table.
-  void Store(std::int32_t index, const std::string& url);
-  /// Whether a slot from 0 to `last` holds the url, which must be in lower case; letter case does not count.
-  /// Never true for an empty url.
-  [[nodiscard]] bool HasUpTo(std::int32_t last, const std::string& lowerUrl) const;
+  void Store(std::int32_t index, HashedText lowerUrl);
+  /// Whether a slot from 0 to `last` holds the url. Never true for an empty url.
+  [[nodiscard]] bool HasUpTo(std::int32_t last, HashedText lowerUrl) const;
   /// No slot holds a longer url, in bytes. Replaced urls may still count.
-  [[nodiscard]] std::size_t LongestUrl() const { return longest_; }
+  [[nodiscard]] std::size_t LongestUrl() const { return urls_.Longest(); }
 
  private:
-  std::size_t longest_ = 0;
-  std::vector<std::string> slots_;  // grows to the highest slot stored so far
-  std::unordered_map<std::string, std::vector<std::int32_t>> slotsOf_;  // by lower-case url, ascending
+  struct Slot {
+    std::uint32_t Url = TextIndex::kNone;
+    std::int32_t Next = kEnd;  ///< the next higher slot with the same url
+  };
+  /// Slots that hold the same url are a list, whose first one is the value of the url in the index. As a new
+  /// url has the value 0, that value is one more than the slot.
+  static constexpr std::int32_t kEnd = -1;
+
+  void Empty(std::int32_t index);
+
+  std::vector<Slot> slots_;  // grows to the highest slot stored so far
+  TextIndex urls_;
 };
 
 }  // namespace requite

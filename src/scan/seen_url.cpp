@@ -12,10 +12,11 @@
 namespace requite {
 namespace {
 
-bool IsLinkingSite(Project& project, const std::string& url, const std::string& lowerUrl) {
+bool IsLinkingSite(Project& project, const std::string& url, HashedText lowerUrl) {
   LinkingSiteList& sites = project.List1(project.CurrentMainSite);
-  const bool hasWww = url.find("www.") != std::string::npos;
-  return sites.HasKey(hasWww ? WebsiteKey::Of(url) : lowerUrl);
+  if (url.find("www.") == std::string::npos) return sites.HasKey(lowerUrl);
+  const std::string key = WebsiteKey::Of(url);
+  return sites.HasKey(HashedText(key));
 }
 
 bool IsDigits(std::string_view text) {
@@ -24,15 +25,22 @@ bool IsDigits(std::string_view text) {
 
 }  // namespace
 
-bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url) {
+Seen WhereSeen(Project& project, PageQueue& queue, const ScanState& state, std::string& url,
+               std::string& lowerUrl) {
   RemoveSchemeAndWwwRemains(url);
-  const std::string lowerUrl = Lower(url);
+  SetLower(lowerUrl, url);
+  const HashedText key(lowerUrl);
   // Most links lead to pages that were queued before, so this is tested first.
-  if (!url.empty() && state.SeenPages.HasUpTo(state.PagesQueued, lowerUrl)) return true;
-  if (!url.empty() && queue.HasKey(lowerUrl)) return true;
+  if (!url.empty() && state.SeenPages.HasUpTo(state.PagesQueued, key)) return Seen::Pages;
+  if (!url.empty() && queue.HasKey(key)) return Seen::Queue;
   bool seen = false;
-  PassOver([&] { seen = IsLinkingSite(project, url, lowerUrl); });
-  return seen;
+  PassOver([&] { seen = IsLinkingSite(project, url, key); });
+  return seen ? Seen::LinkingSites : Seen::Nowhere;
+}
+
+bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url) {
+  std::string lowerUrl;
+  return WhereSeen(project, queue, state, url, lowerUrl) != Seen::Nowhere;
 }
 
 std::size_t LongestSeenUrl(Project& project, PageQueue& queue, const ScanState& state) {

@@ -11,8 +11,20 @@
 
 namespace requite {
 
-/// Whether the URL is a Linking Site of the current Main Site, is in the queue, or was queued before on this
-/// site. Removes remains of schemes and outer blanks from `url`, in place. Failures are ignored.
+/// Where a URL was seen before.
+enum class Seen {
+  Nowhere,
+  Pages,         ///< queued before on this site, which stays so until the next site
+  Queue,         ///< in the queue, as the first page of a site is
+  LinkingSites,  ///< a Linking Site of the current Main Site
+};
+
+/// Removes remains of schemes and outer blanks from `url`, in place, and sets `lowerUrl` to the result in
+/// lower case. Failures are ignored.
+[[nodiscard]] Seen WhereSeen(Project& project, PageQueue& queue, const ScanState& state, std::string& url,
+                             std::string& lowerUrl);
+
+/// Whether WhereSeen finds the URL anywhere.
 [[nodiscard]] bool IsSeenUrl(Project& project, PageQueue& queue, const ScanState& state, std::string& url);
 
 /// IsSeenUrl is false for every URL that has more characters than this without any "www.".

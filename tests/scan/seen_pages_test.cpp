@@ -14,16 +14,19 @@ namespace {
 TEST(IsSeenUrl, AgreesWithThePlainWording) {
   ScanRig rig;
   LinkingSiteList& sites = rig.AddMainSite("main.example", {"a", "", "www."});
-  std::vector<std::string> seen(10);
+  std::vector<std::string> seen(30);
   PageGenerator generate(6);
   for (int i = 0; i < 20000; ++i) {
     const std::string entry = generate.Value(generate.Below(3));
-    const int slot = generate.Below(10);
+    const int slot = generate.Below(30);
     if (i % 7 == 0) sites.Set(static_cast<std::size_t>(generate.Below(3)), &LinkingSite::WebsiteUrl, entry);
-    if (i % 5 == 0) rig.State.SeenPages.Store(slot, seen[static_cast<std::size_t>(slot)] = entry);
+    if (i % 5 == 0) {
+      seen[static_cast<std::size_t>(slot)] = entry;
+      rig.State.SeenPages.Store(slot, HashedText(Lower(entry)));
+    }
     if (i % 3 == 0) rig.Lists.List2.Add({entry});
     if (rig.Lists.List2.RowCount() > 4) rig.Lists.List2.Remove(0);
-    rig.State.PagesQueued = generate.Below(10);
+    rig.State.PagesQueued = generate.Below(30);
     std::string url = generate.Value(generate.Below(4));
     std::string plainUrl = url;
     const std::string shown = url;
