@@ -7,8 +7,10 @@
 #include <cstring>
 #include <memory>
 #include <random>
+#include <set>
 
 #include "platform/fold_table.h"
+#include "platform/mark_finder.h"
 #include "platform/needle_set.h"
 #include "platform/search_block.h"
 #include "platform/text.h"
@@ -152,6 +154,42 @@ TEST(SearchBlock, PlainAndFastFormsAgree) {
     }
     ASSERT_EQ(FitsOf64(WordBlock(anchors), copy.View().data()), expected);
     ASSERT_EQ(FitsOf64(FastBlock(anchors), copy.View().data()), expected);
+  }
+}
+
+TEST(MarkFinder, TellsEachPlaceOfEachPatternInBlocksOfAnyWidth) {
+  Noise noise;
+  const std::string alphabet = "abAB\x8A\x9A\x9F\xFF\x10";
+  for (int round = 0; round < 5000; ++round) {
+    std::vector<std::string> patterns;
+    MarkBytes marks;
+    for (std::uint32_t i = 0; i <= Below(noise, 8); ++i) {
+      patterns.push_back(RandomText(noise, alphabet, 1 + Below(noise, round % 4 == 0 ? 3 : 8)));
+      marks.Add(patterns.back(), static_cast<std::uint8_t>(1U << i));
+    }
+    const ExactCopy copy(RandomText(noise, alphabet + "cdefghijklmnopqrstuvw", Below(noise, 150)));
+    const std::string_view text = copy.View();
+    const std::size_t from = Below(noise, 20);
+    const std::size_t end = from + Below(noise, 150);
+    std::set<std::pair<std::size_t, std::size_t>> expected;
+    for (std::size_t i = 0; i < patterns.size(); ++i) {
+      for (std::size_t at = from; at < std::min(end, text.size()); ++at) {
+        if (StartsWith(text.substr(at), patterns[i], Compare::Text)) expected.emplace(at, i);
+      }
+    }
+    std::set<std::pair<std::size_t, std::size_t>> found;
+    std::size_t last = 0;
+    MarkFinder(patterns).ForEach(text, from, end, [&](std::size_t i, std::size_t at) {
+      EXPECT_GE(at, last) << "places come in order";
+      last = at;
+      EXPECT_TRUE(found.emplace(at, i).second) << "each place once";
+    });
+    ASSERT_EQ(found, expected) << text;
+    const std::size_t blocksEnd = text.size() < 2 ? 0 : text.size() - 2;
+    for (std::size_t at = 0; at < blocksEnd; ++at) {
+      ASSERT_EQ(marks.Skip(text.data(), at, blocksEnd), marks.SkipPlainly(text.data(), at, blocksEnd))
+          << text;
+    }
   }
 }
 

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// Where may one of several patterns begin? Looks at three bytes of a text for all patterns at once.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace requite {
+
+/// The first three bytes of up to eight patterns, in both letter cases. Each pattern has a bit. A shorter
+/// pattern goes with any byte after its end.
+class MarkBytes {
+ public:
+  void Add(std::string_view pattern, std::uint8_t bit);
+
+  /// The bits of the patterns whose first three bytes are at `start`.
+  [[nodiscard]] std::uint8_t At(const char* start) const {
+    const auto row = [&](std::size_t i) { return rows_[i][static_cast<unsigned char>(start[i])]; };
+    return static_cast<std::uint8_t>(row(0) & row(1) & row(2));
+  }
+
+  /// The first place from `from` on, but before `end`, where At has a bit, or `end`. Reads two bytes after
+  /// `end`. Uses the widest block that this processor has.
+  [[nodiscard]] std::size_t Skip(const char* text, std::size_t from, std::size_t end) const;
+  /// The same on any machine, one place at a time.
+  [[nodiscard]] std::size_t SkipPlainly(const char* text, std::size_t from, std::size_t end) const;
+
+ private:
+  friend struct WideSkip;
+
+  std::array<std::array<std::uint8_t, 256>, 3> rows_{};
+  /// The same by halves of a byte: a bit is in the row of a byte if it is in those of both halves. The two
+  /// cases of a letter have the same low half.
+  alignas(16) std::array<std::array<std::uint8_t, 16>, 3> low_{};
+  alignas(16) std::array<std::array<std::uint8_t, 16>, 3> high_{};
+};
+
+}  // namespace requite
