@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Page text through triage and analysis, work files included. REQUITE_BENCH_PAGES names a folder of real
-// pages; without it pages are generated.
+// Page text through triage and analysis, with and without the work files. REQUITE_BENCH_PAGES names a folder of
+// real pages; without it pages are generated.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -46,9 +46,12 @@ std::vector<Page> Pages() {
   return pages;
 }
 
-void CrawlOfAllPages(benchmark::State& state) {
+enum class WorkFiles { None, Written };
+
+void CrawlOfAllPages(benchmark::State& state, WorkFiles files) {
   const std::vector<Page> pages = Pages();
   BenchRig rig;
+  rig.Context().WritesWorkFiles = files == WorkFiles::Written;
   std::int64_t bytes = 0;
   std::int64_t links = 0;
   for (auto _ : state) {
@@ -64,7 +67,8 @@ void CrawlOfAllPages(benchmark::State& state) {
   state.counters["queued"] =
       benchmark::Counter(static_cast<double>(links), benchmark::Counter::kAvgIterations);
 }
-BENCHMARK(CrawlOfAllPages)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(CrawlOfAllPages, alone, WorkFiles::None)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(CrawlOfAllPages, with_files, WorkFiles::Written)->Unit(benchmark::kMillisecond);
 
 /// 96 KB with a link every so many bytes; after the first run every page has been seen.
 void DensePage(benchmark::State& state) {

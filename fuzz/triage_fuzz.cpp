@@ -3,7 +3,6 @@
 // of the plain form.
 #include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 #include "scan/triage.h"
@@ -26,11 +25,16 @@ void ComparePreparation(const std::string& body) {
   plain = Replace(plain, "href=", "\r\nhref=", Compare::Text);
   // The first byte chooses the slices.
   const std::size_t slice = body.empty() ? 1 : 1 + static_cast<unsigned char>(body[0]);
-  const std::optional<std::string> lines = PutHrefsOnLines(body, {[] { return true; }, slice});
-  Require(lines == plain);
+  const PreparedPage page = PageMarks("main.example").Prepare(body, {[] { return true; }, slice}).value();
+  Require(page.Text == plain);
+  const auto holds = [&](std::string_view what) { return Contains(body, what, Compare::Text); };
+  Require(page.MainSiteFrom.has_value() == holds("main.example"));
+  Require(page.UnrunScript == holds("<?php"));
+  Require(page.MayHaveMoved ==
+          (holds("302 Found") || holds("301 Moved Permanently") || holds("moved</title>")));
   for (const std::string_view end : {"\r\n", "\r", "\n"}) plain = Replace(plain, end, "", Compare::Binary);
   std::string flat;
-  AppendWithoutLineEnds(flat, *lines);
+  AppendWithoutLineEnds(flat, page.Text);
   Require(flat == plain);
 }
 

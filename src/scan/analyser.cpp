@@ -24,23 +24,24 @@ Analyser::Analyser(ScanContext& scan, Next& next)
 
 void Analyser::AnalysePage() {
   const std::shared_ptr<const std::string> prepared = std::exchange(scan_.State.Page.PreparedText, nullptr);
+  const bool mayHaveMoved = std::exchange(scan_.State.Page.MayHaveMoved, true);
   if (!scan_.State.Scanning) return;
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
   scan_.Platform.EventLoop.LetPendingEventsRun();
   PageLines lines(prepared ? std::string_view(*prepared) : std::string_view(), scan_.PageSlices());
-  switch (ReadLines(lines)) {
+  switch (ReadLines(lines, mayHaveMoved)) {
     case PageEnd::Moved: FollowMove(lines); break;
     case PageEnd::Read: HandBack(); break;
   }
 }
 
-Analyser::PageEnd Analyser::ReadLines(PageLines& lines) {
+Analyser::PageEnd Analyser::ReadLines(PageLines& lines, bool mayHaveMoved) {
   const ScanState& state = scan_.State;
   std::string link;  // reused for all lines, to keep its memory
   while (!lines.AtEnd()) {
     scan_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
-    if (!state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
+    if (mayHaveMoved && !state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
     if (lines.HasHref()) AnalyseLink(lines.Line(), link);
     // Whatever the options say, only the first line of a page is read once the site has its links.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;

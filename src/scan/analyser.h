@@ -39,7 +39,7 @@ class Analyser {
   enum class PageEnd { Read, Moved };
   enum class LinkUse { None, Record };
 
-  [[nodiscard]] PageEnd ReadLines(PageLines& lines);
+  [[nodiscard]] PageEnd ReadLines(PageLines& lines, bool mayHaveMoved);
   void AnalyseLink(std::string_view line, std::string& link);
   /// Resolves, tests and queues a link. It is left in the form that RecordIfOurs tests.
   [[nodiscard]] LinkUse TakeLink(std::string& link);

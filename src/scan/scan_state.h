@@ -25,6 +25,7 @@ struct PageFetch {
   std::int16_t TimeoutTicks = 0;  ///< seconds since the last data
   /// The page with each href on its own line; triage hands it to the analyser. Null: an empty page.
   std::shared_ptr<const std::string> PreparedText;
+  bool MayHaveMoved = true;  ///< whether a line of PreparedText may say that the page has moved
 };
 
 /// One object, owned by the main window.

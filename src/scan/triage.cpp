@@ -49,18 +49,6 @@ std::optional<std::string_view> StatusCode(std::string_view header) {
   return header.substr(first + 1, second - first - 1);
 }
 
-/// Whether the server sent a script instead of running it. Searches for "?", which is rare in pages.
-bool HoldsUnrunScript(std::string_view body, const Slices& slices) {
-  for (std::size_t from = 0;; from += slices.Bytes) {
-    const std::string_view window = body.substr(0, from + slices.Bytes);
-    for (std::size_t at = window.find('?', from); at != std::string_view::npos;
-         at = window.find('?', at + 1)) {
-      if (at > 0 && body[at - 1] == '<' && StartsWith(body.substr(at), "?php", Compare::Text)) return true;
-    }
-    if (window.size() == body.size() || !slices.GoOn()) return false;
-  }
-}
-
 }  // namespace
 
 void Triage::CheckHttpStatus(const std::string& header, const std::string& url) {
@@ -78,60 +66,66 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
 void Triage::ProcessPage(std::string body) {
   // This lets events run in a large page, so it comes first: a Skip during it acts like one just before the
   // page, and what the page shows is noted for one site only.
-  const Signs signs = LookThrough(body);
+  std::optional<PreparedPage> page = LookThrough(std::move(body));
   PassOver([&] { scan_.Platform.Connection.Close(); });
-  if (!scan_.State.Scanning) return;
-  NoteReasons(signs);
+  if (!page || !scan_.State.Scanning) return;
+  NoteReasons(*page);
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Saving to HTML");
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  PrepareText(std::move(body));
+  HandOn(*std::move(page));
   PassOver([&] { next_.AnalysePage(); });
 }
 
-Triage::Signs Triage::LookThrough(std::string_view body) {
-  if (!scan_.State.Scanning) return {};
-  const Slices slices = scan_.PageSlices();
-  Signs signs;
-  signs.Protected = FindInSlices(protected_, body, 0, slices).value_or(kNowhere) != kNowhere;
-  signs.UnrunScript = HoldsUnrunScript(body, slices);
+/// Nothing after a stop.
+std::optional<PreparedPage> Triage::LookThrough(std::string body) {
+  if (!scan_.State.Scanning) return std::nullopt;
+  if (marks_->MainSite() != scan_.State.MainSiteKey) {
+    marks_ = std::make_shared<const PageMarks>(scan_.State.MainSiteKey);
+  }
+  const std::shared_ptr<const PageMarks> marks = marks_;  // a page that is read in a yield may replace it
+  std::optional<PreparedPage> page = marks->Prepare(body, scan_.PageSlices());
   // The last one: no events may run between this test and the note of its result.
-  signs.MainSite = HoldsMainSite(body, slices);
-  return signs;
+  if (page) page->HasMainSite = HoldsMainSite(body, marks->MainSite(), *page);
+  return page;
 }
 
-bool Triage::HoldsMainSite(std::string_view body, const Slices& slices) {
+/// `sought` is the Main Site that the page was searched for.
+bool Triage::HoldsMainSite(std::string_view body, const std::string& sought, const PreparedPage& page) {
   const std::string& key = scan_.State.MainSiteKey;
-  for (;;) {
-    if (mainSite_.Pattern() != key) mainSite_ = TextFinder(key);
-    const std::optional<std::size_t> at = FindInSlices(mainSite_, body, 0, slices);
+  std::size_t from = 0;
+  if (sought == key && !key.empty()) {
+    if (!page.MainSiteFrom) return false;
+    if (key.size() <= MarkFinder::kCompared) return true;
+    from = *page.MainSiteFrom;
+  }
+  // A Skip during a search may have moved on to another Main Site.
+  for (;; from = 0) {
+    const TextFinder mainSite(key);
+    const std::optional<std::size_t> at = FindInSlices(mainSite, body, from, scan_.PageSlices());
     if (!at) return false;
-    // A Skip during the search may have moved on to another Main Site.
-    if (mainSite_.Pattern() == key) return *at != kNowhere;
+    if (mainSite.Pattern() == key) return *at != kNowhere;
   }
 }
 
-void Triage::NoteReasons(const Signs& signs) {
+void Triage::NoteReasons(const PreparedPage& page) {
   ScanState& state = scan_.State;
   // The order matters: the last word stays.
-  if (signs.MainSite) {
+  if (page.HasMainSite) {
     state.RedirectSuspected = true;
     state.ReasonNote = "Possible Redirected URL";
     state.RedirectPage = state.PageFull;
   }
-  if (signs.Protected) state.ReasonNote = "Source Protected";
-  if (signs.UnrunScript) state.ReasonNote = "Server Script Error";
+  if (page.Protected) state.ReasonNote = "Source Protected";
+  if (page.UnrunScript) state.ReasonNote = "Server Script Error";
 }
 
-/// Prepares nothing when the scan is stopped meanwhile: the analyser would not read it.
-void Triage::PrepareText(std::string body) {
+void Triage::HandOn(PreparedPage page) {
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  std::optional<std::string> text = PutHrefsOnLines(body, scan_.PageSlices());
-  if (!text) return;
-  body = {};
-  text->append(kLineEnd);
-  const auto prepared = std::make_shared<const std::string>(*std::move(text));
+  page.Text.append(kLineEnd);
+  const auto prepared = std::make_shared<const std::string>(std::move(page.Text));
   WriteWorkFiles(prepared);
   scan_.State.Page.PreparedText = prepared;
+  scan_.State.Page.MayHaveMoved = page.MayHaveMoved;
 }
 
 void Triage::WriteWorkFiles(const WorkFileWriter::Text& text) {

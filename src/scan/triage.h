@@ -2,13 +2,13 @@
 // What a finished response says as a whole, and the preparation of its text for the analyser.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "platform/text_search.h"
+#include "scan/page_marks.h"
 #include "scan/scan_context.h"
-#include "scan/slices.h"
 #include "scan/work_file_writer.h"
 
 namespace requite {
@@ -34,28 +34,17 @@ class Triage {
   void ProcessPage(std::string body);
 
  private:
-  /// What the text of a page shows.
-  struct Signs {
-    bool MainSite = false;
-    bool Protected = false;
-    bool UnrunScript = false;
-  };
-
-  [[nodiscard]] Signs LookThrough(std::string_view body);
-  [[nodiscard]] bool HoldsMainSite(std::string_view body, const Slices& slices);
-  void NoteReasons(const Signs& signs);
-  void PrepareText(std::string body);
+  [[nodiscard]] std::optional<PreparedPage> LookThrough(std::string body);
+  [[nodiscard]] bool HoldsMainSite(std::string_view body, const std::string& sought,
+                                   const PreparedPage& page);
+  void NoteReasons(const PreparedPage& page);
+  void HandOn(PreparedPage page);
   void WriteWorkFiles(const WorkFileWriter::Text& text);
 
   ScanContext& scan_;
   Next& next_;
   WorkFileWriter workFiles_;
-  TextFinder mainSite_{""};
-  TextFinder protected_{"You are seeing this text because"};
+  std::shared_ptr<const PageMarks> marks_ = std::make_shared<const PageMarks>("");
 };
-
-/// The text with each "href=", in any letter case, in lower case on a line of its own, and without the blanks
-/// after it. Of more than 36 blanks the rest stays. Nothing after a stop.
-[[nodiscard]] std::optional<std::string> PutHrefsOnLines(std::string_view body, const Slices& slices);
 
 }  // namespace requite

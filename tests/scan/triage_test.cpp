@@ -162,26 +162,80 @@ TEST_F(TriageTest, LateWorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) 
   EXPECT_EQ(steps.Calls, (std::vector<std::string>{"AnalysePage", "AnalysePage", "AnalysePage"}));
 }
 
-TEST(PutHrefsOnLines, AgreesWithNineReplacementsInSlicesOfAnySize) {
+TEST(PageMarks, AgreeWithNineReplacementsAndSearchesInSlicesOfAnySize) {
+  constexpr std::array<std::string_view, 12> kPieces = {"href=",
+                                                        "HrEf=",
+                                                        "hrefhref=",
+                                                        "h",
+                                                        "x\r\n",
+                                                        "<?",
+                                                        "PHP",
+                                                        "You are seeing ",
+                                                        "this text because",
+                                                        "302 found",
+                                                        "301 Moved permanently",
+                                                        "MOVED</title>"};
+  constexpr std::array<std::string_view, 5> kMainSites = {
+      "", "x", "=h", "main.example", "a.long.main.example/whose/text/is/longer/than/what/is/compared"};
   const TemporaryFolder folder;
   PageGenerator generate(7);
+  std::map<std::size_t, int> seen;
   for (int i = 0; i < 5000; ++i) {
+    const std::string mainSite = generate.Pick(kMainSites);
     std::string body;
     for (int piece = generate.Below(6); piece > 0; --piece) {
-      constexpr std::array<std::string_view, 5> kPieces = {"href=", "HrEf=", "hrefhref=", "h", "x\r\n"};
-      body += generate.Pick(kPieces) + generate.Blanks(45);
+      body += generate.Pick(kPieces);
+      if (generate.Below(3) == 0) body += generate.Blanks(45);
+      if (generate.Below(8) == 0) body += mainSite.substr(0, mainSite.size() - (i % 3 == 0 ? 1 : 0));
     }
     std::string plain = body;
     for (std::size_t blanks = 8; blanks >= 1; --blanks) {
       plain = Replace(plain, "href=" + std::string(blanks, ' '), "href=", Compare::Text);
     }
-    const Slices slices{[] { return true; }, static_cast<std::size_t>(1 + generate.Below(60))};
-    ASSERT_EQ(PutHrefsOnLines(body, slices), Replace(plain, "href=", "\r\nhref=", Compare::Text)) << body;
+    const auto slice = static_cast<std::size_t>(1 + generate.Below(60));
+    const Slices slices{[] { return true; }, slice};
+    const PreparedPage page = PageMarks(mainSite).Prepare(body, slices).value();
+    ASSERT_EQ(page.Text, Replace(plain, "href=", "\r\nhref=", Compare::Text)) << body;
+    const auto holds = [&](std::string_view what) { return Contains(body, what, Compare::Text); };
+    ASSERT_EQ(page.Protected, holds("You are seeing this text because")) << body;
+    ASSERT_EQ(page.UnrunScript, holds("<?php")) << body;
+    ASSERT_EQ(page.MayHaveMoved,
+              holds("302 Found") || holds("301 Moved Permanently") || holds("moved</title>"))
+        << body;
+    const std::size_t from = Find(body, mainSite.substr(0, MarkFinder::kCompared), Compare::Text);
+    ASSERT_EQ(page.MainSiteFrom.value_or(std::string::npos), mainSite.empty() ? std::string::npos : from)
+        << body;
+    for (const std::size_t sign : {std::size_t{page.Protected}, std::size_t{2} + page.UnrunScript,
+                                   std::size_t{4} + page.MainSiteFrom.has_value()}) {
+      ++seen[sign];
+    }
     if (i % 10 != 0) continue;
     ASSERT_TRUE(WritePageFile(folder.File("page"), body, slices));
     ASSERT_EQ(ReadFile(folder.File("page")), body);
     ASSERT_TRUE(WriteFlatPageFile(folder.File("flat"), body + "\n\r\r", slices));
     ASSERT_EQ(ReadFile(folder.File("flat")), Without(body, {"\r\n", "\r", "\n"}) + "\r\n");
+  }
+  for (std::size_t sign = 0; sign < 6; ++sign) EXPECT_GT(seen[sign], 20) << sign;
+}
+
+TEST_F(TriageTest, TheMainSiteIsThatOfTheMomentWhenThePageHasBeenRead) {
+  const std::string page(std::size_t{3} << 20, '.');
+  struct Row {
+    std::string Before, After, Text;
+    bool Suspected;
+  };
+  const std::string longKey(40, 'a');
+  for (const Row& row : {Row{"main.example", "other.example", "MAIN.example", false},
+                         Row{"main.example", "other.example", "other.EXAMPLE", true},
+                         Row{"main.example", longKey, longKey, true}, Row{longKey, longKey, longKey, true},
+                         Row{longKey, longKey, longKey.substr(1), false}, Row{"", "", "", true}}) {
+    rig.State.MainSiteKey = row.Before;
+    rig.State.RedirectSuspected = false;
+    rig.Services.EventLoop.AtYield(rig.Services.EventLoop.Yields + 2,
+                                   [&] { rig.State.MainSiteKey = row.After; });
+    triage.ProcessPage(row.Text + page);
+    EXPECT_EQ(rig.State.RedirectSuspected, row.Suspected)
+        << row.Before << " " << row.After << " " << row.Text;
   }
 }
 
