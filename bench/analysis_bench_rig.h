@@ -29,7 +29,7 @@ class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
     state.Scanning = true;
     state.SiteRow = 1;
     state.LinksExpected = 1000;
-    state.PagesQueued = 0;
+    state.ForgetQueuedPages();
     state.CurrentLinkingUrl = "site.example";
     rig_.Lists.List2.Clear();
   }

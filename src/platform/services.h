@@ -22,6 +22,8 @@ class EventLoop {
   /// the last one may return at once, so loops call it freely. Trust nothing after it:
   /// lists may have been emptied and the scan may have been stopped.
   virtual void LetPendingEventsRun() = 0;
+  /// Differs from an earlier value when events may have run since then.
+  [[nodiscard]] virtual std::uint64_t Deliveries() const = 0;
 
   /// What is put off until the loop delivers other events.
   [[nodiscard]] virtual LateWork& Late() { return late_; }

@@ -29,6 +29,7 @@ class LaneSettings : public SettingsStore {
 class NoYield : public EventLoop {
  public:
   void LetPendingEventsRun() override {}
+  [[nodiscard]] std::uint64_t Deliveries() const override { return 0; }
 };
 
 class NoTimer : public Timer {

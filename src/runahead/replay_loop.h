@@ -14,7 +14,8 @@ namespace requite {
 /// its next event in a yield: some of its steps only end after one.
 class ReplayLoop : public EventLoop {
  public:
-  /// `afterYield` runs after each yield that is not within another one.
+  /// `afterYield` runs after each yield that is not within another one. It must not change anything that the
+  /// steps of the scan work on.
   ReplayLoop(EventLoop& loop, std::function<void()> afterYield)
       : loop_(loop), afterYield_(std::move(afterYield)) {}
 
@@ -26,6 +27,7 @@ class ReplayLoop : public EventLoop {
     if (yields_ == 0) afterYield_();
   }
   [[nodiscard]] LateWork& Late() override { return loop_.Late(); }
+  [[nodiscard]] std::uint64_t Deliveries() const override { return loop_.Deliveries(); }
   [[nodiscard]] bool IsYielding() const { return yields_ > 0; }
 
  private:

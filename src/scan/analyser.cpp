@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/runtime_failure.h"
 #include "platform/text.h"
 #include "scan/href_value.h"
 #include "scan/moved_page.h"
@@ -20,7 +21,8 @@ Analyser::Analyser(ScanContext& scan, Next& next)
       sites_(scan.Project, scan.State),
       rules_(scan.Project, scan.State, scan.Settings, scan.Folder),
       recorded_(scan.Project.List3),
-      filter_(scan.Settings, scan.State.FileTypes) {}
+      filter_(scan.Settings, scan.State.FileTypes),
+      verdicts_(scan) {}
 
 void Analyser::AnalysePage() {
   const std::shared_ptr<const std::string> prepared = std::exchange(scan_.State.Page.PreparedText, nullptr);
@@ -29,6 +31,7 @@ void Analyser::AnalysePage() {
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
   scan_.Platform.EventLoop.LetPendingEventsRun();
   PageLines lines(prepared ? std::string_view(*prepared) : std::string_view(), scan_.PageSlices());
+  verdicts_.LookAgain();
   switch (ReadLines(lines, mayHaveMoved)) {
     case PageEnd::Moved: FollowMove(lines); break;
     case PageEnd::Read: HandBack(); break;
@@ -37,44 +40,75 @@ void Analyser::AnalysePage() {
 
 Analyser::PageEnd Analyser::ReadLines(PageLines& lines, bool mayHaveMoved) {
   const ScanState& state = scan_.State;
-  std::string link;  // reused for all lines, to keep its memory
+  LinkTexts texts;
   while (!lines.AtEnd()) {
     scan_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
     if (mayHaveMoved && !state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
-    if (lines.HasHref()) AnalyseLink(lines.Line(), link);
+    if (lines.HasHref()) AnalyseLine(lines.Line(), texts);
     // Whatever the options say, only the first line of a page is read once the site has its links.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
   }
   return PageEnd::Read;
 }
 
-void Analyser::AnalyseLink(std::string_view line, std::string& link) {
-  if (CutHrefValue(line, scan_.State.Scanning, scan_.Platform.EventLoop, link) != Cut::Done) return;
-  if (TakeLink(link) == LinkUse::Record) RecordIfOurs(link);
+void Analyser::AnalyseLine(std::string_view line, LinkTexts& texts) {
+  std::string_view value;
+  if (CutHrefValue(line, scan_.State.Scanning, scan_.Platform.EventLoop, value) != Cut::Done) return;
+  if (value.size() > LinkMemory::kLongest) {
+    static_cast<void>(AnalyseLink(value, texts));
+    return;
+  }
+  const HashedText key(value);
+  switch (verdicts_.Recall(key)) {
+    case LinkVerdict::Dropped: return;
+    case LinkVerdict::NotOurs: static_cast<void>(recorded_.IsPageRecorded(scan_.State.PageFull)); return;
+    case LinkVerdict::Unknown: verdicts_.Remember(key, AnalyseLink(value, texts));
+  }
 }
 
-Analyser::LinkUse Analyser::TakeLink(std::string& link) {
+/// Returns Unknown for a link whose next occurrence may be judged otherwise.
+LinkVerdict Analyser::AnalyseLink(std::string_view value, LinkTexts& texts) {
+  texts.Link = value;
+  switch (TakeLink(texts)) {
+    case LinkUse::None: return LinkVerdict::Dropped;
+    case LinkUse::Record: return RecordIfOurs(texts.Link);
+    case LinkUse::RecordNow: static_cast<void>(RecordIfOurs(texts.Link)); break;
+    case LinkUse::NoneNow: break;
+  }
+  return LinkVerdict::Unknown;
+}
+
+Analyser::LinkUse Analyser::TakeLink(LinkTexts& texts) {
+  std::string& link = texts.Link;
   const LetterSet letters = LettersOf(link);
-  if (filter_.IsScriptOrMail(link, letters) || !GoesOn(link)) return LinkUse::None;
+  if (filter_.IsScriptOrMail(link, letters)) return LinkUse::None;
+  if (!GoesOn(link)) return LinkUse::NoneNow;
   // A file that is not followed because of its type can still be a link to the Main Site, unresolved.
   const bool isAllowed = filter_.IsAllowedType(link, letters);
-  if (!GoesOn(link)) return LinkUse::None;
-  if (!isAllowed) return UseOfRefused(link);
+  if (!GoesOn(link)) return LinkUse::NoneNow;
+  if (!isAllowed) return sites_.IsLinkToMainSite(link) ? LinkUse::RecordNow : LinkUse::None;
   if (filter_.IsLocalOrFragment(link, letters)) return LinkUse::None;
-  if (!GoesOn(link)) return LinkUse::None;
+  if (!GoesOn(link)) return LinkUse::NoneNow;
   ResolveLink(scan_.State, scan_.Settings, link);
-  if (!GoesOn(link)) return LinkUse::None;
+  if (!GoesOn(link)) return LinkUse::NoneNow;
   if (!rules_.PassesRules(link)) {
     scan_.State.ReasonNote = "Possible Rule Problem";
-    return UseOfRefused(link);
+    return sites_.IsLinkToMainSite(link) ? LinkUse::RecordNow : LinkUse::NoneNow;
   }
-  if (!GoesOn(link)) return LinkUse::None;
-  std::string lower;
-  const bool isNew = WhereSeen(scan_.Project, scan_.Lists.List2, scan_.State, link, lower) == Seen::Nowhere;
-  if (!GoesOn(link)) return LinkUse::None;
-  if (isNew && sites_.IsOnLinkingSite(link)) QueuePage(link, lower);
-  return GoesOn(link) ? LinkUse::Record : LinkUse::None;
+  return QueueIfNew(texts);
+}
+
+Analyser::LinkUse Analyser::QueueIfNew(LinkTexts& texts) {
+  const std::string& link = texts.Link;
+  if (!GoesOn(link)) return LinkUse::NoneNow;
+  const Seen seen = WhereSeen(scan_.Project, scan_.Lists.List2, scan_.State, texts.Link, texts.Lower);
+  if (!GoesOn(link)) return LinkUse::NoneNow;
+  const bool isNew = seen == Seen::Nowhere && sites_.IsOnLinkingSite(link);
+  if (isNew) QueuePage(link, texts.Lower);
+  if (!GoesOn(link)) return LinkUse::NoneNow;
+  // A page in the queue leaves it later. A new page is tested again, and is seen then.
+  return isNew || seen == Seen::Queue ? LinkUse::RecordNow : LinkUse::Record;
 }
 
 /// Each test of a link of megabytes takes milliseconds, so events run between the tests. False after a stop.
@@ -83,10 +117,6 @@ bool Analyser::GoesOn(std::string_view link) const {
   if (link.size() < kLong) return true;
   scan_.Platform.EventLoop.LetPendingEventsRun();
   return scan_.State.Scanning;
-}
-
-Analyser::LinkUse Analyser::UseOfRefused(std::string_view link) {
-  return sites_.IsLinkToMainSite(link) ? LinkUse::Record : LinkUse::None;
 }
 
 void Analyser::QueuePage(const std::string& url, std::string_view lowerUrl) {
@@ -98,13 +128,14 @@ void Analyser::QueuePage(const std::string& url, std::string_view lowerUrl) {
   state.SeenPages.Store(state.PagesQueued, HashedText(lowerUrl));
 }
 
-void Analyser::RecordIfOurs(std::string& link) {
-  if (recorded_.IsPageRecorded(scan_.State.PageFull)) return;
-  if (sites_.IsLinkToMainSite(link)) {
-    RecordLink(scan_, status::kDirect);
-  } else if (sites_.IsSameDomain(link)) {
-    RecordLink(scan_, status::kDomain);
-  }
+/// Unknown when the link was recorded, or the page counts as recorded.
+LinkVerdict Analyser::RecordIfOurs(std::string& link) {
+  if (recorded_.IsPageRecorded(scan_.State.PageFull)) return LinkVerdict::Unknown;
+  const bool isDirect = sites_.IsLinkToMainSite(link);
+  if (!isDirect && !sites_.IsSameDomain(link)) return LinkVerdict::NotOurs;
+  RecordLink(scan_, isDirect ? status::kDirect : status::kDomain);
+  verdicts_.LookAgain();
+  return LinkVerdict::Unknown;
 }
 
 void Analyser::FollowMove(PageLines& lines) {

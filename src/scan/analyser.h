@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "scan/link_filter.h"
+#include "scan/link_verdicts.h"
 #include "scan/page_lines.h"
 #include "scan/resolve.h"
 #include "scan/rules.h"
@@ -37,16 +38,23 @@ class Analyser {
 
  private:
   enum class PageEnd { Read, Moved };
-  enum class LinkUse { None, Record };
+  /// Whether a link may be recorded. "Now": the next link with the same value may be used otherwise.
+  enum class LinkUse { None, NoneNow, Record, RecordNow };
+  /// A link on its way, kept from line to line for their memory.
+  struct LinkTexts {
+    std::string Link;
+    std::string Lower;  ///< once it is tested whether it was seen
+  };
 
   [[nodiscard]] PageEnd ReadLines(PageLines& lines, bool mayHaveMoved);
-  void AnalyseLink(std::string_view line, std::string& link);
+  void AnalyseLine(std::string_view line, LinkTexts& texts);
+  [[nodiscard]] LinkVerdict AnalyseLink(std::string_view value, LinkTexts& texts);
   /// Resolves, tests and queues a link. It is left in the form that RecordIfOurs tests.
-  [[nodiscard]] LinkUse TakeLink(std::string& link);
+  [[nodiscard]] LinkUse TakeLink(LinkTexts& texts);
+  [[nodiscard]] LinkUse QueueIfNew(LinkTexts& texts);
   [[nodiscard]] bool GoesOn(std::string_view link) const;
-  [[nodiscard]] LinkUse UseOfRefused(std::string_view link);
   void QueuePage(const std::string& url, std::string_view lowerUrl);
-  void RecordIfOurs(std::string& link);
+  [[nodiscard]] LinkVerdict RecordIfOurs(std::string& link);
   void FollowMove(PageLines& lines);
   void HandBack();
 
@@ -56,6 +64,7 @@ class Analyser {
   Rules rules_;
   RecordedPages recorded_;
   LinkFilter filter_;
+  LinkVerdicts verdicts_;
 };
 
 }  // namespace requite

@@ -45,7 +45,7 @@ std::size_t KeptLength(std::size_t length, std::size_t end) {
 
 }  // namespace
 
-Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events, std::string& value) {
+Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events, std::string_view& value) {
   const std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
   const std::optional<std::size_t> end = FindTerminator(rest, scanning, events);
   if (!end) return Cut::Stopped;

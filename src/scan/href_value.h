@@ -2,7 +2,6 @@
 // Cuts the value of an href out of a line.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "platform/services.h"
@@ -15,11 +14,11 @@ enum class Cut {
   Stopped,   ///< the scan was stopped during the search
 };
 
-/// Cuts the value out of a line that begins with "href=" and has no second one. A quote directly after
-/// "href=" is dropped; the value ends at the next quote or ">", or at its first blank. When there is no end,
-/// or only as the last character of the line, the last two characters are lost: ResolveLink repairs some of
-/// these cuts. Lets events run in long values and reads `scanning` after that.
+/// Cuts the value out of a line that begins with "href=" and has no second one: `value` becomes a part of the
+/// line. A quote directly after "href=" is dropped; the value ends at the next quote or ">", or at its first
+/// blank. When there is no end, or only as the last character of the line, the last two characters are lost:
+/// ResolveLink repairs some of these cuts. Lets events run in long values and reads `scanning` after that.
 [[nodiscard]] Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
-                               std::string& value);
+                               std::string_view& value);
 
 }  // namespace requite

@@ -115,14 +115,13 @@ void Controller::ColourSiteRow(std::uint32_t colour) {
   });
 }
 
-/// SeenPages keeps its entries; only the count of its used slots is set to 0.
 void Controller::ResetForNextSite() {
   ScanState& state = scan_.State;
   state.LinksCounted = 0;
   state.LinksExpected = 0;
   state.LinkFound = false;
   state.LinkNumber = 0;
-  state.PagesQueued = 0;
+  state.ForgetQueuedPages();
   state.LinksOnSite = 0;
   ++state.SiteRow;
   scan_.Lists.List2.Clear();

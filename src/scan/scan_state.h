@@ -30,6 +30,12 @@ struct PageFetch {
 
 /// One object, owned by the main window.
 struct ScanState {
+  /// SeenPages keeps its entries; only the count of its used slots is set to 0.
+  void ForgetQueuedPages() {
+    PagesQueued = 0;
+    ++Sites;
+  }
+
   bool Scanning = false;  ///< every step tests it first, and does nothing when it is false
   requite::ScanType ScanType = requite::ScanType::AllMainSites;
   std::int32_t OnlyRow = 0;       ///< the 1-based row of a scan of one site that the user chose; else 0
@@ -43,6 +49,7 @@ struct ScanState {
   bool LinkFound = false;
   std::int32_t PagesDone = 0;
   std::int32_t PagesQueued = 0;  ///< also the last used index of SeenPages
+  std::uint64_t Sites = 0;       ///< rises whenever PagesQueued goes back to 0
   std::int32_t SitesDone = 0;    ///< always 0: panel 1 says "Main Site 1" during the whole scan
   std::int32_t PageLimit = 0;
   std::int16_t TimeoutSeconds = 0;

@@ -46,7 +46,7 @@ void Controller::ResetForStart() {
   state.RedirectFollowed = false;
   state.LinksOnSite = 0;
   state.PagesDone = 0;
-  state.PagesQueued = 0;
+  state.ForgetQueuedPages();
   state.SitesDone = 0;
   scan_.Host.ResetSiteCounters();
   state.LinksCounted = 0;

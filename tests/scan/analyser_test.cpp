@@ -92,6 +92,40 @@ TEST_F(AnalyserTest, ACountOfLinksBeyondSixteenBitsEndsThePage) {
   EXPECT_THAT(rig.Steps.Calls, IsEmpty());
 }
 
+TEST_F(AnalyserTest, AVerdictIsForgottenWithWhatItDependsOn) {
+  struct Row {
+    const char* Value;
+    const char* QueuedThen;
+    std::function<void()> Change;
+  };
+  const auto set = [this](const char* key, const char* value) { rig.Rig.Services.Store.Set(key, value); };
+  set("chkSecure", "1");
+  rig.Rig.Lists.List2.Add({"site.example/queued.htm"});
+  const Row rows[] = {
+      {"/a.zip", "site.example/a.zip", [this] { state.FileTypes.emplace_back(".zip"); }},
+      {"/b.gif", "site.example/b.gif", [&] { set("chkFileTypes", "0"); }},
+      {"https://c.example.org/x.htm", "site.example/d/c.example.org/x.htm", [&] { set("chkSecure", "0"); }},
+      {"/queued.htm", "site.example/queued.htm", [this] { rig.Rig.Lists.List2.Clear(); }},
+      {"d.htm", "site.example/e/d.htm", [this] { rig.At("site.example/e/"); }},
+      {"/e.htm", "www.site.example/e.htm", [this] { rig.At("www.site.example/d/"); }},
+      {"/f.htm", "site.example/f.htm", [this] { state.ForgetQueuedPages(); }},
+      {"http://partner.example", "partner.example/",
+       [this] { rig.Rig.Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, "partner.example"); }},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.Value);
+    rig.At("site.example/d/p.htm");
+    const std::string link = "<a href=\"" + std::string(row.Value) + "\">\r\n";
+    rig.Page(link + link + link);
+    const std::vector<std::string> before = rig.Queue();
+    rig.Page(link);
+    EXPECT_EQ(rig.Queue(), before);
+    row.Change();
+    rig.Page(link);
+    EXPECT_EQ(rig.Queue().back(), row.QueuedThen);
+  }
+}
+
 /// Both forms read the same pages of one site, one after the other.
 struct Pair {
   explicit Pair(PageGenerator& generate) {
@@ -123,13 +157,44 @@ struct Pair {
   AnalysisRig plain{Wording::Plain};
 };
 
+/// What a user, or a step that runs in a yield, may change while a page is read.
+void ChangeSomething(AnalysisRig& rig, int what) {
+  ScanRig& scan = rig.Rig;
+  MemorySettings& store = scan.Services.Store;
+  const auto flip = [&store](const char* key) { store.Set(key, store.Read(key) == "1" ? "0" : "1"); };
+  switch (what) {
+    case 0: return flip("chkFileTypes");
+    case 1: return flip("chkSecure");
+    case 2: scan.Sites.lstRules.Add({"Global", "Global", "ExcludeString", "x.htm"}); return;
+    case 3: return scan.Sites.lstRules.Clear();
+    case 4: scan.Sites.List1(1).Set(1, &LinkingSite::WebsiteUrl, "partner.example/x.htm"); return;
+    case 5: scan.Sites.List1(1).Set(0, &LinkingSite::WebsiteUrl, "other.com"); return;
+    case 6: scan.State.FileTypes = {".php"}; return;
+    case 7: scan.State.MainSiteKey = "partner.example"; return;
+    case 8: return rig.At("shop.partner.example/links/a/");
+    case 9: scan.State.SiteRow = 2; [[fallthrough]];
+    default: scan.State.ForgetQueuedPages(); return scan.Lists.List2.Clear();
+  }
+}
+
+/// Makes the change in a yield of the analyser, the same one in both forms.
+void ChangeAtYield(Pair& pair, int yield, int what) {
+  for (AnalysisRig* rig : {&pair.program, &pair.plain}) {
+    rig->Rig.Services.EventLoop.OnEveryYield = [rig, left = yield, what]() mutable {
+      if (rig->Rig.Controls.StatusBar1.Panel(2) == "Getting Links" && left-- == 0)
+        ChangeSomething(*rig, what);
+    };
+  }
+}
+
 TEST(AnalysePage, AgreesWithThePlainWordingOnGeneratedPages) {
   PageGenerator generate(8);
   std::map<std::string, int> found;
-  for (int site = 0; site < 300; ++site) {
+  for (int site = 0; site < 400; ++site) {
     Pair pair(generate);
     for (int page = 0; page < 4; ++page) {
       const std::string body = generate.Page(generate.Below(30));
+      if (generate.Below(3) == 0) ChangeAtYield(pair, generate.Below(15), generate.Below(11));
       pair.program.Page(body);
       pair.plain.Page(body);
       ASSERT_EQ(pair.program.Remains(), pair.plain.Remains()) << "site " << site << ", page:\n" << body;

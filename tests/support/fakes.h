@@ -29,10 +29,14 @@ class FakeEventLoop : public EventLoop {
     if (due != at_.end()) {
       const auto action = due->second;
       at_.erase(due);
+      ++deliveries_;
       action();
     }
-    if (OnEveryYield) OnEveryYield();
+    if (!OnEveryYield) return;
+    ++deliveries_;
+    OnEveryYield();
   }
+  std::uint64_t Deliveries() const override { return deliveries_; }
   void AtYield(int number, std::function<void()> action) { at_[number] = std::move(action); }
 
   int Yields = 0;
@@ -40,6 +44,7 @@ class FakeEventLoop : public EventLoop {
 
  private:
   std::map<int, std::function<void()>> at_;
+  std::uint64_t deliveries_ = 0;
 };
 
 /// Ticks only when the test says so.

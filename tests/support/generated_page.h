@@ -39,8 +39,15 @@ class PageGenerator {
   std::string Piece() {
     if (Below(3) == 0) return Pick(kMarks);
     const std::string quote = Pick(kQuotes);
-    return "<a " + Pick(kHrefs) + (Below(4) == 0 ? Blanks(40) : "") + quote + Value(1 + Below(6)) +
-           Pick(kQuotes) + Pick(kEnds);
+    return "<a " + Pick(kHrefs) + (Below(4) == 0 ? Blanks(40) : "") + quote + ValueOrKnown() + Pick(kQuotes) +
+           Pick(kEnds);
+  }
+
+  /// Half of the values come again, as those of a menu do.
+  std::string ValueOrKnown() {
+    std::string& known = known_[static_cast<std::size_t>(Below(static_cast<int>(known_.size())))];
+    if (known.empty() || Below(2) == 0) known = Value(1 + Below(6));
+    return known;
   }
 
   static constexpr std::array<std::string_view, 40> kUrlPieces = {
@@ -77,6 +84,7 @@ class PageGenerator {
                                                               ">"};
 
   std::mt19937 random_;
+  std::array<std::string, 10> known_;
 };
 
 }  // namespace requite::test

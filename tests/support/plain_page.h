@@ -44,9 +44,11 @@ class PlainPage {
     ScanState& state = context_.State;
     if (!state.Scanning) return;
     context_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
+    context_.Platform.EventLoop.LetPendingEventsRun();
     file_ = ReadFile(context_.Folder.File("html0.txt"));
     LineReader lines(file_, LineEnds::CarriageReturn);
     while (!lines.AtEnd()) {
+      context_.Platform.EventLoop.LetPendingEventsRun();
       std::string line(*lines.Next());
       if (SaysMoved(line) && !state.RedirectFollowed) return FollowMove(lines, line);
       if (Holds(line, "href=")) AnalyseLine(line);
@@ -168,6 +170,7 @@ class PlainPage {
     ++state.PagesQueued;
     context_.Window.StatusBar1.SetPanel(StatusPanel::Site,
                                         "Found " + std::to_string(state.LinksOnSite) + " links");
+    context_.Platform.EventLoop.LetPendingEventsRun();
   }
 
   ScanContext& context_;

@@ -35,6 +35,7 @@ void QtEventLoop::LetPendingEventsRun() {
 void QtEventLoop::Deliver(int flags) {
   const LateWork::Pause pause(Late());
   ++depth_;
+  ++deliveries_;
   QCoreApplication::processEvents(QEventLoop::ProcessEventsFlags(flags));
   --depth_;
   lastDelivery_ = YieldClock();

@@ -17,6 +17,7 @@ class QtEventLoop : public EventLoop {
   static constexpr std::chrono::milliseconds kSlice{4};
 
   void LetPendingEventsRun() override;
+  [[nodiscard]] std::uint64_t Deliveries() const override { return deliveries_; }
 
   /// Whether this object lets events run now.
   [[nodiscard]] bool IsRunning() const { return depth_ > 0; }
@@ -32,6 +33,7 @@ class QtEventLoop : public EventLoop {
   void Deliver(int flags);
 
   std::chrono::nanoseconds lastDelivery_{};
+  std::uint64_t deliveries_ = 0;
   int depth_ = 0;
 };
 

@@ -34,7 +34,7 @@ void Form1::Start() {
   }
   State.LinksOnSite = 0;
   State.PagesDone = 0;
-  State.PagesQueued = 0;
+  State.ForgetQueuedPages();
   WebBrowser1.Navigate(Folder.File(product::kHomePage));
   Platform.EventLoop.LetPendingEventsRun();
 }
