@@ -30,11 +30,22 @@ void Analyser::AnalysePage() {
   if (!scan_.State.Scanning) return;
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Page, "Getting Links");
   scan_.Platform.EventLoop.LetPendingEventsRun();
+  IndexSites();
   PageLines lines(prepared ? std::string_view(*prepared) : std::string_view(), scan_.PageSlices());
   verdicts_.LookAgain();
   switch (ReadLines(lines, mayHaveMoved)) {
     case PageEnd::Moved: FollowMove(lines); break;
     case PageEnd::Read: HandBack(); break;
+  }
+}
+
+/// The first test of a link needs an index of all Linking Sites. That of a long list is made in steps.
+void Analyser::IndexSites() {
+  while (scan_.State.Scanning) {
+    bool isMade = true;  // a list that does not exist needs none
+    PassOver([&] { isMade = scan_.Project.List1(scan_.Project.CurrentMainSite).IndexSomeRows(); });
+    if (isMade) return;
+    scan_.Platform.EventLoop.LetPendingEventsRun();
   }
 }
 

@@ -46,6 +46,7 @@ class Analyser {
     std::string Lower;  ///< once it is tested whether it was seen
   };
 
+  void IndexSites();
   [[nodiscard]] PageEnd ReadLines(PageLines& lines, bool mayHaveMoved);
   void AnalyseLine(std::string_view line, LinkTexts& texts);
   [[nodiscard]] LinkVerdict AnalyseLink(std::string_view value, LinkTexts& texts);

@@ -18,9 +18,16 @@ TEST(QtEventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
   LoopRig rig;
   int delivered = 0;
   rig.Loop.RunFor(std::chrono::milliseconds(0));
-  QTimer::singleShot(0, [&] { ++delivered; });
+  const std::uint64_t before = rig.Loop.Deliveries();
+  std::uint64_t within = before;
+  QTimer::singleShot(0, [&] {
+    ++delivered;
+    within = rig.Loop.Deliveries();
+  });
   for (int yields = 0; delivered == 0 && yields < 100'000'000; ++yields) rig.Loop.LetPendingEventsRun();
   EXPECT_EQ(delivered, 1);
+  EXPECT_NE(within, before);
+  EXPECT_NE(rig.Loop.Deliveries(), within) << "what the handler did last counts too";
 }
 
 TEST(QtEventLoopTest, WhatASocketsEventPutsOffIsDoneBeforeAnyOtherEvent) {

@@ -126,6 +126,35 @@ TEST_F(AnalyserTest, AVerdictIsForgottenWithWhatItDependsOn) {
   }
 }
 
+TEST_F(AnalyserTest, AVerdictIsForgottenAfterAPageThatIsReadInAYield) {
+  const std::string link = "<a href=\"a.htm\">\r\n";
+  rig.At("site.example/e/p.htm");
+  rig.Page(link + link);
+  rig.At("site.example/d/p.htm");
+  rig.Page(link + link);
+  ASSERT_THAT(rig.Queue(), ElementsAre("site.example/e/a.htm", "site.example/d/a.htm"));
+  // The inner page ends in the directory of the outer one, and the next fetch begins in another one.
+  Events().AtYield(Events().Yields + 6, [&] {
+    rig.Page(link);
+    rig.At("site.example/f/p.htm");
+  });
+  rig.Page(link + link);
+  EXPECT_THAT(rig.Queue(),
+              ElementsAre("site.example/e/a.htm", "site.example/d/a.htm", "site.example/f/a.htm"));
+}
+
+TEST_F(AnalyserTest, ALongListOfSitesIsIndexedInSteps) {
+  LinkingSiteList& sites = rig.Rig.Sites.List1(1);
+  for (int i = 0; i < 20000; ++i)
+    sites.Add({"partner.example/" + std::to_string(i) + ".htm", "1", "", "", ""});
+  Events().AtYield(Events().Yields + 8,
+                   [&] { sites.Set(7, &LinkingSite::WebsiteUrl, "site.example/late.htm"); });
+  const int yields = Events().Yields;
+  rig.Page("<a href=/late.htm >\r\n<a href=/new.htm >\r\n<a href=\"http://partner.example/19999.htm\" >\r\n");
+  EXPECT_THAT(rig.Queue(), ElementsAre("site.example/new.htm"));
+  EXPECT_GT(Events().Yields - yields, 20000 / 4096 + 3);
+}
+
 /// Both forms read the same pages of one site, one after the other.
 struct Pair {
   explicit Pair(PageGenerator& generate) {

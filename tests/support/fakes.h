@@ -29,12 +29,9 @@ class FakeEventLoop : public EventLoop {
     if (due != at_.end()) {
       const auto action = due->second;
       at_.erase(due);
-      ++deliveries_;
-      action();
+      Deliver(action);
     }
-    if (!OnEveryYield) return;
-    ++deliveries_;
-    OnEveryYield();
+    if (OnEveryYield) Deliver(OnEveryYield);
   }
   std::uint64_t Deliveries() const override { return deliveries_; }
   void AtYield(int number, std::function<void()> action) { at_[number] = std::move(action); }
@@ -43,6 +40,12 @@ class FakeEventLoop : public EventLoop {
   std::function<void()> OnEveryYield;
 
  private:
+  void Deliver(const std::function<void()>& action) {
+    ++deliveries_;
+    action();
+    ++deliveries_;
+  }
+
   std::map<int, std::function<void()>> at_;
   std::uint64_t deliveries_ = 0;
 };

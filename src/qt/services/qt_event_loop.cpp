@@ -38,6 +38,7 @@ void QtEventLoop::Deliver(int flags) {
   ++deliveries_;
   QCoreApplication::processEvents(QEventLoop::ProcessEventsFlags(flags));
   --depth_;
+  ++deliveries_;  // a handler may have asked for the number before its last change
   lastDelivery_ = YieldClock();
 }
 
