@@ -19,6 +19,7 @@
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/shown_text.h"
+#include "qt/window/controls/steady_place.h"
 
 namespace requite {
 namespace {
@@ -142,7 +143,13 @@ void Binder::Bind(OptionGroup& control, const std::vector<QAbstractButton*>& wid
 
 void Binder::Bind(ProgressBar& control, QProgressBar& widget) {
   widget.setRange(0, 100);
-  Keep(control, widget, [&control, &widget] { widget.setValue(control.Value()); });
+  Keep(control, widget, [&control, &widget] {
+    if (widget.value() == control.Value()) return;
+    // Otherwise the bar paints itself at once, apart from the rest of the refresh.
+    widget.setUpdatesEnabled(false);
+    widget.setValue(control.Value());
+    widget.setUpdatesEnabled(true);
+  });
 }
 
 void Binder::Bind(StatusBar& control, QStatusBar& widget) {
@@ -151,10 +158,11 @@ void Binder::Bind(StatusBar& control, QStatusBar& widget) {
     auto* const panel = new QLabel(&widget);
     panel->setTextFormat(Qt::PlainText);
     panel->setObjectName(QString::fromStdString(control.Name()) + QString("(%1)").arg(i + 1));
-    panel->setMinimumWidth(60);
     panel->setSizePolicy(QSizePolicy::Ignored,
                          QSizePolicy::Preferred);  // long URLs must not widen the window
-    widget.addWidget(panel, i == 0 || i == 2 ? 4 : 2);
+    auto* const place = new SteadyPlace(panel, &widget);
+    place->setMinimumWidth(60);
+    widget.addWidget(place, i == 0 || i == 2 ? 4 : 2);
     panels.push_back(panel);
   }
   Keep(control, widget, [&control, panels] {

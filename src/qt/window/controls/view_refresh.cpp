@@ -11,8 +11,10 @@
 namespace requite {
 namespace {
 
-/// A refresh and its painting may take this fraction of the time.
-constexpr qint64 kRestFactor = 12;
+/// The pause after a refresh is this many times what it and its painting took, and at most this long. The
+/// scan gets the rest: the figure keeps it at 95 % of its speed, counting what the display's server does too.
+constexpr qint64 kRestFactor = 36;
+constexpr qint64 kLongestPauseMilliseconds = 500;
 
 }  // namespace
 
@@ -52,10 +54,12 @@ void ViewRefresh::ApplyAndPaint() {
   QElapsedTimer clock;
   clock.start();
   ApplyMarked();
-  // Painted at once, so that its time counts: on a slow display there are fewer refreshes instead of a slower
-  // scan.
+  // Laid out and painted at once, so that nothing is painted twice and the time counts: on a slow display
+  // there are fewer refreshes instead of a slower scan.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
-  pause_ = std::max(kIntervalMilliseconds, static_cast<int>(clock.elapsed() * kRestFactor));
+  const qint64 pause = clock.nsecsElapsed() * kRestFactor / 1'000'000;
+  pause_ = static_cast<int>(std::clamp<qint64>(pause, kIntervalMilliseconds, kLongestPauseMilliseconds));
 }
 
 }  // namespace requite

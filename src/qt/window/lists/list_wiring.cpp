@@ -171,6 +171,8 @@ class TableHand : public QObject {
   void ShowState() {
     ShowSelection();
     ShowSort();
+    // New rows are laid out by any question about places, and later otherwise: this saves a second painting.
+    if (view_.isVisible()) static_cast<void>(view_.indexAt({}));
   }
 
   void ShowSelection() {

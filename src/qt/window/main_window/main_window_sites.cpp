@@ -12,6 +12,7 @@
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/entry_line.h"
+#include "qt/window/controls/steady_place.h"
 #include "qt/window/lists/column_fit.h"
 #include "qt/window/lists/new_rows.h"
 #include "qt/window/main_window/main_window.h"
@@ -156,7 +157,7 @@ QLayout* MainWindow::BuildFigures(QWidget* box) {
     bind_.BindLabel(form_.lblStats[index], *value);
     value->setAccessibleName(caption);
     grid->addWidget(new QLabel(caption, box), row, column);
-    grid->addWidget(value, row, column + 1);
+    grid->addWidget(new SteadyPlace(value, box), row, column + 1);
   };
   grid->addWidget(new QLabel(tr("<b>Scan Statistics</b>"), box), 0, 0, 1, 2);
   grid->addWidget(new QLabel(tr("<b>Historically</b>"), box), 0, 4, 1, 2);
