@@ -204,6 +204,33 @@ class MainWindowTest : public QObject, private WindowRig {
     QCOMPARE(line->cursorPosition(), line->text().size() - 3);
   }
 
+  void aTextThatGrowsIsShownWholeAndAFigureThatGrowsGetsItsRoom() {
+    form_->TabStrip1.Select(3);
+    TextBox& control = form_->Sites.txtHTML1;
+    auto* const box = Widget<QPlainTextEdit>("txtHTML1");
+    QTRY_VERIFY(box->isVisible());
+    control.SetText("first\r");
+    const auto shows = [&](const QString& lines) {
+      return QTest::qWaitFor([&] { return box->toPlainText() == lines; });
+    };
+    QVERIFY(shows("first\n"));
+    box->selectAll();
+    control.SetText(control.Text() + "\nsecond");  // the LF belongs to the CR that is shown
+    QVERIFY(shows("first\nsecond"));
+    control.SetText(control.Text() + "\r\n\x80 third");
+    QVERIFY(shows(QString("first\nsecond\n") + QChar(0x20AC) + " third"));
+    box->moveCursor(QTextCursor::Start);
+    QTest::keyClick(box, 'X');
+    control.SetText(control.Text() + "!");
+    QVERIFY(shows(QString("Xfirst\nsecond\n") + QChar(0x20AC) + " third!"));
+    QCOMPARE(box->textCursor().position(), 1);
+    control.SetText("other");
+    QVERIFY(shows("other"));
+    auto* const figure = Widget<QLabel>("lblStats(0)");
+    form_->lblStats[0].SetText(std::string(12, '8'));
+    QTRY_VERIFY(figure->text().size() == 12 && figure->width() >= figure->minimumSizeHint().width());
+  }
+
   void aTypedNameIsNotTakenForTheRowThatReadsAlike() {
     form_->TabStrip1.Select(3);
     form_->optAll.Choose(1);

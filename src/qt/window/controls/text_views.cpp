@@ -68,8 +68,10 @@ class ManyLines {
       : control_(control), widget_(widget), longest_(longest) {}
 
   void Show() {
+    if (Append()) return;
     shown_ = Lines();
     if (Raw() != shown_) Rewrite(shown_);
+    bytes_ = control_.Text().substr(from_);
   }
 
   /// The control's text with the user's change of the widget's; nothing without a change. Text that was added
@@ -77,6 +79,7 @@ class ManyLines {
   std::optional<std::string> Edited() {
     const QString now = Raw();
     if (now == shown_) return std::nullopt;
+    bytes_.clear();  // the next refresh compares the whole
     const std::string_view text = control_.Text();
     from_ = std::min(from_, text.size());
     std::string edited(text.substr(0, from_));
@@ -92,6 +95,24 @@ class ManyLines {
   /// Unlike the plain text, this distinguishes no-break spaces from spaces.
   [[nodiscard]] QString Raw() const { return widget_.document()->toRawText(); }
 
+  /// A text that has only grown costs as much as what was added: a log may be long. False when the text has
+  /// to be shown as a whole.
+  bool Append() {
+    const std::string_view text =
+        std::string_view(control_.Text()).substr(std::min(from_, control_.Text().size()));
+    if (text.size() > longest_ || !text.starts_with(bytes_) || bytes_.empty()) return false;
+    const std::string_view added = text.substr(bytes_.size());
+    // This CR was shown as the end of a line; with its LF it is one end still.
+    if (bytes_.back() == '\r' && added.starts_with('\n')) return false;
+    if (added.empty()) return true;
+    const QString lines = LinesOf(added);
+    const auto end = static_cast<qsizetype>(widget_.document()->characterCount() - 1);
+    Write({end, 0, lines});
+    shown_ += lines;
+    bytes_ += added;
+    return true;
+  }
+
   /// What the widget should hold. It moves on by many lines at once, because each time all of it is laid out.
   QString Lines() {
     const std::string_view text = control_.Text();
@@ -103,8 +124,9 @@ class ManyLines {
     return LinesOf(text.substr(from_));
   }
 
-  void Rewrite(const QString& lines) {
-    const TextChange change = ChangeBetween(Raw(), lines);
+  void Rewrite(const QString& lines) { Write(ChangeBetween(Raw(), lines)); }
+
+  void Write(const TextChange& change) {
     const int anchor = widget_.textCursor().anchor();
     const int position = widget_.textCursor().position();
     const int scrolled = widget_.verticalScrollBar()->value();
@@ -128,6 +150,7 @@ class ManyLines {
   std::size_t longest_;
   QString shown_;         // the text given to the widget, with the user's changes since
   std::size_t from_ = 0;  // offset in the control's text at which the widget's begins
+  std::string bytes_;     // the control's text from there on, as it was last shown
 };
 
 void ShowRows(const ComboBox& control, QComboBox& widget) {
