@@ -4,8 +4,9 @@ file(GLOB binaries ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/* ${CPACK_TEMPOR
 execute_process(COMMAND strip --strip-unneeded --remove-section=.comment --remove-section=.note ${binaries}
                 COMMAND_ERROR_IS_FATAL ANY)
 
-# The packages that ours depends on: those of the libraries that the executables are linked to. The web views'
-# library does not count: the program runs without a browser, which is therefore only recommended.
+# The packages that ours depends on: those of the libraries that the executables are linked to, and those of the
+# libraries that they load when they are needed (src/platform/late_library.h). The web views' library does not
+# count: the program runs without a browser, which is therefore only recommended.
 file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*)
 set(folder ${CPACK_TOPLEVEL_DIRECTORY}/depends)
 file(WRITE ${folder}/debian/control "Source: requite\n\nPackage: requite\nArchitecture: any\n")
@@ -15,3 +16,4 @@ execute_process(
   OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE
   COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "shlibs:Depends=" "" CPACK_DEBIAN_PACKAGE_DEPENDS "${depends}")
+string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", libcurl4 (>= 7.88), libsqlite3-0 (>= 3.40), libssl3 (>= 3.0)")

@@ -117,7 +117,7 @@ class Site {
   test::Certificate authority_ = test::MakeCertificate({.Authority = true, .Subject = "authority"}, nullptr);
   test::Certificate site_ = test::MakeCertificate({.Names = {std::string(kHost)}}, &authority_);
   test::TemporaryFolder folder_;
-  TlsContext context_{{folder_.File("authority.pem"), ""}};
+  TlsContext context_{TlsStore{folder_.File("authority.pem"), ""}};
 };
 
 std::string Changed(std::string bytes, std::string_view changes) {

@@ -2,9 +2,8 @@
 // Opens the file, runs statements, and turns SQLite errors into failures.
 #include "harvest/sql_file.h"
 
-#include <sqlite3.h>
-
 #include "platform/database_text.h"
+#include "platform/late_sqlite.h"
 #include "platform/runtime_failure.h"
 #include "platform/text.h"
 

@@ -2,9 +2,8 @@
 // Calls SQLite and words its errors.
 #include "history/sqlite_store.h"
 
-#include <sqlite3.h>
-
 #include "platform/database_text.h"
+#include "platform/late_sqlite.h"
 #include "platform/runtime_failure.h"
 
 namespace requite {

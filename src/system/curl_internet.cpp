@@ -9,8 +9,8 @@
 namespace requite {
 
 CurlInternet::CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii,
-                           GetLimits limits, TlsStore store)
-    : loop_(loop), rules_{map, hostToAscii, limits, std::move(store)} {}
+                           GetLimits limits, std::optional<TlsStore> store)
+    : loop_(loop), authorities_(std::move(store)), rules_{map, hostToAscii, limits, authorities_} {}
 
 CurlInternet::~CurlInternet() {
   Take([](const Get&) { return true; });

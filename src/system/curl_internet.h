@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/services.h"
@@ -12,13 +13,13 @@
 
 namespace requite {
 
-/// The library is started at the first GET. It looks names up in threads of its own, which nobody
+/// The library is loaded and started at the first GET. It looks names up in threads of its own, which nobody
 /// waits for.
 class CurlInternet : public Internet {
  public:
-  /// Loop and map must outlive this object.
+  /// Loop and map must outlive this object. Without a store it is the system's.
   CurlInternet(DescriptorLoop& loop, const ConnectMap& map, HostToAscii hostToAscii, GetLimits limits = {},
-               TlsStore store = SystemTlsStore());
+               std::optional<TlsStore> store = std::nullopt);
   ~CurlInternet() override;
   CurlInternet(const CurlInternet&) = delete;
   CurlInternet& operator=(const CurlInternet&) = delete;
@@ -48,6 +49,7 @@ class CurlInternet : public Internet {
   std::vector<Get> Take(Matches matches);
 
   DescriptorLoop& loop_;
+  GetAuthorities authorities_;
   const GetRules rules_;
   std::unique_ptr<CurlMulti> multi_;
   std::vector<Get> inProgress_;

@@ -2,12 +2,11 @@
 // libcurl's multi interface on the program's event loop.
 #pragma once
 
-#include <curl/curl.h>
-
 #include <functional>
 #include <memory>
 
 #include "system/descriptor_loop.h"
+#include "system/late_curl.h"
 
 namespace requite {
 

@@ -86,12 +86,17 @@ std::string UrlToSend(std::string_view url, HostToAscii hostToAscii) {
   return Escaped(url.substr(0, hostBegin)) + Escaped(host) + Escaped(url.substr(hostEnd));
 }
 
+const TlsStore& GetAuthorities::Read() {
+  if (!store_) store_ = SystemTlsStore();
+  if (!std::exchange(read_, true) && !HasCertificate(store_->File)) store_->File.clear();
+  return *store_;
+}
+
 CurlTransfer::CurlTransfer(std::string_view url, std::string_view agent, const GetRules& rules)
     : rules_(rules), easy_(curl_easy_init()) {
   SetUrl(UrlToSend(url, rules.ToAscii));
   SetRequest(agent);
   SetConnection();
-  SetAuthorities();
   curl_easy_setopt(easy_, CURLOPT_HEADERFUNCTION, OnHeadLine);
   curl_easy_setopt(easy_, CURLOPT_HEADERDATA, this);
   curl_easy_setopt(easy_, CURLOPT_WRITEFUNCTION, OnBody);
@@ -108,6 +113,7 @@ void CurlTransfer::SetUrl(std::string url) {
   url_ = std::move(url);
   curl_easy_setopt(easy_, CURLOPT_URL, url_.c_str());
   curl_easy_setopt(easy_, CURLOPT_REQUEST_TARGET, TargetOf(url_).c_str());  // to the byte
+  if (StartsWith(url_, "https://", Compare::Text)) SetAuthorities();
 }
 
 void CurlTransfer::SetRequest(std::string_view agent) {
@@ -141,8 +147,8 @@ void CurlTransfer::SetConnection() {
 /// The library would pass over SSL_CERT_FILE and SSL_CERT_DIR, which hold for pages. And it would trust
 /// nobody when the file has no certificate or the folders are empty text, whatever the other one has.
 void CurlTransfer::SetAuthorities() {
-  const auto& [file, folders] = rules_.Store;
-  curl_easy_setopt(easy_, CURLOPT_CAINFO, HasCertificate(file) ? file.c_str() : nullptr);
+  const auto& [file, folders] = rules_.Authorities.Read();
+  curl_easy_setopt(easy_, CURLOPT_CAINFO, file.empty() ? nullptr : file.c_str());
   curl_easy_setopt(easy_, CURLOPT_CAPATH, folders.empty() ? nullptr : folders.c_str());
 }
 

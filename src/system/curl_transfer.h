@@ -2,14 +2,14 @@
 // One GET made by libcurl: what is sent, and which part of the answer is used.
 #pragma once
 
-#include <curl/curl.h>
-
 #include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "system/connect_map.h"
+#include "system/late_curl.h"
 #include "system/tls_store.h"
 
 namespace requite {
@@ -23,12 +23,26 @@ struct GetLimits {
 /// The name of a host as DNS has it: an international one in its ASCII form. Empty when it has no such form.
 using HostToAscii = std::string (*)(std::string_view host);
 
+/// The authorities that secure servers need, read when the first of them is asked.
+class GetAuthorities {
+ public:
+  /// Without a store it is the system's.
+  explicit GetAuthorities(std::optional<TlsStore> store) : store_(std::move(store)) {}
+
+  /// The store as the library takes it: without a file that has no certificate.
+  [[nodiscard]] const TlsStore& Read();
+
+ private:
+  std::optional<TlsStore> store_;
+  bool read_ = false;
+};
+
 /// What holds for all GETs.
 struct GetRules {
   const ConnectMap& Map;
   HostToAscii ToAscii;
   GetLimits Limits;
-  TlsStore Store;  ///< the authorities that secure servers need
+  GetAuthorities& Authorities;
 };
 
 /// The URL as it is given to the library: an international host in its ASCII form, a space or a control

@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds kMostPatience{3000};
 
 }  // namespace
 
-SecureHosts::SecureHosts(SecureRules rules, TlsStore store)
+SecureHosts::SecureHosts(SecureRules rules, std::optional<TlsStore> store)
     : rules_(std::move(rules)), context_(std::move(store)) {}
 
 bool SecureHosts::AsksFirst(const std::string& host, Clock::time_point now) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,7 +23,8 @@ class SecureHosts {
   static constexpr std::chrono::hours kRemembered{1};
   static constexpr std::size_t kMostHosts = 10'000;
 
-  explicit SecureHosts(SecureRules rules, TlsStore store = SystemTlsStore());
+  /// Without a store it is the system's.
+  explicit SecureHosts(SecureRules rules, std::optional<TlsStore> store = std::nullopt);
 
   /// Whether the next connection to the host's port 80 begins with an attempt at port 443. False while the
   /// setting is off, while there are no authorities to check with, for hosts that TLS has no names for, and

@@ -2,11 +2,10 @@
 // The library's settings in one place.
 #include "system/tls_context.h"
 
-#include <openssl/err.h>
-#include <openssl/ssl.h>
-
 #include <ctime>
 #include <utility>
+
+#include "system/late_openssl.h"
 
 namespace requite {
 namespace {
@@ -30,7 +29,7 @@ void SetRules(SSL_CTX* shared) {
 void TlsFree::operator()(SSL_CTX* context) const { SSL_CTX_free(context); }
 void TlsFree::operator()(SSL* connection) const { SSL_free(connection); }
 
-TlsContext::TlsContext(TlsStore store) : store_(std::move(store)) {}
+TlsContext::TlsContext(std::optional<TlsStore> store) : store_(std::move(store)) {}
 TlsContext::~TlsContext() = default;
 
 SSL_CTX* TlsContext::Shared() {
@@ -46,18 +45,24 @@ SSL_CTX* TlsContext::Shared() {
   return shared_.get();
 }
 
+const TlsStore& TlsContext::Store() {
+  if (!store_) store_ = SystemTlsStore();
+  return *store_;
+}
+
 /// A missing file or folder is no failure here: HasAuthorities tells. Certificates of folders are read when a
 /// chain needs them, which saves the reading of all of them at the start.
 void TlsContext::LoadStore() {
-  if (!store_.File.empty()) SSL_CTX_load_verify_file(shared_.get(), store_.File.c_str());
-  if (!store_.Folders.empty()) SSL_CTX_load_verify_dir(shared_.get(), store_.Folders.c_str());
+  const auto& [file, folders] = Store();
+  if (!file.empty()) SSL_CTX_load_verify_file(shared_.get(), file.c_str());
+  if (!folders.empty()) SSL_CTX_load_verify_dir(shared_.get(), folders.c_str());
 }
 
 bool TlsContext::HasAuthorities() {
   SSL_CTX* shared = Shared();
   if (shared == nullptr) return false;
   const auto* loaded = X509_STORE_get0_objects(SSL_CTX_get_cert_store(shared));
-  return sk_X509_OBJECT_num(loaded) > 0 || HasHashedCertificate(store_.Folders);
+  return sk_X509_OBJECT_num(loaded) > 0 || HasHashedCertificate(Store().Folders);
 }
 
 std::unique_ptr<SSL, TlsFree> TlsContext::NewConnection(const std::string& host) {

@@ -5,6 +5,7 @@
 #include <openssl/types.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "system/tls_sessions.h"
@@ -22,7 +23,8 @@ struct TlsFree {
 /// certificate; no renegotiation. Nothing is read or allocated before the first use.
 class TlsContext {
  public:
-  explicit TlsContext(TlsStore store = SystemTlsStore());
+  /// Without a store it is the system's.
+  explicit TlsContext(std::optional<TlsStore> store = std::nullopt);
   ~TlsContext();
   TlsContext(const TlsContext&) = delete;
   TlsContext& operator=(const TlsContext&) = delete;
@@ -40,10 +42,11 @@ class TlsContext {
 
  private:
   SSL_CTX* Shared();
+  const TlsStore& Store();
   void LoadStore();
   static int OnSession(SSL* connection, ssl_session_st* session);
 
-  TlsStore store_;
+  std::optional<TlsStore> store_;  ///< the system's is found at the first use
   std::unique_ptr<SSL_CTX, TlsFree> shared_;
   TlsSessions sessions_;
 };

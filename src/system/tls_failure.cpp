@@ -2,9 +2,7 @@
 // The library's many errors, sorted into the few that make a difference to the program.
 #include "system/tls_failure.h"
 
-#include <openssl/err.h>
-#include <openssl/ssl.h>
-#include <openssl/x509_vfy.h>
+#include "system/late_openssl.h"
 
 namespace requite {
 namespace {

@@ -3,14 +3,12 @@
 #include "system/tls_filter.h"
 
 #include <arpa/inet.h>
-#include <openssl/err.h>
-#include <openssl/ssl.h>
-#include <openssl/x509v3.h>
 
 #include <algorithm>
 #include <array>
 
 #include "platform/text.h"
+#include "system/late_openssl.h"
 
 namespace requite {
 namespace {

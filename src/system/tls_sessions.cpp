@@ -2,10 +2,10 @@
 // A short list: to search it costs nothing beside a handshake.
 #include "system/tls_sessions.h"
 
-#include <openssl/ssl.h>
-
 #include <algorithm>
 #include <utility>
+
+#include "system/late_openssl.h"
 
 namespace requite {
 

@@ -2,16 +2,13 @@
 // The two variables, and the names that the library gives to files in a folder of certificates.
 #include "system/tls_store.h"
 
-#include <openssl/bio.h>
-#include <openssl/err.h>
-#include <openssl/pem.h>
-#include <openssl/x509.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string_view>
+
+#include "system/late_openssl.h"
 
 namespace requite {
 namespace {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <memory>
 
 #include "console/child_process.h"
 #include "console/running_server.h"
@@ -67,6 +69,34 @@ TEST_F(ConsoleProgramTest, AScanWithEveryLinkFoundEndsWithZero) {
   EXPECT_EQ(ReadFile(folder_.File("r.html")), ReadFile(folder_.File("tempreport.html")));
   EXPECT_EQ(ReadFile(folder_.File("t.tab")).rfind("Main\tLinking", 0), 0U);
   EXPECT_NE(ReadFile(folder_.File("saved.prj")).find("RESULT:2|harbour-books"), std::string::npos);
+}
+
+/// A library that is loaded without need costs every run more than the rest of its start.
+TEST_F(ConsoleProgramTest, LibrariesAreLoadedWhenTheyAreNeededAndAMissingOneIsNamed) {
+  // The system's loader notes each library on its way in.
+  const auto scan = [&](const std::string& option) { return With({"scan", Project(kNothing), option}); };
+  const auto run = [&](const std::string& environment, const std::vector<std::string>& arguments) {
+    std::vector<std::string> all{"-c", environment + " exec \"$0\" \"$@\"", REQUITE_CONSOLE};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    auto child = std::make_unique<ChildProcess>("/bin/sh", all);
+    child->Wait();
+    return child;
+  };
+  const struct {
+    std::string Option;
+    std::vector<const char*> Loaded;
+  } kRows[] = {{"--quiet", {}}, {"--history", {"libsqlite3"}}, {"--secure", {"libssl"}}};
+  for (const auto& row : kRows) {
+    const auto child = run("LD_DEBUG=files", scan(row.Option));
+    for (const char* library : {"libcurl", "libssl", "libsqlite3"}) {
+      const bool wanted = std::find(row.Loaded.begin(), row.Loaded.end(), library) != row.Loaded.end();
+      EXPECT_EQ(child->Err.find(library) != std::string::npos, wanted) << row.Option << ' ' << library;
+    }
+  }
+  WriteFile(folder_.File("libssl.so.3"), "no library");
+  const auto child = run("LD_LIBRARY_PATH=" + folder_.Folder.Path, scan("--secure"));
+  EXPECT_NE(child->Err.find("A library is missing: " + folder_.File("libssl.so.3")), std::string::npos)
+      << child->Err;
 }
 
 TEST_F(ConsoleProgramTest, AFileOnStandardOutputTakesThePlaceOfTheRows) {

@@ -79,7 +79,7 @@ class SecureConnectionTest : public testing::Test {
   ConnectMap map_;
   bool isOn_ = true;
   SecureHosts secure_{{[this] { return isOn_; }, [] { return kPageTimeout; }},
-                      {folder_.File("authorities.pem"), ""}};
+                      TlsStore{folder_.File("authorities.pem"), ""}};
   PageConnection connection_{poller_, resolver_, map_, &secure_};
   Recorder recorder_{connection_};
 };
@@ -117,7 +117,7 @@ TEST_F(SecureConnectionTest, WhatFailsBeforeTheHandshakeIsCompleteGoesToThePlain
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.Name);
     SecureHosts fresh({[] { return true; }, [] { return kPageTimeout; }},
-                      {folder_.File("authorities.pem"), ""});
+                      TlsStore{folder_.File("authorities.pem"), ""});
     PageConnection connection(poller_, resolver_, map_, &fresh);
     Recorder recorder(connection);
     secureConnections_ = 0;

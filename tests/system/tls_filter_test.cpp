@@ -25,7 +25,7 @@ class TlsFilterTest : public testing::Test {
   Certificate authority_ = MakeCertificate({.Authority = true, .Subject = "authority"}, nullptr);
   Certificate site_ = MakeCertificate({.Names = {"site.example"}}, &authority_);
   TemporaryFolder folder_;
-  TlsContext context_{{InFolder("authorities.pem", authority_), ""}};
+  TlsContext context_{TlsStore{InFolder("authorities.pem", authority_), ""}};
 
   std::string InFolder(const char* name, const Certificate& certificate) {
     WriteFile(folder_.File(name), certificate.Pem());
