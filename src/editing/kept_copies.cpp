@@ -19,7 +19,7 @@ constexpr std::string_view kUnsaved = "Backup/Unsaved projects";
 constexpr std::string_view kSuffix = ".prj";
 constexpr std::size_t kLongestName = 100;
 constexpr std::string_view kNameForm = "00000000-000000-000 ";  // date, time and number
-constexpr std::size_t kTimeLength = 15;                          // of its date and time
+constexpr std::size_t kTimeLength = 15;                         // of its date and time
 constexpr std::size_t kNumberLength = 3;
 
 /// "2026-01-02T14:04:05Z" as "20260102-140405".
@@ -35,8 +35,9 @@ std::string InFileName(const std::string& utc) {
 /// What users put into the folder themselves is theirs.
 bool IsOwnName(std::string_view name) {
   if (name.size() < kNameForm.size()) return false;
-  return std::equal(kNameForm.begin(), kNameForm.end(), name.begin(),
-                    [](char form, char each) { return form == '0' ? each >= '0' && each <= '9' : each == form; });
+  return std::equal(kNameForm.begin(), kNameForm.end(), name.begin(), [](char form, char each) {
+    return form == '0' ? each >= '0' && each <= '9' : each == form;
+  });
 }
 
 /// "20260102-140405-001", or a later one than that of the newest copy: what was kept last counts as the
@@ -94,7 +95,7 @@ std::string KeptCopies::Keep(const std::string& text, std::string_view name, con
   std::error_code failed;
   fs::create_directories(folder, failed);
   if (failed) ThrowFileFailure(folder, failed.value());
-  const std::string path =
+  std::string path =
       folder + '/' + NextNumber(Unsaved(), InFileName(utc)) + ' ' + Stem(name) + std::string(kSuffix);
   WriteWhole(path, text + std::string(kLineEnd), Flush::Yes);
   // The copy is written: whatever fails from here on must not look as if it were not.

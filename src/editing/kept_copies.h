@@ -26,8 +26,8 @@ class KeptCopies {
 
   /// Writes the text of a project as a project file and returns its path; the file is on the disk then.
   /// `name` is that of the project's file, `utc` the time in the form of Clock::UtcDateTime. An older copy of
-  /// the same text goes, and so do the oldest ones above the bounds. Throws RuntimeFailure when the file
-  /// system refuses, and for a text that is above the bounds by itself.
+  /// the same text is deleted, and so are the oldest ones above the bounds. Throws RuntimeFailure when the
+  /// file system refuses, and for a text that is above the bounds by itself.
   [[nodiscard]] std::string Keep(const std::string& text, std::string_view name,
                                  const std::string& utc) const;
 

@@ -133,6 +133,18 @@ class NoticesTest : public QObject, private WindowRig {
     QCOMPARE(form_->Sites.List4.RowCount(), std::size_t{2});
   }
 
+  void tabReachesTheBarsFromTopToBottom() {
+    QStringList names;
+    const QWidget* each = Part<QWidget>(window_.get(), "scanResultMissing");
+    for (; each->objectName() != "TabStrip1" && names.size() < 50; each = each->nextInFocusChain()) {
+      if (each->focusPolicy() & Qt::TabFocus) names << each->objectName();
+    }
+    QCOMPARE(names,
+             QStringList({"scanResultMissing", "scanResultReport", "scanResultSave", "scanResultDismiss",
+                          "httpsOnlyTurnOn", "httpsOnlyDismiss", "keptProjectBringBack", "keptProjectDismiss",
+                          "deletedSiteUndo", "deletedSiteDismiss"}));
+  }
+
   void aScanTellsHowFarItIsAndWhatItCameTo() {
     AddSite("main.example", {"good.example", "bad.example", "last.example"});
     form_->Command1.Click();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "platform/text.h"
 #include "results/report_figures.h"
@@ -11,6 +12,8 @@
 
 namespace requite {
 namespace {
+
+constexpr int kFreedAtOnce = 2000;
 
 /// What one row says, whatever else is known of its site.
 enum class Says : std::uint8_t { Link, Shortfall, NoneFound, GivenUp };
@@ -74,6 +77,7 @@ SiteCounts ResultOutcomes::Site::OfRows() const {
 }
 
 const SiteCounts& ResultOutcomes::Counts() {
+  for (int freed = 0; freed < kFreedAtOnce && !gone_.empty(); ++freed) gone_.erase(gone_.begin());
   if (recount_) Recount();
   return counts_;
 }
@@ -127,7 +131,8 @@ void ResultOutcomes::RowAdded(std::size_t row) {
 }
 
 void ResultOutcomes::ListReset() {
-  if (list_.Empty()) sites_.clear();
+  // The window must not wait until a hundred thousand sites are freed.
+  if (list_.Empty() && !sites_.empty()) gone_ = std::exchange(sites_, {});
   // Rows that were only put in another order are still the same rows.
   if (list_.Empty() || list_.RowCount() != counted_) Forget();
 }

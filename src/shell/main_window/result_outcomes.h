@@ -67,6 +67,7 @@ class ResultOutcomes : public ListObserver, private SiteEvents {
   Form1& form_;
   const RecordList<LinkResult>& list_;
   std::unordered_map<std::string, Site> sites_;
+  std::unordered_map<std::string, Site> gone_;  ///< of results that were cleared; freed in small steps
   SiteCounts counts_;
   std::uint64_t version_ = 0;
   std::size_t counted_ = 0;  ///< rows

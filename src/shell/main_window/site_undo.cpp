@@ -122,7 +122,8 @@ void SiteUndo::DeleteLinkingSite(const std::function<void()>& act) {
   deletion.SiteColours = {list.Colour(deletion.Row)};
   deletion.Name = deletion.Sites[0].WebsiteUrl;
   deletion.ProjectSaved = project.ProjectSaved;
-  deletion.BeforeDeletion = Fingerprint(ProjectText(project));
+  // Of a project that is unsaved anyway nobody asks, and the text of a large one takes its time.
+  if (deletion.ProjectSaved) deletion.BeforeDeletion = Fingerprint(ProjectText(project));
   const std::vector<Rule> rules = RulesOf(project.lstRules);
   const std::size_t rows = list.RowCount();
   act();
@@ -241,8 +242,8 @@ int SiteUndo::NumberOfMainSite(const Deletion& deletion) const {
 
 /// The project counts as saved again if it is the one that was: unless its file was written meanwhile.
 void SiteUndo::SetSavedFlag(const Deletion& deletion) {
-  const bool same = Fingerprint(ProjectText(form_.Sites)) == deletion.BeforeDeletion;
-  form_.Sites.ProjectSaved = same && !deletion.SavedSince && deletion.ProjectSaved;
+  form_.Sites.ProjectSaved = deletion.ProjectSaved && !deletion.SavedSince &&
+                             Fingerprint(ProjectText(form_.Sites)) == deletion.BeforeDeletion;
 }
 
 void SiteUndo::ProjectIsSaved() {

@@ -61,7 +61,7 @@ class SiteUndo {
     int MainSiteNumber = 0;  ///< from 1
     bool ProjectSaved = false;
     bool SavedSince = false;
-    std::size_t BeforeDeletion = 0;  ///< fingerprint of the project
+    std::size_t BeforeDeletion = 0;  ///< fingerprint of the project, if it counted as saved
 
     std::size_t Row = 0;             ///< of a Linking Site
     std::vector<LinkingSite> Sites;  ///< the one that was deleted, or those of the Main Site

@@ -46,7 +46,7 @@ std::string TimeLeft::Words(double done, double all, Moment now) {
   if (!seconds) return {};
   const double minutes = *seconds / kMinute;
   if (!minutes_ || std::abs(minutes - *minutes_) > kOffBy) minutes_ = std::round(minutes);
-  if (*minutes_ < 1) return "less than 1 min";
+  if (*minutes_ < 1) return "under 1 min";
   if (*minutes_ < 1.5 * kHour) return "about " + std::to_string(static_cast<int>(*minutes_)) + " min";
   return "about " + std::to_string(static_cast<long>(std::round(*minutes_ / kHour))) + " h";
 }

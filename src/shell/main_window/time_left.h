@@ -15,7 +15,7 @@ class TimeLeft {
   /// A scan begins: what is known of the last one is forgotten.
   void Begin(Moment now);
 
-  /// "less than 1 min", "about 4 min" or "about 2 h"; empty while too few of the `all` sites are done to
+  /// "under 1 min", "about 4 min" or "about 2 h"; empty while too few of the `all` sites are done to
   /// know. `done` also counts the sites that were read ahead. To be called several times a second at most;
   /// the estimate moves slowly from one call to the next.
   [[nodiscard]] std::string Words(double done, double all, Moment now);

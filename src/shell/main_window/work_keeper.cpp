@@ -35,7 +35,7 @@ std::optional<WorkKeeper::Kept> WorkKeeper::KeepUnsaved() {
 
 bool WorkKeeper::BringBack(const std::string& copy, const std::string& project) {
   if (form_.State.Scanning) return false;
-  // Read first: what is on show goes only for something that is there.
+  // Read first: what is on show is replaced only by something that is there.
   const std::string text = ReadFile(copy);
   form_.Files.BringBack(text, project);
   saved_.reset();

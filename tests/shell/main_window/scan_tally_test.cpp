@@ -18,7 +18,7 @@ using Moment = TimeLeft::Moment;
 /// The minutes that an estimate tells; -1 for no estimate.
 int MinutesOf(const std::string& words) {
   if (words.empty()) return -1;
-  if (words == "less than 1 min") return 0;
+  if (words == "under 1 min") return 0;
   const int number = std::stoi(words.substr(words.find_first_of("0123456789")));
   return words.ends_with(" h") ? number * 60 : number;
 }

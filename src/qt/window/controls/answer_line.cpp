@@ -27,7 +27,7 @@ AnswerLine::AnswerLine(QStatusBar& bar) : QLabel(&bar) {
 }
 
 void AnswerLine::Say(const QString& answer) {
-  // Each typed letter of an option may have the same answer, which nobody wants to hear again.
+  // Each typed letter of an option may have the same answer, which need not be said again.
   if (end_.isActive() && answer == answer_) return end_.start();
   answer_ = answer;
   setToolTip(answer.toHtmlEscaped());

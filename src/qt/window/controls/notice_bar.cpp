@@ -3,10 +3,9 @@
 #include "qt/window/controls/notice_bar.h"
 
 #include <QAccessible>
-#include <QEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <algorithm>
 
@@ -14,6 +13,7 @@ namespace requite {
 namespace {
 
 constexpr qsizetype kMostBars = 2;
+constexpr float kTint = 0.18F;
 
 /// Names come from projects of any origin: the tool tip must not take them for markup.
 QString AsToolTip(const QString& names) {
@@ -21,13 +21,6 @@ QString AsToolTip(const QString& names) {
   QStringList lines;
   for (const QString& each : names.split('\n')) lines += each.toHtmlEscaped();
   return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
-}
-
-constexpr qreal kTint = 0.18;
-
-QColor Mixed(const QColor& one, const QColor& other, qreal share) {
-  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
 }
 
 }  // namespace
@@ -40,8 +33,6 @@ NoticeBar::NoticeBar(const QString& name, const QString& dismissText, const QStr
       dismiss_(new QPushButton(dismissText, this)) {
   setObjectName(name);
   setFrameShape(QFrame::StyledPanel);
-  setAutoFillBackground(true);
-  Tint();
   layout_->setContentsMargins(9, 3, 6, 3);
   words_->setObjectName(name + "Words");
   words_->setTextFormat(Qt::PlainText);
@@ -63,19 +54,6 @@ QPushButton& NoticeBar::Offer(const QString& name, const QString& text, std::fun
   return *button;
 }
 
-void NoticeBar::changeEvent(QEvent* event) {
-  QFrame::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) Tint();
-}
-
-/// Tool tip colours would glare on many dark desktops.
-void NoticeBar::Tint() {
-  QPalette tinted = QGuiApplication::palette();
-  tinted.setColor(QPalette::Window,
-                  Mixed(tinted.color(QPalette::Window), tinted.color(QPalette::Highlight), kTint));
-  if (tinted != palette()) setPalette(tinted);  // this is a change of the palette too
-}
-
 void NoticeBar::Say(const QString& words, const QString& toolTipLines) {
   words_->setText(words);
   setToolTip(AsToolTip(toolTipLines));
@@ -84,6 +62,15 @@ void NoticeBar::Say(const QString& words, const QString& toolTipLines) {
   show();
   QAccessibleEvent told(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&told);
+}
+
+/// A tint of the selection colour is seen in bright palettes and in dark ones, and the words keep their
+/// contrast.
+void NoticeBar::paintEvent(QPaintEvent* event) {
+  QColor tint = palette().color(QPalette::Active, QPalette::Highlight);
+  tint.setAlphaF(kTint);
+  QPainter(this).fillRect(rect(), tint);
+  QFrame::paintEvent(event);
 }
 
 void NoticeBar::MakeRoom() {

@@ -28,11 +28,10 @@ class NoticeBar : public QFrame {
   void Say(const QString& words, const QString& toolTipLines = {});
 
  protected:
-  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void MakeRoom();
-  void Tint();
 
   QHBoxLayout* layout_;
   QLabel* words_;

@@ -70,7 +70,6 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   setCentralWidget(columns_);
   TakeManySites();
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
-  FollowProject();
   refresh_.OnApplied = [this] { ShowScan(); };
   ShowScan();
   form_.Sites.OnListDropped = [this](LinkingSiteList& list, int) {

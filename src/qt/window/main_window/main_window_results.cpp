@@ -33,6 +33,7 @@ QWidget* MainWindow::BuildResults() {
   httpsOnly_ = new HttpsOnlyBar(form_, user_, box);
   bars_->addWidget(httpsOnly_);
   form_.OnHttpsOnly = [this] { httpsOnly_->Offer(); };
+  FollowProject();  // makes its bars here, so that Tab reaches all bars before the tabs below them
   auto* const tabs = new QTabBar(box);
   tabs->setExpanding(false);
   tabs->setUsesScrollButtons(true);

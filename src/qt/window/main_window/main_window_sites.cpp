@@ -20,6 +20,7 @@
 namespace requite {
 namespace {
 
+constexpr int kProgressMargin = 16;
 constexpr int kLowestList = 44;  // keeps the window within a screen of 600 lines, frame and all
 constexpr int kGap = 4;
 
@@ -188,6 +189,8 @@ QWidget* MainWindow::BuildProgress() {
   progress->setAccessibleName(tr("Progress of the page"));
   bind_.Bind(form_.pb1, *progress);
   scanLine_ = new ScanLine(form_, box);
+  // Only the number must fit: in a scan the line beside it needs the room.
+  progress->setMinimumWidth(progress->fontMetrics().horizontalAdvance("100%") + kProgressMargin);
   auto* const progressRow = new QHBoxLayout;
   progressRow->addWidget(progress, 1);
   progressRow->addWidget(scanLine_);

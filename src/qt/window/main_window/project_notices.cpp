@@ -47,7 +47,7 @@ ProjectNotices::ProjectNotices(Place place)
   WireKeeper();
   undo_.OnDeleted = [this] {
     SayDeleted();
-    Answer(undo_.Words());
+    Answer("The site was deleted.");
   };
 }
 
@@ -127,7 +127,7 @@ void ProjectNotices::BringBack() {
 void ProjectNotices::OpenCopy(const std::string& copy, const std::string& project) {
   try {
     if (!keeper_.BringBack(copy, project)) return;
-    Answer("The copy is open again. Save stores it as a project.");
+    Answer("Opened as an unsaved project.");
   } catch (const RuntimeFailure& failure) {
     Answer(failure.Description + ":", copy);
   }
