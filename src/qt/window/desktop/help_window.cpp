@@ -32,8 +32,6 @@ QWidget* NewWindow(const QUrl& first) {
   window->setObjectName(kName);
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWindowIcon(ProductIcon());
-  auto* const pages = new QTextBrowser(window);
-  pages->setAccessibleName(QTextBrowser::tr("Help page"));
   const auto button = [window](const QString& caption) {
     auto* const made = new QPushButton(caption, window);
     made->setAutoDefault(false);
@@ -42,6 +40,8 @@ QWidget* NewWindow(const QUrl& first) {
   QPushButton* const contents = button(QTextBrowser::tr("&Contents"));
   QPushButton* const back = button(QTextBrowser::tr("&Back"));
   QPushButton* const forward = button(QTextBrowser::tr("&Forward"));
+  auto* const pages = new QTextBrowser(window);
+  pages->setAccessibleName(QTextBrowser::tr("Help page"));
   QObject::connect(contents, &QPushButton::clicked, pages, [pages, first] { pages->setSource(first); });
   QObject::connect(back, &QPushButton::clicked, pages, &QTextBrowser::backward);
   QObject::connect(forward, &QPushButton::clicked, pages, &QTextBrowser::forward);

@@ -18,6 +18,8 @@
 namespace requite {
 namespace {
 
+constexpr int kLowestList = 44;
+
 QString GeometryKey(const ProgramWindow& window) {
   return QString::fromStdString(window.Name()) + "/geometry";
 }
@@ -79,6 +81,7 @@ QTableView* FurtherWindow::NewTable(ListView& list, const QString& emptyText, co
   ShowNewRows(*view, table);
   bind_.BindState(list, *view);
   view->setAccessibleName(accessibleName);
+  view->setMinimumHeight(kLowestList);
   return view;
 }
 

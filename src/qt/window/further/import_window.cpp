@@ -22,21 +22,11 @@
 namespace requite {
 namespace {
 
-constexpr int kLongestLine = 86;  // characters of an option's text, because a radio button cannot break lines
-
-QString Broken(QString text) {
-  for (qsizetype begin = 0; text.size() - begin > kLongestLine;) {
-    const qsizetype blank = text.lastIndexOf(' ', begin + kLongestLine);
-    if (blank <= begin) break;
-    text[blank] = '\n';
-    begin = blank + 1;
-  }
-  return text;
-}
+constexpr int kLongestLine = 86;  // characters of an option's text
 
 void NameOption(QRadioButton& option, QChar mnemonic) {
   option.setAccessibleName(option.text());
-  option.setText(WithMnemonic(Broken(option.text()), mnemonic));
+  option.setText(WithMnemonic(InLines(option.text(), kLongestLine), mnemonic));
 }
 
 }  // namespace
@@ -102,7 +92,9 @@ QWidget* ImportView::BuildGetLinks() {
 
 /// Each source with its URL indented below it.
 void ImportView::BuildSources(QGridLayout& layout, QWidget* box) {
+  // Made in the order in which Tab visits them.
   auto* const page = new QRadioButton(box);
+  QLineEdit* const pageUrl = NewLine(form_.Text1, tr("URL of my link page"));
   auto* const script = new QRadioButton(box);
   bind_.Bind(form_.Option1, {page, script});
   NameOption(*page, 'S');
@@ -115,7 +107,7 @@ void ImportView::BuildSources(QGridLayout& layout, QWidget* box) {
     layout.addWidget(widget, row, 1);
   };
   layout.addWidget(page, 0, 0, 1, 2);
-  line(1, tr("&URL:"), NewLine(form_.Text1, tr("URL of my link page")));
+  line(1, tr("&URL:"), pageUrl);
   layout.addWidget(script, 2, 0, 1, 2);
   line(3, tr("UR&L:"), NewLine(form_.Text2, tr("URL of my script")));
   line(4, tr("&Delimiter:"), NewCombo(form_.Combo1, tr("Delimiter")));
@@ -137,12 +129,13 @@ QWidget* ImportView::BuildPostLinks() {
   auto* const layout = new QGridLayout(page);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* const single = new QRadioButton(page);
+  QLineEdit* const url = NewLine(form_.txtPost, tr("Script URL"));
   auto* const multiple = new QRadioButton(page);
   bind_.Bind(form_.optScript, {single, multiple});
   NameOption(*single, 'U');
   NameOption(*multiple, 'd');
   layout->addWidget(single, 0, 0, 1, 4);
-  layout->addWidget(NewLine(form_.txtPost, tr("Script URL")), 1, 0, 1, 4);
+  layout->addWidget(url, 1, 0, 1, 4);
   layout->addWidget(multiple, 2, 0, 1, 4);
   layout->addWidget(NewCombo(form_.cmbSites, tr("Main Site of the script URL")), 3, 0);
   layout->addWidget(NewLine(form_.txtPost2, tr("Script URL of the Main Site")), 3, 1);

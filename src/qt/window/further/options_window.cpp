@@ -19,7 +19,8 @@
 namespace requite {
 namespace {
 
-constexpr int kGroupGap = 10;
+constexpr int kGroupGap = 8;
+constexpr int kLongestLine = 60;  // characters of a check box's text
 
 }  // namespace
 
@@ -168,13 +169,15 @@ QLayout* OptionsView::BuildVisitorName() {
 QCheckBox* OptionsView::NewCheck(CheckBox& control, QChar letter) {
   auto* const box = new QCheckBox(this);
   bind_.Bind(control, *box);
-  box->setText(WithMnemonic(box->text(), letter));
+  box->setAccessibleName(box->text());
+  box->setText(WithMnemonic(InLines(box->text(), kLongestLine), letter));
   return box;
 }
 
 QCheckBox* OptionsView::NewCheck(CheckBox& control, const TextBox& label, QChar letter) {
   QCheckBox* const box = NewCheck(control, letter);
-  box->setText(WithMnemonic(ToUnicode(label.Text()), letter));
+  box->setAccessibleName(ToUnicode(label.Text()));
+  box->setText(WithMnemonic(InLines(ToUnicode(label.Text()), kLongestLine), letter));
   box->setToolTip(ToUnicode(label.ToolTip));
   return box;
 }

@@ -30,14 +30,7 @@ QString WordsOf(const PastResult& result) {
       .arg(QString::fromUtf8(WordOf(result.State).data(), static_cast<int>(WordOf(result.State).size())));
 }
 
-/// Not the palette's placeholder colour, which some desktops do not fit to a dark background.
-QColor Faint(const QPalette& palette) {
-  QColor colour = palette.color(QPalette::Text);
-  colour.setAlpha(128);
-  return colour;
-}
-
-QColor ColourOf(SiteState state, const QPalette& palette) {
+QColor ColourOf(SiteState state) {
   switch (state) {
     case SiteState::Ok: return ShadeOf(Tone::Blue);
     case SiteState::Redirect: return ShadeOf(Tone::Green);
@@ -45,7 +38,7 @@ QColor ColourOf(SiteState state, const QPalette& palette) {
     case SiteState::None: return ShadeOf(Tone::Red);
     case SiteState::Unreachable: break;
   }
-  return Faint(palette);
+  return ShadeOf(Tone::Faint);
 }
 
 std::int64_t Highest(const std::vector<PastResult>& results) {
@@ -105,7 +98,7 @@ void PastScansView::paintEvent(QPaintEvent*) {
   const std::vector<PastResult>& results = control_.Results();
   const QRectF title(kMargin, kMargin, width() - 2 * kMargin, fontMetrics().height());
   if (results.empty()) {
-    painter.setPen(Faint(palette()));
+    painter.setPen(ShadeOf(Tone::Faint));
     painter.drawText(rect(), Qt::AlignCenter, tr("Select a site to see what its last scans found."));
     return;
   }
@@ -125,7 +118,7 @@ void PastScansView::paintEvent(QPaintEvent*) {
     };
     const qreal bar = std::max(kStub, heightOf(result.Found));
     painter.fillRect(QRectF(slot.left(), slot.bottom() - bar, slot.width() - kGap, bar),
-                     ColourOf(result.State, palette()));
+                     ColourOf(result.State));
     painter.setPen(QPen(palette().color(QPalette::Text), 1));
     const qreal expected = slot.bottom() - heightOf(result.Expected);
     painter.drawLine(QPointF(slot.left(), expected), QPointF(slot.right(), expected));

@@ -15,6 +15,7 @@
 #include "qt/window/lists/row_look.h"
 #include "qt/window/lists/row_selection.h"
 #include "qt/window/lists/row_text.h"
+#include "qt/window/look/glyphs.h"
 
 namespace requite {
 namespace {
@@ -209,7 +210,7 @@ class TableHand : public QObject {
   void PaintEmptyText() {
     const bool isFiltered = table_.List() != nullptr && table_.List()->RowCount() > 0;
     QPainter painter(view_.viewport());
-    painter.setPen(view_.palette().color(QPalette::PlaceholderText));
+    painter.setPen(ShadeOf(Tone::Faint));
     painter.drawText(view_.viewport()->rect().adjusted(12, 8, -12, -8), Qt::AlignCenter | Qt::TextWordWrap,
                      isFiltered ? table_.NoMatch() : emptyText_);
   }

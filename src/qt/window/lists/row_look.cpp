@@ -6,15 +6,12 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+#include "qt/window/look/glyphs.h"
+
 namespace requite {
 namespace {
 
 constexpr int kRowPadding = 7;
-
-QColor Between(const QColor& from, const QColor& to, double share) {
-  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-  return QColor(mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue()));
-}
 
 class RowPainter : public QStyledItemDelegate {
  public:

@@ -14,6 +14,16 @@ QString WithMnemonic(const QString& text, QChar letter) {
   return at < 0 ? text : QString(text).insert(at, '&');
 }
 
+QString InLines(QString text, int longest) {
+  for (qsizetype begin = 0; text.size() - begin > longest;) {
+    const qsizetype blank = text.lastIndexOf(' ', begin + longest);
+    if (blank <= begin) break;
+    text[blank] = '\n';
+    begin = blank + 1;
+  }
+  return text;
+}
+
 QLabel* NewBoxLabel(const TextBox& label, QChar letter, QWidget& box, QWidget* parent) {
   const QString text = ToUnicode(label.Text());
   auto* const shown = new QLabel(WithMnemonic(text, letter), parent);

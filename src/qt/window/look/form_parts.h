@@ -14,6 +14,10 @@ class TextBox;
 /// The text with "&" before the first occurrence of this letter.
 [[nodiscard]] QString WithMnemonic(const QString& text, QChar letter);
 
+/// The text in lines of at most `longest` characters, broken at blanks, for buttons, which cannot break
+/// lines. A longer word keeps its line.
+[[nodiscard]] QString InLines(QString text, int longest);
+
 /// A label that leads to a box by its mnemonic, and gives the box its text as accessible name.
 QLabel* NewBoxLabel(const TextBox& label, QChar letter, QWidget& box, QWidget* parent);
 

@@ -119,6 +119,11 @@ class GlyphEngine final : public QIconEngine {
 
 }  // namespace
 
+QColor Between(const QColor& from, const QColor& to, double share) {
+  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return QColor(mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue()));
+}
+
 QColor ShadeOf(Tone tone) {
   const QPalette palette = QGuiApplication::palette();
   const bool dark = palette.color(QPalette::Base).lightness() < 128;
@@ -126,6 +131,7 @@ QColor ShadeOf(Tone tone) {
     case Tone::Blue: return dark ? QColor(130, 175, 255) : QColor(0, 64, 192);
     case Tone::Green: return dark ? QColor(110, 215, 130) : QColor(0, 110, 40);
     case Tone::Red: return dark ? QColor(255, 135, 125) : QColor(185, 0, 15);
+    case Tone::Faint: return Between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.65);
     case Tone::Text: break;
   }
   return palette.color(QPalette::WindowText);

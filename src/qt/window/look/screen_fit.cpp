@@ -16,11 +16,14 @@ constexpr QMargins kFrame(4, 28, 4, 4);
 
 void FitToScreen(QWidget& window, const QScreen& screen) {
   const QRect room = screen.availableGeometry().marginsRemoved(kFrame);
-  const QSize size = window.size().boundedTo(room.size());
+  // A window that was not shown yet may still grow to what its layout needs.
+  const QSize needed = window.minimumSizeHint();
+  const QSize size = window.size().boundedTo(room.size()).expandedTo(needed);
   if (size != window.size()) window.resize(size);
   if (!window.testAttribute(Qt::WA_Moved)) return;  // the window manager chooses the place
-  const QPoint at(std::clamp(window.x(), room.left(), room.right() + 1 - size.width()),
-                  std::clamp(window.y(), room.top() - kFrame.top(), room.bottom() + 1 - size.height()));
+  const auto within = [](int at, int first, int last) { return std::max(first, std::min(at, last)); };
+  const QPoint at(within(window.x(), room.left(), room.right() + 1 - size.width()),
+                  within(window.y(), room.top() - kFrame.top(), room.bottom() + 1 - size.height()));
   if (at != window.pos()) window.move(at);
 }
 

@@ -64,10 +64,14 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   columns_->addWidget(left_);
   columns_->addWidget(BuildResults());
   columns_->setStretchFactor(1, 1);
-  columns_->setContentsMargins(6, 4, 6, 0);
   columns_->setChildrenCollapsible(false);
   left_->setChildrenCollapsible(false);
-  setCentralWidget(columns_);
+  // A splitter's own margins are missing from the least size that it tells.
+  auto* const frame = new QWidget(this);
+  auto* const around = new QVBoxLayout(frame);
+  around->setContentsMargins(6, 4, 6, 0);
+  around->addWidget(columns_);
+  setCentralWidget(frame);
   TakeManySites();
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   refresh_.OnApplied = [this] { ShowScan(); };

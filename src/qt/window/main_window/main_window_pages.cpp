@@ -78,10 +78,11 @@ QWidget* MainWindow::BuildPagesPage() {
 QWidget* MainWindow::BuildPostPage() {
   auto* const page = new QWidget(this);
   auto* const layout = new QGridLayout(page);
+  // Made in the order in which Tab visits them.
   auto* const single = new QRadioButton(page);
+  auto* const url = new QLineEdit(page);
   auto* const multi = new QRadioButton(page);
   bind_.Bind(form_.optScript, {single, multi});
-  auto* const url = new QLineEdit(page);
   url->setAccessibleName(tr("Script URL"));
   bind_.Bind(form_.Sites.txtPost, *url);
   auto* const site = new QComboBox(page);

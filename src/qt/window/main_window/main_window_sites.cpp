@@ -148,11 +148,14 @@ void MainWindow::ShowCurrentLinkingSites() {
   linkingSites_.Show(exists ? &form_.Sites.List1(k) : nullptr);
 }
 
-/// What this scan did in two columns, what all scans did in the third.
+/// Narrow enough for large letters on a small screen.
 QLayout* MainWindow::BuildFigures(QWidget* box) {
   auto* const grid = new QGridLayout;
   grid->setVerticalSpacing(1);
   grid->setHorizontalSpacing(kGap);
+  const auto heading = [&](int row, const QString& text) {
+    grid->addWidget(new QLabel("<b>" + text + "</b>", box), row, 0, 1, 2);
+  };
   const auto figure = [&](int row, int column, const QString& caption, std::size_t index) {
     auto* const value = new QLabel(box);
     bind_.BindLabel(form_.lblStats[index], *value);
@@ -160,17 +163,17 @@ QLayout* MainWindow::BuildFigures(QWidget* box) {
     grid->addWidget(new QLabel(caption, box), row, column);
     grid->addWidget(new SteadyPlace(value, box), row, column + 1);
   };
-  grid->addWidget(new QLabel(tr("<b>Scan Statistics</b>"), box), 0, 0, 1, 2);
-  grid->addWidget(new QLabel(tr("<b>Historically</b>"), box), 0, 4, 1, 2);
+  heading(0, tr("Scan Statistics"));
   figure(1, 0, "Pages Scanned:", 0);
   figure(2, 0, "Pages Found:", 1);
   figure(3, 0, "Links Found:", 2);
   figure(1, 2, "Linking Sites Scanned:", 5);
   figure(2, 2, "Main Sites Scanned:", 6);
-  figure(1, 4, "Pages Scanned:", 3);
-  figure(2, 4, "Links Found:", 4);
-  grid->addWidget(queueFold_->Button(), 3, 2, 1, 4, Qt::AlignLeft);
-  for (const int column : {1, 3, 5}) grid->setColumnStretch(column, 1);
+  heading(4, tr("Historically"));
+  figure(5, 0, "Pages Scanned:", 3);
+  figure(5, 2, "Links Found:", 4);
+  grid->addWidget(queueFold_->Button(), 3, 2, 2, 2, Qt::AlignRight | Qt::AlignVCenter);
+  for (const int column : {1, 3}) grid->setColumnStretch(column, 1);
   return grid;
 }
 
