@@ -99,7 +99,7 @@ class ListsTest : public QObject, private WindowRig {
     QVERIFY(!Part<QTableView>(window_.get(), "List3")->isColumnHidden(2));
     Choose(*header, "&Fit Columns to Their Content");
     QVERIFY(header->sectionSize(0) != before - 30);
-    QTRY_COMPARE(header->length(), Sites().viewport()->width());
+    QTRY_VERIFY(header->length() >= Sites().viewport()->width());
   }
 
   void theLastColumnCannotBeHiddenAndThePictureMovesToTheFirst() {

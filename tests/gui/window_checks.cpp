@@ -178,7 +178,7 @@ QStringList FaintNote(QWidget& paper, const QString& owner) {
 QStringList FaintCells(const QTableView& view) {
   if (view.model()->rowCount() == 0) return FaintNote(*view.viewport(), NameOf(view));
   QStringList faults;
-  const QPalette palette = view.palette();
+  const QPalette& palette = view.palette();
   const QAbstractItemModel& model = *view.model();
   for (const QPalette::ColorRole role : {QPalette::Base, QPalette::AlternateBase}) {
     for (int row = 0; row < std::min(model.rowCount(), 30); ++row) {

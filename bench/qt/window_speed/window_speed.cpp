@@ -157,6 +157,11 @@ int RunLists(int rows) {
   report("nothing");
   Fill(desk, rows, [&](int i) { form.Sites.List1(1).Add({Mixed(i), "1", "", "", ""}); });
   report("fill Linking Sites");
+  form.Sites.AddMainSite("www.other.example");
+  form.SelectMainSite(1);
+  report("show an empty list");
+  form.SelectMainSite(0);
+  report("show the long list again");
   Fill(desk, rows, [&](int i) {
     form.Sites.List3.Add({"www.mysite.example", Mixed(i), "Direct Link", "001", Mixed(i * 3)}, 2, kBlue);
   });

@@ -23,6 +23,7 @@ constexpr int kSpread = 28;        // rows measured between
 constexpr int kLongestText = 120;  // characters; a longer text never fits, so it is not measured
 constexpr int kShortText = 10;     // digits; a content that is no wider is never cut
 constexpr int kFewestDigits = 3;   // a number may grow while nobody measures it
+constexpr int kShortAddress = 18;  // digits; rather than cut more, the list scrolls sideways
 constexpr int kNarrowest = 20;
 
 QVariantList Numbers(const QHeaderView& header, int (QHeaderView::*get)(int) const) {
@@ -161,8 +162,13 @@ void ColumnFit::Fit() {
     const auto at = static_cast<std::size_t>(column);
     const int content = content_[at];
     const int caption = std::max({kNarrowest, CaptionWidth(column), kFewestDigits * digit + padding});
-    const int least = content <= kShortText * digit + padding ? std::max(caption, content) : caption;
-    needs.push_back({least, std::max(least, content), at < shares_.size() ? shares_[at] : 1});
+    const int share = at < shares_.size() ? shares_[at] : 1;
+    const bool isAddress = share > 1 && share == *std::max_element(shares_.begin(), shares_.end());
+    const int uncut = (isAddress ? kShortAddress : kShortText) * digit + padding;
+    const int least = std::max(caption, isAddress          ? std::min(content, uncut)
+                                        : content <= uncut ? content
+                                                           : 0);
+    needs.push_back({least, std::max(least, content), share});
   }
   const std::vector<int> widths = ShareWidth(needs, view_.viewport()->width());
   fitting_ = true;

@@ -20,7 +20,8 @@ class ColumnFit : public QObject {
  public:
   /// Belongs to the view, which needs its model first. `shares` has a positive number for each column: how
   /// much it gets where they do not all fit; 1 where it is missing. The column with the largest share gets
-  /// the width that is spare.
+  /// the width that is spare, and keeps enough for a short address: rather than cut more, the list scrolls
+  /// sideways.
   ColumnFit(QTableView& view, std::vector<int> shares);
 
   /// Drops the widths that the user gave.
