@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Page text through triage and analysis, with and without the work files. REQUITE_BENCH_PAGES names a folder of
-// real pages; without it pages are generated.
+// Page text through triage and analysis, with and without the work files. REQUITE_BENCH_PAGES names a folder
+// of real pages; without it pages are generated.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>

@@ -10,7 +10,7 @@
 namespace requite {
 
 /// The first three bytes of up to eight patterns, in both letter cases. Each pattern has a bit. A shorter
-/// pattern goes with any byte after its end.
+/// pattern matches any byte after its end.
 class MarkBytes {
  public:
   void Add(std::string_view pattern, std::uint8_t bit);

@@ -49,7 +49,7 @@ struct ScanState {
   bool LinkFound = false;
   std::int32_t PagesDone = 0;
   std::int32_t PagesQueued = 0;  ///< also the last used index of SeenPages
-  std::uint64_t Sites = 0;       ///< rises whenever PagesQueued goes back to 0
+  std::uint64_t Sites = 0;       ///< rises whenever PagesQueued is set back to 0
   std::int32_t SitesDone = 0;    ///< always 0: panel 1 says "Main Site 1" during the whole scan
   std::int32_t PageLimit = 0;
   std::int16_t TimeoutSeconds = 0;

@@ -66,7 +66,8 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
 void Triage::ProcessPage(std::string body) {
   // This lets events run in a large page, so it comes first: a Skip during it acts like one just before the
   // page, and what the page shows is noted for one site only.
-  std::optional<PreparedPage> page = LookThrough(std::move(body));
+  std::optional<PreparedPage> page = LookThrough(body);
+  body = {};
   PassOver([&] { scan_.Platform.Connection.Close(); });
   if (!page || !scan_.State.Scanning) return;
   NoteReasons(*page);
@@ -77,7 +78,7 @@ void Triage::ProcessPage(std::string body) {
 }
 
 /// Nothing after a stop.
-std::optional<PreparedPage> Triage::LookThrough(std::string body) {
+std::optional<PreparedPage> Triage::LookThrough(std::string_view body) {
   if (!scan_.State.Scanning) return std::nullopt;
   if (marks_->MainSite() != scan_.State.MainSiteKey) {
     marks_ = std::make_shared<const PageMarks>(scan_.State.MainSiteKey);

@@ -34,7 +34,7 @@ class Triage {
   void ProcessPage(std::string body);
 
  private:
-  [[nodiscard]] std::optional<PreparedPage> LookThrough(std::string body);
+  [[nodiscard]] std::optional<PreparedPage> LookThrough(std::string_view body);
   [[nodiscard]] bool HoldsMainSite(std::string_view body, const std::string& sought,
                                    const PreparedPage& page);
   void NoteReasons(const PreparedPage& page);

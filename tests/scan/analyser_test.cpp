@@ -122,6 +122,7 @@ TEST_F(AnalyserTest, AVerdictIsForgottenWithWhatItDependsOn) {
     EXPECT_EQ(rig.Queue(), before);
     row.Change();
     rig.Page(link);
+    ASSERT_FALSE(rig.Queue().empty());
     EXPECT_EQ(rig.Queue().back(), row.QueuedThen);
   }
 }
