@@ -19,7 +19,7 @@
 namespace requite {
 namespace {
 
-constexpr int kGroupGap = 8;
+constexpr int kGroupGap = 4;
 constexpr int kLongestLine = 60;  // characters of a check box's text
 
 }  // namespace
@@ -36,6 +36,11 @@ OptionsView::OptionsView(frmOptions& options, const WindowSurroundings& surround
   status->setSizeGripEnabled(false);
   new AnswerLine(*status);  // owned by the bar
   layout->addWidget(status);
+  // The status bar has room enough around its text, and a small screen has none to spare.
+  QMargins margins = layout->contentsMargins();
+  margins.setBottom(0);
+  layout->setContentsMargins(margins);
+  layout->setSpacing(0);
   RestoreSize({900, 500});
 }
 

@@ -61,10 +61,6 @@ WebsiteView::WebsiteView(frmWebsite& window, const WindowSurroundings& surroundi
 
 LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
     : FurtherWindow(window, surroundings), window_(window) {
-  auto* const text = new QPlainTextEdit(this);
-  text->setAccessibleName(tr("Log of the posting"));
-  text->setPlaceholderText(tr("The requests and what they returned appear here."));
-  bind_.Bind(window.Text4, *text, kLongestLog);
   auto* const layout = new QVBoxLayout(this);
   auto* const head = new QHBoxLayout;
   head->addWidget(NewLabel(window.lblAnswers), 1);
@@ -72,6 +68,10 @@ LogView::LogView(Form5& window, const WindowSurroundings& surroundings)
   head->addWidget(
       NewCommand(tr("&Save..."), "saveLog", tr("Save the whole log as a text file"), &LogView::Save));
   layout->addLayout(head);
+  auto* const text = new QPlainTextEdit(this);
+  text->setAccessibleName(tr("Log of the posting"));
+  text->setPlaceholderText(tr("The requests and what they returned appear here."));
+  bind_.Bind(window.Text4, *text, kLongestLog);
   layout->addWidget(text);
   RestoreSize({640, 420});
 }

@@ -39,7 +39,7 @@ FilterBox::FilterBox(const QString& name, const QString& prompt, ListTable& tabl
                      QWidget* parent)
     : QLineEdit(parent), table_(table), view_(view) {
   setObjectName(name);
-  setPlaceholderText(prompt);
+  setPlaceholderText(tr("Filter"));
   setAccessibleName(prompt);
   setToolTip(tr("Show only rows with these words (Ctrl+F). Esc shows all rows."));
   setClearButtonEnabled(true);

@@ -132,6 +132,7 @@ QWidget* MainWindow::BuildReportsPage() {
   changes->setToolTip(tr("Changes since the last scan: who stopped linking back, and who links back now"));
   connect(changes, &QPushButton::clicked, this, [this] { ShowChanges(); });
   bar->addWidget(changes);
+  bar->addStretch();
   layout->addLayout(bar);
   auto* const view = new WebViewHolder(form_.WebBrowser2, form_.Platform.Internet, guard_, page);
   view->SetEmptyNotice(tr("There is no report yet."),
@@ -145,8 +146,7 @@ QWidget* MainWindow::BuildReportsPage() {
   beside->setChildrenCollapsible(false);
   layout->addWidget(beside, 1);
   reportTools_ = new ReportTools(form_, *view, user_, *answers_, page);
-  bar->addWidget(reportTools_);
-  bar->addStretch();
+  layout->insertWidget(1, reportTools_, 0, Qt::AlignLeft);
   return page;
 }
 

@@ -31,15 +31,18 @@ PageTools::PageTools(Form1& form, const UserEvents& user, AnswerLine& answers, Q
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   hint_->setObjectName("sampleHint");
-  hint_->setText(tr("The boxes still hold sample sentences. They would be part of the page that you save."));
+  hint_->setText(tr("Sample sentences are still in the boxes."));
+  hint_->setToolTip(tr("They would be part of the page that you save."));
   hint_->setWordWrap(true);
   layout->addWidget(hint_);
+  auto* const row = new QHBoxLayout;
+  layout->addLayout(row);
   const auto add = [&](const QString& caption, const QString& name, const QString& toolTip,
                        void (PageTools::*command)()) {
     auto* const button = new QPushButton(caption, this);
     button->setObjectName(name);
     button->setToolTip(toolTip);
-    layout->addWidget(button);
+    row->addWidget(button);
     connect(button, &QPushButton::clicked, this,
             [this, &user, command] { user.Run([this, command] { (this->*command)(); }); });
   };

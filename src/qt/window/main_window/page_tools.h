@@ -4,8 +4,8 @@
 
 #include <QWidget>
 
-#include "qt/window/controls/user_events.h"
 #include "qt/window/controls/answer_line.h"
+#include "qt/window/controls/user_events.h"
 #include "shell/main_window/form1.h"
 
 class QLabel;

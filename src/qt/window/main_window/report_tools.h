@@ -5,8 +5,8 @@
 #include <QWidget>
 
 #include "qt/web/web_view_holder.h"
-#include "qt/window/controls/user_events.h"
 #include "qt/window/controls/answer_line.h"
+#include "qt/window/controls/user_events.h"
 #include "shell/main_window/form1.h"
 
 class QPushButton;

@@ -71,6 +71,7 @@ ResultFilter::ResultFilter(Form1& form, ListTable& table, QWidget& view, QWidget
     segments->addWidget(button);
   }
   layout->addLayout(segments);
+  setTabOrder(kinds_->buttons().back(), &view);
   connect(kinds_, &QButtonGroup::idToggled, this, [this](int, bool on) {
     if (on) Choose();
   });
