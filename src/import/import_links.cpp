@@ -154,9 +154,8 @@ void ImportLinks::SelectAll() {
 }
 
 void ImportLinks::ImportFromFile() {
-  const std::string path =
-      needs_.Dialogs.AskOpenName(
-          {needs_.Folder.File("Project Files"), "Text Files (*.txt)|*.txt", "", {}, "import"});
+  const std::string path = needs_.Dialogs.AskOpenName(
+      {needs_.Folder.File("Project Files"), "Text Files (*.txt)|*.txt", "", {}, "import"});
   if (path.empty() || needs_.Ended()) return;
   EndSilently([&] { AddLines(ReadFile(path)); });
 }
