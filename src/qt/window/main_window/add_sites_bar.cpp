@@ -60,6 +60,7 @@ std::string AddSitesBar::ListName() const {
 void AddSitesBar::Offer(Kind kind, const QString& text) {
   if (!CanAdd(kind)) return;
   const Target target = TargetOf(kind);
+  if (target.List == nullptr) return;
   kind_ = kind;
   lines_ = ReadSiteLines(text, *target.List, kind == Kind::LinkingSites, target.Most);
   listName_ = ListName();

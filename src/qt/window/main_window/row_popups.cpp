@@ -20,7 +20,8 @@ int RowOnShow(const ListTable& table) {
 }
 
 void CopyRow(const ListTable& table) {
-  QGuiApplication::clipboard()->setText(RowsAsText(*table.List(), {RowOnShow(table)}));
+  const ListView* const list = table.List();
+  if (list != nullptr) QGuiApplication::clipboard()->setText(RowsAsText(*list, {RowOnShow(table)}));
 }
 
 std::string Field(const ListTable& table, std::size_t column) {
