@@ -17,7 +17,7 @@
 namespace requite::test {
 namespace {
 
-constexpr QSize kUsual(1100, 720);
+constexpr QSize kUsual(1180, 760);
 constexpr QSize kSmall(1024, 600);
 constexpr int kScanMilliseconds = 120'000;
 
@@ -97,7 +97,10 @@ class Photographer {
   }
 
  private:
-  static void Load(DeskProgram& program) { program.Form.Files.LoadProject(REQUITE_SAMPLES "/sample.prj"); }
+  /// From the program's own folder: the window says the path.
+  void Load(DeskProgram& program) const {
+    program.Form.Files.LoadProject(program_.File("Project Files/sample.prj"));
+  }
 
   void Scan(DeskProgram& program, const std::function<bool()>& until) {
     program.Click("Command1");

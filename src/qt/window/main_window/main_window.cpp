@@ -29,7 +29,7 @@
 namespace requite {
 namespace {
 
-constexpr int kLeftPercent = 46;  // of the width, for the site lists the first time
+constexpr int kLeftPercent = 41;  // of the width, for the site lists the first time
 
 }  // namespace
 
