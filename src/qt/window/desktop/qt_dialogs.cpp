@@ -54,7 +54,7 @@ QString FolderKey(const FileDialog& dialog) {
 /// Where the dialog begins: the folder chosen last, while it exists.
 QString FirstFolder(const FileDialog& dialog) {
   if (!dialog.RememberedAs.empty()) {
-    const QString last = QSettings("requite", "window").value(FolderKey(dialog)).toString();
+    QString last = QSettings("requite", "window").value(FolderKey(dialog)).toString();
     if (QFileInfo(last).isDir()) return last;
   }
   return QFile::decodeName(dialog.Folder.c_str());

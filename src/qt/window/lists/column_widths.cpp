@@ -10,6 +10,7 @@ namespace {
 
 std::vector<int> WidthsAt(int level, const std::vector<ColumnNeed>& needs) {
   std::vector<int> widths;
+  widths.reserve(needs.size());
   for (const ColumnNeed& need : needs) {
     widths.push_back(std::clamp(need.Share * level, need.Least, std::max(need.Least, need.Whole)));
   }

@@ -22,8 +22,11 @@ QString NameOf(const ListView& list, const std::vector<int>& rows, int address) 
   const auto row = static_cast<std::size_t>(rows.front());
   std::string name = list.FieldAt(row, address < 0 ? 0 : static_cast<std::size_t>(address));
   // A rule is told apart by its last fields: its first ones are those of its neighbours.
-  for (std::size_t column = 2; address < 0 && column < list.ColumnCount(); ++column)
-    name = (column == 2 ? std::string() : name + " ") + list.FieldAt(row, column);
+  if (address < 0 && list.ColumnCount() > 2) name.clear();
+  for (std::size_t column = 2; address < 0 && column < list.ColumnCount(); ++column) {
+    if (column > 2) name += ' ';
+    name += list.FieldAt(row, column);
+  }
   return OneLine(name);
 }
 
