@@ -76,7 +76,7 @@ ColumnFit::ColumnFit(QTableView& view, std::vector<int> shares)
 bool ColumnFit::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &view_) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) MeasureAgain();
-  } else if (watched == view_.viewport()) {
+  } else if (watched == viewport_) {
     if (event->type() == QEvent::Resize) Fit();
   } else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
     pressed_ = event->type() == QEvent::MouseButtonPress &&

@@ -3,11 +3,11 @@
 #pragma once
 
 #include <QObject>
+#include <QTableView>
 #include <QTimer>
 #include <vector>
 
 class QSettings;
-class QTableView;
 
 namespace requite {
 
@@ -47,6 +47,7 @@ class ColumnFit : public QObject {
   void ShowMenu(const QPoint& at);
 
   QTableView& view_;
+  const QObject* const viewport_ = view_.viewport();  ///< sends events while the view is being destroyed, too
   std::vector<int> shares_;
   std::vector<int> content_;  ///< the widest content seen in each column, in pixels
   QTimer rest_;               ///< between two measurements while rows are added
