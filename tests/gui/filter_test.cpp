@@ -137,7 +137,7 @@ class FilterTest : public QObject, private WindowRig {
     QCOMPARE(Shown(), QStringList("c"));
     QCOMPARE(Widget<QAbstractButton>("showAll")->text(), QString("All 4"));
     QCOMPARE(Widget<QAbstractButton>("showNotReached")->text(), QString("Not reached 1"));
-    form_->Sites.List3.Add({"m", "b", "Missing 001", "000", "u"});  // its link falls short now
+    form_->Sites.List3.Add({"m", "b", "Missing 001", "000", "u"});  // it has fewer links than expected now
     QTRY_COMPARE(Shown(), QStringList({"b", "c", "b"}));
     QCOMPARE(Widget<QAbstractButton>("showLinking")->text(), QString("Linking 1"));
     form_->cmdNew.Click();

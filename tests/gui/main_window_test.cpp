@@ -36,7 +36,7 @@ class MainWindowTest : public QObject, private WindowRig {
     auto* const linking = Widget<QTableView>("List1");
     QTRY_COMPARE(linking->model()->rowCount(), 1);
     linking->setFocus(Qt::TabFocusReason);
-    QVERIFY(!form_->cmbDel.Enabled());  // a focus that comes chooses no row
+    QVERIFY(!form_->cmbDel.Enabled());  // getting the focus selects no row
     QTest::keyClick(linking, Qt::Key_Delete);
     QCOMPARE(form_->Sites.List1(1).RowCount(), std::size_t{1});
     QTest::keyClick(window_.get(), Qt::Key_F5);
@@ -79,7 +79,7 @@ class MainWindowTest : public QObject, private WindowRig {
     QVERIFY(stop->isEnabled() && !site->isEnabled());
     form_->Scan.cmdStop();
     const auto sites = form_->Figures.MainSitesScanned;
-    QVERIFY(stop->isEnabled());  // what the scan changes by itself is shown a little later
+    QVERIFY(stop->isEnabled());  // what the scan itself changes is shown a little later
     QTest::mouseClick(stop, Qt::LeftButton);
     QCOMPARE(form_->Figures.MainSitesScanned, sites);
   }

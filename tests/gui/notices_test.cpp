@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the main window says of its project and its scans, and the way back from what was replaced or deleted.
+// What the main window says about its project and its scans, and how replaced or deleted work comes back.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Walks through the widgets of a window; what other windows own is theirs.
+// Walks through the widgets of a window, but not into the windows that belong to it.
 #include "gui/window_checks.h"
 
 #include <QAbstractButton>

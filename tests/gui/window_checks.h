@@ -22,10 +22,10 @@ namespace requite::test {
 /// Controls that have no name or no role.
 [[nodiscard]] QStringList Nameless(const QWidget& window);
 
-/// Texts and pictures of less than 4.5 to 1 against what is behind them. Disabled ones may be faint.
+/// Texts and pictures whose contrast with their background is below 4.5 to 1. Disabled ones may be faint.
 [[nodiscard]] QStringList Faint(const QWidget& window);
 
-/// From 1 to 21.
+/// The ratio of their luminances, from 1 to 21.
 [[nodiscard]] double Contrast(const QColor& a, const QColor& b);
 
 }  // namespace requite::test

@@ -41,7 +41,7 @@ class DesktopServices {
   [[nodiscard]] RunAheadServices::Parts Parts() {
     return {guard_, descriptors_, poller_, resolver_, map_, secure_};
   }
-  /// Whether events run now that something in the program has let run, and waits for.
+  /// True while some code of the program has let events run and waits until they are done.
   [[nodiscard]] bool EventsAreNested() const { return events_.IsRunning() || descriptors_.IsWaiting(); }
 
  private:

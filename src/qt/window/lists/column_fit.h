@@ -27,8 +27,8 @@ class ColumnFit : public QObject {
   /// Drops the widths that the user gave.
   void FitAll();
 
-  /// The order of the columns, the hidden ones, and the widths if they are the user's. What was stored of a
-  /// list with other columns is passed over.
+  /// The order of the columns, the hidden ones, and the widths if they are the user's. What was stored for a
+  /// list with other columns is ignored.
   void Save(QSettings& store) const;
   void Restore(const QSettings& store);
 

@@ -10,8 +10,8 @@
 namespace requite {
 
 /// A row passes when each word is somewhere in its fields, ignoring letter case. Escape empties the box and
-/// gives the keyboard back; in an empty box it only does the latter, and stays whatever it is elsewhere.
-/// Enter and Down lead to the list. The box must outlive the last use of the table.
+/// returns the keyboard focus to where it was; in an empty box the key also does what it does elsewhere.
+/// Enter and Down move to the list. The box must outlive the last use of the table.
 class FilterBox : public QLineEdit {
   Q_OBJECT
 
@@ -20,7 +20,7 @@ class FilterBox : public QLineEdit {
 
   /// Another condition that rows must meet, or null, and what it is about, such as "sites that link back".
   void SetCondition(RowFilter::Test condition, const QString& about);
-  /// Remembers who has the keyboard, and takes it.
+  /// Remembers what has the keyboard focus, and takes it.
   void Take();
 
  protected:

@@ -34,7 +34,7 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
   /// command acts on a row that nobody sees. `noMatch` is shown while no row passes. For lists where at most
   /// one row can be selected.
   void SetFilter(RowFilter::Test test, const QString& noMatch = {});
-  /// The test of the filter may have changed its mind about any row.
+  /// To be called when the filter's test may decide differently about any row.
   void FilterAgain();
   [[nodiscard]] const QString& NoMatch() const { return noMatch_; }
   /// The list's row that is shown in a row of the view, and the other way round. -1 for one that is not
@@ -88,8 +88,8 @@ class ListTable : public QAbstractTableModel, public ListObserver, public Refres
 };
 
 /// Connects a table view to a table, as a list of whole rows: selection both ways, clicks, right clicks and
-/// their keys, double clicks, headers, label edits. `emptyText` is shown while the list
-/// has no rows. In a view set to extended selection afterwards, several rows can be selected.
+/// their keys, double clicks, headers, label edits. `emptyText` is shown while the list has no rows. In a
+/// view set to extended selection afterwards, several rows can be selected.
 void WireTable(QTableView& view, ListTable& table, const UserEvents& user, const QString& emptyText);
 
 }  // namespace requite

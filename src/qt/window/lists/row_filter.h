@@ -20,7 +20,7 @@ class RowFilter {
   void Set(Test test);
   [[nodiscard]] bool Active() const { return static_cast<bool>(test_); }
   [[nodiscard]] bool Searching() const { return searching_; }
-  /// The test may have changed its mind about any row.
+  /// To be called when the test may decide differently about any row.
   void Again();
 
   /// Continues the search for at most about this time. True when the rows found are those that pass.

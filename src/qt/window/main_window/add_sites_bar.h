@@ -11,8 +11,8 @@
 
 namespace requite {
 
-/// Each site is added as if it was typed and the list's Add was pressed. What could not be added that way is
-/// told before, all at once.
+/// Each site is added as if it was typed and the list's Add was pressed. What cannot be added that
+/// way is listed before.
 class AddSitesBar : public NoticeBar {
   Q_OBJECT
 
@@ -47,7 +47,7 @@ class AddSitesBar : public NoticeBar {
   QPushButton* addNew_;
   Kind kind_ = Kind::LinkingSites;
   SiteLines lines_;
-  std::string listName_;  ///< tells the list apart that the bar asks about
+  std::string listName_;  ///< identifies the list that the bar asks about
 };
 
 }  // namespace requite

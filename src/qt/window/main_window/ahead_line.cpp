@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Its figures change between the events of the scan, so it asks for them itself.
+// A timer refreshes the figures, because they change between the events of the scan.
 #include "qt/window/main_window/ahead_line.h"
 
 #include "qt/services/code_page.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The line that tells how far sites are read ahead of a scan.
+// A line that says how many sites are read ahead of a scan.
 #pragma once
 
 #include <QLabel>

@@ -66,7 +66,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   columns_->setStretchFactor(1, 1);
   columns_->setChildrenCollapsible(false);
   left_->setChildrenCollapsible(false);
-  // A splitter's own margins are missing from the least size that it tells.
+  // A splitter leaves its own margins out of its minimum size.
   auto* const frame = new QWidget(this);
   auto* const around = new QVBoxLayout(frame);
   around->setContentsMargins(6, 4, 6, 0);
@@ -157,7 +157,7 @@ void MainWindow::ShowScan() {
   reportTools_->Follow();
   reportChart_->Follow();
   if (!desktopNotice_) return;
-  // The end of a scan that is recorded is told with what it changed.
+  // The message about the end of a recorded scan says what has changed too.
   desktopNotice_->See({form_.State.Scanning || form_.Recording(), QApplication::activeWindow() != nullptr,
                        ScanPercent(form_.Sites, form_.State, form_.Figures.LinkingSitesScanned),
                        form_.Figures.LinksFound, form_.Figures.PagesScanned,

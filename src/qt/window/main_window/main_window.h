@@ -120,9 +120,9 @@ class MainWindow : public QMainWindow {
   PageTools* pageTools_ = nullptr;
   ReportTools* reportTools_ = nullptr;
   ReportChart* reportChart_ = nullptr;
-  AnswerLine* answers_ = nullptr;  ///< what each action says that it did
+  AnswerLine* answers_ = nullptr;  ///< what the last action did
   QVBoxLayout* bars_ = nullptr;    ///< of the notice bars above the results
-  QLabel* notice_ = nullptr;       ///< a message of the program about the scan, hidden while there is none
+  QLabel* notice_ = nullptr;       ///< a message about the scan; hidden while there is no message
   std::unique_ptr<TitleView> title_;
   std::unique_ptr<ProjectNotices> project_;
   std::optional<ScanNotice> desktopNotice_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the main window says of its project: what was kept, deleted, opened and saved, and the way back.
+// What the main window says about its project: what was kept, deleted, opened and saved, and how to undo it.
 #pragma once
 
 #include <QObject>
@@ -33,8 +33,8 @@ class ProjectNotices : public QObject {
     QWidget& ParentOfBars;
     QToolButton& OpenButton;
     std::function<void(const QString& answer)> Answer;
-    std::function<void()> OnReplaced;  ///< the results on show have gone with their project
-    std::function<void()> OnFlag;      ///< the project counts as saved or unsaved now
+    std::function<void()> OnReplaced;  ///< the results on show were removed with their project
+    std::function<void()> OnFlag;      ///< the project has become saved or unsaved
   };
 
   explicit ProjectNotices(Place place);
@@ -45,7 +45,7 @@ class ProjectNotices : public QObject {
   void End();
   /// To be called when a scan may have begun or ended: nothing is brought back meanwhile.
   void Follow();
-  /// Takes the last deletion back, if there is one.
+  /// Undoes the last deletion, if there was one.
   void Undo();
 
  private:

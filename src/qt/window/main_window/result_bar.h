@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The bar above the results that says what a scan came to.
+// The bar above the results that sums up a scan.
 #pragma once
 
 #include "qt/window/controls/notice_bar.h"

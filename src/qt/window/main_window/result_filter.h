@@ -17,7 +17,8 @@ class ResultFilter : public QWidget {
   Q_OBJECT
 
  public:
-  /// The form must outlive the line, and the line the last use of the table, which has no other observer.
+  /// The form must outlive the line, and the line the last use of the table. It is the only observer of the
+  /// table.
   ResultFilter(Form1& form, ListTable& table, QWidget& view, QWidget* parent);
 
   [[nodiscard]] FilterBox& Box() { return *box_; }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The time that is left passes without events of the scan, so the line asks for its words itself.
+// A timer refreshes the words, because the time left changes without events of the scan.
 #include "qt/window/main_window/scan_line.h"
 
 #include "qt/services/code_page.h"

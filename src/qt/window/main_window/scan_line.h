@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The line that tells how far the whole scan is, beside the bar that tells it of the page.
+// The progress of the whole scan in words, beside the bar that shows the progress of the page.
 #pragma once
 
 #include <QLabel>

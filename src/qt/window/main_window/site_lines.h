@@ -12,7 +12,7 @@
 
 namespace requite {
 
-/// What a text of any origin and size comes to.
+/// What was found in a text of any origin and size.
 struct SiteLines {
   std::vector<std::string> Sites;  ///< in the order of the text, in the program's code page
   std::vector<bool> IsKnown;       ///< of each site: in the list, or earlier in the text
