@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "gui/dark_palette.h"
 #include "gui/desk_rig.h"
 #include "qt/web/web_module.h"
 
@@ -20,15 +21,6 @@ namespace {
 constexpr QSize kUsual(1180, 760);
 constexpr QSize kSmall(1024, 600);
 constexpr int kScanMilliseconds = 120'000;
-
-QPalette DarkPalette() {
-  QPalette palette(QColor(53, 54, 58), QColor(45, 46, 50));
-  palette.setColor(QPalette::Base, QColor(32, 33, 36));
-  palette.setColor(QPalette::AlternateBase, QColor(41, 42, 46));
-  palette.setColor(QPalette::Highlight, QColor(61, 120, 190));
-  palette.setColor(QPalette::Link, QColor(130, 180, 255));
-  return palette;
-}
 
 /// Makes a picture a quarter of the size: only the most frequent colours, without dithering.
 QImage InFewColours(const QImage& picture) {

@@ -11,6 +11,7 @@
 #include <QStyleFactory>
 #include <QTabBar>
 
+#include "gui/dark_palette.h"
 #include "gui/window_checks.h"
 #include "qt/window/desktop/help_window.h"
 #include "window_rig.h"
@@ -129,15 +130,6 @@ class SmallScreenTest : public QObject, private WindowRig {
     for (const auto check : {CutTexts, BeyondTheScreen, TabLeapsBack, Nameless, Faint}) {
       for (const QString& fault : check(window)) faults_ << state + ": " + fault;
     }
-  }
-
-  static QPalette DarkPalette() {
-    QPalette palette(QColor(53, 54, 58), QColor(45, 46, 50));
-    palette.setColor(QPalette::Base, QColor(32, 33, 36));
-    palette.setColor(QPalette::AlternateBase, QColor(41, 42, 46));
-    palette.setColor(QPalette::Highlight, QColor(61, 120, 190));
-    palette.setColor(QPalette::Link, QColor(130, 180, 255));
-    return palette;
   }
 
   static QWidget* TopLevel(const char* name) {
