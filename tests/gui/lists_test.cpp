@@ -2,6 +2,7 @@
 // The lists of the main window, offscreen: widths of columns, new rows, the page queue.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -100,6 +101,20 @@ class ListsTest : public QObject, private WindowRig {
     Choose(*header, "&Fit Columns to Their Content");
     QVERIFY(header->sectionSize(0) != before - 30);
     QTRY_VERIFY(header->length() >= Sites().viewport()->width());
+  }
+
+  void theKeyboardReachesTheMenuOfTheColumns() {
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::activePopupWidget(), key); };
+    for (const char* name : {"List1", "List3", "lstErr"}) {
+      auto* const list = Part<QTableView>(window_.get(), name);
+      QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+      QApplication::sendEvent(list, &menuKey);
+      press(Qt::Key_M);
+      press(Qt::Key_Down);
+      press(Qt::Key_Return);
+      QVERIFY2(!list->isColumnHidden(0) && list->isColumnHidden(1), name);
+      QVERIFY(QApplication::activePopupWidget() == nullptr);
+    }
   }
 
   void theLastColumnCannotBeHiddenAndThePictureMovesToTheFirst() {

@@ -115,14 +115,13 @@ class MainWindowTest : public QObject, private WindowRig {
                                        : " .";
       return entries.remove('&');
     };
-    QCOMPARE(seen("Popup2"), QString("No row is selected: - . . . . . . - . . - . - Changes"));
+    QCOMPARE(seen("Popup2"), QString("No row is selected: - . . . . . . - . . - . - Changes - Columns"));
     form_->Sites.List3.SelectOnly(0);
-    QCOMPARE(
-        seen("Popup2"),
-        QString("l  m: Direct Link: - Browse Browse Browse Copy Copy Copy - Mark Mark - Copy - Changes"));
-    QCOMPARE(seen("Popup1"), QString("No site is selected: - . - . . . ."));
+    QCOMPARE(seen("Popup2"), QString("l  m: Direct Link: - Browse Browse Browse Copy Copy Copy - Mark Mark - "
+                                     "Copy - Changes - Columns"));
+    QCOMPARE(seen("Popup1"), QString("No site is selected: - . - . . . . - Columns"));
     form_->Sites.List1(1).SelectOnly(0);
-    QCOMPARE(seen("Popup1"), QString("partner.example: - Delete - Edit... Copy Open Scan"));
+    QCOMPARE(seen("Popup1"), QString("partner.example: - Delete - Edit... Copy Open Scan - Columns"));
 
     form_->Lists.lstErr.Add({"404", "broken.example/page"});
     auto* const errors = Widget<QTableView>("lstErr");
@@ -391,8 +390,9 @@ class MainWindowTest : public QObject, private WindowRig {
   }
 
   void changesAreOpenedFromTheResultsAndTheReports() {
-    auto* const popup = Widget<QMenu>("Popup2");
-    popup->actions().back()->trigger();
+    for (QAction* const entry : Widget<QMenu>("Popup2")->actions()) {
+      if (entry->text() == "Changes Since Last Scan...") entry->trigger();
+    }
     auto* const changes = Widget<QWidget>("frmChanges");
     QVERIFY(changes->isVisible());
     QVERIFY(Part<QLabel>(changes, "lblState")->text().startsWith("Switch on"));

@@ -190,9 +190,8 @@ void ColumnFit::FitOne(int column) {
   view_.horizontalHeader()->resizeSection(column, std::min(width, view_.viewport()->width()));
 }
 
-void ColumnFit::ShowMenu(const QPoint& at) {
+void ColumnFit::FillMenu(QMenu& menu) {
   QHeaderView& header = *view_.horizontalHeader();
-  QMenu menu(&view_);
   const int shown = header.count() - header.hiddenSectionCount();
   for (int visual = 0; visual < header.count(); ++visual) {
     const int column = header.logicalIndex(visual);
@@ -207,7 +206,12 @@ void ColumnFit::ShowMenu(const QPoint& at) {
   }
   menu.addSeparator();
   connect(menu.addAction(tr("&Fit Columns to Their Content")), &QAction::triggered, this, &ColumnFit::FitAll);
-  menu.exec(header.viewport()->mapToGlobal(at));
+}
+
+void ColumnFit::ShowMenu(const QPoint& at) {
+  QMenu menu(&view_);
+  FillMenu(menu);
+  menu.exec(view_.horizontalHeader()->viewport()->mapToGlobal(at));
 }
 
 QString ColumnFit::Key(const char* what) const {
@@ -254,6 +258,18 @@ void ColumnFit::Restore(const QSettings& store) {
 }
 
 void FitColumns(QTableView& view, std::vector<int> shares) { new ColumnFit(view, std::move(shares)); }
+
+void AddColumnsMenu(QTableView& view, QMenu& menu) {
+  auto* const fit = view.findChild<ColumnFit*>({}, Qt::FindDirectChildrenOnly);
+  if (fit == nullptr || view.horizontalHeader()->isHidden()) return;
+  menu.addSeparator();
+  QMenu* const columns = menu.addMenu(ColumnFit::tr("Colu&mns"));
+  columns->setObjectName("columnsMenu");
+  QObject::connect(columns, &QMenu::aboutToShow, fit, [fit, columns] {
+    columns->clear();
+    fit->FillMenu(*columns);
+  });
+}
 
 void SaveColumns(const QWidget& window, QSettings& store) {
   ForEachList(window, [&](const ColumnFit& fit) { fit.Save(store); });

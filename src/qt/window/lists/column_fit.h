@@ -7,13 +7,15 @@
 #include <QTimer>
 #include <vector>
 
+class QMenu;
 class QSettings;
 
 namespace requite {
 
 /// Fits the columns of one list and lets the user change them: drag an edge or a caption, double click an
-/// edge, choose columns in the menu of the header. It measures the rows in sight and a few others, so that
-/// it costs the same for any number of rows. While rows are added, columns only grow, and rarely.
+/// edge, choose columns in the menu of the header or of a row. It measures the rows in sight and a few
+/// others, so that it costs the same for any number of rows. While rows are added, columns only grow, and
+/// rarely.
 class ColumnFit : public QObject {
   Q_OBJECT
 
@@ -26,6 +28,9 @@ class ColumnFit : public QObject {
 
   /// Drops the widths that the user gave.
   void FitAll();
+
+  /// Adds an entry for each column, which shows or hides it, and one for FitAll.
+  void FillMenu(QMenu& menu);
 
   /// The order of the columns, the hidden ones, and the widths if they are the user's. What was stored for a
   /// list with other columns is ignored.
@@ -59,6 +64,10 @@ class ColumnFit : public QObject {
 
 /// Fits the columns of a view; see ColumnFit.
 void FitColumns(QTableView& view, std::vector<int> shares);
+
+/// Ends the menu of a list's rows with what the menu of the header offers, because the keyboard cannot reach
+/// the header. For a view with fitted columns; does nothing where no captions are shown.
+void AddColumnsMenu(QTableView& view, QMenu& menu);
 
 /// For all lists of a window, under the names of the window and its lists.
 void SaveColumns(const QWidget& window, QSettings& store);

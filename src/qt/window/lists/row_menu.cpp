@@ -10,6 +10,7 @@
 
 #include "qt/window/controls/shown_text.h"
 #include "qt/window/controls/user_events.h"
+#include "qt/window/lists/column_fit.h"
 #include "qt/window/lists/list_table.h"
 #include "qt/window/lists/row_text.h"
 
@@ -64,6 +65,7 @@ void PopUp(QTableView& view, ListTable& table, const UserEvents& user, const Row
     all->setShortcut(QKeySequence::SelectAll);
     all->setEnabled(list->RowCount() > 0);
   }
+  AddColumnsMenu(view, *menu);
   MenuHead(*menu).Show(NameOf(*list, rows, offers.Address));
   menu->popup(view.viewport()->mapToGlobal(at));
 }

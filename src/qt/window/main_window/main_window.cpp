@@ -72,6 +72,7 @@ MainWindow::MainWindow(Form1& form, const EventGuard& guard, DesktopBus* desktop
   around->setContentsMargins(6, 4, 6, 0);
   around->addWidget(columns_);
   setCentralWidget(frame);
+  BuildPopups();
   TakeManySites();
   title_ = std::make_unique<TitleView>(form_.Main, refresh_);
   refresh_.OnApplied = [this] { ShowScan(); };
@@ -200,7 +201,6 @@ void MainWindow::BuildMenus() {
       {"Scan &all main sites", "Just scan the selected &main site", "Just scan the selected &linking site"});
   bind_.Bind(form_.mnuHelp, *menuBar()->addMenu("&Help"), {"View &Help File\tF1"});
   bind_.Bind(form_.mnuAbout, *menuBar()->addMenu("A&bout"), {"&About this software"});
-  BuildPopups();
 }
 
 void MainWindow::ShowChanges() {

@@ -3,9 +3,11 @@
 // are for.
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QTableView>
 
 #include "qt/services/code_page.h"
 #include "qt/window/controls/shown_text.h"
+#include "qt/window/lists/column_fit.h"
 #include "qt/window/lists/row_text.h"
 #include "qt/window/main_window/main_window.h"
 
@@ -54,11 +56,12 @@ void MainWindow::BuildSitePopup() {
   QAction* const copy = popup.addAction(tr("&Copy"), this, [this] { CopyRow(linkingSites_); });
   copy->setShortcut(QKeySequence::Copy);
   popup.addAction(tr("&Open in Browser"), this, [this] { OpenOutside(Field(linkingSites_, 0)); });
-  QAction* const scan = popup.addAction(tr("Scan &Only This"), this, [this] {
+  QAction* const scan = popup.addAction(tr("&Scan Only This"), this, [this] {
     user_.Run([this] { form_.ScanOnly(RowOnShow(linkingSites_) + 1); });
   });
   scan->setObjectName("scanOnlyThis");
   const QList<QAction*> entries = popup.actions();
+  AddColumnsMenu(*findChild<QTableView*>("List1"), popup);
   connect(&popup, &QMenu::aboutToShow, this, [this, entries, scan, head = MenuHead(popup)]() mutable {
     const bool onRow = RowOnShow(linkingSites_) >= 0;
     head.Show(onRow ? OneLine(Field(linkingSites_, 0)) : tr("No site is selected"));
@@ -76,6 +79,7 @@ void MainWindow::BuildResultPopup() {
   popup.addSeparator();
   connect(popup.addAction(tr("Changes Since Last Scan...")), &QAction::triggered, this,
           [this] { ShowChanges(); });
+  AddColumnsMenu(*findChild<QTableView*>("List3"), popup);
   connect(&popup, &QMenu::aboutToShow, this, [this, entries, head = MenuHead(popup)]() mutable {
     const bool onRow = RowOnShow(results_) >= 0;
     head.Show(onRow ? OneLine(Field(results_, 1) + ": " + Field(results_, 2)) : tr("No row is selected"));
