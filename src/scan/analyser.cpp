@@ -55,26 +55,34 @@ Analyser::PageEnd Analyser::ReadLines(PageLines& lines, bool mayHaveMoved) {
   while (!lines.AtEnd()) {
     scan_.Platform.EventLoop.LetPendingEventsRun();
     lines.Advance();
+    for (const PageLines::Piece& piece : lines.JustRead()) {
+      if (piece.Link) verdicts_.Expect(*piece.Link);
+    }
     if (mayHaveMoved && !state.RedirectFollowed && lines.SaysMoved()) return PageEnd::Moved;
-    if (lines.HasHref()) AnalyseLine(lines.Line(), texts);
+    if (lines.HasHref()) AnalyseLine(lines, texts);
     // Whatever the options say, only the first line of a page is read once the site has its links.
     if (!state.Scanning || state.LinksExpected <= state.LinksOnSite) break;
   }
   return PageEnd::Read;
 }
 
-void Analyser::AnalyseLine(std::string_view line, LinkTexts& texts) {
+void Analyser::AnalyseLine(const PageLines& lines, LinkTexts& texts) {
+  if (!scan_.State.Scanning) return;
+  if (lines.Link()) return AnalyseValue(*lines.Link(), texts);
   std::string_view value;
-  if (CutHrefValue(line, scan_.State.Scanning, scan_.Platform.EventLoop, value) != Cut::Done) return;
+  if (CutHrefValue(lines.Line(), scan_.State.Scanning, scan_.Platform.EventLoop, value) != Cut::Done) return;
   if (value.size() > LinkMemory::kLongest) {
     static_cast<void>(AnalyseLink(value, texts));
-    return;
+  } else {
+    AnalyseValue(HashedText(value), texts);
   }
-  const HashedText key(value);
-  switch (verdicts_.Recall(key)) {
+}
+
+void Analyser::AnalyseValue(HashedText value, LinkTexts& texts) {
+  switch (verdicts_.Recall(value)) {
     case LinkVerdict::Dropped: return;
     case LinkVerdict::NotOurs: static_cast<void>(recorded_.IsPageRecorded(scan_.State.PageFull)); return;
-    case LinkVerdict::Unknown: verdicts_.Remember(key, AnalyseLink(value, texts));
+    case LinkVerdict::Unknown: verdicts_.Remember(value, AnalyseLink(value.Text, texts));
   }
 }
 

@@ -48,7 +48,8 @@ class Analyser {
 
   void IndexSites();
   [[nodiscard]] PageEnd ReadLines(PageLines& lines, bool mayHaveMoved);
-  void AnalyseLine(std::string_view line, LinkTexts& texts);
+  void AnalyseLine(const PageLines& lines, LinkTexts& texts);
+  void AnalyseValue(HashedText value, LinkTexts& texts);
   [[nodiscard]] LinkVerdict AnalyseLink(std::string_view value, LinkTexts& texts);
   /// Resolves, tests and queues a link. It is left in the form that RecordIfOurs tests.
   [[nodiscard]] LinkUse TakeLink(LinkTexts& texts);

@@ -3,6 +3,7 @@
 #include "scan/href_value.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "platform/text.h"
@@ -43,6 +44,13 @@ std::size_t KeptLength(std::size_t length, std::size_t end) {
   return length - std::min<std::size_t>(length, 2);
 }
 
+/// The bytes that may end a plain value: quotes, ">" and blank.
+constexpr std::array<bool, 256> kEnds = [] {
+  std::array<bool, 256> ends{};
+  for (const char end : {'"', '>', '\'', ' '}) ends[static_cast<unsigned char>(end)] = true;
+  return ends;
+}();
+
 }  // namespace
 
 Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events, std::string_view& value) {
@@ -55,6 +63,15 @@ Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
   const std::string_view text = rest.substr(0, kept - kHref.size());
   value = Before(text.substr(std::min(text.find_first_not_of(' '), text.size())), ' ');
   return Cut::Done;
+}
+
+std::optional<std::string_view> PlainHrefValue(std::string_view line, std::size_t longest) {
+  const std::string_view rest = WithoutOpeningQuote(line.substr(kHref.size()));
+  const std::size_t most = std::min(longest + 1, rest.size());
+  std::size_t end = 0;
+  while (end < most && !kEnds[static_cast<unsigned char>(rest[end])]) ++end;
+  if (end == 0 || end == most || end + 1 >= rest.size() || rest[end] == ' ') return std::nullopt;
+  return rest.substr(0, end);
 }
 
 }  // namespace requite

@@ -2,6 +2,8 @@
 // Cuts the value of an href out of a line.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 #include "platform/services.h"
@@ -20,5 +22,9 @@ enum class Cut {
 /// ResolveLink repairs some of these cuts. Lets events run in long values and reads `scanning` after that.
 [[nodiscard]] Cut CutHrefValue(std::string_view line, const bool& scanning, EventLoop& events,
                                std::string_view& value);
+
+/// The value that CutHrefValue cuts out of a line where that is easy, as it is for nearly all links: the
+/// value has no blank, has from 1 to `longest` bytes and ends before the last character of the line.
+[[nodiscard]] std::optional<std::string_view> PlainHrefValue(std::string_view line, std::size_t longest);
 
 }  // namespace requite

@@ -21,6 +21,8 @@ class LinkVerdicts {
   /// To be called at the start of each page, and after a change of the project or the scan state by the
   /// analyser.
   void LookAgain();
+  /// To be called a few links before Recall.
+  void Expect(HashedText value) const { memory_.Expect(PlaceOf(value), value); }
   /// What came of a value on the current page, or on another one with the same directory.
   [[nodiscard]] LinkVerdict Recall(HashedText value);
   /// No events may have run since Recall.

@@ -5,24 +5,34 @@
 
 #include <algorithm>
 
+#include "scan/href_value.h"
+#include "scan/link_memory.h"
+
 namespace requite {
 
-void PageLines::Advance() {
-  begin_ = next_;
-  end_ = std::min(text_.find('\r', begin_), text_.size());
-  next_ = std::min(end_ + (text_.substr(end_, 2) == "\r\n" ? 2 : 1), text_.size());
+void PageLines::ReadAhead() {
+  current_ = ahead_ = 0;
+  do {
+    Piece& piece = pieces_[ahead_++];
+    piece = {next_, std::min(text_.find('\r', next_), text_.size()), std::nullopt};
+    next_ = std::min(piece.End + (text_.substr(piece.End, 2) == "\r\n" ? 2 : 1), text_.size());
+    if (!IsHref(LineOf(piece))) continue;
+    if (const auto value = PlainHrefValue(LineOf(piece), LinkMemory::kLongest)) piece.Link.emplace(*value);
+  } while (ahead_ < pieces_.size() && next_ < text_.size());
 }
 
 bool PageLines::SaysMoved() {
-  return found302_.IsIn(text_, begin_, end_, slices_) || moved301_.IsIn(text_, begin_, end_, slices_) ||
+  const auto [begin, end, link] = Current();
+  return found302_.IsIn(text_, begin, end, slices_) || moved301_.IsIn(text_, begin, end, slices_) ||
          HasMovedTitle();
 }
 
 bool PageLines::HasMovedTitle() {
-  std::size_t from = begin_;
-  std::size_t slice = begin_ + slices_.Bytes;
-  for (; titleEnd_.IsIn(text_, from, end_, slices_); from = titleEnd_.At() + 1) {
-    const std::string_view before = text_.substr(begin_, titleEnd_.At() - begin_);
+  const std::size_t begin = Current().Begin;
+  std::size_t from = begin;
+  std::size_t slice = begin + slices_.Bytes;
+  for (; titleEnd_.IsIn(text_, from, Current().End, slices_); from = titleEnd_.At() + 1) {
+    const std::string_view before = text_.substr(begin, titleEnd_.At() - begin);
     if (EndsWith(before, "<title>Document ", Compare::Text)) return true;
     if (EndsWith(before, "<title>Object ", Compare::Text)) return true;
     if (from < slice) continue;

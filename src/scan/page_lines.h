@@ -2,9 +2,13 @@
 // The lines of a prepared page, and what the analyser asks about each. Each mark is searched once per page.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string_view>
 
+#include "platform/hashed_text.h"
 #include "platform/text_search.h"
 #include "scan/slices.h"
 
@@ -15,16 +19,32 @@ class PageLines {
  public:
   PageLines(std::string_view text, Slices slices) : text_(text), slices_(std::move(slices)) {}
 
-  [[nodiscard]] bool AtEnd() const { return next_ >= text_.size(); }
+  /// A line of the text.
+  struct Piece {
+    std::size_t Begin = 0;
+    std::size_t End = 0;               ///< without its end
+    std::optional<HashedText> Link{};  ///< the value of its href, if that is short and easily cut out
+  };
+
+  [[nodiscard]] bool AtEnd() const { return current_ + 1 >= ahead_ && next_ >= text_.size(); }
   /// Moves to the next line; must not be called at the end. Lines end at CR or CR LF.
-  void Advance();
+  void Advance() {
+    if (++current_ >= ahead_) ReadAhead();
+  }
+  /// The current line and those after it that have been read together with it, when it is the first of them;
+  /// else nothing.
+  [[nodiscard]] std::span<const Piece> JustRead() const {
+    return {pieces_.data(), current_ == 0 ? ahead_ : 0};
+  }
 
   /// The current line without its end; empty before the first Advance.
-  [[nodiscard]] std::string_view Line() const { return text_.substr(begin_, end_ - begin_); }
+  [[nodiscard]] std::string_view Line() const { return LineOf(Current()); }
+  /// The value of the current line's href, if it is short and easily cut out.
+  [[nodiscard]] const std::optional<HashedText>& Link() const { return Current().Link; }
   /// Whether the line says that the page has moved. Lets events run in long lines; false after a stop.
   [[nodiscard]] bool SaysMoved();
   /// Whether the line has an "href=", which is always at its start.
-  [[nodiscard]] bool HasHref() const { return Line().starts_with("href="); }
+  [[nodiscard]] bool HasHref() const { return IsHref(Line()); }
 
  private:
   /// A text to search for, with the place where it was found last.
@@ -43,14 +63,21 @@ class PageLines {
     std::size_t searchedTo_ = 0;  ///< apart from at_, no mark begins between the last `begin` and here
   };
 
+  static bool IsHref(std::string_view line) { return line.starts_with("href="); }
+  [[nodiscard]] const Piece& Current() const { return pieces_[current_]; }
+  [[nodiscard]] std::string_view LineOf(const Piece& piece) const {
+    return text_.substr(piece.Begin, piece.End - piece.Begin);
+  }
+  void ReadAhead();
   /// Whether a title says so. Both titles end in the same words, which are searched for.
   [[nodiscard]] bool HasMovedTitle();
 
   std::string_view text_;
   Slices slices_;
-  std::size_t begin_ = 0;
-  std::size_t end_ = 0;
-  std::size_t next_ = 0;
+  std::array<Piece, 12> pieces_;
+  std::size_t current_ = 0;
+  std::size_t ahead_ = 0;  ///< pieces that were read
+  std::size_t next_ = 0;   ///< where the line after them begins
   Mark found302_{"302 Found"};
   Mark moved301_{"301 Moved Permanently"};
   Mark titleEnd_{"moved</title>"};
