@@ -19,4 +19,10 @@ void KeepFreedMemory() {
 #endif
 }
 
+void JoinFreedMemoryAtOnce() {
+#ifdef __GLIBC__
+  ::mallopt(M_MXFAST, 0);
+#endif
+}
+
 }  // namespace requite

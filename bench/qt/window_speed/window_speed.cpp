@@ -218,6 +218,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   requite::KeepFreedMemory();
+  requite::JoinFreedMemoryAtOnce();
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   return requite::Run(argc, argv);

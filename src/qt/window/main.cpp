@@ -137,6 +137,7 @@ int main(int argc, char** argv) {
   requite::OpenStandardStreams();
   requite::LetWritesFail();
   requite::KeepFreedMemory();
+  requite::JoinFreedMemoryAtOnce();
   const auto first = requite::ReadWords(argc, argv);
   if (!first) return 0;
   requite::PrepareWebEngine();
