@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -39,14 +40,16 @@ class MarkFinder {
       TellAt(text, from, marks_.At(text.data() + from), onFound);
       ++from;
     }
-    for (; from < std::min(end, text.size()); ++from) TellAt(text, from, UINT8_MAX, onFound);
+    for (; from < std::min(end, text.size()); ++from)
+      TellAt(text, from, (1U << patterns_.size()) - 1, onFound);
   }
 
  private:
   template <class OnFound>
   void TellAt(std::string_view text, std::size_t at, unsigned bits, OnFound&& onFound) const {
-    for (std::size_t i = 0; i < patterns_.size(); ++i) {
-      if ((bits >> i & 1U) != 0 && StartsWith(text.substr(at), patterns_[i], Compare::Text)) onFound(i, at);
+    for (; bits != 0; bits &= bits - 1) {
+      const auto i = static_cast<std::size_t>(std::countr_zero(bits));
+      if (StartsWith(text.substr(at), patterns_[i], Compare::Text)) onFound(i, at);
     }
   }
 

@@ -50,7 +50,8 @@ SearchAnchors::Anchor AnchorAt(std::string_view pattern, std::size_t offset, Com
   return {offset, static_cast<unsigned char>(lower ^ upper), static_cast<unsigned char>(lower | upper)};
 }
 
-/// The two rarest bytes of a pattern, of different kinds where it has two kinds.
+/// The two rarest bytes of a pattern, of different kinds where it has two kinds. Of the second kind it is the
+/// last one: of a blank line the CR and the LF far from it, as each line has a CR with an LF next to it.
 SearchAnchors RarestAnchors(std::string_view pattern, Compare compare) {
   std::size_t first = 0;
   std::size_t second = kNowhere;
@@ -60,7 +61,7 @@ SearchAnchors RarestAnchors(std::string_view pattern, Compare compare) {
       second = first;
       first = i;
     } else if (Folded<Compare::Text>(pattern[i]) != Folded<Compare::Text>(pattern[first]) &&
-               (second == kNowhere || commonness(i) < commonness(second))) {
+               (second == kNowhere || commonness(i) <= commonness(second))) {
       second = i;
     }
   }
