@@ -50,7 +50,11 @@ std::size_t LongestSeenUrl(Project& project, PageQueue& queue, const ScanState& 
 }
 
 bool RecordedPages::IsPageRecorded(std::string& page) {
-  RemoveSchemeRemains(page);
+  if (page != clean_) {
+    const std::string before = page;
+    RemoveSchemeRemains(page);
+    if (page == before) clean_ = page;
+  }
   if (!IsDigits(page) && NumbersAreDigits()) return false;
   for (std::size_t row = 0; row < results_.RowCount(); ++row) {
     if (Contains(results_.At(row).No, page, Compare::Text)) return true;
@@ -60,6 +64,7 @@ bool RecordedPages::IsPageRecorded(std::string& page) {
 
 bool RecordedPages::NumbersAreDigits() {
   const std::size_t rows = results_.RowCount();
+  if (rows == checkedRows_ && results_.Version() == checkedVersion_) return true;
   // Every change raises the version by one. If it rose as much as the number of rows, rows were only added,
   // and in an unsorted list they are at the end.
   const bool onlyGrew = !results_.Sort().Sorted && rows >= checkedRows_ &&

@@ -43,6 +43,7 @@ class RecordedPages {
   [[nodiscard]] bool NumbersAreDigits();
 
   const RecordList<LinkResult>& results_;
+  std::string clean_;  // the last page from which nothing was removed: each of its links asks again
   std::uint64_t checkedVersion_ = 0;  // of the results; up to it, every "No." has only digits
   std::size_t checkedRows_ = 0;
 };
