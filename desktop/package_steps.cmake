@@ -7,7 +7,8 @@ execute_process(COMMAND strip --strip-unneeded --remove-section=.comment --remov
 # The packages that ours depends on: those of the libraries that the executables are linked to, and those of the
 # libraries that they load when they are needed (src/platform/late_library.h). The web views' library does not
 # count: the program runs without a browser, which is therefore only recommended.
-file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*)
+file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*
+     ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/lib/requite/requite-locale.so)
 set(folder ${CPACK_TOPLEVEL_DIRECTORY}/depends)
 file(WRITE ${folder}/debian/control "Source: requite\n\nPackage: requite\nArchitecture: any\n")
 execute_process(

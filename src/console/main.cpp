@@ -2,8 +2,6 @@
 // Starts requite-console: makes the services and passes them to the program.
 #include <unistd.h>
 
-#include <QCoreApplication>
-#include <QTimer>
 #include <chrono>
 #include <cstring>
 #include <fstream>
@@ -22,24 +20,22 @@
 #include "console/window_program.h"
 #include "model/settings.h"
 #include "model/visitor.h"
+#include "platform/code_page.h"
 #include "platform/dialogs_after_late_work.h"
 #include "platform/process_start.h"
 #include "platform/run_settings.h"
-#include "qt/services/code_page.h"
-#include "qt/services/program_folder.h"
-#include "qt/services/qt_descriptor_loop.h"
-#include "qt/services/qt_event_loop.h"
-#include "qt/services/qt_timer.h"
-#include "qt/services/run_ahead_services.h"
-#include "qt/services/signal_watch.h"
-#include "qt/services/system_clock.h"
+#include "runahead/run_ahead_services.h"
 #include "shell/recovery.h"
 #include "system/curl_internet.h"
 #include "system/event_guard.h"
 #include "system/freed_memory.h"
+#include "system/locale_module.h"
 #include "system/name_resolver.h"
 #include "system/page_connection.h"
+#include "system/poll_loop.h"
+#include "system/program_folder.h"
 #include "system/settings_file.h"
+#include "system/signal_watch.h"
 #include "system/socket_poller.h"
 
 namespace requite {
@@ -47,9 +43,9 @@ namespace {
 
 constexpr TextCodec kCodec{ToUtf8, FromUtf8};
 
-class QtConsoleLoop : public ConsoleLoop {
+class PollConsoleLoop : public ConsoleLoop {
  public:
-  QtConsoleLoop(QtEventLoop& loop, const EventGuard& guard) : loop_(loop), guard_(guard) {}
+  PollConsoleLoop(PollLoop& loop, const EventGuard& guard) : loop_(loop), guard_(guard) {}
 
   bool RunUntil(const std::function<bool()>& done, int milliseconds) override {
     if (milliseconds >= 0) return loop_.RunUntil(done, std::chrono::milliseconds(milliseconds));
@@ -58,15 +54,13 @@ class QtConsoleLoop : public ConsoleLoop {
     return true;
   }
   void After(int milliseconds, std::function<void()> action) override {
-    // A coarse timer may be 5 % late.
-    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &receiver_,
-                       [this, action = std::move(action)] { guard_.Run(action); });
+    loop_.StartTimer(std::chrono::milliseconds(milliseconds), false,
+                     [this, action = std::move(action)] { guard_.Run(action); });
   }
 
  private:
-  QtEventLoop& loop_;
+  PollLoop& loop_;
   const EventGuard& guard_;
-  QObject receiver_;  // destroyed with this object, which drops its pending events
 };
 
 int Code(ExitStatus status) { return static_cast<int>(status); }
@@ -79,10 +73,10 @@ void PrintReport(const std::vector<ReportLine>& lines) {
   }
 }
 
-ExitStatus RunCommand(const Options& options, const EventGuard& guard, ConsoleProgram& program) {
+ExitStatus RunCommand(const Options& options, DescriptorLoop& descriptors, ConsoleProgram& program) {
   if (const auto* scan = std::get_if<ScanOptions>(&options.Command)) {
     Interrupt interrupt;
-    const SignalWatch watch(guard, [&interrupt] {
+    const SignalWatch watch(descriptors, [&interrupt] {
       interrupt.Seen = true;
       if (interrupt.OnInterrupt) interrupt.OnInterrupt();
     });
@@ -129,7 +123,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   const Project* project = nullptr;
   const std::string settingsFile =
       options.Common.SettingsFile.empty() ? DefaultSettingsPath() : options.Common.SettingsFile;
-  QtEventLoop events;
+  PollLoop events;
   const EventGuard guard([&](const RuntimeFailure& failure) {
     const LateWork::Pause pause(events.Late());
     EndWithReport(failure, project, {folder, HomeFolder(), settingsFile}, PrintReport);
@@ -148,26 +142,27 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
     map.Add(rule);
   }
 
-  QtConsoleLoop loop(events, guard);
-  QtDescriptorLoop descriptors(guard, events.Late());
+  PollConsoleLoop loop(events, guard);
+  PollDescriptorLoop descriptors(events, guard);
   SocketPoller poller(descriptors, guard);
   NameResolver resolver(poller);
   SecureHosts secure(SecureRulesOf(settings));
   PageConnection connection(poller, resolver, map, &secure);
-  QtTimer timTimeout(guard);
-  QtTimer timer1(guard);
-  CurlInternet internet(descriptors, map, AsciiHost);
+  PollTimer timTimeout(events, guard);
+  PollTimer timer1(events, guard);
+  CurlInternet internet(descriptors, map, LateAsciiHost);
   ConsoleDialogs dialogs(kCodec);
   DialogsAfterLateWork dialogsOfProgram(dialogs, events.Late());
   MemoryClipboard clipboard;
   SoundRecorder sounds;
   QuietShell shell;
-  SystemClock clock;
+  LateClock clock;
   Services services{events,           connection, timTimeout, timer1, internet, settings,
                     dialogsOfProgram, clipboard,  sounds,     shell,  clock};
   std::optional<RunAheadServices> ahead;
   if (SitesAtATime(Settings(settings)) > 1) {
-    ahead.emplace(RunAheadServices::Parts{guard, descriptors, poller, resolver, map, secure}, services);
+    const auto timer = [&] { return std::make_unique<PollTimer>(events, guard); };
+    ahead.emplace(RunAheadServices::Parts{timer, descriptors, poller, resolver, map, secure}, services);
   }
   Form1 form1(ahead ? ahead->Ahead().ServicesOfScan() : services, folder);
   if (ahead) {
@@ -189,7 +184,7 @@ ExitStatus RunProgram(const Options& options, const ProgramFolder& folder, std::
   if (ahead) program.SitesAhead = [&ahead] { return ahead->Ahead().Figures().SitesRead; };
   form1.OnNotice = [&program](std::string_view text) { program.Complain(program.Outside(text)); };
   ExitStatus status = ExitStatus::Done;
-  guard.Run([&] { status = RunCommand(options, guard, program); });
+  guard.Run([&] { status = RunCommand(options, descriptors, program); });
   return status;
 }
 
@@ -211,7 +206,7 @@ std::pair<ExitStatus, std::string> RunOpen(const OpenOptions& options) {
 std::optional<ExitStatus> RunOnHistory(const Options& options, const ProgramFolder& folder,
                                        std::ostream& out) {
   const HistoryConsole console{
-      folder, kCodec, out, std::cerr, ::isatty(STDOUT_FILENO) != 0, SystemClock().UtcDateTime()};
+      folder, kCodec, out, std::cerr, ::isatty(STDOUT_FILENO) != 0, LateClock().UtcDateTime()};
   if (const auto* changes = std::get_if<ChangesOptions>(&options.Command))
     return RunChanges(*changes, console);
   if (const auto* history = std::get_if<HistoryOptions>(&options.Command))
@@ -233,7 +228,6 @@ ExitStatus Main(int argc, char** argv, std::ostream& out) {
   }
   if (const auto* settings = std::get_if<SettingsOptions>(&options.Command))
     return RunList(*settings, options.Common, out);
-  const QCoreApplication application(argc, argv);
   const ProgramFolder folder = options.Common.ProgramFolder.empty()
                                    ? ChooseProgramFolder(ProgramPlaces::OfThisProgram())
                                    : ProgramFolder{options.Common.ProgramFolder};

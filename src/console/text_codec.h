@@ -8,7 +8,7 @@
 
 namespace requite {
 
-/// The two conversions. Only main knows the toolkit that does them, and passes them in.
+/// The two conversions; main passes them in.
 struct TextCodec {
   std::string (*ToUtf8)(std::string_view bytes) = nullptr;
   std::string (*FromUtf8)(std::string_view utf8) = nullptr;

@@ -85,10 +85,14 @@ TEST_F(ConsoleProgramTest, LibrariesAreLoadedWhenTheyAreNeededAndAMissingOneIsNa
   const struct {
     std::string Option;
     std::vector<const char*> Loaded;
-  } kRows[] = {{"--quiet", {}}, {"--history", {"libsqlite3"}}, {"--secure", {"libssl"}}};
+    std::string Locale = "C.UTF-8";
+  } kRows[] = {{"--quiet", {}},
+               {"--history", {"libsqlite3"}},
+               {"--secure", {"libssl"}},
+               {"--quiet", {"requite-locale", "libQt6Core"}, "de_DE.UTF-8"}};
   for (const auto& row : kRows) {
-    const auto child = run("LD_DEBUG=files", scan(row.Option));
-    for (const char* library : {"libcurl", "libssl", "libsqlite3"}) {
+    const auto child = run("LD_DEBUG=files LC_ALL=" + row.Locale, scan(row.Option));
+    for (const char* library : {"libcurl", "libssl", "libsqlite3", "requite-locale", "libQt6Core"}) {
       const bool wanted = std::find(row.Loaded.begin(), row.Loaded.end(), library) != row.Loaded.end();
       EXPECT_EQ(child->Err.find(library) != std::string::npos, wanted) << row.Option << ' ' << library;
     }
@@ -97,6 +101,24 @@ TEST_F(ConsoleProgramTest, LibrariesAreLoadedWhenTheyAreNeededAndAMissingOneIsNa
   const auto child = run("LD_LIBRARY_PATH=" + folder_.Folder.Path, scan("--secure"));
   EXPECT_NE(child->Err.find("A library is missing: " + folder_.File("libssl.so.3")), std::string::npos)
       << child->Err;
+}
+
+TEST_F(ConsoleProgramTest, AReportIsWrittenByTheLocaleAndALostLibraryOfLocalesIsNamed) {
+  const std::string lone = folder_.File("lone");
+  std::filesystem::copy(REQUITE_CONSOLE, lone);
+  const auto scan = [&](const std::string& program) {
+    std::vector<std::string> all{"-c", "LC_ALL=de_DE.UTF-8 exec \"$0\" \"$@\"", program};
+    for (std::string& each : With({"scan", Project(kFound), "-q", "--report", folder_.File("r")}))
+      all.push_back(std::move(each));
+    auto child = std::make_unique<ChildProcess>("/bin/sh", all);
+    child->Wait();
+    return child;
+  };
+  static_cast<void>(scan(REQUITE_CONSOLE));
+  EXPECT_NE(ReadFile(folder_.File("r")).find("100,00%"), std::string::npos);
+  const auto child = scan(lone);
+  EXPECT_NE(child->Err.find("A library is missing"), std::string::npos) << child->Err;
+  EXPECT_NE(child->Err.find("requite-locale.so"), std::string::npos) << child->Err;
 }
 
 TEST_F(ConsoleProgramTest, AFileOnStandardOutputTakesThePlaceOfTheRows) {

@@ -11,9 +11,9 @@
 #include <memory>
 
 #include "qt/services/code_page.h"
-#include "qt/services/program_folder.h"
 #include "qt/window/desktop/desktop_services.h"
 #include "qt/window/main_window/main_window.h"
+#include "system/program_folder.h"
 
 namespace requite::test {
 

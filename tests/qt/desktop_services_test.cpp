@@ -17,10 +17,10 @@
 #include "qt/loop_rig.h"
 #include "qt/services/code_page.h"
 #include "qt/services/desktop_shell.h"
-#include "qt/services/program_folder.h"
 #include "qt/services/sound_process.h"
 #include "qt/services/system_clock.h"
 #include "support/fakes.h"
+#include "system/program_folder.h"
 
 namespace requite::test {
 namespace {

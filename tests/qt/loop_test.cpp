@@ -1,26 +1,35 @@
 // SPDX-License-Identifier: MIT
-// Yields, waits and timers of the event loop, the code page, and the rules of connections.
+// Yields, waits and timers of both event loops, and the rules of connections.
 #include <gtest/gtest.h>
 
-#include <QTimer>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <memory>
 #include <string>
 
 #include "qt/loop_rig.h"
-#include "qt/services/code_page.h"
-#include "qt/services/qt_timer.h"
 #include "system/connect_map.h"
 #include "system/loop_event.h"
+#include "system/signal_watch.h"
 
 namespace requite::test {
 namespace {
 
-TEST(QtEventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
-  LoopRig rig;
+template <class Rig>
+class EventLoopTest : public testing::Test {};
+using Rigs = testing::Types<LoopRig, PollRig>;
+TYPED_TEST_SUITE(EventLoopTest, Rigs);
+
+TYPED_TEST(EventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
+  TypeParam rig;
   int delivered = 0;
   rig.Loop.RunFor(std::chrono::milliseconds(0));
   const std::uint64_t before = rig.Loop.Deliveries();
   std::uint64_t within = before;
-  QTimer::singleShot(0, [&] {
+  rig.After(0, [&] {
     ++delivered;
     within = rig.Loop.Deliveries();
   });
@@ -30,8 +39,8 @@ TEST(QtEventLoopTest, YieldsDeliverWhatWaitsOnceTheSliceIsOver) {
   EXPECT_NE(rig.Loop.Deliveries(), within) << "what the handler did last counts too";
 }
 
-TEST(QtEventLoopTest, WhatASocketsEventPutsOffIsDoneBeforeAnyOtherEvent) {
-  LoopRig rig;
+TYPED_TEST(EventLoopTest, WhatASocketsEventPutsOffIsDoneBeforeAnyOtherEvent) {
+  TypeParam rig;
   LateWork& late = rig.Loop.Late();
   std::string seen;
   bool waiting = false;
@@ -67,9 +76,10 @@ TEST(QtEventLoopTest, WhatASocketsEventPutsOffIsDoneBeforeAnyOtherEvent) {
   EXPECT_EQ(seen, "done; a yield's timer; done; a wait's timer; the handler may wait; done; a later timer; ");
 }
 
-TEST(QtTimerTest, TicksRepeatUntilStoppedAndFailuresStayInside) {
-  LoopRig rig;
-  QtTimer timer(rig.Guard);
+TYPED_TEST(EventLoopTest, TicksRepeatUntilStoppedAndFailuresStayInside) {
+  TypeParam rig;
+  const auto own = rig.MakeTimer();
+  Timer& timer = *own;
   int ticks = 0;
   timer.OnTick = [&] {
     ++ticks;
@@ -84,19 +94,90 @@ TEST(QtTimerTest, TicksRepeatUntilStoppedAndFailuresStayInside) {
   EXPECT_EQ(rig.Failures.size(), static_cast<std::size_t>(ticks));
 }
 
-TEST(CodePageTest, EveryByteSurvivesThereAndBack) {
-  std::string all;
-  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
-  EXPECT_EQ(FromUnicode(ToUnicode(all)), all);
-  EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
-  EXPECT_EQ(ToUtf8("\x80\x8A\x81 \xE9"), "\xE2\x82\xAC\xC5\xA0\xC2\x81 \xC3\xA9");
+TYPED_TEST(EventLoopTest, ABusyDescriptorAndABusyTimerLeaveEachOtherTheirTurns) {
+  TypeParam rig;
+  int raised = 0;
+  int ticks = 0;
+  LoopEvent busy(rig.Descriptors, [&] {
+    ++raised;
+    busy.Raise();
+  });
+  busy.Raise();
+  const auto timer = rig.MakeTimer();
+  timer->OnTick = [&] { ++ticks; };
+  timer->Start(0);
+  EXPECT_TRUE(rig.Until([&] { return raised >= 20 && ticks >= 20; })) << raised << ' ' << ticks;
 }
 
-TEST(CodePageTest, AStrangeCharacterIsOneQuestionMark) {
-  EXPECT_EQ(FromUtf8("a\xE6\xBC\xA2z"), "a?z");               // Chinese
-  EXPECT_EQ(FromUtf8("a\xF0\x9F\x98\x80z"), "a?z");           // beyond the basic plane
-  EXPECT_EQ(FromUtf8("a\xC2\x80z\xC2\x9F"), "a?z?");          // controls whose bytes are letters here
-  EXPECT_EQ(FromUtf8(std::string_view("a\xFFz", 3)), "a?z");  // no UTF-8
+TYPED_TEST(EventLoopTest, WhatAHandlerStopsStartsAgainOrDestroysIsNotDelivered) {
+  TypeParam rig;
+  std::string seen;
+  const int readable = ::eventfd(1, EFD_CLOEXEC);
+  std::unique_ptr<DescriptorWatch> own;
+  std::unique_ptr<DescriptorWatch> other;
+  own = rig.Descriptors.Watch(readable, [&, word = std::string("own; and what the handler has with it; ")] {
+    other.reset();
+    own.reset();
+    seen += word;
+  });
+  other = rig.Descriptors.Watch(readable, [&] { seen += "other; "; });
+  const auto first = rig.MakeTimer();
+  const auto stopped = rig.MakeTimer();
+  const auto restarted = rig.MakeTimer();
+  first->OnTick = [&] {
+    seen += "first; ";
+    first->Stop();
+    stopped->Stop();
+    restarted->Start(100'000);
+  };
+  stopped->OnTick = [&] { seen += "stopped; "; };
+  restarted->OnTick = [&] { seen += "restarted; "; };
+  for (const auto* timer : {&first, &stopped, &restarted}) (*timer)->Start(1);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(5);
+  while (std::chrono::steady_clock::now() < end) {
+  }
+  rig.Settle();
+  ::close(readable);
+  EXPECT_EQ(seen, "own; and what the handler has with it; first; ");
+}
+
+TYPED_TEST(EventLoopTest, ATickIsNotNestedInItselfAndWaitsNest) {
+  TypeParam rig;
+  const auto timer = rig.MakeTimer();
+  int depth = 0;
+  int deepest = 0;
+  int ticks = 0;
+  bool innerOver = false;
+  timer->OnTick = [&] {
+    deepest = std::max(deepest, ++depth);
+    ++ticks;
+    innerOver = false;
+    rig.After(5, [&] {
+      innerOver = true;
+      rig.Descriptors.Wake();
+    });
+    EXPECT_TRUE(rig.Descriptors.RunUntil(innerOver));
+    --depth;
+  };
+  timer->Start(1);
+  ASSERT_TRUE(rig.Until([&] { return ticks >= 3; }));
+  EXPECT_EQ(deepest, 1);
+}
+
+TYPED_TEST(EventLoopTest, ASignalIsAnEventUntilTheWatchEnds) {
+  TypeParam rig;
+  int received = 0;
+  {
+    const SignalWatch watch(rig.Descriptors, [&] { ++received; });
+    ::raise(SIGHUP);
+    EXPECT_EQ(received, 0);
+    ASSERT_TRUE(rig.Until([&] { return received == 1; }));
+    ::raise(SIGHUP);
+    ASSERT_TRUE(rig.Until([&] { return received == 2; }));
+  }
+  sigset_t blocked;
+  ::pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+  EXPECT_EQ(sigismember(&blocked, SIGINT), 0);
 }
 
 TEST(ConnectRuleTest, RulesAreReadOrRefused) {

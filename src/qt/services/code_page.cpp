@@ -30,12 +30,6 @@ std::string FromUnicode(const QString& text) {
   return bytes;
 }
 
-std::string ToUtf8(std::string_view bytes) { return ToUnicode(bytes).toStdString(); }
-
-std::string FromUtf8(std::string_view utf8) {
-  return FromUnicode(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
-}
-
 std::string AsciiHost(std::string_view host) { return QUrl::toAce(ToUnicode(host)).toStdString(); }
 
 }  // namespace requite

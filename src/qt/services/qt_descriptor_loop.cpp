@@ -4,6 +4,8 @@
 
 #include <QSocketNotifier>
 
+#include "system/sliced_loop.h"
+
 namespace requite {
 namespace {
 
@@ -14,13 +16,8 @@ class NotifierWatch : public DescriptorWatch {
  public:
   NotifierWatch(int descriptor, const EventGuard& guard, LateWork& late, std::function<void()> onReadable)
       : notifier_(descriptor, QSocketNotifier::Read) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated, [&guard, &late, run = std::move(onReadable)] {
-      {
-        const LateWork::Slice slice(late);
-        guard.Run(run);
-      }
-      guard.Run([&late] { late.Finish(); });
-    });
+    QObject::connect(&notifier_, &QSocketNotifier::activated,
+                     [&guard, &late, run = std::move(onReadable)] { RunAsSlice(guard, late, run); });
   }
   void SetOn(bool on) override { notifier_.setEnabled(on); }
 

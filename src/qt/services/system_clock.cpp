@@ -3,7 +3,6 @@
 #include "qt/services/system_clock.h"
 
 #include <QDateTime>
-#include <cmath>
 #include <optional>
 
 #include "qt/services/code_page.h"
@@ -63,19 +62,8 @@ std::string SystemClock::ShortTime() {
   return InCodePageOr(locale_.toString(now, QLocale::ShortFormat), now.toString(QStringLiteral("HH:mm")));
 }
 
-std::string SystemClock::IsoDateTime() {
-  return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
-}
-
-std::string SystemClock::UtcDateTime() {
-  return QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-ddTHH:mm:ssZ")).toStdString();
-}
-
 std::string SystemClock::TwoDecimals(double value) {
-  // Rounded in decimal: 1.005 ends in a half for the reader, although its binary form is a little less.
-  constexpr int kDecimalDigits = 15;
-  const double hundredths = QString::number(value * 100, 'g', kDecimalDigits).toDouble();
-  return InCodePage(locale_.toString(std::round(hundredths) / 100, 'f', 2));
+  return InCodePage(locale_.toString(Rounded(value), 'f', 2));
 }
 
 }  // namespace requite

@@ -4,18 +4,16 @@
 
 #include <QLocale>
 
-#include "platform/services.h"
+#include "system/wall_clock.h"
 
 namespace requite {
 
-class SystemClock : public Clock {
+class SystemClock : public WallClock {
  public:
   explicit SystemClock(const QLocale& locale = QLocale::system()) : locale_(locale) {}
 
   [[nodiscard]] std::string ShortDate() override;
   [[nodiscard]] std::string ShortTime() override;
-  [[nodiscard]] std::string IsoDateTime() override;
-  [[nodiscard]] std::string UtcDateTime() override;
   [[nodiscard]] std::string TwoDecimals(double value) override;
 
  private:

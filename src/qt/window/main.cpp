@@ -14,7 +14,6 @@
 
 #include "platform/process_start.h"
 #include "qt/services/code_page.h"
-#include "qt/services/program_folder.h"
 #include "qt/web/web_module.h"
 #include "qt/window/desktop/desktop_bus.h"
 #include "qt/window/desktop/desktop_services.h"
@@ -26,6 +25,7 @@
 #include "shell/recovery.h"
 #include "shell/window_words.h"
 #include "system/freed_memory.h"
+#include "system/program_folder.h"
 
 namespace requite {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "qt/services/run_ahead_services.h"
 #include "qt/window/desktop/desktop_services.h"
+#include "runahead/run_ahead_services.h"
 #include "shell/main_window/form1.h"
 
 namespace requite {

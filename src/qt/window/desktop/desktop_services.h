@@ -10,10 +10,10 @@
 #include "qt/services/qt_descriptor_loop.h"
 #include "qt/services/qt_event_loop.h"
 #include "qt/services/qt_timer.h"
-#include "qt/services/run_ahead_services.h"
 #include "qt/services/sound_process.h"
 #include "qt/services/system_clock.h"
 #include "qt/window/desktop/qt_dialogs.h"
+#include "runahead/run_ahead_services.h"
 #include "system/curl_internet.h"
 #include "system/name_resolver.h"
 #include "system/page_connection.h"
@@ -39,7 +39,12 @@ class DesktopServices {
 
   /// What further page connections are made with.
   [[nodiscard]] RunAheadServices::Parts Parts() {
-    return {guard_, descriptors_, poller_, resolver_, map_, secure_};
+    return {[this] { return std::make_unique<QtTimer>(guard_); },
+            descriptors_,
+            poller_,
+            resolver_,
+            map_,
+            secure_};
   }
   /// True while some code of the program has let events run and waits until they are done.
   [[nodiscard]] bool EventsAreNested() const { return events_.IsRunning() || descriptors_.IsWaiting(); }

@@ -27,6 +27,9 @@ struct ProgramPlaces {
 /// Existing files are left alone. Failures are ignored: the next start tries again.
 void FillProgramFolder(const std::string& installed, const std::string& folder);
 
+/// The folder of the running executable, without links in its path.
+[[nodiscard]] std::string ExecutableFolder();
+
 /// `$HOME`; empty when it is not set.
 [[nodiscard]] std::string HomeFolder();
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The signals that ask a program to end, as events of Qt's loop.
+// The signals that ask a program to end, as events of the loop.
 #pragma once
 
-#include <QSocketNotifier>
 #include <csignal>
 #include <functional>
 #include <memory>
 
-#include "system/event_guard.h"
+#include "system/descriptor_loop.h"
 
 namespace requite {
 
@@ -16,8 +15,8 @@ namespace requite {
 /// closing terminal may send several.
 class SignalWatch {
  public:
-  /// The guard must outlive the watch.
-  SignalWatch(const EventGuard& guard, std::function<void()> onSignal);
+  /// The loop must outlive the watch.
+  SignalWatch(DescriptorLoop& loop, std::function<void()> onSignal);
   ~SignalWatch();
   SignalWatch(const SignalWatch&) = delete;
   SignalWatch& operator=(const SignalWatch&) = delete;
@@ -28,7 +27,7 @@ class SignalWatch {
   std::function<void()> onSignal_;
   sigset_t before_{};
   int descriptor_ = -1;
-  std::unique_ptr<QSocketNotifier> notifier_;
+  std::unique_ptr<DescriptorWatch> watch_;
 };
 
 }  // namespace requite

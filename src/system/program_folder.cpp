@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Chooses the program's folder and fills it.
-#include "qt/services/program_folder.h"
+#include "system/program_folder.h"
 
 #include <unistd.h>
 
-#include <QCoreApplication>
-#include <QFile>
 #include <cstdlib>
 #include <filesystem>
 
@@ -27,7 +25,7 @@ std::string UserFolder(const char* variable, const std::string& fallback) {
 
 ProgramPlaces ProgramPlaces::OfThisProgram() {
   ProgramPlaces places;
-  places.Executable = QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+  places.Executable = ExecutableFolder();
   const fs::path shared = fs::path(places.Executable) / REQUITE_INSTALLED_FILES;
   std::error_code ignored;
   places.Installed =
@@ -60,6 +58,11 @@ void FillProgramFolder(const std::string& installed, const std::string& folder) 
       xcopyFile(one->path(), target);
     }
   }
+}
+
+std::string ExecutableFolder() {
+  std::error_code ignored;
+  return fs::read_symlink("/proc/self/exe", ignored).parent_path();
 }
 
 std::string HomeFolder() {

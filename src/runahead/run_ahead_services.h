@@ -2,11 +2,13 @@
 // The sockets and timers of a scan of several sites at a time.
 #pragma once
 
+#include <functional>
+#include <memory>
+
 #include "platform/services.h"
 #include "runahead/run_ahead.h"
 #include "system/connect_map.h"
 #include "system/descriptor_loop.h"
-#include "system/event_guard.h"
 #include "system/loop_event.h"
 #include "system/name_resolver.h"
 #include "system/secure_hosts.h"
@@ -32,7 +34,7 @@ class RunAheadServices {
  public:
   /// What pages are fetched with. All of it must outlive this object.
   struct Parts {
-    const EventGuard& Guard;
+    std::function<std::unique_ptr<Timer>()> MakeTimer;
     DescriptorLoop& Descriptors;
     SocketPoller& Poller;
     NameResolver& Resolver;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads signals from a descriptor.
-#include "qt/services/signal_watch.h"
+#include "system/signal_watch.h"
 
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -9,20 +9,18 @@
 
 namespace requite {
 
-SignalWatch::SignalWatch(const EventGuard& guard, std::function<void()> onSignal)
+SignalWatch::SignalWatch(DescriptorLoop& loop, std::function<void()> onSignal)
     : onSignal_(std::move(onSignal)) {
   sigset_t asked;
   sigemptyset(&asked);
   for (const int each : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&asked, each);
   ::pthread_sigmask(SIG_BLOCK, &asked, &before_);
   descriptor_ = ::signalfd(-1, &asked, SFD_CLOEXEC | SFD_NONBLOCK);
-  notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
-                   [this, &guard] { guard.Run([this] { Take(); }); });
+  watch_ = loop.Watch(descriptor_, [this] { Take(); });
 }
 
 SignalWatch::~SignalWatch() {
-  notifier_.reset();
+  watch_.reset();
   ::close(descriptor_);
   ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Every lane has a page connection and a timer of its own; all share what is remembered of hosts.
-#include "qt/services/run_ahead_services.h"
+#include "runahead/run_ahead_services.h"
 
 #include <netinet/in.h>
 
 #include <utility>
 
-#include "qt/services/qt_timer.h"
 #include "system/page_connection.h"
 
 namespace requite {
@@ -40,14 +39,13 @@ RunAheadServices::RunAheadServices(Parts parts, Services& services)
 }
 
 RunAhead::Needs RunAheadServices::NeedsOver(Services& services) {
-  const auto timer = [this] { return std::make_unique<QtTimer>(parts_.Guard); };
-  const auto line = [this, timer] {
+  const auto line = [this] {
     return Line{std::make_unique<PageConnection>(parts_.Poller, parts_.Resolver, parts_.Map, &parts_.Secure),
-                timer()};
+                parts_.MakeTimer()};
   };
   return {services,
           line,
-          timer,
+          parts_.MakeTimer,
           addresses_,
           {[this](const bool& over) { return parts_.Descriptors.RunUntil(over); },
            [this] { parts_.Descriptors.Wake(); }},
