@@ -8,6 +8,13 @@ function(requite_library name)
   target_link_libraries(requite_${name} PUBLIC requite_options ${ARG_LINKS})
 endfunction()
 
+# Optimising the sanitized tests, and not only what they test, would double the time that they take to build.
+function(requite_build_test_fast target)
+  if(REQUITE_SANITIZE)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
+
 # requite_test(NAME SOURCES a_test.cpp LINKS requite_x...)
 function(requite_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -15,6 +22,7 @@ function(requite_test name)
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_tests PRIVATE REQUITE_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   target_link_libraries(${name}_tests PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  requite_build_test_fast(${name}_tests)
   gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 60)
 endfunction()
 
