@@ -47,7 +47,7 @@ class BenchRig : public Triage::Next, public Analyser::Next, public ScanHost {
   void GetMovedPage(std::string) override {}
   void ScanNextPage() override {}
   void NextSite() override {}
-  void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }
+  void ProcessPage(PageBody body) override { triage_.ProcessPage(std::move(body)); }
   void AnalysePage() override { analyser_.AnalysePage(); }
 
   void SelectMainSite(int) override {}

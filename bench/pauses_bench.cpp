@@ -62,7 +62,7 @@ struct PageRoad : RecordedSteps {
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     triage.CheckHttpStatus(header, url);
   }
-  void ProcessPage(std::string body) override { triage.ProcessPage(std::move(body)); }
+  void ProcessPage(PageBody body) override { triage.ProcessPage(std::move(body)); }
   void AnalysePage() override { analyser.AnalysePage(); }
 
   static constexpr std::size_t kPiece = 128 * 1024;

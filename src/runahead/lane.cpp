@@ -144,8 +144,8 @@ void Lane::CheckHttpStatus(const std::string& header, const std::string& url) {
   steps_->Judge.CheckHttpStatus(header, url);
 }
 
-void Lane::ProcessPage(std::string body) {
-  if (body.size() > kMostRead) return Finish();
+void Lane::ProcessPage(PageBody body) {
+  if (body.View().size() > kMostRead) return Finish();
   steps_->Judge.ProcessPage(std::move(body));
 }
 

@@ -65,7 +65,7 @@ class Lane : private ConnectionEvents,
   Recording& NewRecording(const std::string& host) override;
   void OnSecond() override;
   void CheckHttpStatus(const std::string& header, const std::string& url) override;
-  void ProcessPage(std::string body) override;
+  void ProcessPage(PageBody body) override;
   void AnalysePage() override;
   void NextSite() override { Finish(); }
   void ScanNextPage() override;

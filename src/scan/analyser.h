@@ -7,6 +7,7 @@
 
 #include "scan/link_filter.h"
 #include "scan/link_verdicts.h"
+#include "scan/page_body.h"
 #include "scan/page_lines.h"
 #include "scan/resolve.h"
 #include "scan/rules.h"
@@ -21,7 +22,7 @@ class Analyser {
   class Next {
    public:
     virtual ~Next() = default;
-    virtual void ProcessPage(std::string body) = 0;
+    virtual void ProcessPage(PageBody body) = 0;
     virtual void NextSite() = 0;
     virtual void ScanNextPage() = 0;
     /// Gets the page at an address as HttpGetText does and hands it to TakeMovedPage, at once or later.

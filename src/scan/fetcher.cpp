@@ -164,8 +164,8 @@ void Fetcher::OnClose() {
   std::string response = std::exchange(page.RecvBuffer, {});
   scan_.Window.StatusBar1.SetPanel(StatusPanel::Activity, Joined("Finished: ", page));
   scan_.Platform.EventLoop.LetPendingEventsRun();
-  RemoveHeader(response, header, scan_.PageSlices());
-  next_.ProcessPage(std::move(response));
+  const std::size_t bodyAt = RemoveHeader(response, header, scan_.PageSlices());
+  next_.ProcessPage({std::move(response), bodyAt});
 }
 
 void Fetcher::OnCertificateFault(const std::string& host, std::string_view words) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/services.h"
+#include "scan/page_body.h"
 #include "scan/scan_context.h"
 
 namespace requite {
@@ -23,7 +24,7 @@ class Fetcher : public ConnectionEvents {
    public:
     virtual ~Next() = default;
     virtual void CheckHttpStatus(const std::string& header, const std::string& url) = 0;
-    virtual void ProcessPage(std::string body) = 0;
+    virtual void ProcessPage(PageBody body) = 0;
   };
 
   Fetcher(ScanContext& scan, Next& next) : scan_(scan), next_(next) {}

@@ -20,10 +20,11 @@ bool EndsWithHeader(std::string_view text, std::string_view header) {
   });
 }
 
-/// Moves the pieces that are kept to the front of the text.
+/// Moves the pieces that are kept together. What comes before the first one that is dropped stays in place.
 class Compaction {
  public:
-  explicit Compaction(std::string& text) : text_(text) {}
+  /// `begin` is where the part begins of which something may be dropped.
+  Compaction(std::string& text, std::size_t begin) : text_(text), kept_(begin), rest_(begin) {}
 
   /// Where the part begins that is neither kept nor dropped yet.
   [[nodiscard]] std::size_t Rest() const { return rest_; }
@@ -43,19 +44,18 @@ class Compaction {
   }
 
   std::string& text_;
-  std::size_t kept_ = 0;
-  std::size_t rest_ = 0;
+  std::size_t kept_;
+  std::size_t rest_;
 };
 
 }  // namespace
 
-void RemoveHeader(std::string& response, std::string_view header, const Slices& slices) {
-  if (header.empty()) return;
+std::size_t RemoveHeader(std::string& response, std::string_view header, const Slices& slices) {
+  if (header.empty()) return 0;
   const TextFinder mark(header.ends_with(kBlankLine) ? kBlankLine : header);
   const std::size_t markSize = mark.Pattern().size();
   const std::string_view text = response;
-  Compaction body(response);
-  body.Drop(0, header.size());
+  Compaction body(response, header.size());
   std::size_t from = header.size();
   for (std::size_t slice = from + slices.Bytes;; slice += slices.Bytes) {
     const std::string_view window = text.substr(0, slice);
@@ -69,9 +69,10 @@ void RemoveHeader(std::string& response, std::string_view header, const Slices& 
     }
     if (window.size() == text.size()) break;
     from = std::max(from, window.size() - (markSize - 1));
-    if (!slices.GoOn()) return;
+    if (!slices.GoOn()) return header.size();
   }
   body.Finish();
+  return header.size();
 }
 
 }  // namespace requite

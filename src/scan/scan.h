@@ -42,7 +42,7 @@ class Scan : private Controller::Next, private Fetcher::Next, private Triage::Ne
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     triage_.CheckHttpStatus(header, url);
   }
-  void ProcessPage(std::string body) override { triage_.ProcessPage(std::move(body)); }
+  void ProcessPage(PageBody body) override { triage_.ProcessPage(std::move(body)); }
   void AnalysePage() override { analyser_.AnalysePage(); }
   void NextSite() override { controller_.NextSite(); }
   void GetMovedPage(std::string address) override;

@@ -63,10 +63,10 @@ void Triage::CheckHttpStatus(const std::string& header, const std::string& url) 
   scan_.Host.UpdateStats(Counted::PageScanned);
 }
 
-void Triage::ProcessPage(std::string body) {
+void Triage::ProcessPage(PageBody body) {
   // This lets events run in a large page, so it comes first: a Skip during it acts like one just before the
   // page, and what the page shows is noted for one site only.
-  std::optional<PreparedPage> page = LookThrough(body);
+  std::optional<PreparedPage> page = LookThrough(body.View());
   body = {};
   PassOver([&] { scan_.Platform.Connection.Close(); });
   if (!page || !scan_.State.Scanning) return;

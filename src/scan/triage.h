@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "scan/page_body.h"
 #include "scan/page_marks.h"
 #include "scan/scan_context.h"
 #include "scan/work_file_writer.h"
@@ -31,7 +32,7 @@ class Triage {
   /// Searches the text of a page for signs, puts each href at the start of a line, writes both work files and
   /// calls AnalysePage. Failures are ignored; when the work files cannot be written, the user is told once
   /// per scan. Lets events run between the slices of a large page.
-  void ProcessPage(std::string body);
+  void ProcessPage(PageBody body);
 
  private:
   [[nodiscard]] std::optional<PreparedPage> LookThrough(std::string_view body);

@@ -61,7 +61,7 @@ TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
   const std::string path = rig.Folder.File("html0.txt");
   WriteFile(path, "old");
   ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
-  triage.ProcessPage("new");
+  triage.ProcessPage({"new"});
   EXPECT_EQ(ReadFile(path), "new\r\n");
   EXPECT_TRUE(rig.Host.Calls.empty());
 }
@@ -69,7 +69,7 @@ TEST_F(TriageTest, ReplacesAWorkFileThatMayNotBeWritten) {
 TEST_F(TriageTest, WorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
   std::filesystem::create_directory(rig.Folder.File("html0.txt"));
   for (const char* page : {"new", "newer"}) {
-    triage.ProcessPage(page);
+    triage.ProcessPage({page});
     EXPECT_EQ(*rig.State.Page.PreparedText, std::string(page) + "\r\n");
     EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");
   }
@@ -84,7 +84,7 @@ TEST_F(TriageTest, AFullDiskDoesNotMixTwoPagesInOneFile) {
   const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit full{4, before.rlim_max};
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
-  triage.ProcessPage("new text");
+  triage.ProcessPage({"new text"});
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, oldHandler);
   EXPECT_EQ(WorkFile("html0.txt"), "new ");
@@ -128,7 +128,7 @@ TEST_F(TriageTest, OfPagesInOneSliceTheFirstAndTheLastAreWritten) {
   LateWork& late = rig.Services.EventLoop.Late();
   const LateWork::Slice slice(late);
   for (const char* page : {"first", "se\ncond", "th\nird"}) {
-    triage.ProcessPage(page);
+    triage.ProcessPage({page});
     EXPECT_EQ(WorkFile("html0.txt"), "first\r\n") << page;
     EXPECT_EQ(WorkFile("html20.txt"), "first\r\n") << page;
   }
@@ -137,7 +137,7 @@ TEST_F(TriageTest, OfPagesInOneSliceTheFirstAndTheLastAreWritten) {
   EXPECT_EQ(WorkFile("html20.txt"), "third\r\n");
   EXPECT_EQ(*rig.State.Page.PreparedText, "th\nird\r\n");
 
-  triage.ProcessPage("fourth");
+  triage.ProcessPage({"fourth"});
   const std::string large(std::size_t{3} << 20, 'x');  // does not wait, and must not be replaced by what does
   triage.ProcessPage(large);
   const int yields = rig.Services.EventLoop.Yields;
@@ -149,11 +149,11 @@ TEST_F(TriageTest, OfPagesInOneSliceTheFirstAndTheLastAreWritten) {
 TEST_F(TriageTest, LateWorkFilesThatCannotBeWrittenAreToldOnceAndDecideNothing) {
   LateWork& late = rig.Services.EventLoop.Late();
   const LateWork::Slice slice(late);
-  triage.ProcessPage("first");
+  triage.ProcessPage({"first"});
   std::filesystem::remove(rig.Folder.File("html0.txt"));
   std::filesystem::create_directory(rig.Folder.File("html0.txt"));
   for (const char* page : {"second", "third"}) {
-    triage.ProcessPage(page);
+    triage.ProcessPage({page});
     EXPECT_EQ(*rig.State.Page.PreparedText, std::string(page) + "\r\n");
     late.Finish();
     EXPECT_EQ(WorkFile("html20.txt"), std::string(page) + "\r\n");

@@ -17,8 +17,8 @@ namespace requite::test {
 /// Runs the steps of one page for real; those of the controller are only remembered.
 class PageSteps : public RecordedSteps {
  public:
-  void ProcessPage(std::string body) override {
-    if (Plain) return Plain->ProcessPage(std::move(body));
+  void ProcessPage(PageBody body) override {
+    if (Plain) return Plain->ProcessPage(std::string(body.View()));
     Triage->ProcessPage(std::move(body));
   }
   void AnalysePage() override { Analyser->AnalysePage(); }

@@ -72,7 +72,7 @@ class RecordedSteps : public Controller::Next,
   void CheckHttpStatus(const std::string& header, const std::string& url) override {
     Calls.push_back("CheckHttpStatus " + header + " " + url);
   }
-  void ProcessPage(std::string body) override { Calls.push_back("ProcessPage " + body); }
+  void ProcessPage(PageBody body) override { Calls.push_back("ProcessPage " + std::string(body.View())); }
   void AnalysePage() override { Calls.emplace_back("AnalysePage"); }
 
   std::vector<std::string> Calls;
