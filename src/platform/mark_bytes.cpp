@@ -23,8 +23,11 @@ void MarkBytes::Add(std::string_view pattern, std::uint8_t bit) {
   }
 }
 
-std::size_t MarkBytes::SkipPlainly(const char* text, std::size_t from, std::size_t end) const {
-  while (from < end && At(text + from) == 0) ++from;
+std::size_t MarkBytes::CollectPlainly(const char* text, std::size_t from, std::size_t end,
+                                      Places& places) const {
+  for (; from < end && places.Room() > 0; ++from) {
+    if (At(text + from) != 0) places.Add(from);
+  }
   return from;
 }
 
@@ -32,24 +35,26 @@ std::size_t MarkBytes::SkipPlainly(const char* text, std::size_t from, std::size
 #define REQUITE_WIDE __attribute__((target("avx2")))
 
 /// 32 places at once.
-struct WideSkip {
+struct WideCollect {
   static constexpr std::size_t kPlaces = 32;
 
-  REQUITE_WIDE static std::size_t Skip(const MarkBytes& marks, const char* text, std::size_t from,
-                                       std::size_t end) {
-    const WideSkip rows[] = {{marks, 0}, {marks, 1}, {marks, 2}};
+  REQUITE_WIDE static std::size_t Collect(const MarkBytes& marks, const char* text, std::size_t from,
+                                          std::size_t end, MarkBytes::Places& places) {
+    const WideCollect rows[] = {{marks, 0}, {marks, 1}, {marks, 2}};
     for (; end - from >= kPlaces; from += kPlaces) {
+      if (places.Room() < kPlaces) return from;
       __m256i bits = _mm256_set1_epi8(-1);
       for (std::size_t i = 0; i < 3; ++i) rows[i].Keep(bits, text + from + i);
       const __m256i none = _mm256_cmpeq_epi8(bits, _mm256_setzero_si256());
-      const auto nowhere = static_cast<std::uint32_t>(_mm256_movemask_epi8(none));
-      if (nowhere != UINT32_MAX) return from + static_cast<std::size_t>(__builtin_ctz(~nowhere));
+      auto found = ~static_cast<std::uint32_t>(_mm256_movemask_epi8(none));
+      for (; found != 0; found &= found - 1)
+        places.Add(from + static_cast<std::size_t>(__builtin_ctz(found)));
     }
-    return marks.SkipPlainly(text, from, end);
+    return marks.CollectPlainly(text, from, end, places);
   }
 
  private:
-  REQUITE_WIDE WideSkip(const MarkBytes& marks, std::size_t i)
+  REQUITE_WIDE WideCollect(const MarkBytes& marks, std::size_t i)
       : low_(_mm256_broadcastsi128_si256(Load(marks.low_[i]))),
         high_(_mm256_broadcastsi128_si256(Load(marks.high_[i]))) {}
 
@@ -69,13 +74,14 @@ struct WideSkip {
   __m256i high_;
 };
 
-std::size_t MarkBytes::Skip(const char* text, std::size_t from, std::size_t end) const {
+std::size_t MarkBytes::Collect(const char* text, std::size_t from, std::size_t end, Places& places) const {
   static const bool isWide = __builtin_cpu_supports("avx2") != 0;
-  return isWide ? WideSkip::Skip(*this, text, from, end) : SkipPlainly(text, from, end);
+  return isWide ? WideCollect::Collect(*this, text, from, end, places)
+                : CollectPlainly(text, from, end, places);
 }
 #else
-std::size_t MarkBytes::Skip(const char* text, std::size_t from, std::size_t end) const {
-  return SkipPlainly(text, from, end);
+std::size_t MarkBytes::Collect(const char* text, std::size_t from, std::size_t end, Places& places) const {
+  return CollectPlainly(text, from, end, places);
 }
 #endif
 

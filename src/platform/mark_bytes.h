@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace requite {
@@ -21,14 +22,30 @@ class MarkBytes {
     return static_cast<std::uint8_t>(row(0) & row(1) & row(2));
   }
 
-  /// The first place from `from` on, but before `end`, where At has a bit, or `end`. Reads two bytes after
-  /// `end`. Uses the widest block that this processor has.
-  [[nodiscard]] std::size_t Skip(const char* text, std::size_t from, std::size_t end) const;
+  /// Places in a text, in their order.
+  class Places {
+   public:
+    [[nodiscard]] std::span<const std::size_t> All() const { return {at_.data(), count_}; }
+    [[nodiscard]] std::size_t Room() const { return at_.size() - count_; }
+    void Add(std::size_t at) { at_[count_++] = at; }
+    void Clear() { count_ = 0; }
+
+   private:
+    std::array<std::size_t, 128> at_;
+    std::size_t count_ = 0;
+  };
+
+  /// Adds the places from `from` on, but before `end`, where At has a bit, until a further block of the text
+  /// might have more than there is room for. Returns where the next call has to begin: at `end` when that was
+  /// all. Reads two bytes after `end`. Uses the widest block that this processor has.
+  [[nodiscard]] std::size_t Collect(const char* text, std::size_t from, std::size_t end,
+                                    Places& places) const;
   /// The same on any machine, one place at a time.
-  [[nodiscard]] std::size_t SkipPlainly(const char* text, std::size_t from, std::size_t end) const;
+  [[nodiscard]] std::size_t CollectPlainly(const char* text, std::size_t from, std::size_t end,
+                                           Places& places) const;
 
  private:
-  friend struct WideSkip;
+  friend struct WideCollect;
 
   std::array<std::array<std::uint8_t, 256>, 3> rows_{};
   /// The same by halves of a byte: a bit is in the row of a byte if it is in those of both halves. The two

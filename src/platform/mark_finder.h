@@ -34,11 +34,9 @@ class MarkFinder {
   template <class OnFound>
   void ForEach(std::string_view text, std::size_t from, std::size_t end, OnFound&& onFound) const {
     const std::size_t blocksEnd = std::min(end, text.size() - std::min<std::size_t>(text.size(), 2));
-    while (from < blocksEnd) {
-      from = marks_.Skip(text.data(), from, blocksEnd);
-      if (from == blocksEnd) break;
-      TellAt(text, from, marks_.At(text.data() + from), onFound);
-      ++from;
+    for (MarkBytes::Places places; from < blocksEnd; places.Clear()) {
+      from = marks_.Collect(text.data(), from, blocksEnd, places);
+      for (const std::size_t at : places.All()) TellAt(text, at, marks_.At(text.data() + at), onFound);
     }
     for (; from < std::min(end, text.size()); ++from)
       TellAt(text, from, (1U << patterns_.size()) - 1, onFound);
