@@ -138,6 +138,11 @@ class FurtherWindowsTest : public QObject, private WindowRig {
     add->click();
     const LinkingSiteList& sites = form_->Sites.List1(1);
     QCOMPARE(sites.RowCount(), std::size_t{5});
+    const auto* const answer = Part<QLabel>(import, "answerLine");
+    QVERIFY(answer->isVisible());
+    QTRY_COMPARE(answer->text(), answer->accessibleName());  // not cut
+    const auto* const panel = Part<QLabel>(import, "StatusBar1(1)");
+    QVERIFY(panel->fontMetrics().horizontalAdvance(panel->text()) <= panel->width());
     QCOMPARE(sites.At(2).WebsiteUrl, std::string("site2.example/"));
 
     press(1, Qt::NoModifier);

@@ -235,12 +235,18 @@ bool WebViewHolder::ShowsPage() const { return view_ != nullptr && pages_->curre
 
 void WebViewHolder::Print() {
   if (!ShowsPage() || printing_) return;
-  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
   printer->setResolution(kPrintResolution);
   QPrintDialog dialog(printer.get(), this);
   if (dialog.exec() != QDialog::Accepted || !ShowsPage()) return;
   printing_ = true;
-  view_->Print(*printer, [this, printer] { printing_ = false; });
+  // When the window closes, the browser's thread may still draw: only the end of the printing frees the
+  // printer.
+  QPrinter* const drawn = printer.release();
+  view_->Print(*drawn, [this, drawn] {
+    printing_ = false;
+    delete drawn;
+  });
 }
 
 void WebViewHolder::ShowPage() {

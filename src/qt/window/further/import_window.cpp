@@ -44,7 +44,8 @@ ImportView::ImportView(Form4& form, const WindowSurroundings& surroundings)
   auto* const status = new QStatusBar(this);
   bind_.Bind(form_.StatusBar1, *status);
   for (int panel = 2; panel <= StatusBar::kPanels; ++panel) {
-    if (auto* const unused = status->findChild<QLabel*>(QString("StatusBar1(%1)").arg(panel))) unused->hide();
+    auto* const unused = status->findChild<QLabel*>(QString("StatusBar1(%1)").arg(panel));
+    if (unused != nullptr) unused->parentWidget()->hide();  // its place leaves room for the others
   }
   new AnswerLine(*status);  // owned by the bar
   layout->addWidget(status);
