@@ -152,7 +152,10 @@ ExitStatus RunScan(ConsoleProgram& program, const ScanOptions& options, ScanProg
   Stop(form);
   interrupt.OnInterrupt = nullptr;
   progress.Clear();
-  if (limits.Stopped()) program.Complain("stopped after " + std::to_string(options.StopAfter) + " seconds");
+  if (limits.Stopped()) {
+    program.Complain("stopped after " + std::to_string(options.StopAfter) +
+                     (options.StopAfter == 1 ? " second" : " seconds"));
+  }
   if (refused) return ExitStatus::Refused;
 
   const bool complete = !stoodStill && !interrupt.Seen && !limits.Stopped();
